@@ -1,0 +1,77 @@
+#pragma once
+// An open Access-format file: its tables by name, queries on them, and new files.
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jet/design.h"
+#include "jet/recordset.h"
+
+namespace jet {
+
+enum class Access { ReadWrite, ReadOnly };
+
+namespace detail {
+class Engine;
+}
+
+/// A file of the format. One object per file and process: opening a path that is open gives the same
+/// object, so a second Open is cheap and sees the same rows. Not thread-safe.
+class Database : public std::enable_shared_from_this<Database> {
+  public:
+    /// Throws FileNotFound, PermissionDenied, NotADatabase, NewerFormat, ForeignFormat, Encrypted,
+    /// PasswordProtected. A file that cannot be written opens too; its edits throw ReadOnly.
+    static std::shared_ptr<Database> Open(const std::filesystem::path& path,
+                                          Access access = Access::ReadWrite);
+
+    /// Writes a new file (Jet 4) with the given empty tables, whole and synced; an existing file is
+    /// replaced. Throws DiskFull, DeviceIo, PermissionDenied, InvalidProcedureCall for an impossible design.
+    static void Create(const std::filesystem::path& path, std::span<const TableDesign> tables);
+
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+    ~Database();
+
+    /// `source` is a SELECT text (SQL.md), or the name of a table or of a saved query over one table.
+    /// Its rows are looked for when they are first asked for, not here.
+    std::shared_ptr<RecordSet> OpenRecordSet(std::string_view source);
+
+    /// Runs a DELETE text and returns the number of rows deleted. All of it is stored, or nothing.
+    std::int32_t Execute(std::string_view sql);
+
+    /// Ends the use of the file for everybody who shares this object: later calls on it and on its
+    /// record sets throw ObjectClosed. A transaction still open is rolled back.
+    void Close() noexcept;
+
+    bool IsOpen() const noexcept;
+    bool ReadOnly() const noexcept;
+    int Version() const;  ///< 3 (Access 97) or 4 (Access 2000 to 2003)
+    const std::filesystem::path& Path() const noexcept;
+
+    std::vector<std::string> TableNames() const;   ///< user tables, in catalog order
+    std::vector<std::string> LinkedNames() const;  ///< linked tables, which cannot be opened
+    bool HasSource(std::string_view name) const;   ///< a user table or saved query of that name
+    TableDesign Describe(std::string_view table) const;
+    std::int32_t StoredRowCount(std::string_view table) const;  ///< as the file says, unchecked
+
+    /// From now on `alias` names `table` wherever the file has no table or query of that name.
+    void AliasTable(std::string_view alias, std::string_view table);
+    /// From now on `alias` names the column at `position` of `table` unless a column has that name.
+    void AliasColumn(std::string_view table, std::string_view alias, std::size_t position);
+
+    /// Every contradiction in the file (pages, maps, rows, indexes, counts), one line each; empty = sound.
+    std::vector<std::string> Verify() const;
+
+    detail::Engine& EngineForLibrary();  ///< for the library's own files only
+
+  private:
+    explicit Database(std::unique_ptr<detail::Engine> engine);
+    std::unique_ptr<detail::Engine> engine_;
+};
+
+}  // namespace jet

@@ -1,0 +1,83 @@
+#pragma once
+// The rows of a query or table, one of them current; rows are added, edited and deleted through it.
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "jet/design.h"
+#include "jet/value.h"
+
+namespace jet {
+
+/// Holds which rows belong to it, not their contents: values are read from the file's pages when asked
+/// for, so an edit made elsewhere shows at once; rows added elsewhere show after Requery. Which rows belong
+/// is found out at the first call that needs it (moving, counting, finding), so opening and AddNew cost nothing.
+///
+/// Order: ORDER BY where given; else the primary key of the table; else the stored order.
+/// Every call throws ObjectClosed after the database was closed, RecordDeleted when the current row is gone.
+class RecordSet {
+  public:
+    RecordSet(const RecordSet&) = delete;
+    RecordSet& operator=(const RecordSet&) = delete;
+    virtual ~RecordSet() = default;
+
+    virtual std::size_t FieldCount() const = 0;
+    virtual const ColumnDesign& Column(std::size_t position) const = 0;
+    /// The position of a field by name, letter case ignored. Throws FieldNotFound.
+    virtual std::size_t FieldPosition(std::string_view name) const = 0;
+
+    virtual bool Empty() = 0;
+    virtual std::int32_t RecordCount() = 0;
+    /// 0 for the first row, RecordCount() at the end, -1 before the first row or without rows.
+    virtual std::int32_t Position() = 0;
+    virtual bool Eof() = 0;
+    virtual bool Bof() = 0;
+
+    /// A record set stands on its first row when it is opened. On an empty one MoveFirst and MoveLast
+    /// throw NoCurrentRecord. Move goes `rows` forward (negative: back) and stops at the end or before the first.
+    virtual void MoveFirst() = 0;
+    virtual void MoveLast() = 0;
+    virtual void MoveNext() = 0;
+    virtual void MovePrevious() = 0;
+    virtual void Move(std::int32_t rows) = 0;
+    virtual void MoveTo(std::int32_t position) = 0;
+
+    /// Moves to the first row for which `criterion` ("KontoId = 5") holds. False when there is none: the
+    /// current row stays.
+    virtual bool FindFirst(std::string_view criterion) = 0;
+
+    /// The current row's value, or the pending one while a row is being edited or added.
+    /// Throws NoCurrentRecord, SubscriptOutOfRange (position) or FieldNotFound (name).
+    virtual Value Field(std::size_t position) = 0;
+    virtual Value Field(std::string_view name) = 0;
+    /// The stored value in row `row` (0-based) without moving there. For views of many rows.
+    virtual Value At(std::int32_t row, std::size_t position) = 0;
+
+    /// AddNew and Edit begin a pending row; Set changes it; Update stores it (durable when it returns, or
+    /// when the enclosing Transaction commits); CancelUpdate forgets it. Moving forgets it too.
+    /// After Update of a new row that row is current and the last one; an edited row stays current and in place.
+    /// Set converts to the column's type (a text that is a number or date is read) and throws TypeMismatch, Overflow
+    /// or FieldTooLong; Update throws DuplicateKey, NullKey, ReadOnly, CollationUnknown, DiskFull, DeviceIo, ChangedByOther
+    /// and then nothing was stored; the row stays pending.
+    virtual void AddNew() = 0;
+    virtual void Edit() = 0;
+    virtual bool Pending() const = 0;
+    virtual void Set(std::size_t position, Value value) = 0;
+    virtual void Set(std::string_view name, Value value) = 0;
+    virtual void Update() = 0;
+    virtual void CancelUpdate() = 0;
+
+    /// Deletes the current row; the next one becomes current (at the end: Eof).
+    virtual void Delete() = 0;
+
+    /// Finds the rows anew; the first one becomes current.
+    virtual void Requery() = 0;
+
+  protected:
+    RecordSet() = default;
+};
+
+}  // namespace jet
