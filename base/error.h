@@ -22,6 +22,7 @@ enum class ErrorNumber : std::int32_t {
     ObjectNotSet = 91,
     InvalidUseOfNull = 94,
     PrinterError = 482,
+    NoPendingRow = 3020,      ///< Set or Update without AddNew or Edit
     NoCurrentRecord = 3021,
     DuplicateKey = 3022,
     ReadOnly = 3027,
