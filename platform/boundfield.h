@@ -1,0 +1,39 @@
+#pragma once
+// A text box that shows a column of a data source's current row and stores what is typed there.
+
+#include "platform/entryfield.h"
+
+#include <QPointer>
+
+#include <string>
+
+class DataSource;
+
+/// Stores when it is left, before the row changes, or when told to. An empty set or no current row
+/// shows nothing and takes no typing. What cannot be stored stays typed; the data source reports
+/// the failure.
+class BoundField : public EntryField {
+    Q_OBJECT
+
+  public:
+    explicit BoundField(QWidget* parent = nullptr);
+
+    /// Null unbinds.
+    void Bind(DataSource* source, std::string column);
+    /// Whether there is something typed that is not stored yet.
+    bool Changed() const;
+    bool Store();   ///< true when nothing is left to store
+    void Reload();  ///< shows what is stored; forgets what was typed
+
+  protected:
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    void Watch();
+    bool HasRow() const;
+
+    QPointer<DataSource> source_;
+    std::string column_;
+    QString shown_;
+    int row_ = -1;
+};

@@ -1,0 +1,28 @@
+#pragma once
+// The window's one file dialog. Its settings outlive a use: what a command does not set stays.
+
+#include <string>
+
+class Dialogs;
+
+class CommonDialog {
+  public:
+    static constexpr int kAskBeforeOverwriting = 2;
+    static constexpr int kFileMustExist = 4096;
+
+    explicit CommonDialog(Dialogs& dialogs) : dialogs_(dialogs) {}
+
+    std::string filter;  ///< "Access97 mdb|*.mdb"
+    std::string initialFolder;
+    std::string defaultExtension;  ///< "*.mdb" and "mdb" mean the same
+    std::string title;
+    int flags = 0;
+    std::string fileName;  ///< the choice; stays as it was when the user cancels
+    std::string tag;
+
+    void ShowOpen();
+    void ShowSave();
+
+  private:
+    Dialogs& dialogs_;
+};
