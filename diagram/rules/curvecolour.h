@@ -1,0 +1,25 @@
+#pragma once
+// Colours of curves: how the file keeps one, and which one a new holding gets.
+
+#include <cstdint>
+
+struct Colour {
+    std::uint8_t red = 0, green = 0, blue = 0;
+    bool operator==(const Colour&) const = default;
+};
+
+/// The colour value of the fund file: red in the lowest byte, then green, then blue; the highest is
+/// ignored.
+Colour ColourFromValue(std::int32_t value);
+std::int32_t ColourValue(Colour colour);
+
+/// The ground that curves are drawn on.
+inline constexpr Colour kDiagramGround{253, 253, 250};
+
+/// The curve colour of a new holding: the hue turns by the golden angle from one KontoId to the
+/// next, so that no two near ones look alike, and is always dark enough to be read on
+/// kDiagramGround.
+Colour NewCurveColour(std::int32_t kontoId);
+
+/// How far two colours are apart in lightness: 1 (the same) to 21 (black on white).
+double Contrast(Colour one, Colour other);
