@@ -1,0 +1,63 @@
+#include "app/controller.h"
+
+#include "app/errortexts.h"
+#include "app/frmPPM.h"
+#include "base/error.h"
+#include "base/number.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+
+namespace {
+
+class EventWatcher final : public QObject {
+  public:
+    EventWatcher(QObject* parent, QEvent::Type type, std::function<bool(QEvent&)> handler)
+        : QObject(parent), type_(type), handler_(std::move(handler)) {}
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        return event->type() == type_ && handler_(*event);
+    }
+
+  private:
+    QEvent::Type type_;
+    std::function<bool(QEvent&)> handler_;
+};
+
+}  // namespace
+
+Controller::Controller(frmPPM& ppm) : window(ppm) {}
+Controller::~Controller() = default;
+
+void Controller::OnEvent(QObject* target, QEvent::Type type, EventHandler handler) {
+    auto guarded = [this, handler = std::move(handler)](QEvent& event) {
+        bool swallowed = false;
+        Run([&] { swallowed = handler(event); });
+        return swallowed;
+    };
+    target->installEventFilter(new EventWatcher(&context_, type, std::move(guarded)));
+}
+
+void Controller::Run(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const Error& error) {
+        const std::string text = UntrappedText(error);
+        Tell(text);
+        Skipping skip;
+        skip([&] { window.WriteLogEntry(text); });
+    }
+}
+
+void Controller::Report(std::string_view text, std::string_view logText, const Error& error) {
+    Tell(text);
+    // A log that cannot be written must not hide what it was to say: the message has been shown.
+    Skipping skip;
+    skip([&] {
+        window.WriteLogEntry(std::string(logText) +
+                             PlainText(static_cast<std::int32_t>(error.Number())));
+    });
+}
+
+void Controller::Tell(std::string_view text) {
+    window.platform.dialogs.Show(Message{.text = std::string(text)});
+}

@@ -1,0 +1,127 @@
+#pragma once
+// Every control of the window under its name. Furnish creates them; the controllers use them.
+// A control's objectName is its name here; an element of a control array is `lblMonth_1`.
+
+#include "base/indexed.h"
+
+class QAction;
+class QFrame;
+class QGroupBox;
+class QLabel;
+class QListWidget;
+class QMenu;
+class QPushButton;
+
+class BoundField;
+class CommonDialog;
+class DataGrid;
+class DataSource;
+class DiagramView;
+class EntryField;
+class GridLine;
+class ImageButton;
+class StatusPanels;
+class Swatch;
+
+struct Controls {
+    // Data sources and the dialog that remembers its settings
+    DataSource* dtaBasData = nullptr;
+    DataSource* dtaPlott = nullptr;
+    DataSource* dtaSQL = nullptr;
+    CommonDialog* CmDialog = nullptr;
+
+    // Menu Arkiv
+    QMenu* mnuArkiv = nullptr;
+    QAction* mnuNew = nullptr;
+    QAction* mnuOpen = nullptr;
+    QAction* mnuSaveAs = nullptr;
+    QAction* mnuRadera = nullptr;
+    QAction* mnuStartFile = nullptr;
+    QAction* mnuPrint = nullptr;
+    QAction* mnuAvbryt = nullptr;
+    // Menu Visa
+    QMenu* mnuShow = nullptr;
+    QAction* mnuAll = nullptr;
+    QAction* mnuPlus = nullptr;
+    QAction* mnuMinus = nullptr;
+    QAction* mnuVeckor = nullptr;
+    QAction* mnuMonth = nullptr;
+    QAction* mnuTotal = nullptr;
+    QAction* mnuPEdit = nullptr;
+    QAction* mnuFLogg = nullptr;
+    QAction* mnuNotePad = nullptr;
+    // Menu Hjälp
+    QMenu* mnuHjalp = nullptr;
+    QAction* mnuHelp = nullptr;
+
+    // The heading
+    QFrame* panRubrik = nullptr;
+    QLabel* lblRubrik = nullptr;
+    QLabel* lblPanDatum = nullptr;
+
+    // The control column
+    QFrame* panControl = nullptr;
+    QPushButton* cmdFondList = nullptr;
+    QPushButton* cmdPPMData = nullptr;
+    EntryField* txtValue = nullptr;
+    ImageButton* imgColor = nullptr;
+    ImageButton* imgGrafNr = nullptr;
+    ImageButton* imgScreen = nullptr;
+
+    // The fund list
+    QGroupBox* panListFonder = nullptr;
+    QListWidget* lstFonder = nullptr;
+    QLabel* lblGrafNr = nullptr;
+    QLabel* lblPlottInfo = nullptr;
+
+    // The diagram
+    QGroupBox* panDiagram = nullptr;
+    DiagramView* picDiagram = nullptr;
+    Indexed<GridLine*, 1, 20> Line;  ///< `Line1` to `Line20`, the picture's own
+    QLabel* lblXCord = nullptr;
+    QLabel* lblYCord = nullptr;
+    Indexed<QLabel*, 1, 12> lblMonth;
+    QLabel* lbLeftYear = nullptr;
+    QLabel* lblRightYear = nullptr;
+    Indexed<QLabel*, 1, 6> lblVertical;
+    ImageButton* Image4 = nullptr;
+    ImageButton* Image5 = nullptr;
+
+    // The start data of the chosen holding
+    QGroupBox* fraStartData = nullptr;
+    Indexed<QLabel*, 0, 9> lblFraData;
+    Indexed<QLabel*, 0, 9> lblFraHeading;  ///< the small heading over each, which follows the case
+    Swatch* shaPlottColor = nullptr;
+    QLabel* lblColorNr = nullptr;
+
+    // The holdings panel
+    QGroupBox* panBasData = nullptr;
+    DataGrid* DBGrid = nullptr;
+    BoundField* txtKontoNr = nullptr;
+    BoundField* txtPnr = nullptr;
+    BoundField* txtNamn = nullptr;
+    QLabel* txtGrid = nullptr;
+    QPushButton* cmdNyAndel = nullptr;
+    QPushButton* cmdNyOk = nullptr;
+    QGroupBox* fraNyAndel = nullptr;  ///< the entry row "UppDatera Nya Andelar "
+    Indexed<BoundField*, 0, 6> txtNyAndel;
+    Indexed<QLabel*, 0, 6> lblNyAndel;  ///< the hint over each box
+
+    // The plot data panel, with the two small calculators
+    QGroupBox* panPlottData = nullptr;
+    DataGrid* GridPlott = nullptr;
+    QLabel* lblRecCount = nullptr;
+    EntryField* txtprcStart = nullptr;
+    EntryField* txtprcNy = nullptr;
+    QPushButton* cmdPrc = nullptr;
+    QLabel* lblprcSvar = nullptr;
+    EntryField* txtTranslate = nullptr;
+    QPushButton* cmdTranslate = nullptr;
+
+    // The totals panel
+    QGroupBox* panTotal = nullptr;
+    QListWidget* lstTotal = nullptr;
+    QLabel* lblTotal = nullptr;
+
+    StatusPanels* staBar = nullptr;
+};
