@@ -1,8 +1,10 @@
 #pragma once
-// The base of all controllers: the window, and ways to connect a handler so that no Error crosses a Qt frame.
+// The base of all controllers: the window, and ways to connect a handler so that no Error crosses a
+// Qt frame.
 
 #include <QEvent>
 #include <QObject>
+
 #include <functional>
 #include <string_view>
 #include <type_traits>
@@ -19,8 +21,9 @@ class Controller {
     explicit Controller(frmPPM& window);
     ~Controller();
 
-    /// Runs `handler` of `self` on every `signal` of `sender`, with the signal's values where the handler
-    /// takes them. An Error that the handler lets out becomes a message box and a log entry.
+    /// Runs `handler` of `self` on every `signal` of `sender`, with the signal's values where the
+    /// handler takes them. An Error that the handler lets out becomes a message box and a log
+    /// entry.
     template <typename Sender, typename Signal, typename Self, typename Result, typename... Values>
     void On(Sender* sender, Signal signal, Self* self, Result (Self::*handler)(Values...)) {
         QObject::connect(sender, signal, &context_, [this, self, handler](Values... values) {
@@ -40,7 +43,8 @@ class Controller {
     /// Runs `work`; an Error becomes a message box with its number and text, and a log entry.
     void Run(const std::function<void()>& work);
 
-    /// For a procedure's own trap: the message box, then `logText` and the error's number in the log.
+    /// For a procedure's own trap: the message box, then `logText` and the error's number in the
+    /// log.
     void Report(std::string_view text, std::string_view logText, const Error& error);
     /// A message box with one OK button and no icon.
     void Tell(std::string_view text);

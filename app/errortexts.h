@@ -5,5 +5,6 @@
 
 class Error;
 
-/// "Fel 61: Disken är full."; a number without a text of its own gives "Fel 9: " and the error's line.
+/// "Fel 61: Disken är full."; a number without a text of its own gives "Fel 9: " and the error's
+/// line.
 std::string UntrappedText(const Error& error);

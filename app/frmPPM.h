@@ -1,17 +1,19 @@
 #pragma once
-// The hub: the main window with all window-level state and all controls, and the procedures that the
-// controllers ask of each other. The work itself is in the controllers, which only frmPPM.cpp sees.
-
-#include <QMainWindow>
-#include <Qt>
-#include <memory>
-#include <string>
-#include <string_view>
+// The hub: the main window with all window-level state and all controls, and the procedures that
+// the controllers ask of each other. The work itself is in the controllers, which only frmPPM.cpp
+// sees.
 
 #include "app/controls.h"
 #include "app/layout.h"
 #include "app/markers.h"
 #include "app/windowstate.h"
+
+#include <QMainWindow>
+#include <Qt>
+
+#include <memory>
+#include <string>
+#include <string_view>
 
 struct Platform;
 class PrinterPage;
@@ -23,34 +25,35 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     explicit frmPPM(Platform& platform, QWidget* parent = nullptr);
     ~frmPPM() override;
 
-    // What controllers ask of each other. One line each in frmPPM.cpp; the work is in the one named.
-    void Activate();                                                // StartUp
-    void ResetPanels();                                             // StartUp
-    void Unload();                                                  // StartUp
-    void ScaleToScreen(float factor);                               // ScreenScaling
-    void FillFundList();                                            // FundList
-    void OpenSelectedFund();                                        // FundList
-    void ClearFundPanel();                                          // FundList
-    void RefreshFundSummary(float startPrice, float newPrice);      // FundSummary
-    void SetVerticalScale(std::int32_t bottom, std::int32_t top);   // Axes
-    void AdvanceOneMonth();                                         // Axes
-    void PlotCurves();                                              // Curves
-    void PrintCurves(PrinterPage& page);                            // Curves
-    void ComputeFundScale(std::int32_t kontoId, bool replace);      // Curves
-    void WriteLogEntry(std::string_view entry);                     // Log
-    std::string BuildAccountTotals(std::string_view accountName);   // AccountTotals
+    // What controllers ask of each other. One line each in frmPPM.cpp; the work is in the one
+    // named.
+    void Activate();                                               // StartUp
+    void ResetPanels();                                            // StartUp
+    void Unload();                                                 // StartUp
+    void ScaleToScreen(float factor);                              // ScreenScaling
+    void FillFundList();                                           // FundList
+    void OpenSelectedFund();                                       // FundList
+    void ClearFundPanel();                                         // FundList
+    void RefreshFundSummary(float startPrice, float newPrice);     // FundSummary
+    void SetVerticalScale(std::int32_t bottom, std::int32_t top);  // Axes
+    void AdvanceOneMonth();                                        // Axes
+    void PlotCurves();                                             // Curves
+    void PrintCurves(PrinterPage& page);                           // Curves
+    void ComputeFundScale(std::int32_t kontoId, bool replace);     // Curves
+    void WriteLogEntry(std::string_view entry);                    // Log
+    std::string BuildAccountTotals(std::string_view accountName);  // AccountTotals
 
     // Handlers that keys or other controllers run.
-    void cmdFondList_Click();                       // PriceEntry
-    void cmdPPMData_Click();                        // FundList
-    void imgScreen_Click();                         // FundList
-    void imgColor_Click();                          // CurveSelection
-    void imgGrafNr_Click();                         // CurveSelection
-    void Image4_MouseUp(Qt::MouseButton button);    // Axes
-    void Image5_MouseUp(Qt::MouseButton button);    // Axes
-    void mnuPlus_Click();                           // Axes
-    void mnuMinus_Click();                          // Axes
-    void mnuTotal_Click();                          // AccountTotals
+    void cmdFondList_Click();                     // PriceEntry
+    void cmdPPMData_Click();                      // FundList
+    void imgScreen_Click();                       // FundList
+    void imgColor_Click();                        // CurveSelection
+    void imgGrafNr_Click();                       // CurveSelection
+    void Image4_MouseUp(Qt::MouseButton button);  // Axes
+    void Image5_MouseUp(Qt::MouseButton button);  // Axes
+    void mnuPlus_Click();                         // Axes
+    void mnuMinus_Click();                        // Axes
+    void mnuTotal_Click();                        // AccountTotals
 
     Platform& platform;
     Layout layout;

@@ -2,13 +2,16 @@
 
 #include <QFont>
 #include <QWidget>
+
 #include <cmath>
 
 namespace {
 
 constexpr float kPixelsPerInch = 96;
 
-int Pixels(float twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
+int Pixels(float twips) {
+    return static_cast<int>(std::lround(twips / kTwipsPerPixel));
+}
 
 }  // namespace
 

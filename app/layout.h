@@ -1,6 +1,7 @@
 #pragma once
-// Where every control stands on the design size of 12000 x 9000 twips (15 twips to a logical pixel), and
-// how the whole follows another size. Knows no control by name: the furnish files place their own.
+// Where every control stands on the design size of 12000 x 9000 twips (15 twips to a logical
+// pixel), and how the whole follows another size. Knows no control by name: the furnish files place
+// their own.
 
 #include <cstdint>
 #include <functional>
@@ -23,7 +24,8 @@ class Layout {
     void Place(QWidget* widget, TwipRect rect, float points = 9);
     /// Multiplies places and sizes across and down, and font sizes, from the design size.
     void Apply(float across, float down, float font);
-    /// Called after every Apply, for what is no widget's place: column widths, panel widths, grid lines.
+    /// Called after every Apply, for what is no widget's place: column widths, panel widths, grid
+    /// lines.
     void AlsoScale(std::function<void(float across, float down, float font)> scale);
 
     float Across() const { return across_; }

@@ -1,6 +1,7 @@
 #include "app/markers.h"
 
 #include "app/controls.h"
+#include "app/imagebutton.h"
 #include "base/error.h"
 #include "base/number.h"
 #include "platform/caption.h"
@@ -24,11 +25,19 @@ constexpr int kStartPricePanel = 3;
 
 }  // namespace
 
-bool Markers::SingleFundShown() const { return Tag(controls_.panListFonder) == kSingleFund; }
-void Markers::ShowSingleFund() { SetTag(controls_.panListFonder, kSingleFund); }
-void Markers::ShowSeveralCurves() { SetTag(controls_.panListFonder, ""); }
+bool Markers::SingleFundShown() const {
+    return Tag(controls_.panListFonder) == kSingleFund;
+}
+void Markers::ShowSingleFund() {
+    SetTag(controls_.panListFonder, kSingleFund);
+}
+void Markers::ShowSeveralCurves() {
+    SetTag(controls_.panListFonder, "");
+}
 
-bool Markers::ChoosingStartFile() const { return controls_.CmDialog->tag == kStartFile; }
+bool Markers::ChoosingStartFile() const {
+    return controls_.CmDialog->tag == kStartFile;
+}
 
 void Markers::StartChoosingStartFile() {
     if (!ChoosingStartFile()) viewBeforeStartFile_ = Tag(controls_.panListFonder);
@@ -41,35 +50,55 @@ void Markers::StopChoosingStartFile() {
     controls_.CmDialog->tag.clear();
 }
 
-bool Markers::CollectingCurves() const { return Tag(controls_.imgGrafNr) == kCollecting; }
+bool Markers::CollectingCurves() const {
+    return Tag(controls_.imgGrafNr) == kCollecting;
+}
 
 void Markers::StartCollectingCurves() {
     SetTag(controls_.imgGrafNr, kCollecting);
     SetTag(controls_.imgColor, kOff);
 }
 
-void Markers::StopCollectingCurves() { SetTag(controls_.imgGrafNr, kOff); }
+void Markers::StopCollectingCurves() {
+    SetTag(controls_.imgGrafNr, kOff);
+}
 
-bool Markers::ChoosingColour() const { return Tag(controls_.imgColor) == kColour; }
+bool Markers::ChoosingColour() const {
+    return Tag(controls_.imgColor) == kColour;
+}
 
 void Markers::StartChoosingColour() {
     SetTag(controls_.imgColor, kColour);
     SetTag(controls_.imgGrafNr, kOff);
 }
 
-void Markers::StopChoosingColour() { SetTag(controls_.imgColor, kOff); }
+void Markers::StopChoosingColour() {
+    SetTag(controls_.imgColor, kOff);
+}
 
-bool Markers::HoldingChosen() const { return !Caption(controls_.lblFraData[0]).empty(); }
+bool Markers::HoldingChosen() const {
+    return !Caption(controls_.lblFraData[0]).empty();
+}
 
-float Markers::StartPrice() const { return ParseSingle(StartPriceText()); }
-std::string Markers::StartPriceText() const { return controls_.staBar->Tag(kStartPricePanel); }
+float Markers::StartPrice() const {
+    return ParseSingle(StartPriceText());
+}
+std::string Markers::StartPriceText() const {
+    return controls_.staBar->Tag(kStartPricePanel);
+}
 void Markers::SetStartPrice(std::string_view text) {
     controls_.staBar->SetTag(kStartPricePanel, text);
 }
 
-bool Markers::GridRedraws() const { return Tag(controls_.GridPlott).empty(); }
-void Markers::HoldGridRedraw() { SetTag(controls_.GridPlott, kHeld); }
-void Markers::LetGridRedraw() { SetTag(controls_.GridPlott, ""); }
+bool Markers::GridRedraws() const {
+    return Tag(controls_.GridPlott).empty();
+}
+void Markers::HoldGridRedraw() {
+    SetTag(controls_.GridPlott, kHeld);
+}
+void Markers::LetGridRedraw() {
+    SetTag(controls_.GridPlott, "");
+}
 
 std::optional<std::int32_t> Markers::RowBeingDeleted() const {
     const std::string text = Tag(controls_.DBGrid);
@@ -81,4 +110,6 @@ void Markers::SetRowBeingDeleted(std::int32_t kontoId) {
     SetTag(controls_.DBGrid, PlainText(kontoId));
 }
 
-void Markers::ForgetRowBeingDeleted() { SetTag(controls_.DBGrid, ""); }
+void Markers::ForgetRowBeingDeleted() {
+    SetTag(controls_.DBGrid, "");
+}

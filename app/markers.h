@@ -34,7 +34,8 @@ class Markers {
     // lblFraData(0): a holding is chosen
     bool HoldingChosen() const;
 
-    // Status panel 3: the open holding's start price. Throws TypeMismatch when its text is no number.
+    // Status panel 3: the open holding's start price. Throws TypeMismatch when its text is no
+    // number.
     float StartPrice() const;
     std::string StartPriceText() const;
     void SetStartPrice(std::string_view text);

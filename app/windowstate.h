@@ -15,10 +15,11 @@ struct WindowState {
     std::string AppFolder;                  ///< the program's folder, ending in the separator
     std::string CurrentFile;                ///< full path of the fund file in use
 
-    std::int32_t TodayDay = 0;        ///< today as a day number
-    std::int32_t CurrentMonth = 1;    ///< 1 to 12
-    std::int32_t WindowStartDay = 0;  ///< first day of the twelve months shown, always the 1st of a month
-    std::int32_t DayStep = 1;         ///< 1, 7 or 30: day, week or month view
+    std::int32_t TodayDay = 0;      ///< today as a day number
+    std::int32_t CurrentMonth = 1;  ///< 1 to 12
+    std::int32_t WindowStartDay =
+        0;                     ///< first day of the twelve months shown, always the 1st of a month
+    std::int32_t DayStep = 1;  ///< 1, 7 or 30: day, week or month view
 
     std::int32_t ScaleTop = 15;  ///< the diagram's scale in whole percent
     std::int32_t ScaleBottom = -10;
