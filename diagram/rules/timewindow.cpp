@@ -13,8 +13,8 @@ using std::chrono::month;
 using std::chrono::year;
 using std::chrono::year_month_day;
 
-// Day counts and not months, on purpose: a year ahead from January or February of a leap year lands
-// in the month before and moves the window by eleven months only.
+// Day counts and not months, on purpose: a year ahead that passes a 29th of February ends in the
+// month before, and the window moves by eleven months only.
 std::int32_t DaysOf(WindowMove move) {
     switch (move) {
         case WindowMove::OneMonthAhead:

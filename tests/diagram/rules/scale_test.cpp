@@ -1,0 +1,121 @@
+#include "diagram/rules/scale.h"
+
+#include "base/error.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <vector>
+
+namespace {
+
+constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
+
+TEST(AutomaticScale, FollowsTheLargestAndTheSmallestValue) {
+    struct Row {
+        std::vector<std::int32_t> values;
+        ScaleRange expected;
+    };
+    const std::vector<Row> rows{
+        {{}, {15, -10}},
+        {{0}, {15, -10}},
+        {{14}, {15, -10}},
+        {{15}, {30, -20}},  // strictly above the largest value
+        {{29}, {30, -20}},
+        {{30}, {45, -30}},
+        {{0, 7, 30}, {45, -30}},
+        {{-1}, {15, -10}},
+        {{-9}, {15, -10}},
+        {{-10}, {30, -20}},  // strictly below the smallest value
+        {{-20}, {45, -30}},
+        {{-25}, {45, -30}},
+        {{-29, 14}, {45, -30}},
+        {{-30, 14}, {60, -40}},  // the bottom decides, the top follows as 3 : -2
+        {{-30, 60}, {75, -50}},  // the top decides
+        {{1000}, {1005, -670}},
+        {{-100}, {165, -110}},
+        {{-7, -3}, {15, -10}},  // no value of zero or more
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(AutomaticScale(row.values), row.expected) << testing::PrintToString(row.values);
+    }
+}
+
+TEST(AutomaticScale, AlwaysTakesAllValuesInAndKeepsTheProportion) {
+    for (std::int32_t low = -150; low <= 0; ++low) {
+        for (std::int32_t high = 0; high <= 320; high += 3) {
+            const std::vector<std::int32_t> values{low, high};
+            const ScaleRange scale = AutomaticScale(values);
+            ASSERT_GT(scale.top, high);
+            ASSERT_LT(scale.bottom, low);
+            ASSERT_EQ(scale.top * -2, scale.bottom * 3);
+        }
+    }
+}
+
+TEST(AutomaticScale, BeyondThirtyTwoBitsIsAnOverflow) {
+    for (const std::int32_t value : {kHighest, kLowest}) {
+        const std::vector<std::int32_t> values{value};
+        try {
+            AutomaticScale(values);
+            FAIL() << value;
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::Overflow);
+        }
+    }
+}
+
+TEST(ScaleWithTop, TruncatesTheBottomTowardZero) {
+    const std::vector<ScaleRange> rows{{15, -10},    {45, -30}, {20, -13},
+                                       {16, -10},    {1, 0},    {0, 0},
+                                       {1005, -670}, {-15, 10}, {kHighest, -1431655764}};
+    for (const ScaleRange& row : rows) EXPECT_EQ(ScaleWithTop(row.top), row);
+}
+
+TEST(WidenFor, ChangesTheScaleOnlyForAValueOutside) {
+    struct Row {
+        ScaleRange shown;
+        std::int32_t percent;
+        ScaleRange expected;
+    };
+    const std::vector<Row> rows{
+        {{15, -10}, 0, {15, -10}},       {{15, -10}, 15, {15, -10}},  // on the edge is inside
+        {{15, -10}, 16, {30, -20}},      {{15, -10}, 30, {45, -30}},  {{15, -10}, -10, {15, -10}},
+        {{15, -10}, -11, {30, -20}},     {{15, -10}, -50, {90, -60}}, {{45, -30}, -99, {150, -100}},
+        {{15, -10}, 1000, {1005, -670}}, {{60, 40}, 25, {15, -10}},  // a scale that stands above
+                                                                     // zero
+        {{-30, -40}, -20, {15, -10}},                                // and one below
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(WidenFor(row.shown, row.percent), row.expected)
+            << row.shown.top << "/" << row.shown.bottom << " for " << row.percent;
+    }
+}
+
+TEST(ScaleLabels, StandAThirdOfTheTopApart) {
+    struct Row {
+        ScaleRange scale;
+        std::vector<std::int32_t> expected;
+    };
+    const std::vector<Row> rows{
+        {{15, -10}, {-10, -5, 0, 5, 10, 15}},
+        {{30, -20}, {-20, -10, 0, 10, 20, 30}},
+        {{45, -30}, {-30, -15, 0, 15, 30, 45}},
+        {{990, -660}, {-660, -330, 0, 330, 660, 990}},
+        {{20, -13}, {-13, -7, -1, 5, 11, 17}},
+        {{30, -40}, {-40, -30, -20, -10, 0, 10}},  // more values than places
+        {{30, 0}, {0, 10, 20, 30}},
+        {{2, -2}, {-2}},  // a step of zero labels once
+        {{-30, -10}, {}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(ScaleLabels(row.scale), row.expected) << row.scale.top << "/" << row.scale.bottom;
+    }
+}
+
+TEST(ScaleLabels, EndForATopBelowZero) {
+    EXPECT_LE(ScaleLabels({-30, -40}).size(), 6U);
+    EXPECT_LE(ScaleLabels({kHighest, kLowest}).size(), 6U);
+}
+
+}  // namespace
