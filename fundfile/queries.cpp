@@ -1,19 +1,12 @@
 #include "fundfile/queries.h"
 
-#include <array>
-#include <charconv>
+#include "base/number.h"
 
 namespace queries {
 namespace {
 
-std::string Decimal(std::int32_t number) {
-    std::array<char, 12> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    return {digits.data(), end};
-}
-
 std::string OfHolding(std::string_view start, std::int32_t kontoId) {
-    return std::string(start) + "WHERE KontoId = " + Decimal(kontoId);
+    return std::string(start) + "WHERE KontoId = " + PlainText(kontoId);
 }
 
 }  // namespace
@@ -49,11 +42,11 @@ std::string TotalsOf(std::string_view accountName) {
 }
 
 std::string KontoIdIs(std::int32_t kontoId) {
-    return "KontoId = " + Decimal(kontoId);
+    return "KontoId = " + PlainText(kontoId);
 }
 
 std::string XCordIs(std::int32_t day) {
-    return "XCord = " + Decimal(day);
+    return "XCord = " + PlainText(day);
 }
 
 }  // namespace queries

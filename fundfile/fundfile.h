@@ -1,0 +1,51 @@
+#pragma once
+// Opening a fund file: the database under the names the program uses, the check that it is a fund
+// file, and the right to write it, which one running copy has at a time. Shows no messages: texts.h
+// has them.
+
+#include "jet/database.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Whether the file may be written, and if not, why.
+enum class WriteRight : std::uint8_t {
+    Ours,             ///< no other running copy can write it while it is open here
+    OtherCopy,        ///< another running copy has it open
+    FileProtected,    ///< the file itself is write-protected
+    FolderProtected,  ///< its folder takes no new files: a protected folder or a read-only medium
+    CannotLock,       ///< the lock could not be stored beside the file, as on a full disk
+};
+
+struct FundFile {
+    std::shared_ptr<jet::Database> database;
+    WriteRight right = WriteRight::Ours;
+    std::string owner;  ///< OtherCopy: "process 4711, dator HALLA"; "" where that is not known
+};
+
+/// Opens `path`, or gives the open one again when it is open here already. A file without the right
+/// to write opens for reading: its edits throw ReadOnly. The right ends when CloseFundFile is
+/// called or the last user of `database` lets go of it; a copy that died does not keep it.
+///
+/// Throws what jet::Database::Open throws; TableNotFound or FieldNotFound for a sound database that
+/// is no fund file.
+FundFile OpenFundFile(const std::filesystem::path& path);
+
+/// Closes the file for everybody in the program, gives up the right to write it and empties
+/// `database`. Nothing happens when it is empty already.
+void CloseFundFile(std::shared_ptr<jet::Database>& database) noexcept;
+
+/// Deletes a file. Throws FileInUse when it is open here or in another running copy, FileNotFound
+/// when there is no such file, PermissionDenied, DeviceIo.
+void DeleteFundFile(const std::filesystem::path& path);
+
+/// Throws FileInUse when `path` is open here or in another running copy.
+void CheckNotInUse(const std::filesystem::path& path);
+
+/// The tables of a new fund file, wide enough for every value that can be typed: texts of 255
+/// characters, amounts and shares in double precision. The curve list in `Skala` and the saved
+/// values have no limit.
+std::vector<jet::TableDesign> NewFundFileDesign();

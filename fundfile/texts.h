@@ -1,0 +1,93 @@
+#pragma once
+// What the user is told about fund files, in Swedish.
+
+#include <string>
+#include <string_view>
+
+#include "base/error.h"
+#include "fundfile/fundfile.h"
+
+namespace fundtexts {
+
+/// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be done.
+/// Errors that mean nothing to a user give the general sentence; the number belongs beside it.
+constexpr std::string_view Explain(ErrorNumber number) {
+    switch (number) {
+        case ErrorNumber::FileNotFound:
+        case ErrorNumber::PathNotFound:
+            return "Filen finns inte.";
+        case ErrorNumber::PermissionDenied:
+            return "Du har inte rätt att läsa eller skriva filen.";
+        case ErrorNumber::FileInUse:
+            return "Filen är öppen, här eller i ett annat exemplar av Kvarnbo.";
+        case ErrorNumber::DiskFull:
+            return "Disken är full. Inget har sparats och inget har gått förlorat.";
+        case ErrorNumber::DeviceIo:
+            return "Disken kan inte läsas eller skrivas. Filen är som den var före ändringen.";
+        case ErrorNumber::ReadOnly:
+            return "Filen är öppen bara för läsning. Ändringen är inte sparad.";
+        case ErrorNumber::ChangedByOther:
+            return "Filen har ändrats av ett annat program sedan den öppnades. Öppna filen på nytt och gör om "
+                   "ändringen.";
+        case ErrorNumber::NotADatabase:
+            return "Filen är skadad och kan inte läsas. Den är inte ändrad.";
+        case ErrorNumber::Encrypted:
+            return "Filen är krypterad och kan inte läsas. Den är inte ändrad.";
+        case ErrorNumber::PasswordProtected:
+            return "Filen är skyddad med lösenord. Ta bort lösenordet i det program som har satt det.";
+        case ErrorNumber::NewerFormat:
+            return "Filen har ett nyare format (.accdb). Spara den i formatet Access 2000 till 2003 (.mdb).";
+        case ErrorNumber::ForeignFormat:
+            return "Filen är ingen databas i Access-format. Den är inte ändrad.";
+        case ErrorNumber::TableNotFound:
+            return "Filen är en databas men ingen fondfil: tabellen FONDDATA eller PLOTTDATA saknas.";
+        case ErrorNumber::FieldNotFound:
+            return "Filen är en databas men ingen fondfil: tabellerna har inte de kolumner som behövs.";
+        case ErrorNumber::CollationUnknown:
+            return "Filen har ett index med en sorteringsordning som Kvarnbo inte känner. Ändringen är inte "
+                   "sparad.";
+        case ErrorNumber::DuplicateKey:
+            return "Det finns redan en post med samma värde i ett fält som måste vara unikt.";
+        case ErrorNumber::NullKey:
+            return "Ett fält som måste ha ett värde är tomt.";
+        case ErrorNumber::FieldTooLong:
+            return "Texten är längre än fältet i filen.";
+        case ErrorNumber::TypeMismatch:
+            return "Värdet passar inte i fältet.";
+        case ErrorNumber::Overflow:
+            return "Talet är för stort för fältet.";
+        case ErrorNumber::RecordDeleted:
+            return "Posten finns inte längre.";
+        case ErrorNumber::RelatedRecords:
+            return "Posten används av en annan tabell i filen.";
+        case ErrorNumber::NotSupported:
+            return "Filen använder något som Kvarnbo inte kan ändra utan att skada den. Ändringen är inte "
+                   "sparad.";
+        default:
+            return "Filen kunde inte användas.";
+    }
+}
+
+/// Why an open file can be read but not changed; "" when it can be changed.
+inline std::string Explain(const FundFile& file) {
+    constexpr std::string_view kReadable = "\r\n\r\nDu kan se den men inte ändra något.";
+    const auto with = [&](std::string_view reason) {
+        return std::string(reason) + std::string(kReadable);
+    };
+    switch (file.right) {
+        case WriteRight::OtherCopy:
+            return with("Filen är öppen i ett annat exemplar av Kvarnbo" +
+                        (file.owner.empty() ? std::string() : " (" + file.owner + ")") + ".");
+        case WriteRight::FileProtected:
+            return with("Filen är skrivskyddad.");
+        case WriteRight::FolderProtected:
+            return with("Filens mapp är skrivskyddad.");
+        case WriteRight::CannotLock:
+            return with("Filen kunde inte låsas för ändringar. Disken kan vara full.");
+        case WriteRight::Ours:
+            break;
+    }
+    return {};
+}
+
+}  // namespace fundtexts
