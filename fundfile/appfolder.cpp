@@ -1,17 +1,18 @@
 #include "fundfile/appfolder.h"
 
+#include "base/error.h"
+#include "fundfile/wholefile.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QStandardPaths>
 #include <QString>
+
 #include <array>
 #include <fstream>
 #include <iterator>
 #include <string_view>
 #include <system_error>
-
-#include "base/error.h"
-#include "fundfile/wholefile.h"
 
 namespace {
 

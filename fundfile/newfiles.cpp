@@ -1,5 +1,6 @@
 #include "fundfile/newfiles.h"
 
+#include "base/error.h"
 #include "fundfile/fundfile.h"
 #include "fundfile/schema.h"
 #include "fundfile/wholefile.h"
@@ -9,17 +10,27 @@ namespace {
 
 constexpr std::size_t kCopiedHoldingColumns = schema::holding::kSkala + 1;
 
-void CopyRows(jet::RecordSet& from, jet::RecordSet& to, std::size_t columns) {
+void CopyColumns(jet::RecordSet& from, std::int32_t row, jet::RecordSet& to, std::size_t columns) {
+    for (std::size_t position = 0; position < columns; ++position) {
+        to.Set(position, from.At(row, position));
+    }
+}
+
+void CopyHoldings(jet::RecordSet& from, jet::RecordSet& to) {
     const std::int32_t count = from.RecordCount();
-    const bool savesValues = to.FieldCount() == schema::holding::kColumnCount;
     for (std::int32_t row = 0; row < count; ++row) {
         to.AddNew();
-        for (std::size_t position = 0; position < columns; ++position) {
-            to.Set(position, from.At(row, position));
-        }
-        if (savesValues) {  // not copied: a copy begins without saved values
-            to.Set(schema::holding::kSparadeVarden, schema::kNothingSaved);
-        }
+        CopyColumns(from, row, to, kCopiedHoldingColumns);
+        to.Set(schema::holding::kSparadeVarden, schema::kNothingSaved);  // a copy begins without
+        to.Update();
+    }
+}
+
+void CopyPoints(jet::RecordSet& from, jet::RecordSet& to) {
+    const std::int32_t count = from.RecordCount();
+    for (std::int32_t row = 0; row < count; ++row) {
+        to.AddNew();
+        CopyColumns(from, row, to, schema::point::kColumnCount);
         to.Update();
     }
 }
@@ -40,8 +51,8 @@ void SaveCopy(DataSource& holdings, DataSource& points, const std::filesystem::p
     const std::shared_ptr<jet::Database> copy = jet::Database::Open(file.Path());
     try {
         jet::Transaction transaction(copy);
-        CopyRows(holdings.Records(), *copy->OpenRecordSet("FondData"), kCopiedHoldingColumns);
-        CopyRows(points.Records(), *copy->OpenRecordSet("PlottData"), schema::point::kColumnCount);
+        CopyHoldings(holdings.Records(), *copy->OpenRecordSet("FondData"));
+        CopyPoints(points.Records(), *copy->OpenRecordSet("PlottData"));
         transaction.Commit();
     } catch (const Error&) {
         copy->Close();

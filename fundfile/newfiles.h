@@ -1,16 +1,16 @@
 #pragma once
 // New fund files on disk: an empty one from the template, and a copy of the open one's rows.
 
-#include <filesystem>
-
 #include "fundfile/datasource.h"
 
-/// Copies the template to `target`, whole or not at all; a file there is replaced. Throws FileInUse when
-/// that file is open here or in another running copy, FileNotFound without template, PermissionDenied,
-/// PathNotFound, DiskFull, DeviceIo.
+#include <filesystem>
+
+/// Copies the template to `target`, whole or not at all; a file there is replaced. Throws FileInUse
+/// when that file is open here or in another running copy, FileNotFound without template,
+/// PermissionDenied, PathNotFound, DiskFull, DeviceIo.
 void CreateFundFile(const std::filesystem::path& templateFile, const std::filesystem::path& target);
 
-/// The same, then filled with the rows of both sources: columns 0 to 16 of the holdings, 0 to 3 of the
-/// points, identities included. Walks both sources and leaves each on its first row.
+/// The same, then filled with the rows of both sources: columns 0 to 16 of the holdings, 0 to 3 of
+/// the points, identities included. The current row of either source stays where it is.
 void SaveCopy(DataSource& holdings, DataSource& points, const std::filesystem::path& templateFile,
               const std::filesystem::path& target);

@@ -1,16 +1,17 @@
 #pragma once
 // What the user is told about fund files, in Swedish.
 
-#include <string>
-#include <string_view>
-
 #include "base/error.h"
 #include "fundfile/fundfile.h"
 
+#include <string>
+#include <string_view>
+
 namespace fundtexts {
 
-/// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be done.
-/// Errors that mean nothing to a user give the general sentence; the number belongs beside it.
+/// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be
+/// done. Errors that mean nothing to a user give the general sentence; the number belongs beside
+/// it.
 constexpr std::string_view Explain(ErrorNumber number) {
     switch (number) {
         case ErrorNumber::FileNotFound:
@@ -27,24 +28,30 @@ constexpr std::string_view Explain(ErrorNumber number) {
         case ErrorNumber::ReadOnly:
             return "Filen är öppen bara för läsning. Ändringen är inte sparad.";
         case ErrorNumber::ChangedByOther:
-            return "Filen har ändrats av ett annat program sedan den öppnades. Öppna filen på nytt och gör om "
+            return "Filen har ändrats av ett annat program sedan den öppnades. Öppna filen på nytt "
+                   "och gör om "
                    "ändringen.";
         case ErrorNumber::NotADatabase:
             return "Filen är skadad och kan inte läsas. Den är inte ändrad.";
         case ErrorNumber::Encrypted:
             return "Filen är krypterad och kan inte läsas. Den är inte ändrad.";
         case ErrorNumber::PasswordProtected:
-            return "Filen är skyddad med lösenord. Ta bort lösenordet i det program som har satt det.";
+            return "Filen är skyddad med lösenord. Ta bort lösenordet i det program som har satt "
+                   "det.";
         case ErrorNumber::NewerFormat:
-            return "Filen har ett nyare format (.accdb). Spara den i formatet Access 2000 till 2003 (.mdb).";
+            return "Filen har ett nyare format (.accdb). Spara den i formatet Access 2000 till "
+                   "2003 (.mdb).";
         case ErrorNumber::ForeignFormat:
             return "Filen är ingen databas i Access-format. Den är inte ändrad.";
         case ErrorNumber::TableNotFound:
-            return "Filen är en databas men ingen fondfil: tabellen FONDDATA eller PLOTTDATA saknas.";
+            return "Filen är en databas men ingen fondfil: tabellen FONDDATA eller PLOTTDATA "
+                   "saknas.";
         case ErrorNumber::FieldNotFound:
-            return "Filen är en databas men ingen fondfil: tabellerna har inte de kolumner som behövs.";
+            return "Filen är en databas men ingen fondfil: tabellerna har inte de kolumner som "
+                   "behövs.";
         case ErrorNumber::CollationUnknown:
-            return "Filen har ett index med en sorteringsordning som Kvarnbo inte känner. Ändringen är inte "
+            return "Filen har ett index med en sorteringsordning som Kvarnbo inte känner. "
+                   "Ändringen är inte "
                    "sparad.";
         case ErrorNumber::DuplicateKey:
             return "Det finns redan en post med samma värde i ett fält som måste vara unikt.";
@@ -61,7 +68,8 @@ constexpr std::string_view Explain(ErrorNumber number) {
         case ErrorNumber::RelatedRecords:
             return "Posten används av en annan tabell i filen.";
         case ErrorNumber::NotSupported:
-            return "Filen använder något som Kvarnbo inte kan ändra utan att skada den. Ändringen är inte "
+            return "Filen använder något som Kvarnbo inte kan ändra utan att skada den. Ändringen "
+                   "är inte "
                    "sparad.";
         default:
             return "Filen kunde inte användas.";

@@ -1,13 +1,12 @@
 #include "fundfile/wholefile.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <system_error>
-
 #include "base/error.h"
 #include "base/number.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
 
 namespace {
 

@@ -5,8 +5,8 @@
 
 class WholeFile {
   public:
-    /// Begins with a copy of `start`, beside `target`. Throws FileNotFound (no `start`), PathNotFound
-    /// (no folder for `target`), PermissionDenied, DiskFull, DeviceIo.
+    /// Begins with a copy of `start`, beside `target`. Throws FileNotFound (no `start`),
+    /// PathNotFound (no folder for `target`), PermissionDenied, DiskFull, DeviceIo.
     WholeFile(const std::filesystem::path& start, const std::filesystem::path& target);
 
     /// What was not put in place leaves nothing behind.
