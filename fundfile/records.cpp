@@ -1,0 +1,124 @@
+#include "fundfile/records.h"
+
+#include "base/error.h"
+#include "fundfile/queries.h"
+#include "fundfile/schema.h"
+
+namespace {
+
+/// Row by row: slower, for the rare series in which a day or a value is missing.
+std::vector<CurvePoint> WholePointsOf(jet::RecordSet& records) {
+    std::vector<CurvePoint> points;
+    const std::int32_t count = records.RecordCount();
+    for (std::int32_t row = 0; row < count; ++row) {
+        const jet::Value day = records.At(row, 0);
+        const jet::Value value = records.At(row, 1);
+        if (!day.IsNull() && !value.IsNull()) {
+            points.push_back({day.Integer(), value.Integer()});
+        }
+    }
+    return points;
+}
+
+std::vector<std::int32_t> WholeValuesOf(jet::RecordSet& records) {
+    std::vector<std::int32_t> values;
+    const std::int32_t count = records.RecordCount();
+    for (std::int32_t row = 0; row < count; ++row) {
+        const jet::Value value = records.At(row, 0);
+        if (!value.IsNull()) {
+            values.push_back(value.Integer());
+        }
+    }
+    return values;
+}
+
+template <typename Fast, typename Careful>
+auto UnlessNull(const Fast& fast, const Careful& careful) {
+    try {
+        return fast();
+    } catch (const Error& error) {
+        if (error.Number() != ErrorNumber::InvalidUseOfNull) {
+            throw;
+        }
+        return careful();
+    }
+}
+
+}  // namespace
+
+std::int32_t KontoIdOf(DataSource& holdings) {
+    const jet::Value identity = holdings.Field(schema::holding::kKontoId);
+    try {
+        return identity.Integer();
+    } catch (const Error&) {
+        return 1;
+    }
+}
+
+std::vector<CurvePoint> ReadPoints(jet::Database& database, std::int32_t kontoId) {
+    return ReadPoints(*database.OpenRecordSet(queries::PointsOf(kontoId)));
+}
+
+std::vector<CurvePoint> ReadPoints(jet::RecordSet& dayAndValue) {
+    const auto fast = [&] {
+        std::vector<CurvePoint> points;
+        points.reserve(static_cast<std::size_t>(dayAndValue.RecordCount()));
+        dayAndValue.VisitIntegers(std::array<std::size_t, 2>{0, 1},
+                                  [&](std::span<const std::int32_t> row) {
+                                      points.push_back({row[0], row[1]});
+                                  });
+        return points;
+    };
+    return UnlessNull(fast, [&] { return WholePointsOf(dayAndValue); });
+}
+
+std::vector<std::int32_t> ReadValues(jet::Database& database, std::int32_t kontoId) {
+    const std::shared_ptr<jet::RecordSet> records =
+        database.OpenRecordSet(queries::ValuesOf(kontoId));
+    const auto fast = [&] {
+        std::vector<std::int32_t> values;
+        records->VisitIntegers(
+            std::array<std::size_t, 1>{0},
+            [&](std::span<const std::int32_t> row) { values.push_back(row[0]); });
+        return values;
+    };
+    return UnlessNull(fast, [&] { return WholeValuesOf(*records); });
+}
+
+bool HasPoints(jet::Database& database, std::int32_t kontoId) {
+    return !database.OpenRecordSet(queries::FondNrOfPointsOf(kontoId))->Empty();
+}
+
+void AddPoint(DataSource& points, const NewPoint& point) try {
+    points.AddNew();
+    points.Set(schema::point::kFondNr, point.fondNr);
+    points.Set(schema::point::kXCord, point.day);
+    points.Set(schema::point::kYCord, point.percent);
+    points.Set(schema::point::kKontoId, point.kontoId);
+    points.Update();
+} catch (const Error&) {
+    Skipping skip;  // no half-typed row stays behind in the shared record set
+    skip([&] { points.CancelUpdate(); });
+    throw;
+}
+
+void ReplaceDayPoint(DataSource& points, DataSource& scratch, jet::Database& database,
+                     const NewPoint& point) {
+    scratch.SetRecordSet(database.OpenRecordSet(queries::PointsOf(point.kontoId)));
+    const std::string thatDay = queries::XCordIs(point.day);
+    bool deleted = false;
+    while (!scratch.Empty() && scratch.FindFirst(thatDay)) {
+        scratch.Delete();
+        deleted = true;
+    }
+    scratch.SetRecordSet(nullptr);
+    if (deleted) {
+        points.Refresh();
+    }
+    AddPoint(points, point);
+    points.Refresh();
+}
+
+std::int32_t DeletePointsOf(jet::Database& database, std::int32_t kontoId) {
+    return database.Execute(queries::DeletePointsOf(kontoId));
+}

@@ -1,0 +1,40 @@
+#pragma once
+// Points and holdings between the file's records and the program's own types, whatever numeric or
+// text types the file's columns have. Decides nothing about them.
+
+#include "diagram/rules/stroke.h"
+#include "fundfile/datasource.h"
+#include "jet/database.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// The identity of the current holding; 1 where the first column cannot be read as a number.
+std::int32_t KontoIdOf(DataSource& holdings);
+
+/// One holding's points in day order. Points without a day or a value are left out.
+std::vector<CurvePoint> ReadPoints(jet::Database& database, std::int32_t kontoId);
+/// The same from an open record set whose first two columns are XCord and YCord.
+std::vector<CurvePoint> ReadPoints(jet::RecordSet& dayAndValue);
+/// Only the values, in stored order.
+std::vector<std::int32_t> ReadValues(jet::Database& database, std::int32_t kontoId);
+
+bool HasPoints(jet::Database& database, std::int32_t kontoId);
+
+struct NewPoint {
+    std::string fondNr;
+    std::int32_t day = 0, percent = 0, kontoId = 0;
+};
+
+/// Adds a row to the record set of all points. Refreshing the source is the caller's.
+void AddPoint(DataSource& points, const NewPoint& point);
+
+/// Puts the point in place of every point that the holding has on that day. `scratch` is used for
+/// the search and left detached; `points` is refreshed. Two updates: joined by the caller's
+/// Transaction.
+void ReplaceDayPoint(DataSource& points, DataSource& scratch, jet::Database& database,
+                     const NewPoint& point);
+
+/// The number of points deleted. Refreshing a source is the caller's.
+std::int32_t DeletePointsOf(jet::Database& database, std::int32_t kontoId);
