@@ -1,0 +1,119 @@
+#pragma once
+// One index tree: entries (key bytes + row pointer) found, walked, inserted, erased, rebuilt. Knows
+// no values and no rows; every edit is to stand inside PageFile::Begin and Commit.
+
+#include "jet/detail/bytes.h"
+#include "jet/detail/indexpage.h"
+#include "jet/detail/pagefile.h"
+#include "jet/detail/tabledef.h"
+#include "jet/value.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace jet::detail {
+
+struct IndexEntry {
+    Bytes key;
+    RowPointer row;
+};
+
+/// A place among the entries of a tree. Good until the tree is edited. Checks as it goes that
+/// entries only grow (or shrink, backward) and that the walk ends; throws NotADatabase otherwise.
+class TreeCursor {
+  public:
+    bool Valid() const { return valid_; }
+    ByteView Entry() const { return entry_; }
+    ByteView Key() const { return KeyOf(entry_); }
+    RowPointer Row() const { return RowOf(entry_); }
+    void Next();
+    void Previous();
+
+  private:
+    friend class BTree;
+    TreeCursor(const PageFile& file, std::uint32_t leaf, IndexPage content);
+    void GoTo(std::size_t at);
+    void Load(std::uint32_t leaf);
+
+    const PageFile* file_;
+    std::uint32_t leaf_;
+    IndexPage content_;
+    std::size_t at_ = 0;
+    std::uint32_t leavesLeft_;
+    Bytes entry_;
+    bool valid_ = false;
+};
+
+/// Not a copy: every call reads or edits the pages. The root stays on its page for ever.
+/// A tree that contradicts itself throws NotADatabase; the caller rolls back.
+class BTree {
+  public:
+    /// `table` is the page of the table's definition.
+    BTree(PageFile& file, std::uint32_t table, const RealIndex& index);
+
+    /// Adds an entry and says whether its key was not there before. Throws NotADatabase when the
+    /// very entry is there already, FieldTooLong when no page can hold it.
+    bool Insert(ByteView key, RowPointer row);
+    /// Removes the entry; NotADatabase when it is not there.
+    void Erase(ByteView key, RowPointer row);
+    /// Removes the row's entry by looking at all of them, and returns its key. For keys that cannot
+    /// be computed.
+    Bytes EraseByRowPointer(RowPointer row);
+    /// Throws away all entries and builds the tree anew from these, in any order.
+    void Rebuild(std::vector<IndexEntry> entries);
+
+    /// Whether any entry has exactly this key; whether one of another row has it (the check before
+    /// a unique insert).
+    bool Contains(ByteView key) const;
+    bool ContainsOther(ByteView key, RowPointer self) const;
+    /// The rows of all entries whose key begins with `prefix`, in the index's order: with the whole
+    /// key, the rows that have it; with the keys of the first columns, the rows that are equal
+    /// there.
+    std::vector<RowPointer> Find(ByteView prefix) const;
+
+    /// The first entry; the first one not below `wanted`; the last one.
+    TreeCursor First() const;
+    TreeCursor From(ByteView wanted) const;
+    TreeCursor Last() const;
+
+    std::uint32_t Root() const { return root_; }
+
+  private:
+    /// A page on the way from the root to a leaf, and which child or entry the way takes there.
+    struct Step {
+        std::uint32_t page = 0;
+        IndexPage content;
+        std::size_t position = 0;
+        bool changed = false;
+    };
+    using Path = std::vector<Step>;
+
+    Path Descend(ByteView wanted) const;
+    Step LastLeafBelow(std::uint32_t page) const;
+    IndexPage ReadPage(std::uint32_t page) const;
+    bool KeyIsBeside(const Step& leaf, ByteView key) const;
+    static void LastEntryChanged(Path& path, std::size_t level, ByteView entry);
+    void RemovePage(Path& path);
+    void TakeFromParent(Path& path);
+    std::size_t SplitPoint(const Step& step) const;
+    void Settle(Path& path);
+    void GrowRoot(Path& path);
+    void Split(Path& path, std::size_t level);
+    void CutChildLink(const IndexPage& left, const IndexPage& right);
+    void CollapseRoot();
+    struct Level;
+    void DropAllButRoot();
+    Level BuildLeaves(const std::vector<Bytes>& sorted);
+    Level BuildParents(Level& children);
+    void NumberPages(Level& level);
+    std::uint32_t NewPage();
+    void DropPage(std::uint32_t page);
+    void Relink(std::uint32_t page, std::size_t linkOffset, std::uint32_t to);
+
+    PageFile* file_;
+    std::uint32_t table_, root_;
+    RowPointer map_;
+};
+
+}  // namespace jet::detail

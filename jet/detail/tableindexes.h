@@ -1,0 +1,98 @@
+#pragma once
+// All indexes of one table, kept in step with its rows: what keys a row has, whether it may have
+// them, and the entries. Where the sort order of a text is not known, this is where it is decided
+// what can still be done.
+
+#include "jet/detail/btree.h"
+#include "jet/detail/indexkey.h"
+#include "jet/detail/table.h"
+#include "jet/value.h"
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <span>
+#include <vector>
+
+namespace jet::detail {
+
+/// What an insert or an update does to the indexes. Made and checked before anything changes.
+struct IndexPlan {
+    struct Change {
+        std::size_t index = 0;        ///< position in TableDef::realIndexes
+        bool erase = false;           ///< the row has an entry that goes away
+        std::optional<Bytes> oldKey;  ///< of that entry; none = not known, look for the row pointer
+        std::optional<Bytes> newKey;  ///< none = no new entry
+    };
+    std::vector<Change> changes;
+};
+
+/// Lives as long as its table is open: it remembers what it found out about unknown sort orders,
+/// which stays true whatever rows come and go. After a rollback of the file nothing need be told.
+///
+///   insert:  plan = PlanInsert(values);         row = store.Insert(values);   Apply(plan, row);
+///   update:  plan = PlanUpdate(row, values);    store.Update(row, values);    Apply(plan, row);
+///   delete:  Erase(row);                        store.Delete(row);
+class TableIndexes {
+  public:
+    explicit TableIndexes(TableStore& table);
+
+    /// Throws NullKey, DuplicateKey, CollationUnknown, FieldTooLong; changes nothing. `values` has
+    /// one for each column, of the column's own type, autonumbers filled in.
+    IndexPlan PlanInsert(std::span<const Value> values);
+    /// The same for a row that gets new values where there are some. Indexes whose columns stay
+    /// equal are left alone.
+    IndexPlan PlanUpdate(RowPointer row, std::span<const std::optional<Value>> values);
+    /// Makes the entries; counts distinct keys.
+    void Apply(const IndexPlan& plan, RowPointer row);
+    /// Takes the row's entries away. The row must still be there.
+    void Erase(RowPointer row);
+
+    /// The rows that are equal to `leading` in the index's first columns, in the index's order;
+    /// nullopt when the index cannot tell (unknown sort order): then the table must be scanned.
+    std::optional<std::vector<RowPointer>> Find(std::size_t realIndex,
+                                                std::span<const Value> leading) const;
+    /// All rows in the index's order; nullopt when that order is not known, or rows are missing in
+    /// it (nulls ignored).
+    std::optional<std::vector<RowPointer>> InOrder(std::size_t realIndex) const;
+
+    /// The columns of an index as the key encoder wants them.
+    const std::vector<KeyColumn>& Columns(std::size_t realIndex) const {
+        return columns_[realIndex];
+    }
+    BTree Tree(std::size_t realIndex) const;
+
+    /// The key that the row has in an index by its values, where that can be computed.
+    struct RowKey {
+        bool present = true;  ///< false: all columns are null and the index leaves such rows out
+        std::optional<Bytes> key;
+    };
+    RowKey KeyFromRow(std::size_t realIndex, const RowView& row) const;
+
+  private:
+    /// What the rows tell about the keys of an index with an unknown sort order.
+    struct Evidence {
+        bool general = false;           ///< every key is what the order "General" gives
+        std::set<char32_t> characters;  ///< that occur in them
+        std::map<Bytes, Bytes> known;   ///< values of the unknown columns -> their part of the key
+    };
+
+    std::vector<Value> KeyValues(std::size_t realIndex, std::span<const Value> values) const;
+    std::vector<Value> KeyValues(std::size_t realIndex, const RowView& row) const;
+    RowKey KeyFromValues(std::size_t realIndex, std::span<const Value> keyValues) const;
+    Bytes NewKey(std::size_t realIndex, std::span<const Value> keyValues);
+    const Evidence& EvidenceOf(std::size_t realIndex);
+    void CheckNulls(std::size_t realIndex, std::span<const Value> keyValues) const;
+    void CheckUnique(std::size_t realIndex, std::span<const Value> keyValues, ByteView key,
+                     RowPointer self) const;
+
+    TableStore* table_;
+    std::vector<std::vector<KeyColumn>> columns_;
+    std::map<std::size_t, Evidence> evidence_;
+};
+
+/// The sort order of a column's keys.
+TextOrder TextOrderOf(const PageFile& file, const ColumnDef& column);
+
+}  // namespace jet::detail
