@@ -37,7 +37,7 @@ Sample VimmelsSample() {
             {"Tranhult Småbolag", "250 738", "PPM Konto", 311.9, 88.4925, 1820, kSmallCompanies},
             {"Rönnarp Räntefond", "604 155", "PPM Konto", 112.87, 310.0074, 1820, kInterestFund},
             {"Måsskär Teknik", "739 280", "PPM Konto", 141.22, 164.3306, 1090, kTechnology, true,
-             true, true},
+             true},
             {"Blåbärskulla Norden", "187 466", "Barnspar Elsa", 204.15, 61.2208, 1460, kNordicFund},
             {"Solgläntan Världsindex", "522 903", "Barnspar Elsa", 158.6, 94.5776, 1460,
              kWorldIndex, true},
@@ -61,7 +61,7 @@ Sample RuskenSample() {
         .holdings = {
             {"Drakholm Kina", "441 806", "PPM Konto", 64.72, 512.3609, 2010, kChinaFund},
             {"Jadeberg Asien", "283 190", "PPM Konto", 133.08, 270.5139, 2010, kAsiaFund, true,
-             true, true},
+             true},
             {"Bambulund Indien", "690 347", "PPM Konto", 215.6, 111.3172, 1330, kIndiaFund},
             {"Rönnarp Räntefond", "604 155", "PPM Konto", 114.02, 219.2598, 1330, kInterestFund},
             {"Lyktan Kina Småbolag", "557 928", "Kinaresan", 41.35, 483.6759, 1100,

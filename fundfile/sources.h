@@ -1,0 +1,21 @@
+#pragma once
+// The road from a path to working data sources, the same at start and when the user opens another
+// file.
+
+#include "fundfile/datasource.h"
+#include "fundfile/fundfile.h"
+
+#include <filesystem>
+#include <string>
+
+struct FundSources {
+    DataSource& holdings;  ///< `dtaBasData`
+    DataSource& points;    ///< `dtaPlott`
+};
+
+/// Opens `path`, binds the holdings to FR_FONDDATA and the points to `pointsQuery`
+/// (queries::AllPoints or AllPointsAfterOpening), and refreshes holdings, then points. Throws what
+/// OpenFundFile throws; the sources are bound to nothing then, and no file is left open by it.
+/// Tell the user when `right` is not WriteRight::Ours: fundtexts::Explain says it.
+FundFile OpenAndBind(const std::filesystem::path& path, const FundSources& sources,
+                     const std::string& pointsQuery);
