@@ -53,7 +53,7 @@ Drawing ScreenDrawing(std::span<const CurvePoint> points, const CurveStyle& styl
     return drawing;
 }
 
-double page::CmPerPercent(ScaleRange scale) {
+double onpage::CmPerPercent(ScaleRange scale) {
     const double height = static_cast<double>(scale.top) - scale.bottom;
     if (height == 0) throw Error{ErrorNumber::DivisionByZero, "a scale without height"};
     return kHeightCm / height;
@@ -62,14 +62,16 @@ double page::CmPerPercent(ScaleRange scale) {
 Drawing PageDrawing(std::span<const CurvePoint> points, const CurveStyle& style,
                     std::int32_t startDay, std::int32_t dayStep, ScaleRange scale) {
     Drawing drawing;
-    const double cmPerPercent = page::CmPerPercent(scale);
+    const double cmPerPercent = onpage::CmPerPercent(scale);
     const auto x = [&](const CurvePoint& point) {
-        return page::kLeftCm + page::kCmPerDay * static_cast<double>(WindowDay(point, startDay));
+        return onpage::kLeftCm +
+               onpage::kCmPerDay * static_cast<double>(WindowDay(point, startDay));
     };
     const auto pinned = [&](const CurvePoint& point) {
-        return Point{std::max(x(point), page::kLeftCm), page::kZeroCm - cmPerPercent * point.value};
+        return Point{std::max(x(point), onpage::kLeftCm),
+                     onpage::kZeroCm - cmPerPercent * point.value};
     };
-    if (points.empty() || x(points.front()) >= page::kEndCm) return drawing;
+    if (points.empty() || x(points.front()) >= onpage::kEndCm) return drawing;
     drawing.colour = style.colour;
     drawing.label = PlainText(style.kontoId);
 
@@ -80,7 +82,7 @@ Drawing PageDrawing(std::span<const CurvePoint> points, const CurveStyle& style,
     }
     Walk(points.size(), dayStep, [&](std::size_t index) {
         drawing.line.push_back(pinned(points[index]));
-        return x(points[index]) < page::kEndCm;
+        return x(points[index]) < onpage::kEndCm;
     });
     drawing.labelAt = {drawing.line.back().x,
                        drawing.line.back().y - cmPerPercent * kLabelAboveLine};

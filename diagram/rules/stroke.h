@@ -42,7 +42,7 @@ Drawing ScreenDrawing(std::span<const CurvePoint> points, const CurveStyle& styl
                       std::int32_t startDay, std::int32_t dayStep);
 
 /// Where the diagram lies on the page, in centimetres from the page's upper left corner.
-namespace page {
+namespace onpage {
 inline constexpr double kLeftCm = 3.0;
 inline constexpr double kCmPerDay = 0.041;
 inline constexpr double kZeroCm = 9.2;
@@ -51,7 +51,7 @@ inline constexpr double kEndCm = 18.3;
 
 /// Centimetres per percent. Throws DivisionByZero for a scale without height.
 double CmPerPercent(ScaleRange scale);
-}  // namespace page
+}  // namespace onpage
 
 /// The same curve on the page, in centimetres, y growing downward: what lies left of the diagram is
 /// moved to its left edge, and the series ends with the first point at 18.3 cm or beyond.

@@ -94,10 +94,10 @@ TEST(ScreenDrawing, SurvivesTheWidestDayNumbers) {
 }
 
 TEST(PageDrawing, SpansSevenCentimetresOverTheScale) {
-    EXPECT_DOUBLE_EQ(page::CmPerPercent({45, -30}), 7.0 / 75);
-    EXPECT_DOUBLE_EQ(page::CmPerPercent({15, -10}), 7.0 / 25);
+    EXPECT_DOUBLE_EQ(onpage::CmPerPercent({45, -30}), 7.0 / 75);
+    EXPECT_DOUBLE_EQ(onpage::CmPerPercent({15, -10}), 7.0 / 25);
     try {
-        page::CmPerPercent({10, 10});
+        onpage::CmPerPercent({10, 10});
         FAIL();
     } catch (const Error& error) {
         EXPECT_EQ(error.Number(), ErrorNumber::DivisionByZero);

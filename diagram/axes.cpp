@@ -1,0 +1,119 @@
+#include "diagram/axes.h"
+
+#include "app/frmPPM.h"
+#include "app/imagebutton.h"
+#include "base/error.h"
+#include "base/number.h"
+#include "diagram/diagramview.h"
+#include "diagram/rules/zoom.h"
+#include "diagram/texts.h"
+#include "platform/caption.h"
+
+#include <QAction>
+#include <QLabel>
+
+namespace {
+
+constexpr std::int32_t kDay = 1;
+constexpr std::int32_t kWeek = 7;
+constexpr std::int32_t kMonth = 30;
+
+}  // namespace
+
+Axes::Axes(frmPPM& ppm) : Controller(ppm) {
+    On(window.Image4, &ImageButton::MouseUp, this, &Axes::Image4_MouseUp);
+    On(window.Image5, &ImageButton::MouseUp, this, &Axes::Image5_MouseUp);
+    On(window.mnuPlus, &QAction::triggered, [this] { mnuPlus_Click(); });
+    On(window.mnuMinus, &QAction::triggered, [this] { mnuMinus_Click(); });
+    On(window.mnuVeckor, &QAction::triggered, [this] { mnuVeckor_Click(); });
+    On(window.mnuMonth, &QAction::triggered, [this] { mnuMonth_Click(); });
+}
+
+void Axes::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
+    const ScaleRange scale{top, bottom};
+    Skipping skip;
+    skip([&] { window.picDiagram->SetUserScale(scale); });
+    skip([&] { LabelScale(scale); });
+    Redraw();
+}
+
+void Axes::LabelScale(ScaleRange scale) {
+    int place = 0;
+    for (const std::int32_t value : ScaleLabels(scale)) {
+        SetCaption(window.lblVertical[++place], PlainText(value));
+    }
+}
+
+void Axes::AdvanceOneMonth() {
+    MoveWindow(WindowMove::OneMonthAhead);
+}
+
+void Axes::MoveWindow(WindowMove move) {
+    const std::int32_t start = MovedStart(window.WindowStartDay, move);
+    const WindowLabels labels = LabelsOf(start, window.MonthNames);
+    window.WindowStartDay = start;
+    for (int month = 1; month <= 12; ++month) {
+        SetCaption(window.lblMonth[month], labels.months[static_cast<std::size_t>(month - 1)]);
+    }
+    SetCaption(window.lbLeftYear, labels.leftYear);
+    SetCaption(window.lblRightYear, labels.rightYear);
+}
+
+void Axes::Scroll(WindowMove move) {
+    window.ResetPanels();
+    MoveWindow(move);
+    Redraw();
+}
+
+void Axes::Image4_MouseUp(Qt::MouseButton button) {
+    Scroll(button == Qt::RightButton ? WindowMove::YearBack : WindowMove::QuarterBack);
+}
+
+void Axes::Image5_MouseUp(Qt::MouseButton button) {
+    Scroll(button == Qt::RightButton ? WindowMove::YearAhead : WindowMove::QuarterAhead);
+}
+
+void Axes::mnuVeckor_Click() {
+    ToggleStep(kWeek);
+}
+void Axes::mnuMonth_Click() {
+    ToggleStep(kMonth);
+}
+
+void Axes::ToggleStep(std::int32_t days) {
+    const bool showsDays = window.DayStep != kWeek && window.DayStep != kMonth;
+    window.DayStep = showsDays ? days : kDay;
+    SetCaption(window.mnuVeckor, showsDays ? texts::ShowDays : texts::ShowWeeks);
+    SetCaption(window.mnuMonth, showsDays ? texts::ShowDays : texts::ShowMonths);
+    Redraw();
+}
+
+void Axes::mnuPlus_Click() {
+    const bool single = window.markers.SingleFundShown();
+    const ScaleRange automatic = single ? ScaleRange{window.FundScaleTop, window.FundScaleBottom}
+                                        : ScaleRange{window.AllScaleTop, window.AllScaleBottom};
+    const Zoomed zoomed =
+        ZoomIn(StoredScale(), automatic, single ? CurveView::Single : CurveView::Several);
+    StoreScale(zoomed.scale);
+    if (zoomed.redraw) SetVerticalScale(zoomed.scale.bottom, zoomed.scale.top);
+}
+
+void Axes::mnuMinus_Click() {
+    const Zoomed zoomed = ZoomOut(StoredScale());
+    StoreScale(zoomed.scale);
+    if (zoomed.redraw) SetVerticalScale(zoomed.scale.bottom, zoomed.scale.top);
+}
+
+ScaleRange Axes::StoredScale() const {
+    return {window.ScaleTop, window.ScaleBottom};
+}
+
+void Axes::StoreScale(ScaleRange scale) {
+    window.ScaleTop = scale.top;
+    window.ScaleBottom = scale.bottom;
+}
+
+void Axes::Redraw() {
+    window.picDiagram->Clear();
+    window.PlotCurves();
+}

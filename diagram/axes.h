@@ -1,0 +1,39 @@
+#pragma once
+// The diagram's axes: the percent scale with its labels and zoom, the twelve months with theirs and
+// how they are scrolled, and the step of day, week or month view.
+
+#include "app/controller.h"
+#include "diagram/rules/scale.h"
+#include "diagram/rules/timewindow.h"
+
+#include <Qt>
+
+#include <cstdint>
+
+class Axes : Controller {
+  public:
+    explicit Axes(frmPPM& window);
+
+    /// Sets and labels the scale, and draws the curves anew. Storing ScaleTop and ScaleBottom is
+    /// the caller's.
+    void SetVerticalScale(std::int32_t bottom, std::int32_t top);
+    /// Moves and labels the months; draws nothing.
+    void AdvanceOneMonth();
+
+    void Image4_MouseUp(Qt::MouseButton button);
+    void Image5_MouseUp(Qt::MouseButton button);
+    void mnuPlus_Click();
+    void mnuMinus_Click();
+
+  private:
+    void mnuVeckor_Click();
+    void mnuMonth_Click();
+
+    void LabelScale(ScaleRange scale);
+    void MoveWindow(WindowMove move);
+    void Scroll(WindowMove move);
+    void ToggleStep(std::int32_t days);
+    void StoreScale(ScaleRange scale);
+    ScaleRange StoredScale() const;
+    void Redraw();
+};

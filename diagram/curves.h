@@ -1,0 +1,32 @@
+#pragma once
+// Draws the chosen holdings' curves, on the screen and on the printed page, and finds the automatic
+// scale of a holding from its points.
+
+#include "app/controller.h"
+#include "diagram/rules/stroke.h"
+
+#include <cstdint>
+#include <functional>
+#include <span>
+
+class PrinterPage;
+
+class Curves : Controller {
+  public:
+    explicit Curves(frmPPM& window);
+
+    /// Draws the curves of SelectedCurves over what is in the diagram. A failure is shown and
+    /// logged.
+    void PlotCurves();
+    /// Draws the same on the page. A failure is shown and logged.
+    void PrintCurves(PrinterPage& page);
+    /// Stores the automatic scale of a holding in the current row of `dtaBasData`: in place of what
+    /// is there, or (replace false) after the curve list that stands there.
+    void ComputeFundScale(std::int32_t kontoId, bool replace);
+
+  private:
+    /// Hands the points and the look of each chosen holding that has points to `draw`, in order.
+    using Draw = std::function<void(std::span<const CurvePoint>, const CurveStyle&)>;
+    void ForEachCurve(const Draw& draw);
+    void DescribeDiagram();
+};

@@ -1,0 +1,22 @@
+#pragma once
+// The Swedish texts of the diagram.
+
+#include <string_view>
+
+namespace texts {
+
+inline constexpr std::string_view ShowDays = "Visa Dag för Dag";
+inline constexpr std::string_view ShowWeeks = "Visa Vecka för Vecka";
+inline constexpr std::string_view ShowMonths = "Visa Månad för Månad";
+
+inline constexpr std::string_view PlotFailed = "Fel i Plottingrutinen\r\nGör omstart på programmet";
+inline constexpr std::string_view PlotFailedLog = "Fel i Plottingrutinen ";
+inline constexpr std::string_view PrintPlotFailed =
+    "Fel i PrintPlotta\r\nGör omstart på programmet";
+inline constexpr std::string_view PrintPlotFailedLog = "Fel i Print Plottingrutinen ";
+
+/// For those who do not see the diagram.
+inline constexpr std::string_view CurvesShown = "Kurvor: ";
+inline constexpr std::string_view NoCurves = "Inga kurvor";
+
+}  // namespace texts
