@@ -20,7 +20,11 @@ constexpr Colour kGridInk{226, 229, 224};
 constexpr Colour kZeroInk{146, 154, 148};
 constexpr Colour kFrameInk{168, 176, 170};
 constexpr Colour kCrossHairInk{0, 128, 0};
-constexpr double kCurveWidth = 1.0;
+
+/// Few curves are drawn stronger; many stay apart better when they are fine.
+constexpr std::size_t kFewCurves = 4;
+constexpr double kStrongLine = 1.6;
+constexpr double kFineLine = 1.0;
 
 }  // namespace
 
@@ -154,8 +158,9 @@ void DiagramView::PaintPicture() {
     PaintGrid(painter);
     painter.setFont(font());
     painter.setRenderHint(QPainter::Antialiasing);
+    const double lineWidth = drawings_.size() <= kFewCurves ? kStrongLine : kFineLine;
     DrawCurves(painter, drawings_,
-               {ToPixelsTransform(), QRectF(rect()), kCurveWidth, 1 / devicePixelRatioF(),
+               {ToPixelsTransform(), QRectF(rect()), lineWidth, 1 / devicePixelRatioF(),
                 ToQColor(kDiagramGround)});
 }
 

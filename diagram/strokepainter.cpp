@@ -1,5 +1,7 @@
 #include "diagram/strokepainter.h"
 
+#include "diagram/rules/labelplaces.h"
+
 #include <QFontMetricsF>
 
 #include <algorithm>
@@ -79,50 +81,6 @@ class Piece {
     double column_ = 0, place_ = 0;
 };
 
-/// Labels drawn so far, so that the next one finds a free place.
-class LabelPlaces {
-  public:
-    explicit LabelPlaces(QRectF area) : area_(area) {}
-
-    QRectF Take(QRectF wanted) {
-        const QRectF inside = Inward(wanted);
-        const QRectF place = Free(inside).value_or(inside);
-        taken_.push_back(place);
-        return place;
-    }
-
-  private:
-    static constexpr int kTries = 60;
-
-    QRectF Inward(QRectF place) const {
-        if (place.right() > area_.right()) place.moveRight(area_.right());
-        if (place.left() < area_.left()) place.moveLeft(area_.left());
-        if (place.bottom() > area_.bottom()) place.moveBottom(area_.bottom());
-        if (place.top() < area_.top()) place.moveTop(area_.top());
-        return place;
-    }
-    bool IsFree(const QRectF& place) const {
-        return std::none_of(taken_.begin(), taken_.end(),
-                            [&](const QRectF& other) { return other.intersects(place); });
-    }
-    std::optional<QRectF> Free(const QRectF& wanted) const {
-        const double step = wanted.height() / 4;
-        for (int n = 0; n <= kTries; ++n) {
-            for (const double shift : {-n * step, n * step}) {
-                const QRectF place = wanted.translated(0, shift);
-                if (place.top() >= area_.top() && place.bottom() <= area_.bottom() &&
-                    IsFree(place)) {
-                    return place;
-                }
-            }
-        }
-        return std::nullopt;
-    }
-
-    QRectF area_;
-    std::vector<QRectF> taken_;
-};
-
 void DrawLine(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface) {
     QPen pen(ToQColor(drawing.colour), surface.lineWidth);
     pen.setJoinStyle(Qt::BevelJoin);
@@ -130,19 +88,35 @@ void DrawLine(QPainter& painter, const Drawing& drawing, const StrokeSurface& su
     for (const QPolygonF& piece : VisiblePieces(drawing.line, surface)) painter.drawPolyline(piece);
 }
 
-void DrawLabel(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface,
-               LabelPlaces& places) {
-    const QPointF at = surface.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y));
-    if (!surface.area.contains(
-            QPointF(at.x(), std::clamp(at.y(), surface.area.top(), surface.area.bottom())))) {
-        return;
-    }
-    const QString text = QString::fromStdString(drawing.label);
+LabelBox ToBox(const QRectF& rect) {
+    return {rect.left(), rect.top(), rect.width(), rect.height()};
+}
+
+/// Whether a label belongs into the picture: its curve ends between the left and the right edge.
+bool ShowsLabel(const Drawing& drawing, const StrokeSurface& surface) {
+    if (drawing.label.empty()) return false;
+    const double x = surface.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y)).x();
+    return x >= surface.area.left() && x <= surface.area.right();
+}
+
+/// A place for every label that shows, in the drawings' order.
+std::vector<LabelBox> LabelPlaces(const QPainter& painter, std::span<const Drawing> drawings,
+                                  const StrokeSurface& surface) {
     const QFontMetricsF metrics(painter.font(), painter.device());
-    const QRectF wanted(at, QSizeF(metrics.horizontalAdvance(text), metrics.ascent()));
-    if (!surface.area.intersects(wanted)) return;
-    const QRectF place = places.Take(wanted);
-    const QPointF base(place.left(), place.bottom());
+    std::vector<LabelBox> wanted;
+    for (const Drawing& drawing : drawings) {
+        if (!ShowsLabel(drawing, surface)) continue;
+        const QPointF at = surface.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y));
+        const double width = metrics.horizontalAdvance(QString::fromStdString(drawing.label));
+        wanted.push_back({at.x(), at.y(), width, metrics.ascent()});
+    }
+    return PlaceLabels(wanted, ToBox(surface.area));
+}
+
+void DrawLabel(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface,
+               const LabelBox& place) {
+    const QString text = QString::fromStdString(drawing.label);
+    const QPointF base(place.left, place.Bottom());
     if (surface.halo.isValid()) {
         painter.setPen(surface.halo);
         for (const QPointF shift : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
@@ -197,10 +171,11 @@ void DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
     painter.save();
     painter.setClipRect(surface.area, Qt::IntersectClip);
     painter.setBrush(Qt::NoBrush);
-    LabelPlaces places(surface.area);
+    const std::vector<LabelBox> places = LabelPlaces(painter, drawings, surface);
+    auto place = places.begin();
     for (const Drawing& drawing : drawings) {
         DrawLine(painter, drawing, surface);
-        if (!drawing.label.empty()) DrawLabel(painter, drawing, surface, places);
+        if (ShowsLabel(drawing, surface)) DrawLabel(painter, drawing, surface, *place++);
     }
     painter.restore();
 }

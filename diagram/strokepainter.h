@@ -21,9 +21,9 @@ struct StrokeSurface {
     QColor halo;        ///< drawn round the labels' characters where it is valid
 };
 
-/// Draws in order: each curve's line, then its label, over what was there. A label that would run
-/// over an earlier one or over the area's edge is moved up or down, or inward, as little as
-/// possible.
+/// Draws in order: each curve's line, then its label, over what was there. Labels that would run
+/// over each other or over the area's edge are moved up, down or inward as little as possible; a
+/// curve that ends left or right of the area has none.
 void DrawCurves(QPainter& painter, std::span<const Drawing> drawings, const StrokeSurface& surface);
 
 /// The pieces of a line inside the area, in the painter's units, without detail finer than the

@@ -15,7 +15,7 @@ constexpr double kLightnessStep = 0.01;
 constexpr double kReadable = 4.5;  // the contrast that small text needs
 
 /// Neighbours in hue are 5, 8 or 13 holdings apart; three lightnesses in turn tell them apart, too.
-constexpr std::array<double, 3> kLightnesses{0.56, 0.44, 0.50};
+constexpr std::array<double, 3> kLightnesses{0.36, 0.57, 0.46};
 
 using Linear = std::array<double, 3>;
 
