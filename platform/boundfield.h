@@ -9,9 +9,9 @@
 
 class DataSource;
 
-/// Stores when it is left, before the row changes, or when told to. An empty set or no current row
-/// shows nothing and takes no typing. What cannot be stored stays typed; the data source reports
-/// the failure.
+/// Stores when it is left or when told to. Up and Down go to the neighbouring fields. An empty set
+/// or no current row shows nothing and takes no typing. What cannot be stored stays typed; the data
+/// source reports the failure.
 class BoundField : public EntryField {
     Q_OBJECT
 
@@ -26,14 +26,17 @@ class BoundField : public EntryField {
     void Reload();  ///< shows what is stored; forgets what was typed
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    void Watch();
     bool HasRow() const;
+    void Follow();
+    void MoveFocus(bool forward, QKeyEvent* event);
 
     QPointer<DataSource> source_;
     std::string column_;
     QString shown_;
-    int row_ = -1;
+    int row_ = -1;  ///< the row shown; -1: none
+    bool storing_ = false;
 };

@@ -4,6 +4,7 @@
 #include <string>
 
 class Dialogs;
+enum class FileChoice;
 
 class CommonDialog {
   public:
@@ -24,5 +25,7 @@ class CommonDialog {
     void ShowSave();
 
   private:
+    void Show(FileChoice choice);
+
     Dialogs& dialogs_;
 };

@@ -8,6 +8,7 @@
 #include <QPointer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +37,7 @@ struct GridEvents {
         beforeRowStore;  ///< the row is still typed: ask TypedText, complete with TypeText
     std::function<void(bool isNew)> afterRowStore;
     std::function<bool()> beforeRowDelete;  ///< the row is the data source's current one
+    std::function<void()> deleteRow;        ///< takes the place of the data source's plain Delete
     std::function<void()> afterRowDelete;
     std::function<void()> rowOrColumnChanged;
 };
@@ -85,12 +87,17 @@ class DataGrid : public QFrame {
   protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     class CellDelegate;
     class GuardedSelection;
+    class RowHeader;
     class Table;
     struct State;
+
+    void SetUpTable();
+    void ForwardEnter(int column);
+    void LeaveWithFocus(QWidget* from, QWidget* to);
+
     std::unique_ptr<State> state_;
 };

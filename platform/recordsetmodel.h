@@ -25,6 +25,10 @@ struct GridColumn {
     int widthShare = 1;
 };
 
+/// A value as the user reads and types it: decimal comma, dates as yyyy-mm-dd. `decimals` -1: as
+/// many as there are.
+std::string ShownText(const jet::Value& value, int decimals = -1);
+
 /// The row being typed lives here, as texts, until it is stored.
 class RecordSetModel : public QAbstractTableModel {
     Q_OBJECT
@@ -59,24 +63,25 @@ class RecordSetModel : public QAbstractTableModel {
     /// has reported.
     bool Store();
     void Forget();
-    /// Forgets one cell's typing.
-    void ForgetCell(int row, int column);
 
   private:
     struct Typing {
         int row = 0;
         std::map<std::string, std::string> texts;
     };
-    std::size_t Position(const std::string& field) const;
-    std::string StoredText(int row, const std::string& field, int decimals) const;
-    void Started(const std::optional<int>& rowBefore);
+    void FindRows();
+    std::optional<std::size_t> Position(const std::string& field) const;
+    std::string StoredText(int row, std::optional<std::size_t> position, int decimals) const;
+    void WriteTyping(const Typing& typing);
+    void ShowRow(int row);
     void RowStored(int position);
     void RowDeleted(int position);
 
     QPointer<DataSource> source_;
     std::vector<GridColumn> columns_;
+    std::vector<std::optional<std::size_t>> positions_;  ///< of the columns in the record set
     std::optional<Typing> typing_;
     int storedRows_ = -1;  ///< -1: no record set, no rows at all
     bool awake_ = false;
-    bool storing_ = false;
+    bool writing_ = false;
 };

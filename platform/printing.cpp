@@ -1,0 +1,169 @@
+#include "platform/printing.h"
+
+#include "base/error.h"
+#include "platform/caption.h"
+#include "platform/dialogs.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+
+namespace {
+
+constexpr double kCmPerInch = 2.54;
+constexpr double kPointsPerInch = 72.0;
+constexpr double kA4WidthCm = 21.0, kA4HeightCm = 29.7;
+
+[[noreturn]] void Fail(const char* what) {
+    throw Error{ErrorNumber::PrinterError, what};
+}
+
+}  // namespace
+
+struct PrinterPage::State {
+    std::unique_ptr<QPagedPaintDevice> device;
+    QPainter painter;  // after the device: it must end before the device goes
+    double dotsPerCmX = 1, dotsPerCmY = 1;
+    QPointF position;  // centimetres
+
+    QFontMetricsF Metrics() const { return QFontMetricsF(painter.font(), device.get()); }
+
+    void Check() const {
+        const auto* printer = dynamic_cast<const QPrinter*>(device.get());
+        const bool failed = printer != nullptr && (printer->printerState() == QPrinter::Error ||
+                                                   printer->printerState() == QPrinter::Aborted);
+        if (failed || !painter.isActive()) Fail("the printer does not print");
+    }
+
+    void Draw(QPointF atCm, std::string_view text) {
+        Check();
+        const QFontMetricsF metrics = Metrics();
+        painter.drawText(QPointF(atCm.x() * dotsPerCmX, atCm.y() * dotsPerCmY + metrics.ascent()),
+                         ToQt(text));
+    }
+};
+
+PrinterPage::PrinterPage(std::unique_ptr<QPagedPaintDevice> device)
+    : state_(std::make_unique<State>()) {
+    state_->device = std::move(device);
+    if (!state_->painter.begin(state_->device.get())) Fail("the printer does not begin");
+    state_->dotsPerCmX = state_->device->logicalDpiX() / kCmPerInch;
+    state_->dotsPerCmY = state_->device->logicalDpiY() / kCmPerInch;
+    state_->painter.setRenderHint(QPainter::Antialiasing);
+    state_->painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    state_->painter.setPen(Qt::black);
+}
+
+PrinterPage::~PrinterPage() {
+    if (state_->painter.isActive()) state_->painter.end();
+}
+
+double PrinterPage::WidthCm() const {
+    const double width = state_->device->width() / state_->dotsPerCmX;
+    return width > 0 ? width : kA4WidthCm;
+}
+
+double PrinterPage::HeightCm() const {
+    const double height = state_->device->height() / state_->dotsPerCmY;
+    return height > 0 ? height : kA4HeightCm;
+}
+
+double PrinterPage::LineHeightCm() const {
+    return state_->Metrics().lineSpacing() / state_->dotsPerCmY;
+}
+
+double PrinterPage::TextWidthCm(std::string_view text) const {
+    return state_->Metrics().horizontalAdvance(ToQt(text)) / state_->dotsPerCmX;
+}
+
+double PrinterPage::ColumnCm(int column) const {
+    return (column - 1) * state_->Metrics().averageCharWidth() / state_->dotsPerCmX;
+}
+
+QPointF PrinterPage::Position() const {
+    return state_->position;
+}
+
+void PrinterPage::SetFont(std::string_view family, double points, bool bold) {
+    QFont font(ToQt(family));
+    font.setPointSizeF(points);
+    font.setBold(bold);
+    state_->painter.setFont(font);
+}
+
+void PrinterPage::MoveTo(double xCm, double yCm) {
+    state_->position = {xCm, yCm};
+}
+
+void PrinterPage::Print(std::string_view text) {
+    state_->Draw(state_->position, text);
+    state_->position = {0, state_->position.y() + LineHeightCm()};
+}
+
+void PrinterPage::PrintColumns(std::span<const ColumnText> line) {
+    for (const ColumnText& piece : line) {
+        state_->Draw({ColumnCm(piece.column), state_->position.y()}, piece.text);
+    }
+    state_->position = {0, state_->position.y() + LineHeightCm()};
+}
+
+void PrinterPage::PrintAt(double xCm, double yCm, std::string_view text) {
+    MoveTo(xCm, yCm);
+    Print(text);
+}
+
+void PrinterPage::DrawLine(QPointF fromCm, QPointF toCm, double widthPoints) {
+    state_->Check();
+    const QTransform toDevice = CentimetresToDevice();
+    QPen pen(Qt::black);
+    pen.setWidthF(widthPoints / kPointsPerInch * kCmPerInch * state_->dotsPerCmX);
+    pen.setCapStyle(Qt::FlatCap);
+    state_->painter.save();
+    state_->painter.setPen(pen);
+    state_->painter.drawLine(toDevice.map(fromCm), toDevice.map(toCm));
+    state_->painter.restore();
+}
+
+void PrinterPage::DrawPicture(const QImage& picture, QRectF areaCm) {
+    state_->Check();
+    state_->painter.drawImage(CentimetresToDevice().mapRect(areaCm), picture);
+}
+
+void PrinterPage::NewPage() {
+    state_->Check();
+    if (!state_->device->newPage()) Fail("the printer takes no further page");
+    state_->position = {0, 0};
+}
+
+void PrinterPage::EndDocument() {
+    state_->Check();
+    if (!state_->painter.end()) Fail("the printer does not end the document");
+}
+
+QPainter& PrinterPage::Painter() {
+    return state_->painter;
+}
+
+QTransform PrinterPage::CentimetresToDevice() const {
+    return QTransform::fromScale(state_->dotsPerCmX, state_->dotsPerCmY);
+}
+
+std::unique_ptr<PrinterPage> SystemPrinting::Begin(std::string_view documentName) {
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(ToQt(documentName));
+    printer->setPageSize(QPageSize(QPageSize::A4));
+    if (!dialogs_.PickPrinter(*printer)) return nullptr;
+    // Positions count from the paper's corner, not from the printable area's.
+    printer->setFullPage(true);
+    return std::make_unique<PrinterPage>(std::move(printer));
+}
+
+std::unique_ptr<PrinterPage> PdfPage(std::string_view path, std::string_view documentName) {
+    auto writer = std::make_unique<QPdfWriter>(ToQt(path));
+    writer->setTitle(ToQt(documentName));
+    writer->setResolution(600);
+    writer->setPageSize(QPageSize(QPageSize::A4));
+    writer->setPageMargins(QMarginsF(0, 0, 0, 0));
+    return std::make_unique<PrinterPage>(std::move(writer));
+}

@@ -1,0 +1,106 @@
+#include "platform/programs.h"
+
+#include "base/error.h"
+#include "platform/caption.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <array>
+#include <optional>
+
+namespace {
+
+constexpr const char* kEditor = "NotePad.exe";
+constexpr const char* kHelpViewer = "WinHlp32.exe";
+constexpr const char* kOurHelpViewer = "kvarnbo-hjalp";
+
+// Where no desktop names its editor.
+constexpr std::array kKnownEditors{"gnome-text-editor", "gedit",   "kate",  "kwrite",
+                                   "mousepad",          "xed",     "pluma", "featherpad",
+                                   "leafpad",           "l3afpad", "geany"};
+
+struct Command {
+    QString program;
+    QStringList arguments;
+};
+
+QString Output(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(2000)) return {};
+    return QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+}
+
+// The value of `key` in the main group of a desktop entry.
+QString DesktopEntry(const QString& path, const QString& key) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) return {};
+    bool inMainGroup = false;
+    while (!file.atEnd()) {
+        const QString line = QString::fromUtf8(file.readLine()).trimmed();
+        if (line.startsWith(u'[')) inMainGroup = line == QStringLiteral("[Desktop Entry]");
+        if (inMainGroup && line.startsWith(key + u'=')) return line.mid(key.size() + 1).trimmed();
+    }
+    return {};
+}
+
+// What the desktop opens plain text with; the field codes of its command line stand for the files.
+std::optional<Command> DesktopEditor(const QStringList& files) {
+    const QString entry =
+        Output(QStringLiteral("xdg-mime"),
+               {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("text/plain")});
+    if (entry.isEmpty()) return std::nullopt;
+    const QString path = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, entry,
+                                                QStandardPaths::LocateFile);
+    if (path.isEmpty() ||
+        DesktopEntry(path, QStringLiteral("Terminal")) == QStringLiteral("true")) {
+        return std::nullopt;
+    }
+    QStringList words = QProcess::splitCommand(DesktopEntry(path, QStringLiteral("Exec")));
+    if (words.isEmpty()) return std::nullopt;
+    const QString program = QStandardPaths::findExecutable(words.takeFirst());
+    if (program.isEmpty()) return std::nullopt;
+    words.removeIf([](const QString& word) { return word.startsWith(u'%'); });
+    return Command{program, words + files};
+}
+
+std::optional<Command> Editor(const QStringList& files) {
+    if (const std::optional<Command> editor = DesktopEditor(files)) return editor;
+    for (const char* name : kKnownEditors) {
+        const QString program = QStandardPaths::findExecutable(QString::fromLatin1(name));
+        if (!program.isEmpty()) return Command{program, files};
+    }
+    return std::nullopt;
+}
+
+std::optional<Command> HelpViewer(const QStringList& files) {
+    const QString name = QString::fromLatin1(kOurHelpViewer);
+    QString program =
+        QStandardPaths::findExecutable(name, {QCoreApplication::applicationDirPath()});
+    if (program.isEmpty()) program = QStandardPaths::findExecutable(name);
+    if (program.isEmpty()) return std::nullopt;
+    return Command{program, files};
+}
+
+std::optional<Command> Resolve(const QString& name, const QStringList& words) {
+    if (name == QLatin1String(kEditor)) return Editor(words);
+    if (name == QLatin1String(kHelpViewer)) return HelpViewer(words);
+    return Command{name, words};
+}
+
+}  // namespace
+
+void DesktopPrograms::Start(std::string_view commandLine) {
+    QStringList words = ToQt(commandLine).split(u' ', Qt::SkipEmptyParts);
+    if (words.isEmpty())
+        throw Error{ErrorNumber::FileNotFound, "the command line names no program"};
+    const QString name = words.takeFirst();
+    const std::optional<Command> command = Resolve(name, words);
+    if (!command || !QProcess::startDetached(command->program, command->arguments)) {
+        throw Error{ErrorNumber::FileNotFound, "cannot start " + FromQt(name)};
+    }
+}

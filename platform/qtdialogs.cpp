@@ -1,0 +1,125 @@
+#include "platform/qtdialogs.h"
+
+#include "base/text.h"
+#include "platform/caption.h"
+#include "platform/texts.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPushButton>
+
+#include <array>
+#include <vector>
+
+namespace {
+
+struct Choice {
+    Answer answer;
+    std::string_view caption;
+    QMessageBox::ButtonRole role;
+};
+
+constexpr Choice kOkChoice{Answer::Ok, texts::dialogs::kOk, QMessageBox::AcceptRole};
+constexpr Choice kCancelChoice{Answer::Cancel, texts::dialogs::kCancel, QMessageBox::RejectRole};
+constexpr Choice kYesChoice{Answer::Yes, texts::dialogs::kYes, QMessageBox::YesRole};
+constexpr Choice kNoChoice{Answer::No, texts::dialogs::kNo, QMessageBox::NoRole};
+
+std::vector<Choice> Choices(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::OkCancel:
+            return {kOkChoice, kCancelChoice};
+        case Buttons::YesNo:
+            return {kYesChoice, kNoChoice};
+        case Buttons::Ok:
+            break;
+    }
+    return {kOkChoice};
+}
+
+QMessageBox::Icon QtIcon(Icon icon) {
+    switch (icon) {
+        case Icon::Information:
+            return QMessageBox::Information;
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Exclamation:
+            return QMessageBox::Warning;
+        case Icon::Critical:
+            return QMessageBox::Critical;
+        case Icon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// A box on top of a box: the parent is whatever the user looks at.
+QWidget* Parent() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+// "Access mdb|*.mdb|All|*.*" as Qt writes it.
+QString QtFilter(const std::string& filter) {
+    const std::vector<std::string> parts = Split(filter, "|");
+    QStringList filters;
+    for (std::size_t i = 0; i + 1 < parts.size(); i += 2) {
+        filters += ToQt(parts[i]) + QStringLiteral(" (") + ToQt(parts[i + 1]) + QStringLiteral(")");
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
+}  // namespace
+
+Answer QtDialogs::Show(const Message& message) {
+    QMessageBox box(Parent());
+    box.setWindowTitle(ToQt(texts::dialogs::kDefaultTitle));
+    box.setTextFormat(Qt::PlainText);
+    // A label draws a carriage return as a character of its own.
+    box.setText(ToQt(message.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    box.setIcon(QtIcon(message.icon));
+
+    const std::vector<Choice> choices = Choices(message.buttons);
+    std::vector<QPushButton*> buttons;
+    for (const Choice& choice : choices) {
+        buttons.push_back(box.addButton(ToQt(choice.caption), choice.role));
+    }
+    const bool second = message.defaultButton == DefaultButton::Second && buttons.size() > 1;
+    box.setDefaultButton(buttons[second ? 1 : 0]);
+    box.setEscapeButton(buttons.back());
+    box.exec();
+
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        if (box.clickedButton() == buttons[i]) return choices[i].answer;
+    }
+    return choices.back().answer;
+}
+
+std::string QtDialogs::PickFile(const FileRequest& request) {
+    QFileDialog dialog(Parent(), ToQt(request.title), ToQt(request.folder),
+                       QtFilter(request.filter));
+    const bool saving = request.choice == FileChoice::Save;
+    dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(request.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
+    dialog.setDefaultSuffix(ToQt(request.defaultExtension));
+    if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
+    return FromQt(dialog.selectedFiles().constFirst());
+}
+
+std::optional<Rgb> QtDialogs::PickColour(Rgb shownFirst) {
+    QColorDialog dialog(QColor(shownFirst.red, shownFirst.green, shownFirst.blue), Parent());
+    dialog.setWindowTitle(ToQt(texts::dialogs::kDefaultTitle));
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    const QColor picked = dialog.selectedColor();
+    return Rgb{static_cast<std::uint8_t>(picked.red()), static_cast<std::uint8_t>(picked.green()),
+               static_cast<std::uint8_t>(picked.blue())};
+}
+
+bool QtDialogs::PickPrinter(QPrinter& printer) {
+    QPrintDialog dialog(&printer, Parent());
+    return dialog.exec() == QDialog::Accepted;
+}

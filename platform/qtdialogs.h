@@ -1,0 +1,12 @@
+#pragma once
+// The dialogs of the desktop.
+
+#include "platform/dialogs.h"
+
+class QtDialogs final : public Dialogs {
+  public:
+    Answer Show(const Message& message) override;
+    std::string PickFile(const FileRequest& request) override;
+    std::optional<Rgb> PickColour(Rgb shownFirst) override;
+    bool PickPrinter(QPrinter& printer) override;
+};

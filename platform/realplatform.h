@@ -1,0 +1,32 @@
+#pragma once
+// The real outside world, put together. Only main needs it.
+
+#include "fundfile/settings.h"
+#include "platform/clock.h"
+#include "platform/keystrokes.h"
+#include "platform/platform.h"
+#include "platform/printing.h"
+#include "platform/programs.h"
+#include "platform/qtdialogs.h"
+#include "platform/screen.h"
+
+class RealPlatform {
+  public:
+    explicit RealPlatform(std::string programFolder)
+        : platform{dialogs_,  clock_,  settings_,   printing_,
+                   programs_, screen_, keyStrokes_, std::move(programFolder)} {}
+    RealPlatform(const RealPlatform&) = delete;
+    RealPlatform& operator=(const RealPlatform&) = delete;
+
+  private:
+    QtDialogs dialogs_;
+    SystemClock clock_;
+    UserSettings settings_;
+    SystemPrinting printing_{dialogs_};
+    DesktopPrograms programs_;
+    DesktopScreen screen_;
+    FocusKeyStrokes keyStrokes_;
+
+  public:
+    Platform platform;
+};

@@ -1,0 +1,91 @@
+#include "platform/statuspanels.h"
+
+#include "base/error.h"
+#include "platform/caption.h"
+#include "platform/tag.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+
+class StatusPanels::Panel : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+    void SetWhole(const QString& text) {
+        whole_ = text;
+        setAccessibleName(text);
+        Elide();
+    }
+    const QString& Whole() const { return whole_; }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QLabel::resizeEvent(event);
+        Elide();
+    }
+    void changeEvent(QEvent* event) override {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Elide();
+    }
+
+  private:
+    void Elide() {
+        const QString shown =
+            fontMetrics().elidedText(whole_, Qt::ElideRight, contentsRect().width() - 2 * margin());
+        setText(shown);
+        setToolTip(shown == whole_ ? QString() : whole_);
+    }
+
+    QString whole_;
+};
+
+StatusPanels::StatusPanels(int panels, QWidget* parent) : QWidget(parent) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(2, 2, 2, 2);
+    row->setSpacing(2);
+    for (int i = 0; i < panels; ++i) {
+        auto* panel = new Panel(this);
+        panel->setTextFormat(Qt::PlainText);
+        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        panel->setMargin(3);
+        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        row->addWidget(panel, 1);
+        panels_.push_back(panel);
+    }
+}
+
+int StatusPanels::Count() const {
+    return static_cast<int>(panels_.size());
+}
+
+StatusPanels::Panel& StatusPanels::At(int panel) const {
+    if (panel < 1 || panel > Count()) {
+        throw Error{ErrorNumber::SubscriptOutOfRange, "the status bar has no such panel"};
+    }
+    return *panels_[static_cast<std::size_t>(panel - 1)];
+}
+
+void StatusPanels::SetText(int panel, std::string_view text) {
+    At(panel).SetWhole(ToQt(text));
+}
+
+std::string StatusPanels::Text(int panel) const {
+    return FromQt(At(panel).Whole());
+}
+
+void StatusPanels::SetTag(int panel, std::string_view tag) {
+    ::SetTag(&At(panel), tag);
+}
+
+std::string StatusPanels::Tag(int panel) const {
+    return ::Tag(&At(panel));
+}
+
+void StatusPanels::SetMinimumPanelWidth(int panel, int width, int share) {
+    Panel& one = At(panel);
+    one.setMinimumWidth(width);
+    static_cast<QHBoxLayout*>(layout())->setStretchFactor(&one, share);
+    one.setSizePolicy(share == 0 ? QSizePolicy::Fixed : QSizePolicy::Ignored,
+                      QSizePolicy::Preferred);
+    if (share == 0) one.setFixedWidth(width);
+}
