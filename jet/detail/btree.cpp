@@ -193,22 +193,25 @@ bool BTree::Insert(ByteView key, RowPointer row) {
     return isNew;
 }
 
-void BTree::Erase(ByteView key, RowPointer row) {
+bool BTree::Erase(ByteView key, RowPointer row) {
     const Bytes entry = MakeEntry(key, row);
     Path path = Descend(entry);
     Step& leaf = path.back();
     IndexPage& content = leaf.content;
     if (leaf.position >= content.Count() || !Same(content.Entry(leaf.position), entry)) {
-        ThrowDamaged(leaf.page, 0,
-                     "the index lacks the row " + Decimal(row.page) + "/" + Decimal(row.row));
+        return false;
     }
     content.Erase(leaf.position);
     leaf.changed = true;
-    if (content.Count() == 0 && path.size() > 1) return RemovePage(path);
+    if (content.Count() == 0 && path.size() > 1) {
+        RemovePage(path);
+        return true;
+    }
     if (content.Count() > 0 && leaf.position == content.Count()) {
         LastEntryChanged(path, path.size() - 1, content.Entry(content.Count() - 1));
     }
     Settle(path);
+    return true;
 }
 
 Bytes BTree::EraseByRowPointer(RowPointer row) {

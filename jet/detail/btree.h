@@ -55,8 +55,8 @@ class BTree {
     /// Adds an entry and says whether its key was not there before. Throws NotADatabase when the
     /// very entry is there already, FieldTooLong when no page can hold it.
     bool Insert(ByteView key, RowPointer row);
-    /// Removes the entry; NotADatabase when it is not there.
-    void Erase(ByteView key, RowPointer row);
+    /// Removes the entry; false when it is not there.
+    bool Erase(ByteView key, RowPointer row);
     /// Removes the row's entry by looking at all of them, and returns its key. For keys that cannot
     /// be computed.
     Bytes EraseByRowPointer(RowPointer row);

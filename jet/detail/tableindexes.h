@@ -13,6 +13,7 @@
 #include <optional>
 #include <set>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace jet::detail {
@@ -71,21 +72,28 @@ class TableIndexes {
     RowKey KeyFromRow(std::size_t realIndex, const RowView& row) const;
 
   private:
-    /// What the rows tell about the keys of an index with an unknown sort order.
+    /// What the rows tell about the keys of an index that cannot all be computed.
     struct Evidence {
-        bool general = false;           ///< every key is what the order "General" gives
-        std::set<char32_t> characters;  ///< that occur in them
-        std::map<Bytes, Bytes> known;   ///< values of the unknown columns -> their part of the key
+        bool general = false;  ///< there are keys, and each is what the order "General" gives
+        std::set<std::pair<std::size_t, char32_t>> characters;  ///< that occur in them, by column
+        std::map<Bytes, Bytes> known;  ///< the uncomputable columns' values -> their part of a key
     };
+    /// Key bytes column by column; none = not known.
+    using Parts = std::vector<std::optional<Bytes>>;
 
     std::vector<Value> KeyValues(std::size_t realIndex, std::span<const Value> values) const;
     std::vector<Value> KeyValues(std::size_t realIndex, const RowView& row) const;
     RowKey KeyFromValues(std::size_t realIndex, std::span<const Value> keyValues) const;
-    Bytes NewKey(std::size_t realIndex, std::span<const Value> keyValues);
+    Parts PartsOf(std::size_t realIndex, std::span<const Value> keyValues) const;
+    bool SameKey(std::size_t realIndex, std::span<const Value> a, std::span<const Value> b) const;
+    std::optional<Bytes> CheckedKey(std::size_t realIndex, std::span<const Value> keyValues,
+                                    RowPointer self);
+    Bytes KnownOrProvenKey(std::size_t realIndex, std::span<const Value> keyValues);
     const Evidence& EvidenceOf(std::size_t realIndex);
-    void CheckNulls(std::size_t realIndex, std::span<const Value> keyValues) const;
-    void CheckUnique(std::size_t realIndex, std::span<const Value> keyValues, ByteView key,
-                     RowPointer self) const;
+    void Learn(Evidence& evidence, std::size_t realIndex, std::span<const Value> keyValues,
+               ByteView key) const;
+    std::vector<KeyColumn> AsGeneral(std::size_t realIndex) const;
+    void EraseEntry(std::size_t realIndex, const std::optional<Bytes>& key, RowPointer row);
 
     TableStore* table_;
     std::vector<std::vector<KeyColumn>> columns_;
