@@ -1,6 +1,7 @@
 #pragma once
 // The Swedish texts of the main window that procedures show. Captions of controls are in furnish.
 
+#include "app/rules/texts.h"
 #include "base/error.h"
 
 #include <array>
@@ -38,21 +39,9 @@ inline constexpr auto kFailures = std::to_array<Failure>({
 
 inline constexpr std::string_view ListForPrices = "Ny DagsKurs för...";
 inline constexpr std::string_view WorkingWith = "Du arbetar med ";
-inline constexpr std::string_view WindowCaption = "  Kvarnbo  ";
-inline constexpr std::string_view WindowCaptionOfFund = "   Kvarnbo  ";
-inline constexpr std::string_view LastUpdate = " Senaste uppdatering    ";
 inline constexpr std::string_view SampleFile = "Vimmels_exempel.mdb";
 
 inline constexpr std::string_view DayByDay = "Visa Dag för Dag";
-
-inline constexpr std::string_view StartData = "StartData ";
-inline constexpr std::string_view StartPrice = "Startkurs : ";
-inline constexpr std::string_view LatestPrice = "Senaste : ";
-inline constexpr std::string_view NoLatestPrice = "Senaste :";
-inline constexpr std::string_view NoFund = "Fond";
-inline constexpr std::string_view NoPercent = "%";
-inline constexpr std::string_view NoValue = "-";
-inline constexpr std::string_view Percent = " %";
 
 inline constexpr std::string_view ToDiagram = "&Diagram";
 inline constexpr std::string_view ToHoldings = "&PPM Data";

@@ -252,6 +252,10 @@ std::string PointText(double value) {
     return Write(ToDecimal(value), '.');
 }
 
+double WidenSingle(float value) {
+    return ParseDouble(PointText(value));
+}
+
 std::string Fixed(float value, int decimals) {
     return WriteFixed(value, decimals);
 }

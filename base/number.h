@@ -29,6 +29,10 @@ std::string PlainText(std::int64_t value);
 std::string PointText(float value);
 std::string PointText(double value);
 
+/// The double that shows the same digits: 12,34 stays 12,34 and does not become
+/// 12,340000152587890625.
+double WidenSingle(float value);
+
 /// "0.00", "0.0000": so many decimals, decimal comma. Rounds what PlainText shows, halves away from
 /// zero, so that a value shown as 2,675 becomes 2,68.
 std::string Fixed(float value, int decimals);

@@ -175,6 +175,12 @@ TEST(PointText, HasADecimalPoint) {
     EXPECT_EQ(PointText(3.0F), "3");
 }
 
+TEST(WidenSingle, AddsNoDigits) {
+    EXPECT_EQ(WidenSingle(284.01F), 284.01);
+    EXPECT_EQ(WidenSingle(-0.1F), -0.1);
+    EXPECT_EQ(WidenSingle(3.0F), 3.0);
+}
+
 TEST(Fixed, ShowsSoManyDecimals) {
     const struct {
         double value;

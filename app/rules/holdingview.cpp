@@ -1,0 +1,75 @@
+#include "app/rules/holdingview.h"
+
+#include "app/rules/texts.h"
+#include "base/daynumber.h"
+#include "base/number.h"
+#include "fundfile/rules/savedvalues.h"
+
+namespace {
+
+constexpr int kShareDecimals = 4;
+constexpr int kAmountDecimals = 2;
+constexpr std::string_view kNoLatestPrice = "0";
+
+std::string Text(std::string_view text) {
+    return std::string(text);
+}
+
+std::string ShownFixed(std::optional<double> number, int decimals) {
+    return number ? Fixed(*number, decimals) : "";
+}
+
+std::array<std::string, 10> Labels(const HoldingRow& row, const std::optional<SavedValues>& saved) {
+    const std::string day = ShownDay(row.bokfortDatum);
+    const std::string shares = ShownFixed(row.fondandelar, kShareDecimals);
+    const std::string part = Shown(row.andel);
+    if (!saved) {
+        return {row.fondNr, day, shares, ShownFixed(row.vardeKr, kAmountDecimals), part};
+    }
+    return {row.fondNr, saved->date, saved->shares, saved->price,       saved->value,
+            "",         day,         shares,        Shown(row.vardeKr), part};
+}
+
+StatusTexts Status(const HoldingRow& row) {
+    StatusTexts status;
+    status.fund = row.fond;
+    status.startPriceTag = PlainText(StartPriceOf(row));
+    status.startPrice = StartPriceText(status.startPriceTag);
+    const bool known = !row.senasteKurs.empty() && row.senasteKurs != kNoLatestPrice;
+    status.latestPrice = known ? row.senasteKurs : Text(texts::NoLatestPrice);
+    status.change = known ? row.procent : Text(texts::NoPercent);
+    status.value = known ? row.kursVarde : Text(texts::NoValue);
+    return status;
+}
+
+}  // namespace
+
+HoldingView ViewOf(const HoldingRow& row, std::string_view line) {
+    const auto saved = ParseSavedValues(row.sparadeVarden);
+    HoldingView view;
+    view.labels = Labels(row, saved);
+    view.headings = saved ? texts::HeadingsOfChange : texts::HeadingsOfStart;
+    view.frameCaption = Text(texts::StartData) + Text(line) + "  " + row.namn;
+    view.windowCaption = Text(texts::WindowCaptionOfFund) + row.fond + Text(texts::LastUpdate) +
+                         (row.senasteDag ? DateText(*row.senasteDag) : "");
+    view.colourNumber = PlainText(row.kontoId);
+    view.status = Status(row);
+    return view;
+}
+
+HoldingView EmptyView() {
+    HoldingView view;
+    view.frameCaption = texts::StartData;
+    view.windowCaption = texts::WindowCaption;
+    view.status = {Text(texts::NoFund),    Text(texts::StartPrice), Text(texts::LatestPrice),
+                   Text(texts::NoPercent), Text(texts::NoValue),    ""};
+    return view;
+}
+
+std::string StartPriceText(std::string_view price) {
+    return Text(texts::StartPrice) + Text(price);
+}
+
+std::string LatestPriceText(std::string_view price) {
+    return Text(texts::LatestPrice) + Text(price);
+}

@@ -1,0 +1,38 @@
+#include "app/rules/keys.h"
+
+namespace {
+
+constexpr char32_t kEscape = 27;
+
+bool GridShown(ShownPanels shown) {
+    return shown.holdings || shown.plotData;
+}
+
+}  // namespace
+
+KeyAction OnKeyUp(FunctionKey key, ShownPanels shown) {
+    if (GridShown(shown)) return KeyAction::None;
+    switch (key) {
+        case FunctionKey::Left:
+            return KeyAction::ScrollLeft;
+        case FunctionKey::Right:
+            return KeyAction::ScrollRight;
+        case FunctionKey::F8:
+            return KeyAction::RedrawFunds;
+        case FunctionKey::F9:
+            return shown.colourButton ? KeyAction::ChooseColour : KeyAction::None;
+        case FunctionKey::F11:
+            return KeyAction::EnterPrice;
+        case FunctionKey::F12:
+            return shown.curvesButton ? KeyAction::ChooseCurves : KeyAction::None;
+    }
+    return KeyAction::None;
+}
+
+KeyAction OnKeyPress(char32_t typed, ShownPanels shown) {
+    if (typed == kEscape)
+        return shown.holdings ? KeyAction::ToDiagramFromGrid : KeyAction::ToDiagram;
+    if (typed == U'+') return KeyAction::ZoomIn;
+    if (typed == U'-' && !GridShown(shown)) return KeyAction::ZoomOut;
+    return KeyAction::None;
+}

@@ -1,0 +1,43 @@
+#pragma once
+// What a key means for the window as a whole, whatever control has the focus. Knows no Qt key
+// codes.
+
+#include <cstdint>
+
+/// Keys that act when they are let go, by their key codes.
+enum class FunctionKey : std::int32_t {
+    Left = 37,
+    Right = 39,
+    F8 = 119,
+    F9 = 120,
+    F11 = 122,
+    F12 = 123
+};
+
+enum class KeyAction {
+    None,  ///< the key belongs to the focused control
+    ScrollLeft,
+    ScrollRight,
+    RedrawFunds,
+    ChooseColour,
+    EnterPrice,
+    ChooseCurves,
+    ToDiagram,          ///< ResetPanels
+    ToDiagramFromGrid,  ///< ResetPanels, then the holdings grid is left as well
+    ZoomIn,
+    ZoomOut,
+};
+
+/// Which of the controls that change a key's meaning are visible.
+struct ShownPanels {
+    bool holdings = false;      ///< panBasData
+    bool plotData = false;      ///< panPlottData
+    bool colourButton = false;  ///< imgColor
+    bool curvesButton = false;  ///< imgGrafNr
+};
+
+KeyAction OnKeyUp(FunctionKey key, ShownPanels shown);
+
+/// For a typed character. Every action but None swallows the key.
+/// Zooming in works in every view; "-" must be typeable in the grids, so zooming out does not.
+KeyAction OnKeyPress(char32_t typed, ShownPanels shown);

@@ -1,0 +1,23 @@
+#pragma once
+// Whether a typed price is believable, measured from the holding's start price.
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+/// The price in a text; nothing if it is no number, is 0 or negative, or too large for single
+/// precision.
+std::optional<float> ReadPrice(std::string_view text);
+
+/// The change in whole percent, in single precision, halves to even. DivisionByZero (11) for a
+/// start price of 0, Overflow (6) where the percentage does not fit.
+std::int32_t PercentChange(float price, float startPrice);
+
+enum class Verdict {
+    Accept,
+    AskFirst,       ///< more than 200 % up
+    AskThenRefuse,  ///< more than 1000 % up: asked all the same, then refused whatever the answer
+};
+
+/// Falls are never questioned, however large.
+Verdict Judge(std::int32_t percent);

@@ -1,0 +1,16 @@
+#include "fundfile/rules/holding.h"
+
+#include "base/daynumber.h"
+#include "base/number.h"
+
+bool IsSummaryRow(const HoldingRow& row) {
+    return row.fondNr == kSummaryFondNr;
+}
+
+std::string Shown(std::optional<double> number) {
+    return number ? PlainText(*number) : "";
+}
+
+std::string ShownDay(std::optional<std::int32_t> day) {
+    return day ? FormatDay(*day) : "";
+}

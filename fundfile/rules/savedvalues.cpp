@@ -1,0 +1,30 @@
+#include "fundfile/rules/savedvalues.h"
+
+#include "base/error.h"
+#include "base/number.h"
+#include "base/text.h"
+
+std::optional<SavedValues> ParseSavedValues(std::string_view column) {
+    const auto pieces = Split(column, kSavedValueEnd);
+    constexpr std::size_t kValues = 4;
+    if (pieces.size() < kValues) return std::nullopt;
+    return SavedValues{pieces[0], pieces[1], pieces[2], pieces[3]};
+}
+
+std::string SavedValuesText(const HoldingRow& row) {
+    std::string text;
+    for (const auto& value : {ShownDay(row.bokfortDatum), Shown(row.fondandelar), Shown(row.kursKr),
+                              Shown(row.vardeKr)}) {
+        text += value + std::string(kSavedValueEnd);
+    }
+    return text;
+}
+
+float StartPriceOf(const HoldingRow& row) {
+    const auto saved = ParseSavedValues(row.sparadeVarden);
+    const std::string price = saved ? saved->price : Shown(row.kursKr);
+    float start = 0;
+    Skipping skip;
+    skip([&] { start = ParseSingle(price); });
+    return start;
+}

@@ -1,0 +1,61 @@
+#include "app/rules/keys.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace {
+
+const ShownPanels kDiagram{.colourButton = true, .curvesButton = true};
+const ShownPanels kPriceList{};  // the price list hides both buttons
+const ShownPanels kHoldings{.holdings = true};
+const ShownPanels kPlotData{.plotData = true, .colourButton = true, .curvesButton = true};
+
+TEST(KeyUp, ActsOnTheDiagram) {
+    const struct {
+        FunctionKey key;
+        KeyAction action;
+    } rows[] = {
+        {FunctionKey::Left, KeyAction::ScrollLeft}, {FunctionKey::Right, KeyAction::ScrollRight},
+        {FunctionKey::F8, KeyAction::RedrawFunds},  {FunctionKey::F9, KeyAction::ChooseColour},
+        {FunctionKey::F11, KeyAction::EnterPrice},  {FunctionKey::F12, KeyAction::ChooseCurves},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(OnKeyUp(row.key, kDiagram), row.action);
+        EXPECT_EQ(OnKeyUp(row.key, kHoldings), KeyAction::None);
+        EXPECT_EQ(OnKeyUp(row.key, kPlotData), KeyAction::None);
+    }
+}
+
+TEST(KeyUp, OfF9AndF12NeedsTheirButtons) {
+    EXPECT_EQ(OnKeyUp(FunctionKey::F9, kPriceList), KeyAction::None);
+    EXPECT_EQ(OnKeyUp(FunctionKey::F12, kPriceList), KeyAction::None);
+    EXPECT_EQ(OnKeyUp(FunctionKey::F11, kPriceList), KeyAction::EnterPrice);
+}
+
+TEST(KeyPress, OfEscapeAlwaysLeadsToTheDiagram) {
+    EXPECT_EQ(OnKeyPress(27, kDiagram), KeyAction::ToDiagram);
+    EXPECT_EQ(OnKeyPress(27, kPlotData), KeyAction::ToDiagram);
+    EXPECT_EQ(OnKeyPress(27, kHoldings), KeyAction::ToDiagramFromGrid);
+}
+
+TEST(KeyPress, OfPlusZoomsInEverywhere) {
+    for (const auto& shown : {kDiagram, kPriceList, kHoldings, kPlotData}) {
+        EXPECT_EQ(OnKeyPress(U'+', shown), KeyAction::ZoomIn);
+    }
+}
+
+TEST(KeyPress, OfMinusZoomsOutExceptInTheGrids) {
+    EXPECT_EQ(OnKeyPress(U'-', kDiagram), KeyAction::ZoomOut);
+    EXPECT_EQ(OnKeyPress(U'-', kPriceList), KeyAction::ZoomOut);
+    EXPECT_EQ(OnKeyPress(U'-', kHoldings), KeyAction::None);
+    EXPECT_EQ(OnKeyPress(U'-', kPlotData), KeyAction::None);
+}
+
+TEST(KeyPress, OfAnyOtherKeyBelongsToTheControl) {
+    for (const char32_t typed : {U'a', U'0', U' ', U',', U'\r', U'\b', U'ö'}) {
+        EXPECT_EQ(OnKeyPress(typed, kDiagram), KeyAction::None);
+        EXPECT_EQ(OnKeyPress(typed, kHoldings), KeyAction::None);
+    }
+}
+
+}  // namespace

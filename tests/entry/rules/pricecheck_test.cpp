@@ -1,0 +1,61 @@
+#include "entry/rules/pricecheck.h"
+
+#include "base/error.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(ReadPrice, TakesANumberAboveZero) {
+    EXPECT_EQ(ReadPrice("12,5"), 12.5F);
+    EXPECT_EQ(ReadPrice("12.5"), 12.5F);
+    EXPECT_EQ(ReadPrice(" 1 234,50 "), 1234.5F);
+}
+
+TEST(ReadPrice, RefusesEverythingElse) {
+    for (const std::string_view text :
+         {"0", "0,00", "-12", "1,2,3", "abc", "", "nan", "inf", "1e99", "1e-99"}) {
+        EXPECT_EQ(ReadPrice(text), std::nullopt) << text;
+    }
+}
+
+TEST(PercentChange, IsRoundedToTheEvenNeighbour) {
+    const struct {
+        float price, start;
+        std::int32_t percent;
+    } rows[] = {
+        {100, 100, 0},   {50, 100, -50},    {1, 100, -99},     {300, 100, 200},
+        {301, 100, 201}, {1100, 100, 1000}, {1101, 100, 1001}, {201, 200, 0},
+        {203, 200, 2},   {4, 3, 33},        {9, 8, 12},        {0.5F, 0.25F, 100},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(PercentChange(row.price, row.start), row.percent) << row.price;
+}
+
+TEST(PercentChange, IsReckonedInSinglePrecision) {
+    // The singles nearest to these prices are 59.4999981 % apart; single precision makes it 59.5,
+    // which goes to the even 60.
+    EXPECT_EQ(PercentChange(15.95F, 10.0F), 60);
+    EXPECT_EQ(PercentChange(20.85F, 10.0F), 108);  // 108.5000038 in double precision
+}
+
+TEST(PercentChange, HasNoAnswerForSome) {
+    Skipping skip;
+    skip([] { PercentChange(12, 0); });
+    EXPECT_EQ(skip.Number(), ErrorNumber::DivisionByZero);
+    skip([] { PercentChange(3e38F, 1e-3F); });
+    EXPECT_EQ(skip.Number(), ErrorNumber::Overflow);
+}
+
+TEST(Judge, AsksAbove200AndRefusesAbove1000) {
+    const struct {
+        std::int32_t percent;
+        Verdict verdict;
+    } rows[] = {
+        {-100, Verdict::Accept},  {0, Verdict::Accept},      {200, Verdict::Accept},
+        {201, Verdict::AskFirst}, {1000, Verdict::AskFirst}, {1001, Verdict::AskThenRefuse},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Judge(row.percent), row.verdict) << row.percent;
+}
+
+}  // namespace
