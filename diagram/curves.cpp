@@ -1,0 +1,120 @@
+#include "diagram/curves.h"
+
+#include "app/frmPPM.h"
+#include "base/error.h"
+#include "base/number.h"
+#include "diagram/diagramview.h"
+#include "diagram/strokepainter.h"
+#include "diagram/texts.h"
+#include "fundfile/datasource.h"
+#include "fundfile/queries.h"
+#include "fundfile/records.h"
+#include "fundfile/rules/scaletext.h"
+#include "fundfile/schema.h"
+#include "jet/database.h"
+#include "jet/transaction.h"
+#include "platform/caption.h"
+#include "platform/printing.h"
+
+#include <string>
+
+namespace {
+
+constexpr double kPrintedLineCm = 0.025;
+
+Colour ColourOf(jet::RecordSet& holdings, std::int32_t kontoId) {
+    if (!holdings.FindFirst(queries::KontoIdIs(kontoId))) return NewCurveColour(kontoId);
+    const jet::Value colour = holdings.Field(schema::holding::kPlottFarg);
+    return colour.IsNull() ? NewCurveColour(kontoId) : ColourFromValue(colour.Integer());
+}
+
+/// Empties the query data source when the work with it ends, however it ends.
+class QuerySource {
+  public:
+    explicit QuerySource(DataSource& source) : source_(source) {}
+    QuerySource(const QuerySource&) = delete;
+    QuerySource& operator=(const QuerySource&) = delete;
+    ~QuerySource() { source_.Close(); }
+
+    jet::RecordSet& Open(jet::Database& database, const std::string& query) {
+        source_.SetRecordSet(database.OpenRecordSet(query));
+        return source_.Records();
+    }
+
+  private:
+    DataSource& source_;
+};
+
+/// The column with a scale behind the curve list that stands there, alone or before an older scale.
+std::string WithListKept(const std::string& column, ScaleRange scale) {
+    const bool onlyList = column.find('/') == std::string::npos;
+    return WithScale(onlyList ? column + "/" + ScaleColumn(scale) : column, scale);
+}
+
+}  // namespace
+
+Curves::Curves(frmPPM& ppm) : Controller(ppm) {}
+
+void Curves::ForEachCurve(const Draw& draw) {
+    if (!window.FundDb) return;
+    const auto holdings = window.FundDb->OpenRecordSet(schema::kHoldingsTable);
+    if (holdings->Eof()) return;
+    QuerySource query(*window.dtaSQL);
+    for (const std::int32_t kontoId : window.SelectedCurves) {
+        const auto points = ReadPoints(query.Open(*window.FundDb, queries::PointsOf(kontoId)));
+        if (points.empty()) continue;
+        draw(points, {kontoId, ColourOf(*holdings, kontoId)});
+    }
+}
+
+void Curves::PlotCurves() try {
+    ForEachCurve([&](std::span<const CurvePoint> points, const CurveStyle& style) {
+        window.picDiagram->Add(ScreenDrawing(points, style, window.WindowStartDay, window.DayStep));
+    });
+    DescribeDiagram();
+} catch (const Error& error) {
+    Report(texts::PlotFailed, texts::PlotFailedLog, error);
+}
+
+void Curves::PrintCurves(PrinterPage& page) try {
+    const ScaleRange scale{window.ScaleTop, window.ScaleBottom};
+    std::vector<Drawing> drawings;
+    ForEachCurve([&](std::span<const CurvePoint> points, const CurveStyle& style) {
+        drawings.push_back(
+            PageDrawing(points, style, window.WindowStartDay, window.DayStep, scale));
+    });
+    const QTransform toDevice = page.CentimetresToDevice();
+    const QRectF areaCm(
+        QPointF(onpage::kLeftCm, onpage::kZeroCm - onpage::CmPerPercent(scale) * scale.top),
+        QSizeF(onpage::kEndCm - onpage::kLeftCm, onpage::kHeightCm));
+    QPainter& painter = page.Painter();
+    painter.setRenderHint(QPainter::Antialiasing);
+    DrawCurves(painter, drawings,
+               {toDevice, toDevice.mapRect(areaCm), kPrintedLineCm * toDevice.m11(), 0, {}});
+} catch (const Error& error) {
+    Report(texts::PrintPlotFailed, texts::PrintPlotFailedLog, error);
+}
+
+void Curves::ComputeFundScale(std::int32_t kontoId, bool replace) {
+    if (!window.FundDb) throw Error{ErrorNumber::ObjectNotSet, "no fund file for a scale"};
+    jet::Transaction together(window.FundDb);
+    const ScaleRange scale = AutomaticScale(ReadValues(*window.FundDb, kontoId));
+
+    DataSource& holdings = *window.dtaBasData;
+    const std::string present = holdings.Field(schema::holding::kSkala).Text();
+    holdings.Edit();
+    holdings.Set(schema::holding::kSkala,
+                 replace ? ScaleColumn(scale) : WithListKept(present, scale));
+    holdings.Update();
+    together.Commit();
+}
+
+void Curves::DescribeDiagram() {
+    std::string numbers;
+    for (const Drawing& drawing : window.picDiagram->Drawings()) {
+        numbers += (numbers.empty() ? "" : ", ") + drawing.label;
+    }
+    window.picDiagram->setAccessibleDescription(
+        ToQt(numbers.empty() ? std::string(texts::NoCurves)
+                             : std::string(texts::CurvesShown) + numbers));
+}

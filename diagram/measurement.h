@@ -1,0 +1,23 @@
+#pragma once
+// Measuring with the mouse: a cross-hair follows the pointer while a button is held, and two labels
+// say the date and the value under it.
+
+#include "app/controller.h"
+#include "diagram/rules/stroke.h"
+
+#include <Qt>
+
+#include <optional>
+
+class Measurement : Controller {
+  public:
+    explicit Measurement(frmPPM& window);
+
+  private:
+    void picDiagram_MouseDown(Qt::MouseButton button, Point at);
+    void picDiagram_MouseMove(Qt::MouseButtons buttons, Point at);
+    void picDiagram_MouseUp(Qt::MouseButton button, Point at);
+
+    void ShowReading(Point at, bool inKronor);
+    std::optional<float> BasePrice(bool inKronor) const;
+};
