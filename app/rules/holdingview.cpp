@@ -30,18 +30,6 @@ std::array<std::string, 10> Labels(const HoldingRow& row, const std::optional<Sa
             "",         day,         shares,        Shown(row.vardeKr), part};
 }
 
-StatusTexts Status(const HoldingRow& row) {
-    StatusTexts status;
-    status.fund = row.fond;
-    status.startPriceTag = PlainText(StartPriceOf(row));
-    status.startPrice = StartPriceText(status.startPriceTag);
-    const bool known = !row.senasteKurs.empty() && row.senasteKurs != kNoLatestPrice;
-    status.latestPrice = known ? row.senasteKurs : Text(texts::NoLatestPrice);
-    status.change = known ? row.procent : Text(texts::NoPercent);
-    status.value = known ? row.kursVarde : Text(texts::NoValue);
-    return status;
-}
-
 }  // namespace
 
 HoldingView ViewOf(const HoldingRow& row, std::string_view line) {
@@ -53,8 +41,20 @@ HoldingView ViewOf(const HoldingRow& row, std::string_view line) {
     view.windowCaption = Text(texts::WindowCaptionOfFund) + row.fond + Text(texts::LastUpdate) +
                          (row.senasteDag ? DateText(*row.senasteDag) : "");
     view.colourNumber = PlainText(row.kontoId);
-    view.status = Status(row);
+    view.status = StatusOf(row);
     return view;
+}
+
+StatusTexts StatusOf(const HoldingRow& row) {
+    StatusTexts status;
+    status.fund = row.fond;
+    status.startPriceTag = PlainText(StartPriceOf(row));
+    status.startPrice = StartPriceText(status.startPriceTag);
+    const bool known = !row.senasteKurs.empty() && row.senasteKurs != kNoLatestPrice;
+    status.latestPrice = known ? row.senasteKurs : Text(texts::NoLatestPrice);
+    status.change = known ? row.procent : Text(texts::NoPercent);
+    status.value = known ? row.kursVarde : Text(texts::NoValue);
+    return status;
 }
 
 HoldingView EmptyView() {

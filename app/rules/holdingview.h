@@ -29,6 +29,9 @@ struct HoldingView {
 /// second column.
 HoldingView ViewOf(const HoldingRow& row, std::string_view line);
 
+/// The row's stored summary; the empty one where no latest price is known.
+StatusTexts StatusOf(const HoldingRow& row);
+
 /// Nothing open.
 HoldingView EmptyView();
 
