@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# endtoend.sh PROGRAM_FOLDER: a saver's day, with keys and mouse from outside the process. The day's price of the first
+# holding is typed, the curve moves, two curves are chosen, the program quits; then two independent readers look at the file.
+set -eu
+here=$(cd "$(dirname "$0")" && pwd)
+folder=$1
+program=$folder/kvarnbo
+. "$here/screen.sh"
+
+file=$work/saver.mdb
+cp "$folder/Vimmels_exempel.mdb" "$file"
+chmod u+w "$file"
+today=$(($(date +%s -d "$(date +%F) UTC") / 86400 + 25569))
+
+# KursKr and KontoId of the first holding, as the independent reader tells them.
+column() { mdb-export -d '|' "$file" FONDDATA | awk -F'|' -v name="$1" 'NR==1{for(i=1;i<=NF;i++)if($i==name)c=i;next}NR==2{print $c}'; }
+start=$(column KursKr)
+konto=$(column KontoId)
+price=$(awk -v s="$start" 'BEGIN{printf "%.2f", s*1.25}' | tr . ,)
+# Points of that holding today, as "XCord,YCord" lines.
+points_today() { mdb-export -H "$file" PLOTTDATA | awk -F, -v k="$konto" -v d="$today" '$4==k && $2==d{print $3}'; }
+
+start_screen
+start_program "$file"
+until_true 20 title_has "Kvarnbo" || fail "no title"
+
+# The working panels show when the start-up pause of three seconds is over; before it F11 has nothing to open.
+sleep 4
+picture before
+
+key F11
+key Home
+key Return
+until_true 10 title_has "Senaste uppdatering" || fail "no holding was opened; the title is '$(title)'"
+xdotool type --delay 60 "${price/,/.}"
+key Return
+stored() { [ "$(points_today | wc -l)" = 1 ]; }
+until_true 20 stored || fail "no point of today in the file"
+yield=$(points_today)
+[ "$yield" = 25 ] || fail "the point is $yield percent, not 25"
+sleep 1
+picture after
+cmp -s "$work/before.png" "$work/after.png" && fail "the picture did not change"
+
+key Escape
+key F12
+key Home Return Down Return
+key F12
+sleep 1
+key alt+F4
+until_true 10 ended || fail "the program did not end"
+client=
+
+[ "$("$JETCHECK" "$file")" = OK ] || fail "the file is not sound: $("$JETCHECK" "$file")"
+scale=$(mdb-export -d '|' -H "$file" FONDDATA | head -n 1 | awk -F'|' '{print $(NF-1)}' | tr -d '"')
+case "$scale" in
+    "$konto".*/*/*) ;;
+    *) fail "the chosen curves are not in the first row: $scale" ;;
+esac
+[ "$(points_today)" = 25 ] || fail "the point changed"
+"$JETDUMP" "$file" >"$work/dump" || fail "the dump failed"
+echo "passed: $price kr stored as 25 percent; chosen curves: $scale"
