@@ -62,6 +62,7 @@ class Catalog {
         std::string name;
         std::int32_t id = 0;
     };
+    void AddTable(std::string name, std::uint32_t page, std::uint32_t flags);
     const QueryEntry* FindQuery(std::string_view name) const;
 
     PageFile* file_;

@@ -41,6 +41,7 @@ class DataPage {
     ByteView Row(std::size_t row) const { return Bytes(At(row)); }
     /// Whether a row of this length can be added.
     bool HasRoomFor(std::size_t length) const;
+    bool AllDeleted() const;  ///< no row is left, though their numbers are taken
 
   private:
     const Layout* layout_;

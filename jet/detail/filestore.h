@@ -23,7 +23,7 @@ class FileImage {
     static constexpr std::size_t kChunkBytes = 256 * 1024;
 
     std::uint64_t Size() const { return size_; }
-    /// Longer: new bytes are zero. Shorter: the rest is forgotten.
+    /// Bytes that come into view hold what they held before; zero the first time.
     void Resize(std::uint64_t size);
     /// `size` bytes at `offset`, which must not cross a chunk's end (pages never do). Not checked.
     std::uint8_t* At(std::uint64_t offset) {

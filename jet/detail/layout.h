@@ -33,6 +33,7 @@ struct Layout {
     std::size_t textUnit;      ///< bytes per character: 1 = code page, 2 = UTF-16
 
     // table definitions: header
+    bool tdefStoresFree;    ///< free bytes of the page at 2; else two letters
     std::size_t tdefMagic;  ///< offset of the constant 1625, 0 = none
     std::size_t tdefRowCount, tdefAutonumber, tdefAutonumberOn /*0 = none*/, tdefType,
         tdefMaxColumns, tdefVariableCount, tdefColumnCount, tdefLogicalCount, tdefRealCount,
@@ -82,6 +83,7 @@ inline constexpr Layout kJet3{
     .rowCountSize = 1,
     .jumpTable = true,
     .textUnit = 1,
+    .tdefStoresFree = false,
     .tdefMagic = 0,
     .tdefRowCount = 0x0C,
     .tdefAutonumber = 0x10,
@@ -157,6 +159,7 @@ inline constexpr Layout kJet4{
     .rowCountSize = 2,
     .jumpTable = false,
     .textUnit = 2,
+    .tdefStoresFree = true,
     .tdefMagic = 0x0C,
     .tdefRowCount = 0x10,
     .tdefAutonumber = 0x14,

@@ -87,10 +87,15 @@ class PageFile {
     void GiveFreed(std::uint32_t page);
 
   private:
+    struct FreedStep {
+        std::uint32_t page;
+        bool given;  ///< else taken
+    };
+    /// What is needed to go back to the state at Begin.
     struct Level {
         std::uint32_t pageCount = 0;
         std::unordered_map<std::uint32_t, std::unique_ptr<std::uint8_t[]>> images;
-        std::set<std::uint32_t> freed;
+        std::vector<FreedStep> freed;
         bool changed = false;
     };
 

@@ -14,6 +14,7 @@
 #include <optional>
 #include <span>
 #include <type_traits>
+#include <unordered_set>
 #include <vector>
 
 namespace jet::detail {
@@ -61,16 +62,24 @@ class TableStore {
     struct Place {
         RowPointer at;
         Slot slot;
+        std::vector<RowPointer>
+            trail;  ///< a moved row: the pointers on the way, its own slot first
     };
+    bool IsOurs(std::uint32_t page) const;
     std::optional<Place> Find(RowPointer where) const;
-    Place Follow(RowPointer from, const DataPage& page, const Slot& slot) const;
+    Place Follow(RowPointer from, ByteView pointer) const;
     RowPointer AddSomewhere(ByteView row, std::uint16_t flags);
     void PutBack(RowPointer where, const Place& place, ByteView row);
+    void DropRow(RowPointer where);
+    void Refresh(std::uint32_t page);
     void NoteFreeSpace(std::uint32_t page);
-    void KeepCounter(std::span<const Value> values);
+    void KeepCounter(const ColumnDef& column, const Value& value);
+    void CheckCount(std::size_t count) const;
 
     PageFile* file_;
     TableDef def_;
+    std::unordered_set<std::uint32_t>
+        deletedHere_;  ///< pages on which rows were deleted since opening
 };
 
 template <typename Visitor>
@@ -82,8 +91,9 @@ void TableStore::Scan(Visitor&& visitor) const {
             const Slot slot = page.At(row);
             if (slot.Hidden()) continue;
             const RowPointer where{number, static_cast<std::uint8_t>(row)};
-            const ByteView bytes =
-                slot.IsPointer() ? RowAt(*file_, Follow(where, page, slot).at) : page.Bytes(slot);
+            const ByteView bytes = slot.IsPointer()
+                                       ? RowAt(*file_, Follow(where, page.Bytes(slot)).at)
+                                       : page.Bytes(slot);
             const RowView view(layout, def_, bytes, where);
             if constexpr (std::is_same_v<decltype(visitor(where, view)), bool>) {
                 if (!visitor(where, view)) return;

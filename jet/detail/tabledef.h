@@ -98,6 +98,8 @@ struct TableDef {
         std::string_view columnName) const;  ///< letter case ignored; null if none
     std::optional<std::size_t> PositionOf(std::string_view columnName) const;
     std::optional<std::size_t> PositionOfNumber(std::uint16_t number) const;
+    /// The lowest number of a column with variable storage; 0xFFFF if none.
+    std::uint16_t FirstVariableColumn() const;
     const LogicalIndex* PrimaryKey() const;  ///< null if none
     const LongValueMaps* MapsOf(std::uint16_t columnNumber) const;
 };

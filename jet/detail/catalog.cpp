@@ -1,0 +1,310 @@
+#include "jet/detail/catalog.h"
+
+#include "jet/detail/names.h"
+#include "jet/detail/table.h"
+
+#include <algorithm>
+#include <set>
+
+namespace jet::detail {
+
+namespace {
+
+constexpr std::int32_t kLocalTable = 1, kLinkedOdbc = 4, kQuery = 5, kLinkedTable = 6;
+constexpr std::uint32_t kPageOfId = 0x00FFFFFF, kNotForUsers = 0x80000002;
+constexpr std::size_t kDeepestQuery = 10, kMostQueryRows = 10000;
+
+/// What a saved query's row says, by its attribute.
+enum class Attribute {
+    Kind = 1,
+    Options = 3,
+    Source = 5,
+    Output = 6,
+    Join = 7,
+    Where = 8,
+    GroupBy = 9,
+    Having = 10,
+    OrderBy = 11
+};
+constexpr std::int32_t kSelect = 1;
+constexpr std::int32_t kAllColumns = 0x01, kDistinct = 0x02, kTop = 0x10, kPercent = 0x20;
+
+/// The columns of a system table by name; one that a file lacks reads as null.
+class Columns {
+  public:
+    explicit Columns(const TableStore& table) : table_(&table) {}
+    std::optional<std::int32_t> Number(const RowView& row, std::string_view name) const {
+        const ColumnDef* column = table_->Def().FindColumn(name);
+        return column == nullptr ? std::nullopt : DecodeLong(*column, row);
+    }
+    std::string Text(const RowView& row, std::string_view name) const {
+        const ColumnDef* column = table_->Def().FindColumn(name);
+        if (column == nullptr) return {};
+        const Value value = DecodeColumn(table_->File(), *column, row);
+        const auto* text = std::get_if<std::string>(&value.Held());
+        return text == nullptr ? std::string() : *text;
+    }
+    Bytes Binary(const RowView& row, std::string_view name) const {
+        const ColumnDef* column = table_->Def().FindColumn(name);
+        if (column == nullptr) return {};
+        const ByteView raw = row.Raw(*column);
+        return {raw.begin(), raw.end()};
+    }
+
+  private:
+    const TableStore* table_;
+};
+
+/// The kind of a table by its definition's first page; a table that cannot be looked at counts as
+/// the users', so that opening it says what is wrong.
+bool IsUserTable(const PageFile& file, std::uint32_t page) {
+    if (page == 0 || page >= file.PageCount()) return true;
+    const ByteView bytes = file.Page(page);
+    return bytes[0] != kTdefPage || U8(bytes, file.Format().tdefType, page) == kUserTable;
+}
+
+struct QueryRow {
+    std::int32_t attribute = 0, flag = 0;
+    std::string name1, name2, expression;
+    Bytes order;
+};
+
+std::vector<QueryRow> ReadQueryRows(PageFile& file, std::uint32_t queriesPage, std::int32_t id) {
+    const TableStore table(file, queriesPage);
+    const Columns columns(table);
+    std::vector<QueryRow> rows;
+    table.Scan([&](RowPointer, const RowView& row) {
+        if (columns.Number(row, "ObjectId") != id) return;
+        if (rows.size() >= kMostQueryRows) ThrowDamaged(queriesPage, 0, "a query without end");
+        rows.push_back({.attribute = columns.Number(row, "Attribute").value_or(0),
+                        .flag = columns.Number(row, "Flag").value_or(0),
+                        .name1 = columns.Text(row, "Name1"),
+                        .name2 = columns.Text(row, "Name2"),
+                        .expression = columns.Text(row, "Expression"),
+                        .order = columns.Binary(row, "Order")});
+    });
+    // The order of parts of one kind is in their "Order", highest byte first.
+    std::stable_sort(rows.begin(), rows.end(), [](const QueryRow& a, const QueryRow& b) {
+        return a.attribute != b.attribute ? a.attribute < b.attribute : a.order < b.order;
+    });
+    return rows;
+}
+
+[[noreturn]] void ThrowQuery(const std::string& name, const char* what) {
+    throw Error{ErrorNumber::NotSupported, "the saved query " + name + ": " + what};
+}
+
+/// Takes one row into the query; throws for a part that makes it more than rows of one source.
+void AddPart(SavedQuery& query, const QueryRow& row) {
+    switch (static_cast<Attribute>(row.attribute)) {
+        case Attribute::Kind:
+            if (row.flag != kSelect) ThrowQuery(query.name, "not a SELECT");
+            return;
+        case Attribute::Options:
+            if ((row.flag & (kDistinct | kTop | kPercent)) != 0) {
+                ThrowQuery(query.name, "DISTINCT or TOP");
+            }
+            query.allColumns = (row.flag & kAllColumns) != 0;
+            return;
+        case Attribute::Source:
+            if (!query.source.empty() || row.name1.empty()) {
+                ThrowQuery(query.name, "not over one source");
+            }
+            query.source = row.name1;
+            return;
+        case Attribute::Output:
+            query.outputs.push_back({row.expression, row.name1});
+            return;
+        case Attribute::Where:
+            query.filters.push_back(row.expression);
+            return;
+        case Attribute::OrderBy:
+            query.order.push_back({row.expression, SameName(row.name1, "D")});
+            return;
+        case Attribute::Join:
+        case Attribute::GroupBy:
+        case Attribute::Having:
+            ThrowQuery(query.name, "a join or groups");
+        default:
+            return;
+    }
+}
+
+bool IsStar(const std::string& expression) {
+    return !expression.empty() && expression.back() == '*';
+}
+
+/// One value for each column of a system table, set by name.
+class RowOfValues {
+  public:
+    explicit RowOfValues(const TableDef& def) : def_(&def), values_(def.columns.size()) {}
+    void Set(std::string_view name, Value value) {
+        const auto position = def_->PositionOf(name);
+        if (!position) {
+            throw Error{ErrorNumber::NotADatabase,
+                        "a system table has no column " + std::string(name)};
+        }
+        values_[*position] = std::move(value);
+    }
+    std::vector<Value> Take() { return std::move(values_); }
+
+  private:
+    const TableDef* def_;
+    std::vector<Value> values_;
+};
+
+Value Signed(std::uint32_t bits) {
+    return static_cast<std::int32_t>(bits);
+}
+
+}  // namespace
+
+Catalog::Catalog(PageFile& file) : file_(&file) {
+    const TableStore table(file, kSystemObjectsPage);
+    const Columns columns(table);
+    table.Scan([&](RowPointer, const RowView& row) {
+        const std::int32_t type = columns.Number(row, "Type").value_or(0);
+        const bool listed =
+            type == kLocalTable || type == kLinkedOdbc || type == kQuery || type == kLinkedTable;
+        const std::optional<std::int32_t> id = columns.Number(row, "Id");
+        if (!listed || !id) return;
+        std::string name = columns.Text(row, "Name");
+        if (type == kQuery) {
+            queryNames_.push_back(name);
+            queries_.push_back({std::move(name), *id});
+        } else if (type != kLocalTable) {
+            linkedTables_.push_back(std::move(name));
+        } else {
+            AddTable(std::move(name), static_cast<std::uint32_t>(*id) & kPageOfId,
+                     static_cast<std::uint32_t>(columns.Number(row, "Flags").value_or(0)));
+        }
+    });
+}
+
+void Catalog::AddTable(std::string name, std::uint32_t page, std::uint32_t flags) {
+    if ((flags & kNotForUsers) == 0 && IsUserTable(*file_, page)) {
+        userTables_.push_back({name, page});
+    }
+    tables_.push_back({std::move(name), page});
+}
+
+const CatalogTable* Catalog::FindTable(std::string_view name) const {
+    const std::string wanted = FoldName(name);
+    for (const CatalogTable& table : tables_) {
+        if (FoldName(table.name) == wanted) return &table;
+    }
+    return nullptr;
+}
+
+const Catalog::QueryEntry* Catalog::FindQuery(std::string_view name) const {
+    const std::string wanted = FoldName(name);
+    for (const QueryEntry& query : queries_) {
+        if (FoldName(query.name) == wanted) return &query;
+    }
+    return nullptr;
+}
+
+bool Catalog::HasQuery(std::string_view name) const {
+    return FindQuery(name) != nullptr;
+}
+
+SavedQuery Catalog::ReadQuery(std::string_view name) const {
+    const QueryEntry* entry = FindQuery(name);
+    if (entry == nullptr) {
+        throw Error{ErrorNumber::TableNotFound, "no saved query " + std::string(name)};
+    }
+    const CatalogTable* table = FindTable("MSysQueries");
+    const std::uint32_t page = table == nullptr ? kSystemQueriesPage : table->page;
+    SavedQuery query;
+    query.name = entry->name;
+    query.allColumns = false;
+    for (const QueryRow& row : ReadQueryRows(*file_, page, entry->id)) AddPart(query, row);
+    if (query.source.empty()) ThrowQuery(query.name, "not over one source");
+    if (query.outputs.size() == 1 && IsStar(query.outputs.front().expression)) {
+        query.allColumns = true;
+    }
+    if (query.allColumns) query.outputs.clear();
+    if (!query.allColumns && query.outputs.empty()) ThrowQuery(query.name, "no columns");
+    return query;
+}
+
+std::vector<SavedQuery> Catalog::ResolveQuery(std::string_view name) const {
+    std::vector<SavedQuery> path{ReadQuery(name)};
+    while (FindTable(path.back().source) == nullptr) {
+        if (path.size() >= kDeepestQuery) ThrowQuery(path.front().name, "too deep");
+        path.push_back(ReadQuery(path.back().source));
+    }
+    return path;
+}
+
+std::vector<Value> ObjectRow(const TableDef& objects, const CatalogObject& object) {
+    RowOfValues row(objects);
+    row.Set("Id", Signed(object.id));
+    row.Set("ParentId", Signed(object.parent));
+    row.Set("Name", object.name);
+    row.Set("Type", object.type);
+    row.Set("DateCreate", object.created);
+    row.Set("DateUpdate", object.created);
+    row.Set("Owner", object.owner);
+    row.Set("Flags", Signed(object.flags));
+    return row.Take();
+}
+
+std::vector<Value> AccessRow(const TableDef& entries, const AccessEntry& entry) {
+    RowOfValues row(entries);
+    row.Set("ObjectId", Signed(entry.object));
+    row.Set("SID", entry.sid);
+    row.Set("ACM", Signed(entry.mask));
+    row.Set("FInheritable", entry.inheritable);
+    return row.Take();
+}
+
+namespace {
+
+/// The access entries of one object.
+std::vector<AccessEntry> EntriesOf(const TableStore& entries, std::uint32_t object) {
+    const Columns columns(entries);
+    const ColumnDef* inheritable = entries.Def().FindColumn("FInheritable");
+    std::vector<AccessEntry> found;
+    entries.Scan([&](RowPointer, const RowView& row) {
+        const auto id = columns.Number(row, "ObjectId");
+        if (!id || static_cast<std::uint32_t>(*id) != object) return;
+        found.push_back({.object = 0,
+                         .sid = columns.Binary(row, "SID"),
+                         .mask = static_cast<std::uint32_t>(columns.Number(row, "ACM").value_or(0)),
+                         .inheritable = inheritable != nullptr && row.Bit(*inheritable)});
+    });
+    return found;
+}
+
+}  // namespace
+
+NewTableRights RightsForNewTable(PageFile& file) {
+    NewTableRights rights;
+    std::uint32_t like = kTablesContainer;
+    const TableStore objects(file, kSystemObjectsPage);
+    const Columns columns(objects);
+    const Catalog catalog(file);
+    objects.Scan([&](RowPointer, const RowView& row) {
+        const auto id = static_cast<std::uint32_t>(columns.Number(row, "Id").value_or(0));
+        const auto& users = catalog.UserTables();
+        const bool isUserTable =
+            columns.Number(row, "Type") == kLocalTable &&
+            std::any_of(users.begin(), users.end(),
+                        [&](const CatalogTable& t) { return t.page == (id & kPageOfId); });
+        const bool isDatabase = columns.Text(row, "Name") == "MSysDb";
+        if (isUserTable) like = id;
+        if (isUserTable || (isDatabase && rights.owner.empty())) {
+            rights.owner = columns.Binary(row, "Owner");
+        }
+    });
+    const TableStore entries(file, kSystemAcesPage);
+    rights.entries = EntriesOf(entries, like);
+    if (like == kTablesContainer) {
+        std::erase_if(rights.entries, [](const AccessEntry& e) { return !e.inheritable; });
+        for (AccessEntry& entry : rights.entries) entry.inheritable = false;
+    }
+    return rights;
+}
+
+}  // namespace jet::detail

@@ -1,0 +1,282 @@
+#include "jet/detail/pagefile.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cmath>
+#include <cstring>
+
+namespace jet::detail {
+
+namespace {
+
+constexpr std::size_t kMaskStart = 0x18;
+constexpr std::size_t kSignature = 0x04, kVersion = 0x14, kGlobalMap = 0x18, kObjects = 0x20,
+                      kCodePage = 0x3C, kKey = 0x3E, kPassword = 0x42;
+constexpr std::size_t kSmallestHeader = 0x800;
+constexpr std::uint32_t kSmallestPageCount = 3;
+
+/// The key stream that hides the header's fields: RC4 of a fixed four-byte key.
+std::array<std::uint8_t, 128> MaskBytes() {
+    constexpr std::array<std::uint8_t, 4> kMaskKey{0xC7, 0xDA, 0x39, 0x6B};
+    std::array<std::uint8_t, 256> state{};
+    for (std::size_t i = 0; i < state.size(); ++i) state[i] = static_cast<std::uint8_t>(i);
+    std::uint8_t j = 0;
+    for (std::size_t i = 0; i < state.size(); ++i) {
+        j = static_cast<std::uint8_t>(j + state[i] + kMaskKey[i % kMaskKey.size()]);
+        std::swap(state[i], state[j]);
+    }
+    std::array<std::uint8_t, 128> stream{};
+    std::uint8_t i = 0;
+    j = 0;
+    for (std::uint8_t& byte : stream) {
+        i = static_cast<std::uint8_t>(i + 1);
+        j = static_cast<std::uint8_t>(j + state[i]);
+        std::swap(state[i], state[j]);
+        byte = state[static_cast<std::uint8_t>(state[i] + state[j])];
+    }
+    return stream;
+}
+
+[[noreturn]] void ThrowHeader(ErrorNumber number, const char* what) {
+    throw Error{number, std::string("file header: ") + what};
+}
+
+/// The kind of file, by its first bytes in clear.
+const Layout& LayoutOf(const FileImage& image) {
+    if (image.Size() < kVersion + 4) ThrowHeader(ErrorNumber::ForeignFormat, "too short");
+    const ByteView start{image.At(0), kVersion + 4};
+    const auto signature = [&](std::string_view text) {
+        return std::equal(text.begin(), text.end(), start.begin() + kSignature,
+                          [](char c, std::uint8_t b) { return static_cast<std::uint8_t>(c) == b; });
+    };
+    if (signature("Standard ACE DB")) ThrowHeader(ErrorNumber::NewerFormat, "a later format");
+    if (!signature("Standard Jet DB")) {
+        ThrowHeader(ErrorNumber::ForeignFormat, "the signature of another kind of file");
+    }
+    if (U32(start, 0) != 0x00000100) ThrowHeader(ErrorNumber::NotADatabase, "damaged start");
+    const std::uint32_t version = U32(start, kVersion);
+    for (const Layout* layout : {&kJet3, &kJet4}) {
+        if (version == layout->formatByte) return *layout;
+    }
+    constexpr std::uint32_t kLargestVersion = 0xFF;
+    ThrowHeader(version <= kLargestVersion ? ErrorNumber::NewerFormat : ErrorNumber::NotADatabase,
+                "unknown format version");
+}
+
+/// The whole days of the creation date, with which the password is mixed.
+std::uint32_t CreationDay(const Layout& layout, ByteView header) {
+    if (!layout.passwordMixedWithDate) return 0;
+    const double date = F64(header, layout.creationDate, 0);
+    constexpr double kLimit = 2147483647.0;
+    if (!std::isfinite(date) || std::fabs(date) > kLimit) return 0;
+    return static_cast<std::uint32_t>(static_cast<std::int32_t>(date));
+}
+
+bool HasPassword(const Layout& layout, ByteView header) {
+    const std::uint32_t day = CreationDay(layout, header);
+    for (std::size_t at = 0; at < layout.passwordSize; at += 4) {
+        if (U32(header, kPassword + at, 0) != day) return true;
+    }
+    return false;
+}
+
+FileHeader ReadHeader(const Layout& layout, ByteView page) {
+    std::vector<std::uint8_t> header(page.begin(), page.end());
+    MaskHeader(layout, header);
+    if (U32(header, kKey) != 0) ThrowHeader(ErrorNumber::Encrypted, "the pages are encoded");
+    if (U32(header, kGlobalMap) != RowPointer{1, 0}.Packed() ||
+        U32(header, kObjects) != kSystemObjectsPage) {
+        ThrowHeader(ErrorNumber::NotADatabase, "the places of maps and tables are damaged");
+    }
+    if (HasPassword(layout, header)) {
+        ThrowHeader(ErrorNumber::PasswordProtected, "a password is set");
+    }
+    return {.collation = U16(header, layout.collation),
+            .collationVersion =
+                layout.textUnit == 1 ? std::uint16_t{0} : U16(header, layout.collation + 2),
+            .codePage = U16(header, kCodePage)};
+}
+
+}  // namespace
+
+void MaskHeader(const Layout& layout, ByteSpan page) {
+    static const std::array<std::uint8_t, 128> kMask = MaskBytes();
+    const ByteSpan masked = Part(page, kMaskStart, layout.maskedEnd - kMaskStart, 0);
+    for (std::size_t i = 0; i < masked.size(); ++i) masked[i] ^= kMask[i];
+}
+
+PageFile::PageFile(const Layout& layout, FileImage image)
+    : layout_(layout),
+      pageShift_(static_cast<unsigned>(std::countr_zero(layout.pageSize))),
+      image_(std::move(image)),
+      pageCount_(static_cast<std::uint32_t>(image_.Size() >> pageShift_)) {
+    if (image_.Size() % layout_.pageSize != 0) readOnly_ = true;
+}
+
+std::unique_ptr<PageFile> PageFile::FromImage(FileImage image) {
+    const Layout& layout = LayoutOf(image);
+    if (image.Size() < kSmallestHeader) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
+    std::unique_ptr<PageFile> file(new PageFile(layout, std::move(image)));
+    if (file->pageCount_ < kSmallestPageCount) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
+    file->header_ = ReadHeader(layout, file->Page(0));
+    const ByteView objects = file->Page(kSystemObjectsPage);
+    if (U16(objects, 0) != (0x0100 | kTdefPage)) {
+        ThrowDamaged(kSystemObjectsPage, 0, "not the definition of the list of objects");
+    }
+    return file;
+}
+
+std::unique_ptr<PageFile> PageFile::Open(const std::filesystem::path& path) {
+    const std::filesystem::path target = Resolve(path);
+    LoadedFile loaded = Load(target);
+    std::unique_ptr<PageFile> file = FromImage(std::move(loaded.image));
+    file->path_ = target;
+    file->fingerprint_ = loaded.fingerprint;
+    if (!CanReplace(target)) file->readOnly_ = true;
+    return file;
+}
+
+std::unique_ptr<PageFile> PageFile::New(const Layout& layout) {
+    std::unique_ptr<PageFile> file(new PageFile(layout, FileImage{}));
+    file->header_ = {.collation = 1033, .collationVersion = 0, .codePage = 1252};
+    return file;
+}
+
+void PageFile::ThrowNoSuchPage(std::uint32_t page) const {
+    throw Error{ErrorNumber::NotADatabase,
+                "page " + Decimal(page) + " of a file with " + Decimal(pageCount_) + " pages"};
+}
+
+ByteSpan PageFile::EditPage(std::uint32_t page) {
+    if (readOnly_) throw Error{ErrorNumber::ReadOnly, path_.string() + " is read-only"};
+    if (page >= pageCount_) ThrowNoSuchPage(page);
+    std::uint8_t* bytes = image_.At(static_cast<std::uint64_t>(page) << pageShift_);
+    ++changeCount_;
+    if (!levels_.empty()) {
+        Level& level = levels_.back();
+        level.changed = true;
+        if (page < level.pageCount && !level.images.contains(page)) {
+            auto image = std::make_unique_for_overwrite<std::uint8_t[]>(layout_.pageSize);
+            std::memcpy(image.get(), bytes, layout_.pageSize);
+            level.images.emplace(page, std::move(image));
+        }
+    }
+    return {bytes, layout_.pageSize};
+}
+
+std::uint32_t PageFile::AppendPage() {
+    if (readOnly_) throw Error{ErrorNumber::ReadOnly, path_.string() + " is read-only"};
+    const std::uint64_t newSize = (static_cast<std::uint64_t>(pageCount_) + 1) << pageShift_;
+    if (newSize > layout_.largestFile) {
+        throw Error{ErrorNumber::NotSupported, "the file has the largest size of its format"};
+    }
+    image_.Resize(newSize);
+    std::memset(image_.At(newSize - layout_.pageSize), 0, layout_.pageSize);
+    ++changeCount_;
+    if (!levels_.empty()) levels_.back().changed = true;
+    return pageCount_++;
+}
+
+void PageFile::Begin() {
+    levels_.emplace_back();
+    levels_.back().pageCount = pageCount_;
+}
+
+void PageFile::Commit() {
+    assert(!levels_.empty());
+    if (levels_.size() == 1) {
+        if (levels_.back().changed) {
+            try {
+                Store();
+            } catch (...) {
+                Rollback();
+                throw;
+            }
+        }
+        levels_.pop_back();
+        return;
+    }
+    Level inner = std::move(levels_.back());
+    levels_.pop_back();
+    Level& outer = levels_.back();
+    outer.changed = outer.changed || inner.changed;
+    outer.freed.insert(outer.freed.end(), inner.freed.begin(), inner.freed.end());
+    for (auto& [page, image] : inner.images) {
+        if (page < outer.pageCount) outer.images.try_emplace(page, std::move(image));
+    }
+}
+
+void PageFile::Rollback() {
+    assert(!levels_.empty());
+    Level level = std::move(levels_.back());
+    levels_.pop_back();
+    SwapImages(level);
+    for (auto step = level.freed.rbegin(); step != level.freed.rend(); ++step) {
+        if (step->given) {
+            freed_.erase(step->page);
+        } else {
+            freed_.insert(step->page);
+        }
+    }
+}
+
+void PageFile::SwapImages(Level& level) {
+    ++changeCount_;
+    for (auto& [page, image] : level.images) {
+        std::uint8_t* bytes = image_.At(static_cast<std::uint64_t>(page) << pageShift_);
+        std::swap_ranges(bytes, bytes + layout_.pageSize, image.get());
+    }
+    if (level.pageCount != pageCount_) {
+        std::swap(level.pageCount, pageCount_);
+        image_.Resize(static_cast<std::uint64_t>(pageCount_) << pageShift_);
+    }
+}
+
+/// The rename is what stores. When it went well but the folder's sync failed, the caller is to hear
+/// of a failure and find nothing stored: the old state is put back in the same way. Should that
+/// fail too, the new state is in the file and stays in memory: what the file shows and what we show
+/// never differ.
+void PageFile::Store() {
+    if (path_.empty()) return;
+    const Replaced replaced =
+        ReplaceAtomically(path_, image_, fingerprint_ ? &*fingerprint_ : nullptr);
+    fingerprint_ = replaced.fingerprint;
+    if (replaced.folderSynced) return;
+    Level& level = levels_.front();
+    SwapImages(level);
+    try {
+        fingerprint_ = ReplaceAtomically(path_, image_, &*fingerprint_).fingerprint;
+    } catch (const Error&) {
+        SwapImages(level);
+        return;
+    }
+    SwapImages(level);  // Rollback, which follows, swaps for good
+    throw Error{ErrorNumber::DeviceIo, "sync the folder of " + path_.string() + ": device failed"};
+}
+
+bool PageFile::ChangedOnDisk() const {
+    return fingerprint_ && FingerprintOf(path_) != *fingerprint_;
+}
+
+void PageFile::SaveAs(const std::filesystem::path& path) const {
+    if (!ReplaceAtomically(path, image_, nullptr).folderSynced) {
+        throw Error{ErrorNumber::DeviceIo,
+                    "sync the folder of " + path.string() + ": device failed"};
+    }
+}
+
+std::optional<std::uint32_t> PageFile::TakeFreed() {
+    if (freed_.empty()) return std::nullopt;
+    const std::uint32_t page = *freed_.begin();
+    freed_.erase(freed_.begin());
+    if (!levels_.empty()) levels_.back().freed.push_back({page, false});
+    return page;
+}
+
+void PageFile::GiveFreed(std::uint32_t page) {
+    freed_.insert(page);
+    if (!levels_.empty()) levels_.back().freed.push_back({page, true});
+}
+
+}  // namespace jet::detail

@@ -1,0 +1,200 @@
+#include "jet/detail/textcodec.h"
+
+#include <algorithm>
+#include <array>
+
+namespace jet::detail {
+
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD, kLargestCharacter = 0x10FFFF, kByteOrderMark = 0xFEFF;
+constexpr std::uint16_t kWesternCodePage = 1252;
+constexpr std::size_t kShortestCompressed = 3;
+
+/// The characters of the bytes 80 to 9F; all other bytes are the character of the same number.
+constexpr std::array<char16_t, 32> kUpperControls{
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+bool IsSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDFFF;
+}
+bool IsHighSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool IsLowSurrogate(char32_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+bool IsCompressed(ByteView stored) {
+    return stored.size() >= 2 && stored[0] == 0xFF && stored[1] == 0xFE;
+}
+
+/// Calls put(unit) for each UTF-16 unit of plain or compressed text.
+template <typename Put>
+void ForEachUnit(ByteView stored, Put&& put) {
+    bool compressed = IsCompressed(stored);
+    const bool mayCompress = compressed;
+    for (std::size_t at = compressed ? 2 : 0; at < stored.size();) {
+        if (compressed) {
+            if (stored[at] == 0) {
+                compressed = false;
+            } else {
+                put(static_cast<char16_t>(stored[at]));
+            }
+            ++at;
+        } else if (mayCompress && stored[at] == 0) {
+            compressed = true;
+            ++at;
+        } else if (at + 1 < stored.size()) {
+            put(static_cast<char16_t>(stored[at] | stored[at + 1] << 8));
+            at += 2;
+        } else {
+            return;  // half a character
+        }
+    }
+}
+
+void AppendUnit(std::vector<std::uint8_t>& bytes, char32_t unit) {
+    bytes.push_back(static_cast<std::uint8_t>(unit));
+    bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
+}
+
+[[noreturn]] void ThrowText(std::size_t at, const char* what) {
+    throw Error{ErrorNumber::TypeMismatch,
+                "text: " + std::string(what) + " at byte " + Decimal(at)};
+}
+
+}  // namespace
+
+void AppendUtf8(std::string& text, char32_t character) {
+    const auto put = [&](char32_t byte) { text += static_cast<char>(byte); };
+    const auto follow = [&](unsigned shift) { put(0x80 | (character >> shift & 0x3F)); };
+    if (character < 0x80) {
+        put(character);
+    } else if (character < 0x800) {
+        put(0xC0 | character >> 6);
+        follow(0);
+    } else if (character < 0x10000) {
+        put(0xE0 | character >> 12);
+        follow(6);
+        follow(0);
+    } else {
+        put(0xF0 | character >> 18);
+        follow(12);
+        follow(6);
+        follow(0);
+    }
+}
+
+std::optional<char32_t> NextCharacter(std::string_view utf8, std::size_t& position) {
+    if (position >= utf8.size()) return std::nullopt;
+    const auto first = static_cast<std::uint8_t>(utf8[position]);
+    if (first < 0x80) {
+        ++position;
+        return first;
+    }
+    const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+    if (first < 0xC2 || first > 0xF4 || utf8.size() - position < length) return std::nullopt;
+    char32_t character = first & (0xFFU >> (length + 1));
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto byte = static_cast<std::uint8_t>(utf8[position + i]);
+        if ((byte & 0xC0) != 0x80) return std::nullopt;
+        character = character << 6 | (byte & 0x3F);
+    }
+    constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
+    if (character < kSmallest[length] || character > kLargestCharacter || IsSurrogate(character)) {
+        return std::nullopt;
+    }
+    position += length;
+    return character;
+}
+
+std::optional<std::uint8_t> ToCodePage(char32_t character) {
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
+        return static_cast<std::uint8_t>(character);
+    }
+    const auto found = std::find(kUpperControls.begin(), kUpperControls.end(), character);
+    if (found == kUpperControls.end()) return std::nullopt;
+    return static_cast<std::uint8_t>(0x80 + (found - kUpperControls.begin()));
+}
+
+char16_t FromCodePage(std::uint8_t byte) {
+    return byte >= 0x80 && byte < 0xA0 ? kUpperControls[byte - 0x80U] : byte;
+}
+
+std::string DecodeText(const TextForm& form, ByteView stored) {
+    std::string text;
+    text.reserve(stored.size());
+    if (form.unit == 1) {
+        for (const std::uint8_t byte : stored) AppendUtf8(text, FromCodePage(byte));
+        return text;
+    }
+    char32_t high = 0;
+    ForEachUnit(stored, [&](char16_t unit) {
+        if (high != 0 && IsLowSurrogate(unit)) {
+            AppendUtf8(text, 0x10000 + ((high - 0xD800) << 10) + (unit - 0xDC00U));
+            high = 0;
+            return;
+        }
+        if (high != 0) AppendUtf8(text, kReplacement);
+        high = IsHighSurrogate(unit) ? unit : 0;
+        if (high == 0) AppendUtf8(text, IsLowSurrogate(unit) ? kReplacement : unit);
+    });
+    if (high != 0) AppendUtf8(text, kReplacement);
+    return text;
+}
+
+std::u16string DecodeUnits(const TextForm& form, ByteView stored) {
+    std::u16string units;
+    if (form.unit == 1) {
+        units.assign(stored.begin(), stored.end());
+        return units;
+    }
+    units.reserve(stored.size());
+    ForEachUnit(stored, [&](char16_t unit) { units += unit; });
+    return units;
+}
+
+std::vector<std::uint8_t> EncodeText(const TextForm& form, std::string_view utf8) {
+    std::vector<std::uint8_t> bytes;
+    bytes.reserve(utf8.size() * form.unit);
+    for (std::size_t at = 0; at < utf8.size();) {
+        const std::size_t start = at;
+        const auto character = NextCharacter(utf8, at);
+        if (!character) ThrowText(start, "broken UTF-8");
+        if (form.unit == 1) {
+            // What other code pages mean by their upper half is not known here.
+            const bool known = form.codePage == kWesternCodePage || *character < 0x80;
+            const auto byte = known ? ToCodePage(*character) : std::nullopt;
+            if (!byte) ThrowText(start, "a character that the file's code page lacks");
+            bytes.push_back(*byte);
+        } else if (*character >= 0x10000) {
+            AppendUnit(bytes, 0xD800 + ((*character - 0x10000) >> 10));
+            AppendUnit(bytes, 0xDC00 + (*character & 0x3FF));
+        } else {
+            // At the start it would read as the mark of compressed text.
+            if (start == 0 && *character == kByteOrderMark) ThrowText(0, "a byte order mark");
+            AppendUnit(bytes, *character);
+        }
+    }
+    return bytes;
+}
+
+std::vector<std::uint8_t> EncodeCompressed(const TextForm& form, std::string_view utf8) {
+    std::vector<std::uint8_t> plain = EncodeText(form, utf8);
+    if (form.unit == 1 || plain.size() / 2 < kShortestCompressed) return plain;
+    for (std::size_t at = 0; at < plain.size(); at += 2) {
+        if (plain[at] == 0 || plain[at + 1] != 0) return plain;
+    }
+    std::vector<std::uint8_t> compressed{0xFF, 0xFE};
+    for (std::size_t at = 0; at < plain.size(); at += 2) compressed.push_back(plain[at]);
+    return compressed;
+}
+
+std::size_t StoredLength(const TextForm& form, ByteView uncompressed) {
+    return uncompressed.size() / form.unit;
+}
+
+}  // namespace jet::detail
