@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "fundfile/fundfile.h"
+#include "fundfile/rules/savedvalues.h"
 #include "fundfile/schema.h"
 #include "fundfile/wholefile.h"
 #include "jet/transaction.h"
@@ -21,7 +22,7 @@ void CopyHoldings(jet::RecordSet& from, jet::RecordSet& to) {
     for (std::int32_t row = 0; row < count; ++row) {
         to.AddNew();
         CopyColumns(from, row, to, kCopiedHoldingColumns);
-        to.Set(schema::holding::kSparadeVarden, schema::kNothingSaved);  // a copy begins without
+        to.Set(schema::holding::kSparadeVarden, kKeepValues);  // a copy begins without
         to.Update();
     }
 }

@@ -1,8 +1,15 @@
 #include "fundfile/records.h"
 
+#include "base/daynumber.h"
 #include "base/error.h"
+#include "base/number.h"
 #include "fundfile/queries.h"
 #include "fundfile/schema.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <variant>
 
 namespace {
 
@@ -44,6 +51,59 @@ auto UnlessNull(const Fast& fast, const Careful& careful) {
     }
 }
 
+/// What `read` gives; nothing where the value is null or of another kind.
+template <typename Read>
+auto IfReadable(const Read& read) -> std::optional<decltype(read())> {
+    try {
+        return read();
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<double> NumberIn(const jet::Value& value) {
+    if (const float* single = std::get_if<float>(&value.Held())) {
+        return WidenSingle(*single);
+    }
+    return IfReadable([&] { return value.Number(); });
+}
+
+std::optional<std::int32_t> WholeNumberIn(const jet::Value& value) {
+    return IfReadable([&] { return value.Integer(); });
+}
+
+std::optional<std::int32_t> DayIn(const jet::Value& value) {
+    if (const std::string* text = std::get_if<std::string>(&value.Held())) {
+        return ParseDate(*text);
+    }
+    return IfReadable([&] { return DayOfSerial(value.Number()); });
+}
+
+template <typename Read>
+HoldingRow HoldingFrom(const jet::RecordSet& records, const Read& read) {
+    using namespace schema::holding;
+    HoldingRow row;
+    row.kontoId = WholeNumberIn(read(kKontoId)).value_or(kFallbackKontoId);
+    row.fond = read(kFond).Text();
+    row.fondNr = read(kFondNr).Text();
+    row.bokfortDatum = DayIn(read(kBokfortDatum));
+    row.fondandelar = NumberIn(read(kFondandelar));
+    row.kursKr = NumberIn(read(kKursKr));
+    row.vardeKr = NumberIn(read(kVardeKr));
+    row.andel = NumberIn(read(kAndel));
+    row.kontoinnehavare = read(records.FieldPosition(kKontoinnehavare)).Text();
+    row.kontonummer = read(records.FieldPosition(kKontonummer)).Text();
+    row.namn = read(kNamn).Text();
+    row.plottFarg = WholeNumberIn(read(kPlottFarg)).value_or(0);
+    row.senasteDag = WholeNumberIn(read(kSenasteDag));
+    row.senasteKurs = read(kSenasteKurs).Text();
+    row.procent = read(kProcent).Text();
+    row.kursVarde = read(kKursVarde).Text();
+    row.skala = read(kSkala).Text();
+    row.sparadeVarden = read(kSparadeVarden).Text();
+    return row;
+}
+
 }  // namespace
 
 std::int32_t KontoIdOf(DataSource& holdings) {
@@ -51,8 +111,24 @@ std::int32_t KontoIdOf(DataSource& holdings) {
     try {
         return identity.Integer();
     } catch (const Error&) {
-        return 1;
+        return kFallbackKontoId;
     }
+}
+
+HoldingRow ReadHolding(DataSource& holdings) {
+    jet::RecordSet& records = holdings.Records();
+    return HoldingFrom(records, [&](std::size_t position) { return records.Field(position); });
+}
+
+std::vector<HoldingRow> ReadHoldings(DataSource& holdings) {
+    jet::RecordSet& records = holdings.Records();
+    std::vector<HoldingRow> rows;
+    const std::int32_t count = records.RecordCount();
+    for (std::int32_t row = 0; row < count; ++row) {
+        rows.push_back(
+            HoldingFrom(records, [&](std::size_t position) { return records.At(row, position); }));
+    }
+    return rows;
 }
 
 std::vector<CurvePoint> ReadPoints(jet::Database& database, std::int32_t kontoId) {

@@ -4,14 +4,22 @@
 
 #include "diagram/rules/stroke.h"
 #include "fundfile/datasource.h"
+#include "fundfile/rules/holding.h"
 #include "jet/database.h"
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-/// The identity of the current holding; 1 where the first column cannot be read as a number.
+/// The identity of the current holding; kFallbackKontoId where the first column cannot be read as a
+/// number.
 std::int32_t KontoIdOf(DataSource& holdings);
+
+/// The current row as typed values: a pending one while it is edited. A column that holds something
+/// else than its kind (a text that is no number, a date that is none) reads as empty.
+HoldingRow ReadHolding(DataSource& holdings);
+/// All rows in record order, without moving.
+std::vector<HoldingRow> ReadHoldings(DataSource& holdings);
 
 /// One holding's points in day order. Points without a day or a value are left out.
 std::vector<CurvePoint> ReadPoints(jet::Database& database, std::int32_t kontoId);

@@ -17,16 +17,6 @@ inline constexpr std::string_view kHoldingsSource = "FR_FONDDATA";
 /// What the first column of FONDDATA can always be called, whatever the file calls it.
 inline constexpr std::string_view kKontoId = "KontoId";
 
-/// The fund number of a row that stands for a whole account.
-inline constexpr std::string_view kSummaryFondNr = "999 999";
-
-inline constexpr std::string_view kDefaultScale = "15/-10";
-
-/// SparadeVärden before the first share notice; afterwards four values, each closed by
-/// kSavedValueEnd.
-inline constexpr std::string_view kNothingSaved = "x";
-inline constexpr std::string_view kSavedValueEnd = "\xC2\xB6";  // the pilcrow, character 182
-
 /// Column positions in FONDDATA.
 namespace holding {
 inline constexpr std::size_t kKontoId = 0;

@@ -4,7 +4,11 @@
 #include "base/number.h"
 #include "diagram/rules/curvecolour.h"
 #include "diagram/rules/scale.h"
+#include "entry/rules/pricecheck.h"
 #include "fundfile/fundfile.h"
+#include "fundfile/rules/holding.h"
+#include "fundfile/rules/savedvalues.h"
+#include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
 #include "jet/database.h"
 #include "jet/transaction.h"
@@ -28,17 +32,12 @@ struct Holding {
     std::int32_t andel = 0;
     std::optional<std::size_t> notice;  // index of the day of the share notice
 
-    bool IsSummary() const { return sample->fondNr == schema::kSummaryFondNr; }
+    bool IsSummary() const { return sample->fondNr == kSummaryFondNr; }
     double SharesNow() const {
         constexpr double kNewShares = 1.0183;
         return notice ? std::round(sample->shares * kNewShares * 10000) / 10000 : sample->shares;
     }
 };
-
-std::int32_t PercentSince(double startPrice, double price) {
-    const float start = static_cast<float>(startPrice);
-    return RoundHalfEven((static_cast<float>(price) - start) * 100 / start);
-}
 
 /// The first day with a price from 15 February on, in the last such year that is over by a month.
 std::optional<std::size_t> NoticeDay(const std::vector<std::int32_t>& days) {
@@ -64,7 +63,8 @@ Holding Follow(const SampleHolding& sample, std::int32_t kontoId, const Market& 
     holding.prices = Prices(market, sample.character, static_cast<std::size_t>(first), days.size(),
                             sample.startPrice, seed + static_cast<std::uint64_t>(kontoId));
     for (const double price : holding.prices) {
-        holding.percents.push_back(PercentSince(sample.startPrice, price));
+        holding.percents.push_back(
+            PercentChange(static_cast<float>(price), static_cast<float>(sample.startPrice)));
     }
     if (sample.shareNotice) {
         holding.notice = NoticeDay(holding.days);
@@ -82,33 +82,29 @@ void ShareOut(std::vector<Holding>& holdings) {
     }
 }
 
-std::string ShownList(const std::vector<Holding>& holdings) {
-    std::string list;
-    for (const Holding& holding : holdings) {
-        if (holding.sample->shown) {
-            list += (list.empty() ? "" : ".") + PlainText(holding.kontoId);
-        }
-    }
-    return list + "/";
-}
-
-std::string ScaleOf(const Holding& holding) {
+/// The first row's scale has the list of the curves that are shown together in front.
+std::string ScaleOf(const Holding& holding, const std::vector<Holding>& all) {
     const ScaleRange scale = AutomaticScale(holding.percents);
-    return PlainText(scale.top) + "/" + PlainText(scale.bottom);
+    if (&holding != &all.front()) {
+        return ScaleColumn(scale);
+    }
+    std::vector<std::int32_t> shown;
+    for (const Holding& other : all) {
+        if (other.sample->shown) shown.push_back(other.kontoId);
+    }
+    return FirstScaleColumn(shown, scale);
 }
 
 std::string SavedValuesOf(const Holding& holding) {
     if (!holding.notice) {
-        return std::string(schema::kNothingSaved);
+        return std::string(kKeepValues);
     }
-    const SampleHolding& sample = *holding.sample;
-    std::string saved;
-    for (const std::string& value :
-         {FormatDay(holding.days.front()), PlainText(sample.shares), PlainText(sample.startPrice),
-          PlainText(sample.shares * sample.startPrice)}) {
-        saved += value + std::string(schema::kSavedValueEnd);
-    }
-    return saved;
+    HoldingRow before;
+    before.bokfortDatum = holding.days.front();
+    before.fondandelar = holding.sample->shares;
+    before.kursKr = holding.sample->startPrice;
+    before.vardeKr = holding.sample->shares * holding.sample->startPrice;
+    return SavedValuesText(before);
 }
 
 void SetAccount(jet::RecordSet& records, const SampleAccount& account) {
@@ -187,8 +183,7 @@ void WriteSample(const Sample& sample, std::int32_t lastDay, const std::filesyst
     const auto holdingRows = file->OpenRecordSet(schema::kHoldingsTable);
     const auto pointRows = file->OpenRecordSet(schema::kPointsTable);
     for (const Holding& holding : holdings) {
-        const std::string list = holding.kontoId == 1 ? ShownList(holdings) : "";
-        AddHolding(*holdingRows, holding, AccountOf(sample, holding), list + ScaleOf(holding));
+        AddHolding(*holdingRows, holding, AccountOf(sample, holding), ScaleOf(holding, holdings));
         AddPoints(*pointRows, holding);
     }
     transaction.Commit();
