@@ -22,9 +22,9 @@ class QTableView;
 /// What a cell is about to become.
 struct CellChange {
     int column = 0;
-    std::string oldText;
-    std::string text;     ///< may be rewritten
-    bool cancel = false;  ///< true: the cell keeps its old text
+    std::string oldText = {};
+    std::string text = {};  ///< may be rewritten
+    bool cancel = false;    ///< true: the cell keeps its old text
 };
 
 /// Called in the order in which they stand here. An empty one is not called; a `bool` answer of

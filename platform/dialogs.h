@@ -15,7 +15,7 @@ enum class Answer { Ok, Cancel, Yes, No };
 enum class DefaultButton { First, Second };
 
 struct Message {
-    std::string text;  ///< UTF-8, lines joined by CR LF
+    std::string text = {};  ///< UTF-8, lines joined by CR LF
     Buttons buttons = Buttons::Ok;
     Icon icon = Icon::None;
     DefaultButton defaultButton = DefaultButton::First;
@@ -26,11 +26,11 @@ enum class FileChoice { Open, Save };
 
 struct FileRequest {
     FileChoice choice = FileChoice::Open;
-    std::string title;
-    std::string filter;            ///< "Access mdb|*.mdb"
-    std::string folder;            ///< where the choice begins
-    std::string defaultExtension;  ///< "mdb"
-    std::string fileName;          ///< proposed; may be empty
+    std::string title = {};
+    std::string filter = {};            ///< "Access mdb|*.mdb"
+    std::string folder = {};            ///< where the choice begins
+    std::string defaultExtension = {};  ///< "mdb"
+    std::string fileName = {};          ///< proposed; may be empty
     bool askBeforeOverwriting = false;
     bool mustExist = false;
     bool operator==(const FileRequest&) const = default;

@@ -16,12 +16,12 @@
 class DataSource;
 
 struct GridColumn {
-    std::string caption;
-    std::string field;  ///< the column's name in the record set
+    std::string caption = {};
+    std::string field = {};  ///< the column's name in the record set
     bool locked = false;
-    int decimals = -1;       ///< shown with so many; -1: as many as there are
-    CharacterFilter filter;  ///< what may be typed; none: everything
-    std::string enterKeys;   ///< key strokes that Enter becomes; "": Enter stays Enter
+    int decimals = -1;            ///< shown with so many; -1: as many as there are
+    CharacterFilter filter = {};  ///< what may be typed; none: everything
+    std::string enterKeys = {};   ///< key strokes that Enter becomes; "": Enter stays Enter
     int widthShare = 1;
 };
 

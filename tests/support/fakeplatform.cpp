@@ -140,8 +140,9 @@ std::string ScriptedDialogs::PickFile(const FileRequest& request) {
 std::optional<Rgb> ScriptedDialogs::PickColour(Rgb shownFirst) {
     const std::optional<Expectation> expected = Next(Expectation::Kind::Colour, "a colour");
     if (!expected) return std::nullopt;
-    if (expected->shownFirst)
+    if (expected->shownFirst) {
         EXPECT_TRUE(*expected->shownFirst == shownFirst) << "another colour is shown first";
+    }
     return expected->picked;
 }
 
