@@ -5,6 +5,6 @@
 
 class Error;
 
-/// "Fel 61: Disken är full."; a number without a text of its own gives "Fel 9: " and the error's
+/// "Fel 61: " and a sentence for the user.
 /// line.
 std::string UntrappedText(const Error& error);

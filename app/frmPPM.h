@@ -27,13 +27,15 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
 
     // What controllers ask of each other. One line each in frmPPM.cpp; the work is in the one
     // named.
-    void Activate();                                               // StartUp
+    void Activate();                                               // StartUp: its work, done again
     void ResetPanels();                                            // StartUp
     void Unload();                                                 // StartUp
     void ScaleToScreen(float factor);                              // ScreenScaling
     void FillFundList();                                           // FundList
     void OpenSelectedFund();                                       // FundList
     void ClearFundPanel();                                         // FundList
+    void ReadCurveList();                                          // FundList: the stored list
+    void SelectCurves(std::vector<std::int32_t> kontoIds);         // FundList
     void RefreshFundSummary(float startPrice, float newPrice);     // FundSummary
     void SetVerticalScale(std::int32_t bottom, std::int32_t top);  // Axes
     void AdvanceOneMonth();                                        // Axes
@@ -59,12 +61,8 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     Layout layout;
     Markers markers;
 
-  protected:
-    bool event(QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-
   private:
+    std::unique_ptr<CommonDialog> dialog_;
     struct Controllers;  // all of them, in order of construction; only frmPPM.cpp sees them
     std::unique_ptr<Controllers> controllers_;
 };

@@ -7,40 +7,65 @@
 
 namespace {
 
-constexpr float kPixelsPerInch = 96;
+// A point is a 72nd of an inch of the design, whatever the desktop takes an inch to be: the text
+// keeps its proportion to the control it stands in.
+constexpr float kDesignDotsPerInch = 96;
 
-int Pixels(float twips) {
-    return static_cast<int>(std::lround(twips / kTwipsPerPixel));
+float FactorOf(const Scaling& scaling, Letters letters) {
+    switch (letters) {
+        case Letters::List:
+            return scaling.listFont;
+        case Letters::Grid:
+            return scaling.gridFont;
+        case Letters::Control:
+            break;
+    }
+    return scaling.controlFont;
 }
 
 }  // namespace
 
-void Layout::Place(QWidget* widget, TwipRect rect, float points) {
-    placed_.push_back({widget, rect, points});
+int Pixels(float twips) {
+    return static_cast<int>(std::lround(twips / kPixel));
 }
 
-void Layout::AlsoScale(std::function<void(float, float, float)> scale) {
+void Layout::Place(QWidget* widget, TwipRect rect, float points, Letters letters) {
+    placed_.push_back({widget, rect});
+    Letter(widget, points, letters);
+}
+
+void Layout::Letter(QWidget* widget, float points, Letters letters) {
+    lettered_.push_back({widget, points, letters});
+    ApplyFont(lettered_.back());
+}
+
+void Layout::AlsoScale(std::function<void(const Scaling&)> scale) {
     also_.push_back(std::move(scale));
 }
 
-void Layout::Apply(float across, float down, float font) {
-    across_ = across;
-    down_ = down;
-    font_ = font;
-    for (const Placed& placed : placed_) {
-        // Edges are rounded, not sizes, so that what is aligned on the design stays aligned.
-        const TwipRect& rect = placed.rect;
-        const int left = Pixels(rect.left * across);
-        const int top = Pixels(rect.top * down);
-        const int right = Pixels((rect.left + rect.width) * across);
-        const int bottom = Pixels((rect.top + rect.height) * down);
-        QFont scaled = placed.widget->font();
-        // A point is a 72nd of an inch of the design, whatever the desktop takes an inch to be: the
-        // text keeps its proportion to the control it stands in.
-        const float inch = kPixelsPerInch / static_cast<float>(placed.widget->logicalDpiY());
-        scaled.setPointSizeF(static_cast<double>(placed.points * font * inch));
-        placed.widget->setFont(scaled);
-        placed.widget->setGeometry(left, top, right - left, bottom - top);
+void Layout::ApplyFont(const Lettered& lettered) const {
+    const float inch = kDesignDotsPerInch / static_cast<float>(lettered.widget->logicalDpiY());
+    const float points = lettered.points * FactorOf(scaling_, lettered.letters) * inch;
+    QFont font = lettered.widget->font();
+    font.setPointSizeF(static_cast<double>(points));
+    lettered.widget->setFont(font);
+}
+
+void Layout::Apply(const Scaling& scaling) {
+    const bool otherFonts = scaling.controlFont != scaling_.controlFont ||
+                            scaling.listFont != scaling_.listFont ||
+                            scaling.gridFont != scaling_.gridFont;
+    scaling_ = scaling;
+    if (otherFonts) {
+        for (const Lettered& lettered : lettered_) ApplyFont(lettered);
     }
-    for (const auto& scale : also_) scale(across, down, font);
+    for (const auto& [widget, rect] : placed_) {
+        // Edges are rounded, not sizes, so that what is aligned on the design stays aligned.
+        const int left = Pixels(rect.left * scaling.across);
+        const int top = Pixels(rect.top * scaling.down);
+        const int right = Pixels((rect.left + rect.width) * scaling.across);
+        const int bottom = Pixels((rect.top + rect.height) * scaling.down);
+        widget->setGeometry(left, top, right - left, bottom - top);
+    }
+    for (const auto& scale : also_) scale(scaling);
 }

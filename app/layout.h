@@ -3,7 +3,6 @@
 // pixel), and how the whole follows another size. Knows no control by name: the furnish files place
 // their own.
 
-#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -14,31 +13,50 @@ struct TwipRect {
     bool operator==(const TwipRect&) const = default;
 };
 
-inline constexpr float kDesignWidthTwips = 12000;
-inline constexpr float kDesignHeightTwips = 9000;
-inline constexpr float kTwipsPerPixel = 15;
+// In twips.
+inline constexpr float kLayoutWidth = 12000;
+inline constexpr float kLayoutHeight = 9000;
+inline constexpr float kPixel = 15;
+
+/// The kinds of text that follow another size in their own ways.
+enum class Letters { Control, List, Grid };
+
+/// What sizes across and down and font sizes are multiplied by.
+struct Scaling {
+    float across = 1, down = 1;
+    float controlFont = 1, listFont = 1, gridFont = 1;
+    bool operator==(const Scaling&) const = default;
+};
 
 class Layout {
   public:
     /// `rect` is in the widget's parent; `points` is the font size on the design size.
-    void Place(QWidget* widget, TwipRect rect, float points = 9);
-    /// Multiplies places and sizes across and down, and font sizes, from the design size.
-    void Apply(float across, float down, float font);
-    /// Called after every Apply, for what is no widget's place: column widths, panel widths, grid
-    /// lines.
-    void AlsoScale(std::function<void(float across, float down, float font)> scale);
+    void Place(QWidget* widget, TwipRect rect, float points, Letters letters = Letters::Control);
+    /// The font alone, for a widget that another layout places.
+    void Letter(QWidget* widget, float points, Letters letters);
+    /// Called after every Apply, for what is no widget's place: column widths, margins, icon sizes.
+    void AlsoScale(std::function<void(const Scaling&)> scale);
 
-    float Across() const { return across_; }
-    float Down() const { return down_; }
-    float Font() const { return font_; }
+    void Apply(const Scaling& scaling);
+    const Scaling& Present() const { return scaling_; }
 
   private:
     struct Placed {
         QWidget* widget;
         TwipRect rect;
-        float points;
     };
+    struct Lettered {
+        QWidget* widget;
+        float points;
+        Letters letters;
+    };
+    void ApplyFont(const Lettered& lettered) const;
+
     std::vector<Placed> placed_;
-    std::vector<std::function<void(float, float, float)>> also_;
-    float across_ = 1, down_ = 1, font_ = 1;
+    std::vector<Lettered> lettered_;
+    std::vector<std::function<void(const Scaling&)>> also_;
+    Scaling scaling_;
 };
+
+/// Twips as whole logical pixels.
+int Pixels(float twips);

@@ -1,0 +1,44 @@
+#include "app/background.h"
+
+#include "app/frmPPM.h"
+#include "app/look.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int kStripWidth = 20;
+constexpr int kStripHeight = 300;
+constexpr int kThread = 4;  // the texture's threads lie so far apart; it divides both sizes
+
+}  // namespace
+
+Background::Background(frmPPM& ppm) : Controller(ppm) {
+    OnEvent(window.centralWidget(), QEvent::Paint, [this](QEvent&) {
+        Form_Paint();
+        return true;
+    });
+}
+
+void Background::DrawStrip(qreal pixelRatio) {
+    strip_ = QPixmap(QSize(kStripWidth, kStripHeight) * pixelRatio);
+    strip_.setDevicePixelRatio(pixelRatio);
+    strip_.fill(QColor(look::kGround));
+    QPainter painter(&strip_);
+    painter.setPen(QPen(QColor(look::kGroundThread), 1));
+    // Slanting threads that meet where one strip ends and the next begins.
+    for (int y = -kStripWidth; y < kStripHeight + kStripWidth; y += kThread) {
+        painter.drawLine(QPointF(0, y + kStripWidth), QPointF(kStripWidth, y));
+    }
+}
+
+void Background::Form_Paint() {
+    QWidget& client = *window.centralWidget();
+    if (client.height() < 0) return;
+    const qreal pixelRatio = client.devicePixelRatioF();
+    if (strip_.isNull() || strip_.devicePixelRatio() != pixelRatio) DrawStrip(pixelRatio);
+    QPainter painter(&client);
+    for (int y = 0; y <= client.height(); y += kStripHeight) {
+        for (int x = 0; x <= client.width(); x += kStripWidth) painter.drawPixmap(x, y, strip_);
+    }
+}

@@ -1,0 +1,138 @@
+#include "app/frmPPM.h"
+
+#include "app/background.h"
+#include "app/fundlist.h"
+#include "app/fundsummary.h"
+#include "app/furnish.h"
+#include "app/keyboard.h"
+#include "app/screenscaling.h"
+#include "app/startup.h"
+#include "diagram/axes.h"
+#include "diagram/curves.h"
+#include "entry/priceentry.h"
+#include "platform/commondialog.h"
+#include "platform/platform.h"
+#include "tools/log.h"
+#include "tools/outsideprograms.h"
+
+/// In order of construction; what one does in its constructor may use those above it.
+struct frmPPM::Controllers {
+    explicit Controllers(frmPPM& window)
+        : log(window),
+          outsidePrograms(window),
+          background(window),
+          screenScaling(window),
+          axes(window),
+          curves(window),
+          keyboard(window),
+          fundList(window),
+          fundSummary(window),
+          priceEntry(window),
+          startUp(window) {}
+
+    Log log;
+    OutsidePrograms outsidePrograms;
+    Background background;
+    ScreenScaling screenScaling;
+    Axes axes;
+    Curves curves;
+    Keyboard keyboard;
+    FundList fundList;
+    FundSummary fundSummary;
+    PriceEntry priceEntry;
+    StartUp startUp;
+};
+
+frmPPM::frmPPM(Platform& outside, QWidget* parent)
+    : QMainWindow(parent),
+      platform(outside),
+      markers(*this),
+      dialog_(std::make_unique<CommonDialog>(outside.dialogs)) {
+    CmDialog = dialog_.get();
+    Furnish(*this);
+    controllers_ = std::make_unique<Controllers>(*this);
+    controllers_->startUp.Load();
+}
+
+frmPPM::~frmPPM() {
+    // Controls tell of their end (a lost focus, a closed row); nobody may listen any more.
+    Unload();
+    controllers_.reset();
+}
+
+void frmPPM::Activate() {
+    controllers_->startUp.Activate();
+}
+void frmPPM::ResetPanels() {
+    controllers_->startUp.ResetPanels();
+}
+void frmPPM::Unload() {
+    controllers_->startUp.Unload();
+}
+void frmPPM::ScaleToScreen(float factor) {
+    controllers_->screenScaling.ScaleToScreen(factor);
+}
+void frmPPM::FillFundList() {
+    controllers_->fundList.FillFundList();
+}
+void frmPPM::OpenSelectedFund() {
+    controllers_->fundList.OpenSelectedFund();
+}
+void frmPPM::ClearFundPanel() {
+    controllers_->fundList.ClearFundPanel();
+}
+void frmPPM::ReadCurveList() {
+    controllers_->fundList.ReadCurveList();
+}
+void frmPPM::SelectCurves(std::vector<std::int32_t> kontoIds) {
+    controllers_->fundList.SelectCurves(std::move(kontoIds));
+}
+void frmPPM::RefreshFundSummary(float startPrice, float newPrice) {
+    controllers_->fundSummary.RefreshFundSummary(startPrice, newPrice);
+}
+void frmPPM::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
+    controllers_->axes.SetVerticalScale(bottom, top);
+}
+void frmPPM::AdvanceOneMonth() {
+    controllers_->axes.AdvanceOneMonth();
+}
+void frmPPM::PlotCurves() {
+    controllers_->curves.PlotCurves();
+}
+void frmPPM::PrintCurves(PrinterPage& page) {
+    controllers_->curves.PrintCurves(page);
+}
+void frmPPM::ComputeFundScale(std::int32_t kontoId, bool replace) {
+    controllers_->curves.ComputeFundScale(kontoId, replace);
+}
+void frmPPM::WriteLogEntry(std::string_view entry) {
+    controllers_->log.WriteLogEntry(entry);
+}
+std::string frmPPM::BuildAccountTotals(std::string_view /*accountName*/) {
+    return {};
+}
+
+void frmPPM::cmdFondList_Click() {
+    controllers_->priceEntry.cmdFondList_Click();
+}
+void frmPPM::cmdPPMData_Click() {
+    controllers_->fundList.cmdPPMData_Click();
+}
+void frmPPM::imgScreen_Click() {
+    controllers_->fundList.imgScreen_Click();
+}
+void frmPPM::imgColor_Click() {}
+void frmPPM::imgGrafNr_Click() {}
+void frmPPM::Image4_MouseUp(Qt::MouseButton button) {
+    controllers_->axes.Image4_MouseUp(button);
+}
+void frmPPM::Image5_MouseUp(Qt::MouseButton button) {
+    controllers_->axes.Image5_MouseUp(button);
+}
+void frmPPM::mnuPlus_Click() {
+    controllers_->axes.mnuPlus_Click();
+}
+void frmPPM::mnuMinus_Click() {
+    controllers_->axes.mnuMinus_Click();
+}
+void frmPPM::mnuTotal_Click() {}

@@ -1,0 +1,20 @@
+#pragma once
+// Creates the controls: their places on the design size, captions, tooltips, tags, tab order and
+// looks. One function and one file for each panel; none of them knows what its controls are for.
+
+class frmPPM;
+
+void Furnish(frmPPM& window);  ///< all of the following, in this order
+
+void FurnishDataSources(frmPPM& window);
+void FurnishMenus(frmPPM& window);
+void FurnishHeading(frmPPM& window);       ///< panRubrik
+void FurnishFundList(frmPPM& window);      ///< panListFonder
+void FurnishControlPanel(frmPPM& window);  ///< panControl
+void FurnishDiagram(frmPPM& window);       ///< panDiagram
+void FurnishStartData(frmPPM& window);     ///< fraStartData
+void FurnishHoldings(frmPPM& window);      ///< panBasData
+void FurnishPlotData(frmPPM& window);      ///< panPlottData
+void FurnishTotals(frmPPM& window);        ///< panTotal
+void FurnishStatusBar(frmPPM& window);     ///< staBar
+void FurnishTabOrder(frmPPM& window);

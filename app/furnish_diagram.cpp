@@ -1,0 +1,110 @@
+// The diagram with its scale, months, years, scroll buttons and the two readings of the cross-hair.
+
+#include "app/furnish.h"
+#include "app/furnishing.h"
+#include "app/imagebutton.h"
+#include "app/places.h"
+#include "base/number.h"
+#include "base/text.h"
+#include "diagram/diagramview.h"
+#include "platform/caption.h"
+#include "platform/tag.h"
+
+#include <QGroupBox>
+
+namespace {
+
+constexpr TwipRect kPicture{615, 420, 7350, 4530};
+constexpr float kLabelHeight = 240;
+constexpr int kValues = 6;
+constexpr int kMonths = 12;
+
+/// Two years and one more January, so that twelve months never wrap.
+constexpr std::string_view kMonthNames =
+    "Jan|Feb|Mars|April|Maj|Juni|Juli|Aug|Sep|Okt|Nov|Dec|Jan|Feb|Mars|April|Maj|Juni|Juli|Aug|Sep|"
+    "Okt|"
+    "Nov|Dec|Jan";
+
+QLabel* Label(frmPPM& window, const char* name, const TwipRect& rect, Qt::Alignment alignment,
+              std::string_view spoken, float points = kTextPoints) {
+    auto* label = Named(new QLabel(window.panDiagram), name);
+    Placed(window, label, rect, points);
+    label->setAlignment(alignment | Qt::AlignVCenter);
+    Speak(label, spoken);
+    return label;
+}
+
+void FurnishScale(frmPPM& window) {
+    static constexpr std::array<std::string_view, kValues> kCaptions = {"-20", "-10", "0",
+                                                                        "10",  "20",  "30"};
+    for (int i = 1; i <= kValues; ++i) {
+        const float line =
+            kPicture.top + kPicture.height * static_cast<float>(kValues - i) / (kValues - 1);
+        QLabel*& label = window.lblVertical[i];
+        label = Named(Label(window, "", {45, line - kLabelHeight / 2, 495, kLabelHeight},
+                            Qt::AlignRight, "Procentskala", kSmallPoints),
+                      "lblVertical", i);
+        SetCaption(label, kCaptions[static_cast<std::size_t>(i - 1)]);
+    }
+}
+
+void FurnishMonths(frmPPM& window) {
+    const float width = kPicture.width / kMonths;
+    const float top = kPicture.top + kPicture.height + 60;
+    const std::vector<std::string> names = Split(kMonthNames, "|");
+    for (int i = 1; i <= kMonths; ++i) {
+        const float left = kPicture.left + width * static_cast<float>(i - 1);
+        QLabel*& label = window.lblMonth[i];
+        label = Named(Label(window, "", {left, top, width, kLabelHeight}, Qt::AlignHCenter, "Månad",
+                            kSmallPoints),
+                      "lblMonth", i);
+        SetCaption(label, names[static_cast<std::size_t>(i - 1)]);
+    }
+    SetTag(window.lblMonth[1], kMonthNames);
+}
+
+ImageButton* Scroll(frmPPM& window, const char* name, const QString& icon, float left,
+                    std::string_view spoken, std::string_view tip) {
+    auto* button = Named(new ImageButton(window.panDiagram), name);
+    button->setIcon(QIcon(icon));
+    Placed(window, button, {left, 5340, 450, 330});
+    window.layout.AlsoScale(
+        [button](const Scaling&) { button->setIconSize(button->size() * 3 / 4); });
+    button->setFocusPolicy(Qt::NoFocus);  // the arrow keys do the same everywhere
+    Speak(button, spoken);
+    Tip(button, tip);
+    return button;
+}
+
+}  // namespace
+
+void FurnishDiagram(frmPPM& window) {
+    auto* panel = window.panDiagram = Named(new QGroupBox(window.centralWidget()), "panDiagram");
+    Placed(window, panel, places::kDiagram);
+    panel->setTitle(ToQt("Mätning :  Klick med vänster eller höger musknapp i diagrammet    "));
+    panel->hide();
+
+    window.picDiagram = Named(new DiagramView(panel), "picDiagram");
+    Placed(window, window.picDiagram, kPicture, kSmallPoints);
+    Speak(window.picDiagram, "Diagram");
+    for (std::size_t i = 0; i < window.Line.size(); ++i) {
+        window.Line[static_cast<int>(i) + 1] = window.picDiagram->GridLines().at(i);
+    }
+    FurnishScale(window);
+    FurnishMonths(window);
+
+    // Beside the hint and over the picture, so that they never stand on a curve.
+    window.lblXCord =
+        Label(window, "lblXCord", {4950, 60, 1890, 285}, Qt::AlignRight, "Datum vid hårkorset");
+    window.lblYCord =
+        Label(window, "lblYCord", {6900, 60, 1065, 285}, Qt::AlignRight, "Värde vid hårkorset");
+
+    window.lbLeftYear =
+        Label(window, "lbLeftYear", {1215, 5340, 1500, 330}, Qt::AlignLeft, "År till vänster", 10);
+    window.lblRightYear =
+        Label(window, "lblRightYear", {5865, 5340, 1500, 330}, Qt::AlignRight, "År till höger", 10);
+    window.Image4 = Scroll(window, "Image4", QStringLiteral(":/icons/left.svg"), 615,
+                           "Bakåt i tiden", "Flytta vänster kvartal / år  <pil vänster> ");
+    window.Image5 = Scroll(window, "Image5", QStringLiteral(":/icons/right.svg"), 7515,
+                           "Framåt i tiden", "Flytta höger kvartal / år  <pil höger>   ");
+}

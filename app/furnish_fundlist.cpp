@@ -1,0 +1,108 @@
+// The column at the left: the fund list with its two hints, and the panel with buttons and price
+// field under it.
+
+#include "app/furnish.h"
+#include "app/furnishing.h"
+#include "app/imagebutton.h"
+#include "app/look.h"
+#include "app/places.h"
+#include "platform/caption.h"
+#include "platform/entryfield.h"
+#include "platform/tag.h"
+
+#include <QGroupBox>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+ImageButton* Image(frmPPM& window, const char* name, const QString& icon, const TwipRect& rect,
+                   std::string_view spoken, std::string_view tip) {
+    auto* button = Named(new ImageButton(window.panControl), name);
+    button->setIcon(QIcon(icon));
+    Placed(window, button, rect);
+    window.layout.AlsoScale(
+        [button](const Scaling&) { button->setIconSize(button->size() * 3 / 4); });
+    Speak(button, spoken);
+    Tip(button, tip);
+    return button;
+}
+
+QLabel* Hint(QWidget* parent, const char* name) {
+    auto* label = Named(new QLabel(parent), name);
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    label->hide();
+    return label;
+}
+
+}  // namespace
+
+void FurnishFundList(frmPPM& window) {
+    auto* panel = window.panListFonder =
+        Named(new QGroupBox(window.centralWidget()), "panListFonder");
+    Placed(window, panel, places::kLeftColumn);
+    panel->hide();
+
+    // The hints take room from the list only while they show.
+    window.lstFonder = Named(new QListWidget(panel), "lstFonder");
+    window.lblGrafNr = Hint(panel, "lblGrafNr");
+    window.lblPlottInfo = Hint(panel, "lblPlottInfo");
+    auto* column = new QVBoxLayout(panel);
+    column->addWidget(window.lstFonder, 1);
+    column->addWidget(window.lblGrafNr);
+    column->addWidget(window.lblPlottInfo);
+    window.layout.AlsoScale([column](const Scaling& scaling) {
+        const int side = Pixels(120 * scaling.across);
+        column->setContentsMargins(side, Pixels(390 * scaling.down), side,
+                                   Pixels(120 * scaling.down));
+        column->setSpacing(Pixels(90 * scaling.down));
+    });
+    window.layout.Letter(window.lstFonder, kTextPoints, Letters::List);
+    window.lstFonder->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    window.lstFonder->setTextElideMode(Qt::ElideRight);
+    window.lstFonder->setUniformItemSizes(true);
+    look::SetTextColour(*window.lstFonder, look::kListGreen);
+    Speak(window.lstFonder, "Fonder");
+    Speak(window.lblGrafNr, "Valda kurvor");
+    Speak(window.lblPlottInfo, "Anvisning");
+}
+
+void FurnishControlPanel(frmPPM& window) {
+    auto* panel = window.panControl = Named(new QFrame(window.centralWidget()), "panControl");
+    Placed(window, panel, places::kControls);
+    panel->hide();
+
+    window.cmdFondList = Named(new QPushButton(ToQt("Ny Dags&kurs"), panel), "cmdFondList");
+    Placed(window, window.cmdFondList, {150, 135, 1575, 405});
+    Speak(window.cmdFondList, "Ny dagskurs");
+    Tip(window.cmdFondList, "Öppnar eller stänger fondlistan  <F11>");
+
+    window.cmdPPMData = Named(new QPushButton(ToQt("&PPM Data"), panel), "cmdPPMData");
+    Placed(window, window.cmdPPMData, {1815, 135, 1575, 405});
+    Speak(window.cmdPPMData, "Växla mellan diagram och innehav");
+    Tip(window.cmdPPMData, "Växlar mellan diagrammet och innehaven");
+
+    window.txtValue = Named(new EntryField(panel), "txtValue");
+    Placed(window, window.txtValue, {1815, 645, 1575, 390}, 10);
+    window.txtValue->setAlignment(Qt::AlignRight);
+    Speak(window.txtValue, "Dagens kurs i kronor");
+    Tip(window.txtValue, "Skriv dagens kurs och tryck <Enter>");
+    QLabel* heading = Heading(panel, "Dagens k&urs, kr", window.txtValue);
+    Placed(window, heading, {150, 645, 1590, 390});
+
+    window.imgScreen =
+        Image(window, "imgScreen", QStringLiteral(":/icons/screen.svg"), {150, 1140, 420, 390},
+              "Rita om diagrammet", "Visar de valda kurvorna igen  <F8>");
+    window.imgColor =
+        Image(window, "imgColor", QStringLiteral(":/icons/colour.svg"), {660, 1140, 420, 390},
+              "Färgknapp", "Färgknapp  Välj färg till Fondkurva  ");
+    window.imgGrafNr =
+        Image(window, "imgGrafNr", QStringLiteral(":/icons/curves.svg"), {1170, 1140, 420, 390},
+              "Diagramknapp", "Diagramknapp  Välj Fonder att visa      ");
+    for (ImageButton* button : {window.imgColor, window.imgGrafNr}) {
+        SetTag(button, "0");
+        button->hide();
+    }
+}

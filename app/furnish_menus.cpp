@@ -1,0 +1,80 @@
+// The menus. The captions are the texts as given; the letters to press are found when a menu opens.
+
+#include "app/furnish.h"
+#include "app/furnishing.h"
+#include "app/rules/mnemonics.h"
+#include "platform/caption.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace {
+
+QAction* Item(QMenu* menu, const char* name, std::string_view caption) {
+    QAction* action = Named(menu->addAction(ToQt(caption)), name);
+    action->setMenuRole(QAction::NoRole);
+    return action;
+}
+
+/// Marks the letters to press while the menu is open, and only then: the captions stay as they are
+/// given.
+void MarkLettersWhileOpen(QMenu* menu) {
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] {
+        std::vector<std::string> captions;
+        for (const QAction* action : menu->actions()) captions.push_back(Caption(action));
+        captions = WithMnemonics(captions);
+        for (std::size_t i = 0; i < captions.size(); ++i) {
+            menu->actions()[static_cast<qsizetype>(i)]->setText(ToQt(captions[i]));
+        }
+    });
+    QObject::connect(menu, &QMenu::aboutToHide, menu, [menu] {
+        for (QAction* action : menu->actions())
+            SetCaption(action, WithoutMnemonic(Caption(action)));
+    });
+}
+
+QMenu* Menu(frmPPM& window, const char* name, std::string_view caption) {
+    QMenu* menu = Named(window.menuBar()->addMenu(ToQt(caption)), name);
+    menu->menuAction()->setObjectName(menu->objectName() + QStringLiteral("_action"));
+    MarkLettersWhileOpen(menu);
+    return menu;
+}
+
+}  // namespace
+
+void FurnishMenus(frmPPM& window) {
+    QMenu* file = window.mnuArkiv = Menu(window, "mnuArkiv", "&Arkiv");
+    window.mnuNew = Item(file, "mnuNew", "Ny Fondfil");
+    window.mnuOpen = Item(file, "mnuOpen", "Öppna");
+    window.mnuSaveAs = Item(file, "mnuSaveAs", "Spara som..");
+    window.mnuRadera = Item(file, "mnuRadera", "Radera Fondfil");
+    file->addSeparator();
+    window.mnuStartFile = Item(file, "mnuStartFile", "Starta Med...");
+    file->addSeparator();
+    window.mnuPrint = Item(file, "mnuPrint", "Skriv Ut");
+    file->addSeparator();
+    window.mnuAvbryt = Item(file, "mnuAvbryt", "Avsluta");
+
+    QMenu* show = window.mnuShow = Menu(window, "mnuShow", "&Visa");
+    window.mnuAll = Item(show, "mnuAll", "Visa alla kurvor");
+    show->addSeparator();
+    window.mnuVeckor = Item(show, "mnuVeckor", "Visa Vecka för Vecka");
+    window.mnuMonth = Item(show, "mnuMonth", "Visa Månad för Månad");
+    show->addSeparator();
+    window.mnuPlus = Item(show, "mnuPlus", "Zoom in..   +   Procent Skala");
+    window.mnuMinus = Item(show, "mnuMinus", "Zoom ut..   --   Procent Skala");
+    show->addSeparator();
+    window.mnuTotal = Item(show, "mnuTotal", "Totalt per konto");
+    window.mnuPEdit = Item(show, "mnuPEdit", "Plott Editera");
+    show->addSeparator();
+    window.mnuFLogg = Item(show, "mnuFLogg", "FonderLogg");
+    window.mnuNotePad = Item(show, "mnuNotePad", "Minnes Anteckningar");
+
+    QMenu* help = window.mnuHjalp = Menu(window, "mnuHjalp", "&Hjälp");
+    window.mnuHelp = Item(help, "mnuHelp", "Innehåll");
+
+    // Until the start-up pause has ended.
+    file->setEnabled(false);
+    show->setEnabled(false);
+}

@@ -1,0 +1,68 @@
+// The plot data panel: the grid of points, the percent calculator and the date translator.
+
+#include "app/furnish.h"
+#include "app/furnishing.h"
+#include "app/places.h"
+#include "platform/caption.h"
+#include "platform/datagrid.h"
+#include "platform/entryfield.h"
+
+#include <QGroupBox>
+#include <QPushButton>
+
+namespace {
+
+EntryField* Field(frmPPM& window, const char* name, const TwipRect& rect, std::string_view spoken) {
+    auto* field = Named(new EntryField(window.panPlottData), name);
+    Placed(window, field, rect);
+    field->setAlignment(Qt::AlignRight);
+    Speak(field, spoken);
+    return field;
+}
+
+void FurnishPercentCalculator(frmPPM& window) {
+    window.txtprcStart =
+        Field(window, "txtprcStart", {120, 4260, 1020, 345}, "Procent: startvärde");
+    window.txtprcNy = Field(window, "txtprcNy", {1230, 4260, 1020, 345}, "Procent: nytt värde");
+    window.cmdPrc = Named(new QPushButton(ToQt("&Räkna"), window.panPlottData), "cmdPrc");
+    Placed(window, window.cmdPrc, {2340, 4260, 1080, 345});
+    Speak(window.cmdPrc, "Räkna ut ändringen i procent");
+    window.lblprcSvar = Named(new QLabel(window.panPlottData), "lblprcSvar");
+    Placed(window, window.lblprcSvar, {2340, 4005, 1080, 240}, 10);
+    window.lblprcSvar->setAlignment(Qt::AlignCenter);
+    Speak(window.lblprcSvar, "Ändring i procent");
+    Placed(window, Heading(window.panPlottData, "&Startvärde", window.txtprcStart),
+           {120, 4005, 1080, 240}, kSmallPoints);
+    Placed(window, Heading(window.panPlottData, "Nytt vär&de", window.txtprcNy),
+           {1230, 4005, 1080, 240}, kSmallPoints);
+}
+
+void FurnishTranslator(frmPPM& window) {
+    window.txtTranslate =
+        Field(window, "txtTranslate", {120, 5130, 2130, 345}, "Datum eller dagnummer");
+    window.cmdTranslate =
+        Named(new QPushButton(ToQt("Ö&versätt"), window.panPlottData), "cmdTranslate");
+    Placed(window, window.cmdTranslate, {2340, 5130, 1080, 345});
+    Speak(window.cmdTranslate, "Översätt mellan datum och dagnummer");
+    Placed(window, Heading(window.panPlottData, "Dagnummer &eller datum", window.txtTranslate),
+           {120, 4875, 3300, 240}, kSmallPoints);
+}
+
+}  // namespace
+
+void FurnishPlotData(frmPPM& window) {
+    auto* panel = window.panPlottData =
+        Named(new QGroupBox(window.centralWidget()), "panPlottData");
+    Placed(window, panel, places::kLeftColumn);
+    panel->hide();
+
+    window.lblRecCount = Named(new QLabel(panel), "lblRecCount");
+    Placed(window, window.lblRecCount, {150, 75, 3240, 270});
+    Speak(window.lblRecCount, "Antal poster");
+    window.GridPlott = Named(new DataGrid(panel), "GridPlott");
+    Placed(window, window.GridPlott, {120, 390, 3300, 3510}, kSmallPoints);
+    window.GridPlott->SetGridCaption(ToQt("X och Y koordinater för plotting"));
+    Speak(window.GridPlott, "Kurvornas punkter");
+    FurnishPercentCalculator(window);
+    FurnishTranslator(window);
+}

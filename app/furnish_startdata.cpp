@@ -1,0 +1,43 @@
+// The start data of the chosen holding: ten labels, each under a small heading.
+
+#include "app/furnish.h"
+#include "app/furnishing.h"
+#include "app/places.h"
+#include "app/swatch.h"
+#include "platform/caption.h"
+
+#include <QGroupBox>
+
+namespace {
+
+constexpr int kColumns = 5;
+constexpr float kColumnWidth = 1560;
+constexpr float kRowHeight = 600;
+
+}  // namespace
+
+void FurnishStartData(frmPPM& window) {
+    auto* frame = window.fraStartData =
+        Named(new QGroupBox(window.centralWidget()), "fraStartData");
+    Placed(window, frame, places::kStartData);
+    frame->setTitle(ToQt("StartData"));
+    frame->hide();
+
+    for (int i = 0; i < 2 * kColumns; ++i) {
+        const float left = 180 + kColumnWidth * static_cast<float>(i % kColumns);
+        const float top = 390 + kRowHeight * static_cast<float>(i / kColumns);
+        QLabel* heading = window.lblFraHeading[i] = Named(Heading(frame, ""), "lblFraHeading", i);
+        Placed(window, heading, {left, top, kColumnWidth - 60, 240}, kSmallPoints);
+        QLabel* value = window.lblFraData[i] = Named(new QLabel(frame), "lblFraData", i);
+        Placed(window, value, {left, top + 225, kColumnWidth - 60, 285}, 10);
+        value->setTextFormat(Qt::PlainText);
+    }
+    // The fifth value is never used; the curve's colour and number stand in its place.
+    window.shaPlottColor = Named(new Swatch(frame), "shaPlottColor");
+    Placed(window, window.shaPlottColor, {180, 1260, 450, 240});
+    window.shaPlottColor->setAccessibleName(ToQt("Kurvans färg"));
+    window.lblColorNr = Named(new QLabel(frame), "lblColorNr");
+    Placed(window, window.lblColorNr, {720, 1230, 780, 300}, 10);
+    Speak(window.lblColorNr, "Kurvans nummer");
+    window.lblColorNr->hide();
+}

@@ -1,0 +1,47 @@
+// The heading band and the status bar.
+
+#include "app/furnish.h"
+#include "app/furnishing.h"
+#include "app/places.h"
+#include "platform/statuspanels.h"
+
+#include <QFrame>
+
+void FurnishHeading(frmPPM& window) {
+    auto* band = window.panRubrik = Named(new QFrame(window.centralWidget()), "panRubrik");
+    Placed(window, band, places::kHeading);
+    band->hide();
+
+    window.lblRubrik = Named(new QLabel(band), "lblRubrik");
+    Placed(window, window.lblRubrik, {180, 30, 6900, 450}, 13);
+    window.lblRubrik->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    QFont bold = window.lblRubrik->font();
+    bold.setBold(true);
+    window.lblRubrik->setFont(bold);
+    Speak(window.lblRubrik, "Öppen fondfil");
+
+    window.lblPanDatum = Named(new QLabel(band), "lblPanDatum");
+    Placed(window, window.lblPanDatum, {7200, 30, 4380, 450}, 10);
+    window.lblPanDatum->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Speak(window.lblPanDatum, "Dagens datum");
+}
+
+void FurnishStatusBar(frmPPM& window) {
+    struct Panel {
+        int number;
+        float widthTwips;
+        int share;
+    };
+    static constexpr Panel kPanels[] = {{1, 120, 0},  {2, 2700, 3}, {3, 2100, 1},
+                                        {4, 2100, 1}, {5, 1050, 0}, {6, 1500, 1}};
+    window.staBar = Named(new StatusPanels(std::ssize(kPanels), window.centralWidget()), "staBar");
+    Placed(window, window.staBar, places::kStatusBar);
+    Speak(window.staBar, "Statusrad");
+    StatusPanels* bar = window.staBar;
+    window.layout.AlsoScale([bar](const Scaling& scaling) {
+        for (const Panel& panel : kPanels) {
+            const int width = Pixels(panel.widthTwips * scaling.across);
+            bar->SetMinimumPanelWidth(panel.number, width, panel.share);
+        }
+    });
+}

@@ -1,0 +1,19 @@
+#include "app/furnishing.h"
+
+#include "platform/caption.h"
+
+void Speak(QWidget* control, std::string_view name) {
+    control->setAccessibleName(ToQt(name));
+}
+void Tip(QWidget* control, std::string_view text) {
+    control->setToolTip(ToQt(text));
+}
+
+QLabel* Heading(QWidget* parent, std::string_view text, QWidget* buddy) {
+    auto* label = new QLabel(ToQt(text), parent);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, QColor::fromRgb(0x53, 0x66, 0x73));
+    label->setPalette(palette);
+    label->setBuddy(buddy);
+    return label;
+}

@@ -1,0 +1,127 @@
+#include "app/keyboard.h"
+
+#include "app/frmPPM.h"
+#include "app/imagebutton.h"
+#include "base/text.h"
+#include "platform/caption.h"
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QKeyEvent>
+
+#include <optional>
+
+namespace {
+
+std::optional<FunctionKey> FunctionKeyOf(int key) {
+    switch (key) {
+        case Qt::Key_Left:
+            return FunctionKey::Left;
+        case Qt::Key_Right:
+            return FunctionKey::Right;
+        case Qt::Key_F8:
+            return FunctionKey::F8;
+        case Qt::Key_F9:
+            return FunctionKey::F9;
+        case Qt::Key_F11:
+            return FunctionKey::F11;
+        case Qt::Key_F12:
+            return FunctionKey::F12;
+        default:
+            return std::nullopt;
+    }
+}
+
+constexpr auto kCommandKeys = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+
+}  // namespace
+
+/// Looks at every key that is on its way to a control of the window.
+class Keyboard::Preview final : public QObject {
+  public:
+    explicit Preview(Keyboard& keyboard) : keyboard_(keyboard) {}
+
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        const bool press = event->type() == QEvent::KeyPress;
+        if (!press && event->type() != QEvent::KeyRelease) return false;
+        if (!FirstReceiver(receiver)) return false;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        bool swallowed = false;
+        keyboard_.Run([&] {
+            if (press) swallowed = keyboard_.Form_KeyPress(key);
+            if (!press && !key.isAutoRepeat()) keyboard_.Form_KeyUp(key);
+        });
+        return swallowed;
+    }
+
+  private:
+    /// The control that has the focus, or the window without one: a key that a control leaves alone
+    /// comes again for each of its parents.
+    bool FirstReceiver(QObject* receiver) const {
+        if (!receiver->isWidgetType()) return false;
+        auto* widget = static_cast<QWidget*>(receiver);
+        if (widget->window() != &keyboard_.window) return false;
+        const QWidget* focused = keyboard_.window.focusWidget();
+        return widget == focused || (focused == nullptr && widget == &keyboard_.window);
+    }
+
+    Keyboard& keyboard_;
+};
+
+Keyboard::Keyboard(frmPPM& ppm) : Controller(ppm), preview_(std::make_unique<Preview>(*this)) {
+    QApplication::instance()->installEventFilter(preview_.get());
+}
+
+Keyboard::~Keyboard() = default;
+
+ShownPanels Keyboard::Shown() const {
+    return {.holdings = window.panBasData->isVisible(),
+            .plotData = window.panPlottData->isVisible(),
+            .colourButton = window.imgColor->isVisible(),
+            .curvesButton = window.imgGrafNr->isVisible()};
+}
+
+bool Keyboard::Form_KeyPress(const QKeyEvent& event) {
+    if ((event.modifiers() & kCommandKeys) != Qt::NoModifier) return false;
+    char32_t typed = 0;
+    if (event.key() == Qt::Key_Escape) typed = 27;
+    const std::u32string text = ToCodePoints(FromQt(event.text()));
+    if (typed == 0 && text.size() == 1) typed = text.front();
+    if (typed == 0) return false;
+    const KeyAction action = OnKeyPress(typed, Shown());
+    Act(action);
+    return action != KeyAction::None;
+}
+
+void Keyboard::Form_KeyUp(const QKeyEvent& event) {
+    if ((event.modifiers() & kCommandKeys) != Qt::NoModifier) return;
+    if (const auto key = FunctionKeyOf(event.key())) Act(OnKeyUp(*key, Shown()));
+}
+
+void Keyboard::Act(KeyAction action) {
+    switch (action) {
+        case KeyAction::None:
+            return;
+        case KeyAction::ScrollLeft:
+            return window.Image4_MouseUp(Qt::LeftButton);
+        case KeyAction::ScrollRight:
+            return window.Image5_MouseUp(Qt::LeftButton);
+        case KeyAction::RedrawFunds:
+            return window.imgScreen_Click();
+        case KeyAction::ChooseColour:
+            return window.imgColor_Click();
+        case KeyAction::EnterPrice:
+            return window.cmdFondList_Click();
+        case KeyAction::ChooseCurves:
+            return window.imgGrafNr_Click();
+        case KeyAction::ToDiagram:
+            return window.ResetPanels();
+        case KeyAction::ToDiagramFromGrid:
+            window.ResetPanels();
+            return window.cmdPPMData_Click();
+        case KeyAction::ZoomIn:
+            return window.mnuPlus_Click();
+        case KeyAction::ZoomOut:
+            return window.mnuMinus_Click();
+    }
+}

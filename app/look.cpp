@@ -1,0 +1,78 @@
+#include "app/look.h"
+
+#include <QListWidget>
+
+namespace look {
+
+QPalette WindowPalette() {
+    QPalette palette;
+    const QColor quiet = QColor::fromRgb(0x8A, 0x99, 0xA3);
+    palette.setColor(QPalette::WindowText, QColor(kText));
+    palette.setColor(QPalette::Text, QColor(kText));
+    palette.setColor(QPalette::ButtonText, QColor(kText));
+    palette.setColor(QPalette::Window, QColor(kPanel));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor::fromRgb(0xEF, 0xF4, 0xF6));
+    palette.setColor(QPalette::Button, QColor(kPanel));
+    palette.setColor(QPalette::Highlight, QColor(kAccent));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(kQuietText));
+    palette.setColor(QPalette::ToolTipBase, QColor::fromRgb(0xFF, 0xFB, 0xE6));
+    palette.setColor(QPalette::ToolTipText, QColor(kText));
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(QPalette::Disabled, role, quiet);
+    }
+    return palette;
+}
+
+QString StyleSheet() {
+    return QStringLiteral(R"(
+QMenuBar { background: #F7F9FA; color: #1B2B36; border-bottom: 1px solid #B4C2CB; }
+QMenuBar::item { background: transparent; padding: 2px 9px; }
+QMenuBar::item:selected { background: #D3E4EE; }
+QMenuBar::item:disabled { color: #8A99A3; }
+QMenu { background: #FFFFFF; color: #1B2B36; border: 1px solid #B4C2CB; padding: 4px 0; }
+QMenu::item { padding: 4px 28px 4px 18px; }
+QMenu::item:selected { background: #D3E4EE; color: #12202A; }
+QMenu::item:disabled { color: #8A99A3; }
+QMenu::separator { height: 1px; background: #DCE4E9; margin: 4px 8px; }
+QToolTip { background: #FFFBE6; color: #1B2B36; border: 1px solid #B4C2CB; padding: 2px; }
+QFrame#panRubrik { background: #234256; border-radius: 4px; }
+QFrame#panRubrik QLabel { color: #FFFFFF; background: transparent; }
+QFrame#panRubrik QLabel#lblPanDatum { color: #CFDEE7; }
+QFrame#panControl { background: #F7F9FA; border: 1px solid #B4C2CB; border-radius: 4px; }
+QGroupBox { background: #F7F9FA; color: #1F4A63; border: 1px solid #B4C2CB; border-radius: 4px;
+            margin: 0; padding: 0; }
+QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left;
+                   left: 9px; top: 5px; color: #1F4A63; background: transparent; }
+QPushButton { background: #FFFFFF; color: #1B2B36; border: 1px solid #9DB0BC; border-radius: 4px;
+              padding: 1px 8px; }
+QPushButton:hover { background: #EAF3F8; border-color: #1F5C7D; }
+QPushButton:pressed { background: #D3E4EE; }
+QPushButton:focus { border: 2px solid #1F5C7D; padding: 0 7px; }
+QPushButton:disabled { background: #EEF2F4; color: #8A99A3; border-color: #CDD7DD; }
+QToolButton { background: #FFFFFF; border: 1px solid #9DB0BC; border-radius: 4px; }
+QToolButton:hover { background: #EAF3F8; border-color: #1F5C7D; }
+QToolButton:pressed { background: #D3E4EE; }
+QToolButton:focus { border: 2px solid #1F5C7D; }
+QListWidget#lstFonder { background: #1C2E3A; border: 1px solid #12202A; border-radius: 3px; }
+QListWidget#lstFonder::item { padding: 1px 4px; }
+QListWidget#lstFonder::item:selected { background: #3A647C; }
+QListWidget#lstTotal { background: #FFFFFF; color: #1B2B36; border: 1px solid #B4C2CB;
+                       border-radius: 3px; }
+QListWidget#lstTotal::item { padding: 1px 4px; }
+QListWidget#lstTotal::item:selected { background: #1F5C7D; color: #FFFFFF; }
+)");
+}
+
+void SetTextColour(QListWidget& list, QRgb colour) {
+    QPalette palette = list.palette();
+    palette.setColor(QPalette::Base, QColor(kListGround));
+    palette.setColor(QPalette::Text, QColor(colour));
+    palette.setColor(QPalette::Highlight, QColor(kListChosen));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    list.setPalette(palette);
+}
+
+}  // namespace look

@@ -1,0 +1,65 @@
+#include "app/rules/mnemonics.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+
+namespace {
+
+constexpr char32_t kMark = U'&';
+
+char32_t Upper(char32_t letter) {
+    if (letter >= U'a' && letter <= U'z') return letter - U'a' + U'A';
+    if (letter >= U'à' && letter <= U'þ') return letter - U'à' + U'À';
+    return letter;
+}
+
+bool IsLetter(char32_t letter) {
+    const char32_t upper = Upper(letter);
+    return (upper >= U'A' && upper <= U'Z') || (upper >= U'À' && upper <= U'Þ');
+}
+
+std::optional<std::size_t> FreePlace(const std::u32string& caption, const std::u32string& taken) {
+    const auto isFree = [&](std::size_t at) {
+        return IsLetter(caption[at]) && taken.find(Upper(caption[at])) == std::u32string::npos;
+    };
+    for (std::size_t at = 0; at < caption.size(); ++at) {
+        const bool beginsWord = at == 0 || !IsLetter(caption[at - 1]);
+        if (beginsWord && isFree(at)) return at;
+    }
+    for (std::size_t at = 0; at < caption.size(); ++at) {
+        if (isFree(at)) return at;
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions) {
+    std::u32string taken;
+    std::vector<std::u32string> marked;
+    for (const std::string& caption : captions) {
+        marked.push_back(ToCodePoints(caption));
+        const std::size_t mark = marked.back().find(kMark);
+        if (mark + 1 < marked.back().size()) taken += Upper(marked.back()[mark + 1]);
+    }
+    std::vector<std::string> result;
+    for (std::u32string& caption : marked) {
+        if (caption.find(kMark) == std::u32string::npos) {
+            if (const auto at = FreePlace(caption, taken)) {
+                taken += Upper(caption[*at]);
+                caption.insert(*at, 1, kMark);
+            }
+        }
+        result.push_back(ToUtf8(caption));
+    }
+    return result;
+}
+
+std::string WithoutMnemonic(std::string_view caption) {
+    std::u32string plain = ToCodePoints(caption);
+    std::erase(plain, kMark);
+    return ToUtf8(plain);
+}

@@ -1,0 +1,58 @@
+#include "app/screenscaling.h"
+
+#include "app/frmPPM.h"
+#include "app/rules/screenfactor.h"
+#include "platform/platform.h"
+#include "platform/screen.h"
+
+#include <QResizeEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr TwipsRect kDesign{0, 0, kLayoutWidth, kLayoutHeight};
+constexpr float kLargestFont = 1.3F;
+
+}  // namespace
+
+ScreenScaling::ScreenScaling(frmPPM& ppm) : Controller(ppm) {
+    OnEvent(&window, QEvent::Resize, [this](QEvent& event) {
+        Form_Resize(static_cast<const QResizeEvent&>(event).size());
+        return false;
+    });
+    OnEvent(&window, QEvent::WindowActivate, [this](QEvent&) {
+        FitFrame();
+        return false;
+    });
+    window.setMinimumSize(Pixels(kLayoutWidth / 2), Pixels(kLayoutHeight / 2));
+    window.resize(Pixels(kLayoutWidth), Pixels(kLayoutHeight));
+    Form_Resize(window.size());
+}
+
+void ScreenScaling::ScaleToScreen(float factor) {
+    factor_ = factor;
+    const TwipsRect scaled = ScaledWindow(kDesign, factor);
+    window.setMinimumSize(Pixels(scaled.width / 2), Pixels(scaled.height / 2));
+    if (factor < 1.0F) window.move(Pixels(scaled.left), Pixels(scaled.top));
+    window.resize(Pixels(scaled.width), Pixels(scaled.height));
+    Form_Resize(window.size());
+}
+
+void ScreenScaling::Form_Resize(const QSize& size) {
+    const float across = static_cast<float>(size.width()) * kPixel / kLayoutWidth;
+    const float down = static_cast<float>(size.height()) * kPixel / kLayoutHeight;
+    // The user's own resizing takes the fonts along from what the screen gave them, without a jump.
+    const float byUser = std::min(1.0F, std::min(across, down) / factor_);
+    const auto font = [&](float ofScreen) { return std::min(ofScreen * byUser, kLargestFont); };
+    window.layout.Apply({across, down, font(ControlFontFactor(factor_)),
+                         font(ListFontFactor(factor_)), font(GridFontFactor(factor_))});
+}
+
+void ScreenScaling::FitFrame() {
+    if (fitted_) return;
+    fitted_ = true;
+    const int frame = window.frameGeometry().height() - window.height();
+    const int room = window.platform.screen.AvailableArea().height();
+    if (window.height() + frame > room && frame > 0) window.resize(window.width(), room - frame);
+}

@@ -1,0 +1,219 @@
+#include "app/startup.h"
+
+#include "app/fileexists.h"
+#include "app/frmPPM.h"
+#include "app/imagebutton.h"
+#include "app/rules/screenfactor.h"
+#include "app/rules/texts.h"
+#include "app/texts.h"
+#include "base/daynumber.h"
+#include "base/error.h"
+#include "base/number.h"
+#include "base/text.h"
+#include "diagram/diagramview.h"
+#include "diagram/rules/timewindow.h"
+#include "diagram/texts.h"
+#include "fundfile/datasource.h"
+#include "fundfile/fundfile.h"
+#include "fundfile/queries.h"
+#include "fundfile/records.h"
+#include "fundfile/rules/scaletext.h"
+#include "fundfile/schema.h"
+#include "fundfile/settings.h"
+#include "fundfile/sources.h"
+#include "fundfile/texts.h"
+#include "jet/transaction.h"
+#include "platform/caption.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+#include "platform/screen.h"
+#include "platform/tag.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QListWidget>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include <chrono>
+#include <filesystem>
+
+namespace {
+
+constexpr std::chrono::milliseconds kStartUpPause{3000};
+constexpr std::int32_t kWeek = 7;
+constexpr std::int32_t kMonth = 30;
+constexpr std::int32_t kMonths = 12;
+
+std::string Setting(const frmPPM& window, std::string_view key) {
+    return window.platform.settings.Get(settings::kApplication, settings::kStartUp, key);
+}
+
+void SaveSetting(frmPPM& window, std::string_view key, std::string_view text) {
+    window.platform.settings.Save(settings::kApplication, settings::kStartUp, key, text);
+}
+
+std::string WithSeparator(std::string folder) {
+    constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+    if (folder.empty() || folder.back() != kSeparator) folder += kSeparator;
+    return folder;
+}
+
+bool HasRows(DataSource& source) {
+    return source.IsAttached() && !source.Empty();
+}
+
+}  // namespace
+
+StartUp::StartUp(frmPPM& ppm) : Controller(ppm) {
+    const auto activated = [this](QEvent&) {
+        Form_Activate();
+        return false;
+    };
+    // A desktop may show a window without making it the active one: it comes up complete all the
+    // same.
+    OnEvent(&window, QEvent::Show, activated);
+    OnEvent(&window, QEvent::WindowActivate, activated);
+    OnEvent(&window, QEvent::Close, [this](QEvent&) {
+        Unload();
+        return false;
+    });
+    On(window.mnuAvbryt, &QAction::triggered, [this] { window.close(); });
+}
+
+void StartUp::Load() {
+    const QRect screen = window.platform.screen.AvailableArea();
+    const float factor = ScreenFactor(ScreenWidthTwips(screen.width(), screen.height()));
+    if (factor != 1.0F) window.ScaleToScreen(factor);
+
+    const auto today = window.platform.clock.Today();
+    window.TodayDay = DayNumber(today);
+    window.CurrentMonth = static_cast<std::int32_t>(static_cast<unsigned>(today.month()));
+    window.MonthNames = Split(Tag(window.lblMonth[1]), "|");
+    window.AppFolder = WithSeparator(window.platform.programFolder);
+
+    ReadSettings();
+    OpenDatabase();
+    window.Activated = false;
+    Timer1_ =
+        window.platform.clock.After(kStartUpPause, [this] { Run([this] { Timer1_Timer(); }); });
+}
+
+void StartUp::ReadSettings() {
+    window.DayStep = 1;
+    const std::string sample = window.AppFolder + std::string(texts::SampleFile);
+    window.CurrentFile = Setting(window, settings::kStartPath);
+    if (window.CurrentFile.empty()) window.CurrentFile = sample;
+    Skipping skip;
+    if (!FileExists(window.CurrentFile)) {
+        window.CurrentFile = sample;
+        skip([&] { SaveSetting(window, settings::kStartPath, sample); });
+        skip([&] { SaveSetting(window, settings::kStartX, "1"); });
+    }
+    window.DayStep = 1;
+    skip([&] { window.DayStep = ParseInteger(Setting(window, settings::kStartX)); });
+    if (window.DayStep == 0) window.DayStep = 1;
+    if (window.DayStep == kWeek || window.DayStep == kMonth) {
+        SetCaption(window.mnuVeckor, texts::ShowDays);
+        SetCaption(window.mnuMonth, texts::ShowDays);
+    }
+}
+
+void StartUp::OpenDatabase() {
+    Skipping skip;
+    skip([&] {
+        const FundFile file = OpenAndBind(
+            window.CurrentFile, {*window.dtaBasData, *window.dtaPlott}, queries::AllPoints());
+        window.FundDb = file.database;
+        notice_ = fundtexts::Explain(file);
+    });
+}
+
+void StartUp::Form_Activate() {
+    if (!window.Activated) Activate();
+}
+
+void StartUp::Activate() {
+    window.Activated = true;
+    SetCaption(window.lblPanDatum, DateText(window.TodayDay));
+    ShowTwelveMonths();
+    ShowFileName();
+    SetCaption(&window, texts::WindowCaption);
+
+    const bool hasRows = HasRows(*window.dtaBasData);
+    if (hasRows) InitialiseScales();
+    window.FillFundList();
+    window.ReadCurveList();
+    window.ScaleTop = window.AllScaleTop;
+    window.ScaleBottom = window.AllScaleBottom;
+    window.SetVerticalScale(window.ScaleBottom, window.ScaleTop);
+    if (window.lstFonder->count() == 1) {
+        window.OpenSelectedFund();
+        SetCaption(&window, texts::WindowCaption);
+    }
+}
+
+void StartUp::InitialiseScales() {
+    DataSource& holdings = *window.dtaBasData;
+    holdings.MoveFirst();
+    if (holdings.Field(schema::holding::kSkala).Text().find('/') != std::string::npos) return;
+    // All rows in one go: a file is either without scales or has all of them.
+    jet::Transaction transaction(window.FundDb);
+    const std::int32_t count = holdings.RecordCount();
+    for (std::int32_t row = 0; row < count; ++row) {
+        holdings.MoveTo(row);
+        window.ComputeFundScale(KontoIdOf(holdings), row != 0);
+    }
+    transaction.Commit();
+    holdings.MoveFirst();
+}
+
+void StartUp::ShowTwelveMonths() {
+    for (int i = 1; i <= kMonths; ++i) {
+        const auto entry = static_cast<std::size_t>(window.CurrentMonth + i - 1);
+        SetCaption(window.lblMonth[i], window.MonthNames.at(entry));
+    }
+    window.WindowStartDay = FirstWindowStart(window.TodayDay);
+    const WindowLabels labels = LabelsOf(window.WindowStartDay, window.MonthNames);
+    SetCaption(window.lbLeftYear, labels.leftYear);
+    SetCaption(window.lblRightYear, labels.rightYear);
+    if (ShowsNextMonth(window.TodayDay)) window.AdvanceOneMonth();
+}
+
+void StartUp::ShowFileName() {
+    const std::string file = std::filesystem::path(window.CurrentFile).stem().string();
+    SetCaption(window.lblRubrik, std::string(texts::WorkingWith) + file);
+}
+
+void StartUp::Timer1_Timer() {
+    window.mnuArkiv->setEnabled(true);
+    window.mnuShow->setEnabled(true);
+    window.panControl->show();
+    window.panRubrik->show();
+    window.panDiagram->show();
+    window.panListFonder->show();
+    window.fraStartData->show();
+    window.lstFonder->setFocus();
+    if (!notice_.empty()) Tell(notice_);
+    notice_.clear();
+}
+
+void StartUp::ResetPanels() {
+    window.panListFonder->hide();
+    window.imgColor->hide();
+    window.imgGrafNr->hide();
+    window.panTotal->hide();
+    SetCaption(window.lblTotal, "");
+    window.panPlottData->hide();
+    window.cmdFondList->setEnabled(true);
+    window.picDiagram->setFocus();
+}
+
+void StartUp::Unload() {
+    Timer1_.reset();
+    window.dtaPlott->Close();
+    window.dtaSQL->Close();
+    window.dtaBasData->Close();
+    CloseFundFile(window.FundDb);
+}

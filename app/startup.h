@@ -1,0 +1,31 @@
+#pragma once
+// How the window comes up and goes: load, first activation, the end of the start-up pause, unload;
+// and the way back to the plain diagram view.
+
+#include "app/controller.h"
+#include "platform/clock.h"
+
+#include <memory>
+#include <string>
+
+class StartUp : Controller {
+  public:
+    explicit StartUp(frmPPM& window);
+
+    void Load();
+    void Activate();
+    void ResetPanels();
+    void Unload();
+
+  private:
+    void Form_Activate();
+    void Timer1_Timer();
+    void ReadSettings();
+    void OpenDatabase();
+    void InitialiseScales();
+    void ShowTwelveMonths();
+    void ShowFileName();
+
+    std::unique_ptr<Clock::Pause> Timer1_;
+    std::string notice_;  ///< why the file can only be read; shown when the window has come up
+};

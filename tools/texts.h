@@ -1,0 +1,20 @@
+#pragma once
+// The Swedish texts, file names and command lines of the tools.
+
+#include <string_view>
+
+namespace texts {
+
+inline constexpr std::string_view LogFile = "FonderLogg.txt";
+inline constexpr std::string_view NotesFile = "Anteckningar.txt";
+inline constexpr std::string_view HelpFile = "Kvarnbo.hlp";
+
+// Their trailing blanks, two and one, belong to the command lines.
+inline constexpr std::string_view EditorCommand = "NotePad.exe  ";
+inline constexpr std::string_view HelpCommand = "WinHlp32.exe ";
+
+inline constexpr std::string_view NoEditor = "Kunde inte hitta fil NotePad.exe";
+// Not the name in the command line: users know this message as it is.
+inline constexpr std::string_view NoHelpViewer = "Kunde inte hitta fil WinHelp32.exe";
+
+}  // namespace texts
