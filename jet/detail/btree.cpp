@@ -406,7 +406,11 @@ void BTree::DropAllButRoot() {
         const std::uint8_t type = U8(file_->Page(page), 0, page);
         const bool ours =
             (type == kIndexLeaf || type == kIndexNode) && U32(file_->Page(page), 4, page) == table_;
-        if (ours) DropPage(page);
+        if (ours) {
+            DropPage(page);
+        } else {
+            UsageMap(*file_, map_).Remove(page);
+        }
     }
 }
 
