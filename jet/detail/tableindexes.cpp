@@ -34,7 +34,7 @@ void AppendSized(Bytes& to, std::uint8_t mark, ByteView bytes) {
 /// The stored form of a value that has no computable key: a text, or a type without keys.
 Bytes Identity(const Value& value) {
     if (const auto* bytes = std::get_if<Bytes>(&value.Held())) return *bytes;
-    const std::string text = value.Text();
+    const auto& text = std::get<std::string>(value.Held());
     return {text.begin(), text.end()};
 }
 

@@ -192,7 +192,8 @@ class TreeCheck {
         // Some writers free an emptied page and leave it in the map.
         for (std::uint32_t page : mapped) {
             if (pages_.contains(page)) continue;
-            const std::string line = name_ + ": its map has " + PageText(page) + ", the tree has not";
+            const std::string line =
+                name_ + ": its map has " + PageText(page) + ", the tree has not";
             IsFree(file_, page) ? report_.Note(line) : report_.Fault(line);
         }
     }
@@ -487,7 +488,9 @@ std::vector<CatalogTable> AllTables(PageFile& file, Report& report) {
         if (!std::holds_alternative<std::int16_t>(kind.Held()) || kind != Value(kTableType)) return;
         const Value page = DecodeColumn(file, *id, row);
         const auto* number = std::get_if<std::int32_t>(&page.Held());
-        CatalogTable table{DecodeColumn(file, *name, row).Text(), 0};
+        const Value called = DecodeColumn(file, *name, row);
+        const auto* text = std::get_if<std::string>(&called.Held());
+        CatalogTable table{text != nullptr ? *text : "a table without a name", 0};
         if (number != nullptr) table.page = static_cast<std::uint32_t>(*number) & kPageMask;
         if (!seen.insert(table.page).second) {
             report.Fault(table.name + ": another table has the same definition");
