@@ -1,5 +1,6 @@
 #pragma once
-// What a column of an Access-format file can hold: one value of any column type, its text and its number.
+// What a column of an Access-format file can hold: one value of any column type, its text and its
+// number.
 
 #include <array>
 #include <cstddef>
@@ -82,14 +83,15 @@ class Value {
     bool IsNull() const { return std::holds_alternative<std::monostate>(held_); }
     const Variant& Held() const { return held_; }
 
-    /// The value as plain text: "" for null, decimals with a point and no noise digits (a single shows
-    /// the fewest digits that read back to the same single), true/false as "True"/"False", a date
-    /// as "yyyy-mm-dd" with " hh:mm:ss" after it when there is a time of day.
+    /// The value as plain text: "" for null, decimals with a point and no noise digits (a single
+    /// shows the fewest digits that read back to the same single), true/false as "True"/"False", a
+    /// date as "yyyy-mm-dd" with " hh:mm:ss" after it when there is a time of day. Infinities, what
+    /// is not a number and dates outside the years 1 to 9999 show as "".
     std::string Text() const;
 
-    /// The value as a number: of a numeric type directly, a date as its serial, true as -1, a text if
-    /// the whole of it is a number (point or comma as decimal sign). Throws InvalidUseOfNull (94) for
-    /// null and TypeMismatch (13) for anything else.
+    /// The value as a number: of a numeric type directly, a date as its serial, true as -1, a text
+    /// if the whole of it is a number (point or comma as decimal sign). Throws InvalidUseOfNull
+    /// (94) for null and TypeMismatch (13) for anything else.
     double Number() const;
 
     /// Number() as a 32-bit whole number, halves to even. Throws Overflow (6) outside its range.
