@@ -1,16 +1,17 @@
 #pragma once
 // An open Access-format file: its tables by name, queries on them, and new files.
 
+#include "jet/design.h"
+#include "jet/recordset.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "jet/design.h"
-#include "jet/recordset.h"
 
 namespace jet {
 
@@ -20,25 +21,29 @@ namespace detail {
 class Engine;
 }
 
-/// A file of the format. One object per file and process: opening a path that is open gives the same
-/// object, so a second Open is cheap and sees the same rows. Not thread-safe.
+/// A file of the format. One object per file and process: opening a path that is open gives the
+/// same object, so a second Open is cheap and sees the same rows. Not thread-safe.
 class Database : public std::enable_shared_from_this<Database> {
   public:
     /// Throws FileNotFound, PermissionDenied, NotADatabase, NewerFormat, ForeignFormat, Encrypted,
-    /// PasswordProtected. A file that cannot be written opens too; its edits throw ReadOnly.
+    /// PasswordProtected. A file that cannot be written opens too; its edits throw ReadOnly. A file
+    /// that is open already stays as it was opened, whatever access is asked for now.
     static std::shared_ptr<Database> Open(const std::filesystem::path& path,
                                           Access access = Access::ReadWrite);
 
     /// Writes a new file (Jet 4) with the given empty tables, whole and synced; an existing file is
-    /// replaced. Throws DiskFull, DeviceIo, PermissionDenied, InvalidProcedureCall for an impossible design.
-    static void Create(const std::filesystem::path& path, std::span<const TableDesign> tables);
+    /// replaced. `created` is the date that the file's catalog says of every table; none = now
+    /// (UTC). Throws DiskFull, DeviceIo, PermissionDenied, FileInUse when the file is open here,
+    /// InvalidProcedureCall for an impossible design.
+    static void Create(const std::filesystem::path& path, std::span<const TableDesign> tables,
+                       std::optional<Date> created = std::nullopt);
 
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
     ~Database();
 
-    /// `source` is a SELECT text (SQL.md), or the name of a table or of a saved query over one table.
-    /// Its rows are looked for when they are first asked for, not here.
+    /// `source` is a SELECT text (SQL.md), or the name of a table or of a saved query over one
+    /// table. Its rows are looked for when they are first asked for, not here.
     std::shared_ptr<RecordSet> OpenRecordSet(std::string_view source);
 
     /// Runs a DELETE text and returns the number of rows deleted. All of it is stored, or nothing.
@@ -64,13 +69,18 @@ class Database : public std::enable_shared_from_this<Database> {
     /// From now on `alias` names the column at `position` of `table` unless a column has that name.
     void AliasColumn(std::string_view table, std::string_view alias, std::size_t position);
 
-    /// Every contradiction in the file (pages, maps, rows, indexes, counts), one line each; empty = sound.
+    /// Every contradiction in the file (pages, maps, rows, indexes, counts), one line each; empty =
+    /// sound.
     std::vector<std::string> Verify() const;
 
     detail::Engine& EngineForLibrary();  ///< for the library's own files only
 
   private:
     explicit Database(std::unique_ptr<detail::Engine> engine);
+    detail::Engine& RequireOpen() const;
+
+    std::filesystem::path path_;
+    bool readOnly_ = false;
     std::unique_ptr<detail::Engine> engine_;
 };
 

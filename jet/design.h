@@ -1,18 +1,19 @@
 #pragma once
 // The design of a table: what Create is told and what Describe tells.
 
+#include "jet/value.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "jet/value.h"
 
 namespace jet {
 
 struct ColumnDesign {
     std::string name;
     ColumnType type = ColumnType::Text;
-    std::uint16_t size = 0;  ///< Text: characters (1..255); Binary: bytes; otherwise 0 = the type's own
+    std::uint16_t size =
+        0;  ///< Text: characters (1..255); Binary: bytes; otherwise 0 = the type's own
     bool autonumber = false;
     std::uint8_t precision = 0, scale = 0;  ///< Numeric only
     bool operator==(const ColumnDesign&) const = default;

@@ -1,15 +1,15 @@
 #pragma once
 // All-or-nothing over several updates of one file.
 
-#include <memory>
-
 #include "jet/database.h"
+
+#include <memory>
 
 namespace jet {
 
-/// Updates made while it lives are stored together by Commit, durably, or not at all: leaving the scope
-/// without Commit takes every one of them back, in memory too. Nested ones join the outermost; rolling
-/// back an inner one makes the outer Commit throw.
+/// Updates made while it lives are stored together by Commit, durably, or not at all: leaving the
+/// scope without Commit takes every one of them back, in memory too. Nested ones join the
+/// outermost; rolling back an inner one makes the outer Commit throw.
 class Transaction {
   public:
     explicit Transaction(std::shared_ptr<Database> database);

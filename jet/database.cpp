@@ -1,0 +1,141 @@
+#include "jet/database.h"
+
+#include "base/error.h"
+#include "jet/detail/engine.h"
+#include "jet/detail/filestore.h"
+#include "jet/detail/keysetrecordset.h"
+#include "jet/detail/queryplan.h"
+
+#include <algorithm>
+
+namespace jet {
+namespace {
+
+using detail::Engine;
+
+/// The open files of this process. Closed ones are dropped when somebody looks.
+std::vector<std::weak_ptr<Database>>& OpenFiles() {
+    static std::vector<std::weak_ptr<Database>> files;
+    return files;
+}
+
+// Links are followed; a second name of the same file (a hard link) is known by device and inode.
+bool IsSameFile(const std::filesystem::path& open, const std::filesystem::path& wanted) {
+    if (open == wanted) return true;
+    std::error_code noSuchFile;
+    return std::filesystem::equivalent(open, wanted, noSuchFile) && !noSuchFile;
+}
+
+std::shared_ptr<Database> FindOpen(const std::filesystem::path& path) {
+    auto& files = OpenFiles();
+    std::erase_if(files, [](const std::weak_ptr<Database>& file) {
+        const auto database = file.lock();
+        return database == nullptr || !database->IsOpen();
+    });
+    for (const std::weak_ptr<Database>& file : files) {
+        const auto database = file.lock();
+        if (IsSameFile(database->Path(), path)) return database;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+Database::Database(std::unique_ptr<Engine> engine)
+    : path_(engine->File().Path()),
+      readOnly_(engine->File().ReadOnly()),
+      engine_(std::move(engine)) {}
+
+Database::~Database() {
+    Close();
+}
+
+std::shared_ptr<Database> Database::Open(const std::filesystem::path& path, Access access) {
+    const std::filesystem::path resolved = detail::Resolve(path);
+    if (auto open = FindOpen(resolved)) return open;
+    auto file = detail::PageFile::Open(resolved);
+    if (access == Access::ReadOnly) file->SetReadOnly();
+    // The constructor is private, which make_shared cannot reach.
+    std::shared_ptr<Database> database(new Database(std::make_unique<Engine>(std::move(file))));
+    OpenFiles().push_back(database);
+    return database;
+}
+
+std::shared_ptr<RecordSet> Database::OpenRecordSet(std::string_view source) {
+    return std::make_shared<detail::KeysetRecordSet>(
+        shared_from_this(), detail::PlanSource(EngineForLibrary(), source));
+}
+
+std::int32_t Database::Execute(std::string_view sql) {
+    Engine& engine = EngineForLibrary();
+    const detail::QueryPlan plan = detail::PlanDelete(engine, sql);
+    return engine.Statement([&] {
+        const auto rows = plan.table->Rows(plan.conditions);
+        // From the end, where taking a row out of its page moves the fewest others.
+        std::for_each(rows.rbegin(), rows.rend(), [&](std::uint32_t row) {
+            plan.table->Delete(detail::RowPointer::FromPacked(row));
+        });
+        return static_cast<std::int32_t>(rows.size());
+    });
+}
+
+void Database::Close() noexcept {
+    engine_.reset();
+}
+
+bool Database::IsOpen() const noexcept {
+    return engine_ != nullptr;
+}
+bool Database::ReadOnly() const noexcept {
+    return readOnly_;
+}
+int Database::Version() const {
+    return RequireOpen().File().Format().version;
+}
+const std::filesystem::path& Database::Path() const noexcept {
+    return path_;
+}
+
+std::vector<std::string> Database::TableNames() const {
+    std::vector<std::string> names;
+    for (const auto& table : RequireOpen().Objects().UserTables()) names.push_back(table.name);
+    return names;
+}
+
+std::vector<std::string> Database::LinkedNames() const {
+    return RequireOpen().Objects().LinkedTables();
+}
+
+bool Database::HasSource(std::string_view name) const {
+    const Engine& engine = RequireOpen();
+    return engine.HasTable(name) || engine.Objects().HasQuery(name);
+}
+
+TableDesign Database::Describe(std::string_view table) const {
+    return RequireOpen().Table(table).Design();
+}
+
+std::int32_t Database::StoredRowCount(std::string_view table) const {
+    return static_cast<std::int32_t>(RequireOpen().Table(table).Def().rowCount);
+}
+
+void Database::AliasTable(std::string_view alias, std::string_view table) {
+    RequireOpen().AliasTable(alias, table);
+}
+
+void Database::AliasColumn(std::string_view table, std::string_view alias, std::size_t position) {
+    RequireOpen().AliasColumn(table, alias, position);
+}
+
+Engine& Database::RequireOpen() const {
+    if (engine_ == nullptr) {
+        throw Error{ErrorNumber::ObjectClosed, "file was closed: " + path_.string()};
+    }
+    return *engine_;
+}
+
+Engine& Database::EngineForLibrary() {
+    return RequireOpen();
+}
+
+}  // namespace jet

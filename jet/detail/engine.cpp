@@ -1,0 +1,107 @@
+#include "jet/detail/engine.h"
+
+#include "base/error.h"
+#include "jet/detail/names.h"
+
+#include <algorithm>
+
+namespace jet::detail {
+
+Engine::Engine(std::unique_ptr<PageFile> file) : file_(std::move(file)), catalog_(*file_) {}
+
+OpenTable& Engine::Table(std::string_view name) {
+    const std::string known = Unalias(name);
+    const auto& all = catalog_.UserTables();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const CatalogTable& table) {
+        return SameName(table.name, known);
+    });
+    if (found == all.end()) {
+        const auto& linked = catalog_.LinkedTables();
+        if (std::any_of(linked.begin(), linked.end(),
+                        [&](const auto& l) { return SameName(l, known); })) {
+            throw Error{ErrorNumber::NotSupported,
+                        "table " + known + " is linked from another file"};
+        }
+        throw Error{ErrorNumber::TableNotFound, "no table or query " + std::string(name)};
+    }
+    std::unique_ptr<OpenTable>& table = tables_[found->page];
+    if (table == nullptr) table = std::make_unique<OpenTable>(*file_, found->name, found->page);
+    return *table;
+}
+
+bool Engine::HasTable(std::string_view name) const {
+    const auto& all = catalog_.UserTables();
+    return std::any_of(all.begin(), all.end(),
+                       [&](const CatalogTable& table) { return SameName(table.name, name); });
+}
+
+std::optional<std::size_t> Engine::ColumnPosition(const OpenTable& table,
+                                                  std::string_view name) const {
+    if (const auto position = table.Def().PositionOf(name)) return position;
+    const auto alias = columnAliases_.find({FoldName(table.Design().name), FoldName(name)});
+    if (alias == columnAliases_.end() || alias->second >= table.Def().columns.size()) {
+        return std::nullopt;
+    }
+    return alias->second;
+}
+
+void Engine::AliasTable(std::string_view alias, std::string_view table) {
+    tableAliases_[FoldName(alias)] = table;
+}
+
+void Engine::AliasColumn(std::string_view table, std::string_view alias, std::size_t position) {
+    columnAliases_[{FoldName(Unalias(table)), FoldName(alias)}] = position;
+}
+
+std::string Engine::Unalias(std::string_view name) const {
+    const auto alias = tableAliases_.find(FoldName(name));
+    const bool isAlias =
+        alias != tableAliases_.end() && !HasTable(name) && !catalog_.HasQuery(name);
+    return isAlias ? alias->second : std::string(name);
+}
+
+void Engine::BeginTransaction() {
+    if (depth_ == 0) {
+        file_->Begin();
+        doomed_ = false;
+    }
+    ++depth_;
+}
+
+void Engine::CommitTransaction() {
+    if (--depth_ > 0) return;
+    if (doomed_) {
+        file_->Rollback();
+        AfterRollback();
+        throw Error{ErrorNumber::InvalidProcedureCall,
+                    "commit of a transaction of which a part was rolled back"};
+    }
+    try {
+        file_->Commit();
+    } catch (...) {
+        AfterRollback();
+        throw;
+    }
+}
+
+void Engine::RollbackTransaction() {
+    if (--depth_ > 0) {
+        doomed_ = true;
+        return;
+    }
+    file_->Rollback();
+    AfterRollback();
+}
+
+void Engine::RequireWritable() const {
+    if (file_->ReadOnly()) {
+        throw Error{ErrorNumber::ReadOnly,
+                    "file is open for reading only: " + file_->Path().string()};
+    }
+}
+
+void Engine::AfterRollback() {
+    for (auto& [page, table] : tables_) table->AfterRollback();
+}
+
+}  // namespace jet::detail

@@ -1,0 +1,77 @@
+#pragma once
+// One open file: pages, catalog, the tables in use, names given by the program, and what makes a
+// statement or a transaction whole.
+
+#include "jet/detail/catalog.h"
+#include "jet/detail/opentable.h"
+#include "jet/detail/pagefile.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace jet::detail {
+
+class Engine {
+  public:
+    explicit Engine(std::unique_ptr<PageFile> file);
+
+    PageFile& File() { return *file_; }
+    const Catalog& Objects() const { return catalog_; }
+
+    /// By name or alias, letter case ignored. Throws TableNotFound, NotSupported for a linked
+    /// table.
+    OpenTable& Table(std::string_view name);
+    bool HasTable(std::string_view name) const;
+    /// The column that a name or alias stands for.
+    std::optional<std::size_t> ColumnPosition(const OpenTable& table, std::string_view name) const;
+
+    void AliasTable(std::string_view alias, std::string_view table);
+    void AliasColumn(std::string_view table, std::string_view alias, std::size_t position);
+    /// What a name of a table or query stands for: itself, or the table of its alias.
+    std::string Unalias(std::string_view name) const;
+
+    /// Runs a change of the file: all of it happens or nothing. Outside a transaction it is on the
+    /// disk when this returns.
+    template <typename Work>
+    auto Statement(Work&& work);
+
+    void BeginTransaction();
+    void CommitTransaction();
+    void RollbackTransaction();
+    bool InTransaction() const { return depth_ > 0; }
+
+  private:
+    void RequireWritable() const;
+    void AfterRollback();
+
+    std::unique_ptr<PageFile> file_;
+    Catalog catalog_;
+    std::map<std::uint32_t, std::unique_ptr<OpenTable>> tables_;
+    std::map<std::string, std::string> tableAliases_;
+    std::map<std::pair<std::string, std::string>, std::size_t> columnAliases_;
+    std::size_t depth_ = 0;
+    bool doomed_ = false;  ///< an inner transaction was rolled back
+};
+
+template <typename Work>
+auto Engine::Statement(Work&& work) {
+    RequireWritable();
+    try {
+        UndoScope scope(*file_);
+        auto result = work();
+        scope.Commit();
+        return result;
+    } catch (...) {
+        AfterRollback();
+        throw;
+    }
+}
+
+}  // namespace jet::detail

@@ -1,0 +1,70 @@
+#pragma once
+// A table of an open file: its rows with every index, what queries need to find them, and the
+// checks before a write.
+
+#include "jet/design.h"
+#include "jet/detail/criterion.h"
+#include "jet/detail/lookup.h"
+#include "jet/detail/ordering.h"
+#include "jet/detail/table.h"
+#include "jet/detail/tableindexes.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace jet::detail {
+
+/// A comparison with a column of the table at hand.
+struct Condition {
+    std::size_t position = 0;  ///< in TableDef::columns
+    Criterion criterion;
+};
+
+/// Edits stand inside PageFile::Begin and Commit; when one throws, roll back and call
+/// AfterRollback.
+class OpenTable {
+  public:
+    OpenTable(PageFile& file, const std::string& name, std::uint32_t page);
+    OpenTable(const OpenTable&) = delete;
+    OpenTable& operator=(const OpenTable&) = delete;
+
+    const TableStore& Store() const { return store_; }
+    const TableDef& Def() const { return store_.Def(); }
+    const TableDesign& Design() const { return design_; }
+
+    /// Packed pointers of the rows for which all conditions hold, in stored order.
+    std::vector<std::uint32_t> Rows(std::span<const Condition> conditions);
+    /// The order of rows where a query gives none: the primary key's, or no order.
+    std::vector<OrderColumn> NaturalOrder() const;
+
+    RowPointer Insert(std::vector<Value> values);
+    void Update(RowPointer row, std::span<const std::optional<Value>> values);
+    void Delete(RowPointer row);
+    void AfterRollback();
+
+    /// Counts up with every change of a row.
+    std::uint64_t Version() const { return version_; }
+
+  private:
+    const Lookup& LookupFor(const Condition& condition);
+    void CheckRelations(std::uint8_t side, const std::function<bool(std::size_t)>& touches) const;
+
+    TableStore store_;
+    TableIndexes indexes_;
+    TableDesign design_;
+    std::map<std::pair<std::size_t, KeyKind>, Lookup> lookups_;
+    std::uint64_t version_ = 0;
+};
+
+/// The design that a definition describes.
+TableDesign DesignOf(const PageFile& file, const TableDef& def, const std::string& name);
+
+}  // namespace jet::detail

@@ -1,0 +1,49 @@
+#pragma once
+// Puts rows in the order of some of their columns.
+
+#include "jet/detail/criterion.h"
+#include "jet/detail/table.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace jet::detail {
+
+struct OrderColumn {
+    std::size_t position = 0;  ///< in TableDef::columns
+    bool descending = false;
+};
+
+/// Null comes first (descending: last), numbers and dates by their size, texts as indexes put them
+/// where the column's sort order is known and else by their letters in small. Rows that are equal
+/// keep the order they had.
+class Ordering {
+  public:
+    Ordering(const TableStore& table, std::vector<OrderColumn> columns);
+
+    bool Empty() const { return columns_.empty(); }
+    /// Sorts packed row pointers.
+    void Sort(std::vector<std::uint32_t>& rows) const;
+
+    /// The first of the sorted rows with this key in the first order column, found by halving; none
+    /// when no row has it. Only where CanSearch.
+    bool CanSearch(const Criterion& criterion, std::size_t position) const;
+    std::optional<std::size_t> Search(std::span<const std::uint32_t> sorted,
+                                      const RowKey& key) const;
+
+  private:
+    template <std::size_t Count>
+    void SortByNumbers(std::vector<std::uint32_t>& rows) const;
+    void SortByBytes(std::vector<std::uint32_t>& rows) const;
+    std::uint64_t NumberOf(const RowView& row, std::size_t term) const;
+    void AppendBytes(Bytes& key, const RowView& row, std::size_t term) const;
+
+    const TableStore* table_;
+    std::vector<OrderColumn> columns_;
+    bool allNumbers_ = true;
+};
+
+}  // namespace jet::detail

@@ -1,0 +1,31 @@
+#pragma once
+// A query with its names looked up: which table, which columns, which rows, in which order.
+
+#include "jet/detail/engine.h"
+#include "jet/detail/opentable.h"
+#include "jet/detail/ordering.h"
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace jet::detail {
+
+struct QueryPlan {
+    OpenTable* table = nullptr;         ///< lives as long as its Engine
+    std::vector<std::size_t> fields;    ///< positions in TableDef::columns
+    std::vector<Condition> conditions;  ///< all must hold
+    std::vector<OrderColumn> order;     ///< none = stored order
+};
+
+/// For a SELECT text, or the name of a table or saved query. Throws SyntaxError, TableNotFound,
+/// TooFewParameters (a name that is no column), TypeMismatch, NotSupported.
+QueryPlan PlanSource(Engine& engine, std::string_view source);
+
+/// For a DELETE text; fields and order stay empty.
+QueryPlan PlanDelete(Engine& engine, std::string_view sql);
+
+/// For "field = literal" on rows of `table`.
+Condition PlanCriterion(Engine& engine, OpenTable& table, std::string_view criterion);
+
+}  // namespace jet::detail
