@@ -1,6 +1,7 @@
 #include "jet/detail/indexkey.h"
 
 #include "base/error.h"
+#include "jet/detail/textcodec.h"
 #include "jet/detail/textweights.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace {
 constexpr std::uint8_t kValueAscending = 0x7F, kValueDescending = 0x80;
 constexpr std::uint8_t kNullAscending = 0x00, kNullDescending = 0xFF;
 constexpr std::size_t kKeyCharacters = 255;
-constexpr char32_t kBadSequence = 0xFFFFFFFF;
+constexpr char32_t kBadSequence = 0xFFFFFFFF;  // no character, so without weight
 
 void InvertFrom(Bytes& bytes, std::size_t begin) {
     for (std::size_t i = begin; i < bytes.size(); ++i) {
@@ -67,54 +68,19 @@ void AppendNumeric(Bytes& key, const Numeric& value, bool descending) {
     if (value.negative != descending) InvertFrom(key, begin);
 }
 
-/// The next character of UTF-8 text, which loses it; kBadSequence when the bytes are none.
-char32_t NextCharacter(std::string_view& text) {
-    const auto first = static_cast<std::uint8_t>(text.front());
-    text.remove_prefix(1);
-    if (first < 0x80) return first;
-    const int length = first >= 0xF8   ? 0
-                       : first >= 0xF0 ? 3
-                       : first >= 0xE0 ? 2
-                       : first >= 0xC0 ? 1
-                                       : 0;
-    if (length == 0 || text.size() < static_cast<std::size_t>(length)) return kBadSequence;
-    char32_t character = first & (0x3FU >> length);
-    for (int i = 0; i < length; ++i) {
-        const auto next = static_cast<std::uint8_t>(text.front());
-        if ((next & 0xC0) != 0x80) return kBadSequence;
-        character = character << 6 | (next & 0x3FU);
-        text.remove_prefix(1);
-    }
-    return character;
-}
-
 /// Its first 255 units of storage, without the blanks at the end.
 std::vector<char32_t> KeyCharacters(std::string_view text) {
     std::vector<char32_t> characters;
     std::size_t units = 0;
-    while (!text.empty()) {
-        const char32_t character = NextCharacter(text);
-        units += character > 0xFFFF && character != kBadSequence ? 2 : 1;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::optional<char32_t> character = NextCharacter(text, at);
+        units += character && *character > 0xFFFF ? 2 : 1;
         if (units > kKeyCharacters) break;
-        characters.push_back(character);
+        characters.push_back(character.value_or(kBadSequence));
+        if (!character) break;
     }
     while (!characters.empty() && characters.back() == U' ') characters.pop_back();
     return characters;
-}
-
-// Bytes 80 to 9F of code page 1252. The five it leaves open stand for themselves.
-constexpr std::array<char32_t, 32> kCodePage80 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-std::optional<std::uint8_t> CodePageByte(char32_t character) {
-    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
-        return static_cast<std::uint8_t>(character);
-    }
-    const auto found = std::find(kCodePage80.begin(), kCodePage80.end(), character);
-    if (found == kCodePage80.end()) return std::nullopt;
-    return static_cast<std::uint8_t>(0x80 + (found - kCodePage80.begin()));
 }
 
 /// Collects nibbles, high one first.
@@ -154,7 +120,7 @@ bool AppendText97(Bytes& key, std::string_view text) {
         if (accent != 0) lastAccented = accents.size();
     };
     for (char32_t character : KeyCharacters(text)) {
-        const auto byte = CodePageByte(character);
+        const auto byte = ToCodePage(character);
         if (!byte) return false;
         const Weight97& weight = WeightOf97(*byte);
         addCode(weight.code, weight.accent);
@@ -313,7 +279,7 @@ std::optional<Bytes> EncodeKey(std::span<const Value> values, std::span<const Ke
 std::optional<char32_t> CharacterWithoutWeight(std::string_view text, TextOrder order) {
     for (char32_t character : KeyCharacters(text)) {
         const bool known = order == TextOrder::General     ? WeightOf(character) != nullptr
-                           : order == TextOrder::General97 ? CodePageByte(character).has_value()
+                           : order == TextOrder::General97 ? ToCodePage(character).has_value()
                                                            : false;
         if (!known) return character;
     }

@@ -1,0 +1,542 @@
+#include "jet/detail/btree.h"
+
+#include "base/error.h"
+#include "jet/detail/datapage.h"
+#include "jet/detail/indexkey.h"
+#include "jet/detail/layout.h"
+#include "jet/detail/usagemap.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <random>
+#include <set>
+#include <string>
+
+namespace jet::detail {
+namespace {
+
+constexpr std::uint32_t kTable = 5;  // the page the trees say they belong to
+
+/// A file with nothing in it but the global map and one index tree.
+class TreeFile {
+  public:
+    explicit TreeFile(const Layout& layout) : file(PageFile::New(layout)) {
+        for (std::uint32_t page = 0; page <= kTable; ++page) file->AppendPage();
+        FormatDataPage(*file, 1, 1);
+        Bytes global = EmptyInlineMap(layout);
+        std::fill(global.begin() + 5, global.end(), std::uint8_t{0xFF});
+        global[5] = 0xC0;
+        AddRow(*file, 1, global);
+        AddRow(*file, 1, EmptyInlineMap(layout));
+        index.map = {AllocateMapPage(*file, 1), 0};
+        index.root = AllocatePage(*file);
+        IndexPage::EmptyLeaf(kTable).Write(*file, index.root);
+        UsageMap(*file, index.map).Add(index.root);
+    }
+    BTree Tree() { return {*file, kTable, index}; }
+
+    std::unique_ptr<PageFile> file;
+    RealIndex index;
+};
+
+/// Looks at every page of a tree on its own: shape, links, stated last entries, map.
+class ShapeCheck {
+  public:
+    explicit ShapeCheck(TreeFile& tree) : tree_(tree) {
+        Visit(tree.index.root, 1);
+        std::uint32_t previous = 0;
+        for (std::size_t i = 0; i < leaves_.size(); ++i) {
+            const IndexPage leaf = IndexPage::Read(*tree.file, leaves_[i]);
+            EXPECT_EQ(leaf.previous, previous);
+            EXPECT_EQ(leaf.next, i + 1 < leaves_.size() ? leaves_[i + 1] : 0);
+            previous = leaves_[i];
+        }
+        const auto mapped = UsageMap(*tree.file, tree.index.map).Pages();
+        EXPECT_EQ(std::set<std::uint32_t>(mapped.begin(), mapped.end()), pages_);
+    }
+
+    std::size_t Levels() const { return levels_; }
+    std::size_t PageCount() const { return pages_.size(); }
+    const std::vector<Bytes>& Entries() const { return entries_; }
+
+  private:
+    Bytes Visit(std::uint32_t number, std::size_t depth) {
+        EXPECT_TRUE(pages_.insert(number).second) << "page reached twice";
+        levels_ = std::max(levels_, depth);
+        const IndexPage page = IndexPage::Read(*tree_.file, number);
+        EXPECT_EQ(page.table, kTable);
+        EXPECT_EQ(IndexPage::StatedFreeBytes(*tree_.file, number),
+                  IndexPage::FreeBytes(*tree_.file, number));
+        if (page.IsLeaf()) {
+            EXPECT_EQ(page.level, 0);
+            EXPECT_TRUE(page.Count() > 0 || depth == 1) << "empty leaf below a node";
+            leaves_.push_back(number);
+            for (std::size_t i = 0; i < page.Count(); ++i) entries_.push_back(page.Entry(i));
+            return page.Count() > 0 ? entries_.back() : Bytes();
+        }
+        EXPECT_GT(page.ChildCount(), depth == 1 ? 1U : 0U);
+        Bytes last;
+        std::uint32_t previous = 0;
+        for (std::size_t i = 0; i < page.ChildCount(); ++i) {
+            const std::uint32_t child = page.Child(i);
+            last = Visit(child, depth + 1);
+            if (i < page.Count()) {
+                EXPECT_EQ(page.Entry(i), last) << "not the child's last entry";
+            }
+            const IndexPage content = IndexPage::Read(*tree_.file, child);
+            EXPECT_EQ(content.level + 1, page.level);
+            if (!content.IsLeaf()) {
+                EXPECT_EQ(content.previous, previous);
+                EXPECT_EQ(content.next, i + 1 < page.ChildCount() ? page.Child(i + 1) : 0);
+            }
+            previous = child;
+        }
+        return last;
+    }
+
+    TreeFile& tree_;
+    std::set<std::uint32_t> pages_;
+    std::vector<std::uint32_t> leaves_;
+    std::vector<Bytes> entries_;
+    std::size_t levels_ = 0;
+};
+
+std::vector<Bytes> Forward(const BTree& tree) {
+    std::vector<Bytes> entries;
+    for (TreeCursor at = tree.First(); at.Valid(); at.Next()) {
+        entries.emplace_back(at.Entry().begin(), at.Entry().end());
+    }
+    return entries;
+}
+
+std::vector<Bytes> Backward(const BTree& tree) {
+    std::vector<Bytes> entries;
+    for (TreeCursor at = tree.Last(); at.Valid(); at.Previous()) {
+        entries.emplace_back(at.Entry().begin(), at.Entry().end());
+    }
+    std::reverse(entries.begin(), entries.end());
+    return entries;
+}
+
+/// The model: what the tree should hold.
+using Model = std::set<Bytes>;
+
+void ExpectEqual(TreeFile& file, const Model& model) {
+    const std::vector<Bytes> expected(model.begin(), model.end());
+    EXPECT_EQ(ShapeCheck(file).Entries(), expected);
+    EXPECT_EQ(Forward(file.Tree()), expected);
+    EXPECT_EQ(Backward(file.Tree()), expected);
+}
+
+using Random = std::mt19937;
+using KeyMaker = std::function<Bytes(Random&)>;
+
+Bytes LongKey(std::int32_t number, bool descending = false) {
+    return *EncodeKey(number, {ColumnType::Long, descending, TextOrder::Unknown});
+}
+
+Bytes TextKey(const std::string& text, const Layout& layout, bool descending = false) {
+    const TextOrder order = layout.textUnit == 1 ? TextOrder::General97 : TextOrder::General;
+    return *EncodeKey(text, {ColumnType::Text, descending, order});
+}
+
+std::string RandomText(Random& random, std::size_t longest) {
+    static const std::vector<std::string> kCharacters = {"a", "b", "C", "d", "é", "å", "ä", "ö",
+                                                         "ü", "-", "'", " ", "1", "9", "ß", "."};
+    std::string text;
+    for (std::size_t i = random() % (longest + 1); i > 0; --i) {
+        text += kCharacters[random() % kCharacters.size()];
+    }
+    return text;
+}
+
+struct TreeCase {
+    const char* name;
+    const Layout* layout;
+    std::function<Bytes(Random&, const Layout&)> key;
+    std::size_t operations;
+    std::size_t levels;  ///< the tree is to reach
+};
+
+void PrintTo(const TreeCase& value, std::ostream* out) {
+    *out << value.name;
+}
+
+class RandomTree : public testing::TestWithParam<TreeCase> {};
+
+TEST_P(RandomTree, HoldsWhatAnOrderedSetHolds) {
+    const TreeCase& parameters = GetParam();
+    TreeFile file(*parameters.layout);
+    BTree tree = file.Tree();
+    Random random(4711);
+    Model model;
+    std::vector<Bytes> entries;
+    std::size_t levels = 0;
+    // It grows, shrinks to nothing, and grows again.
+    for (const unsigned insertPercent : {75U, 25U, 60U, 0U, 80U}) {
+        for (std::size_t i = 0; i < parameters.operations / 5; ++i) {
+            if (random() % 100 < insertPercent || entries.empty()) {
+                if (insertPercent == 0) break;
+                const Bytes key = parameters.key(random, *parameters.layout);
+                const RowPointer row{static_cast<std::uint32_t>(random() % 5000 + 1),
+                                     static_cast<std::uint8_t>(random() % 200)};
+                const Bytes entry = MakeEntry(key, row);
+                if (!model.insert(entry).second) continue;
+                const bool wasNew = !tree.Contains(key);
+                EXPECT_EQ(tree.Insert(key, row), wasNew);
+                entries.push_back(entry);
+            } else {
+                std::swap(entries[random() % entries.size()], entries.back());
+                const Bytes entry = entries.back();
+                entries.pop_back();
+                model.erase(entry);
+                EXPECT_TRUE(tree.Erase(KeyOf(entry), RowOf(entry)));
+            }
+        }
+        while (insertPercent == 0 && !entries.empty()) {
+            std::swap(entries[random() % entries.size()], entries.back());
+            EXPECT_TRUE(tree.Erase(KeyOf(entries.back()), RowOf(entries.back())));
+            model.erase(entries.back());
+            entries.pop_back();
+            if (entries.size() % 512 == 0) ExpectEqual(file, model);
+        }
+        ExpectEqual(file, model);
+        levels = std::max(levels, ShapeCheck(file).Levels());
+        if (HasFailure()) return;
+    }
+    EXPECT_GE(levels, parameters.levels);
+}
+
+Bytes AnyLong(Random& random, const Layout&) {
+    return LongKey(static_cast<std::int32_t>(random()));
+}
+Bytes FewLongs(Random& random, const Layout&) {
+    return LongKey(static_cast<std::int32_t>(random() % 7));
+}
+Bytes DescendingLong(Random& random, const Layout&) {
+    return LongKey(static_cast<std::int32_t>(random() % 100000), true);
+}
+Bytes AnyText(Random& random, const Layout& layout) {
+    return TextKey(RandomText(random, 40), layout);
+}
+Bytes DescendingText(Random& random, const Layout& layout) {
+    return TextKey(RandomText(random, 60), layout, true);
+}
+Bytes VeryLongText(Random& random, const Layout& layout) {
+    return TextKey(RandomText(random, 255), layout);
+}
+Bytes LongSharedStart(Random& random, const Layout& layout) {
+    return TextKey(std::string(200, 'x') + RandomText(random, 8), layout);
+}
+Bytes SeveralColumns(Random& random, const Layout& layout) {
+    Bytes key = TextKey(RandomText(random, 255), layout);
+    for (int column = 0; column < 2; ++column) {
+        const Bytes next = TextKey(RandomText(random, 255), layout, column == 1);
+        key.insert(key.end(), next.begin(), next.end());
+    }
+    return key;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Trees, RandomTree,
+    testing::Values(TreeCase{"Jet3Long", &kJet3, AnyLong, 30000, 2},
+                    TreeCase{"Jet4Long", &kJet4, AnyLong, 30000, 2},
+                    TreeCase{"Jet3Duplicates", &kJet3, FewLongs, 30000, 2},
+                    TreeCase{"Jet4Duplicates", &kJet4, FewLongs, 30000, 2},
+                    TreeCase{"Jet3Descending", &kJet3, DescendingLong, 20000, 2},
+                    TreeCase{"Jet4Descending", &kJet4, DescendingLong, 20000, 2},
+                    TreeCase{"Jet3Text", &kJet3, AnyText, 30000, 3},
+                    TreeCase{"Jet4Text", &kJet4, AnyText, 30000, 3},
+                    TreeCase{"Jet3DescendingText", &kJet3, DescendingText, 20000, 3},
+                    TreeCase{"Jet4DescendingText", &kJet4, DescendingText, 20000, 2},
+                    TreeCase{"Jet3VeryLongText", &kJet3, VeryLongText, 6000, 4},
+                    TreeCase{"Jet4VeryLongText", &kJet4, VeryLongText, 6000, 3},
+                    TreeCase{"Jet3SharedStart", &kJet3, LongSharedStart, 10000, 2},
+                    TreeCase{"Jet4SharedStart", &kJet4, LongSharedStart, 10000, 2},
+                    TreeCase{"Jet3ThreeTexts", &kJet3, SeveralColumns, 2000, 5},
+                    TreeCase{"Jet4ThreeTexts", &kJet4, SeveralColumns, 2000, 4}),
+    [](const auto& tested) { return std::string(tested.param.name); });
+
+class Tree : public testing::TestWithParam<const Layout*> {
+  protected:
+    TreeFile file_{*GetParam()};
+    BTree tree_ = file_.Tree();
+};
+
+INSTANTIATE_TEST_SUITE_P(Versions, Tree, testing::Values(&kJet3, &kJet4), [](const auto& tested) {
+    return tested.param->version == 3 ? std::string("Jet3") : std::string("Jet4");
+});
+
+TEST_P(Tree, IsOneEmptyLeafAtFirst) {
+    EXPECT_FALSE(tree_.First().Valid());
+    EXPECT_FALSE(tree_.Last().Valid());
+    EXPECT_TRUE(tree_.Find({}).empty());
+    EXPECT_FALSE(tree_.Contains(LongKey(1)));
+    EXPECT_EQ(IndexPage::FreeBytes(*file_.file, tree_.Root()), GetParam()->IndexRoom());
+}
+
+TEST_P(Tree, KeepsItsRootPageWhileItGrows) {
+    const std::int32_t count = GetParam() == &kJet3 ? 60000 : 20000;
+    for (std::int32_t i = 0; i < count; ++i) {
+        tree_.Insert(LongKey(i),
+                     {static_cast<std::uint32_t>(i / 100 + 1), static_cast<std::uint8_t>(i % 100)});
+    }
+    EXPECT_EQ(tree_.Root(), file_.index.root);
+    EXPECT_GE(ShapeCheck(file_).Levels(), GetParam() == &kJet3 ? 3U : 2U);
+}
+
+TEST_P(Tree, FillsPagesWhenKeysAscend) {
+    constexpr std::int32_t kCount = 10000;
+    for (std::int32_t i = 0; i < kCount; ++i) tree_.Insert(LongKey(i), {1, 1});
+    const std::size_t bytes = 9 * kCount;
+    EXPECT_LT(ShapeCheck(file_).PageCount(), bytes / GetParam()->IndexRoom() * 12 / 10 + 3);
+}
+
+TEST_P(Tree, TakesDescendingInsertsToo) {
+    Model model;
+    for (std::int32_t i = 5000; i > 0; --i) {
+        tree_.Insert(LongKey(i), {7, 7});
+        model.insert(MakeEntry(LongKey(i), {7, 7}));
+    }
+    ExpectEqual(file_, model);
+}
+
+TEST_P(Tree, CollapsesToOneLeafWhenEmptied) {
+    for (std::int32_t i = 0; i < 20000; ++i) tree_.Insert(LongKey(i), {1, 1});
+    for (std::int32_t i = 0; i < 20000; ++i) ASSERT_TRUE(tree_.Erase(LongKey(i), {1, 1}));
+    const ShapeCheck shape(file_);
+    EXPECT_EQ(shape.PageCount(), 1U);
+    EXPECT_TRUE(IndexPage::Read(*file_.file, tree_.Root()).IsLeaf());
+}
+
+TEST_P(Tree, CollapsesWhenEmptiedFromTheEnd) {
+    for (std::int32_t i = 0; i < 20000; ++i) tree_.Insert(LongKey(i), {1, 1});
+    for (std::int32_t i = 20000; i-- > 0;) {
+        ASSERT_TRUE(tree_.Erase(LongKey(i), {1, 1}));
+        if (i % 2500 == 0) {
+            EXPECT_EQ(ShapeCheck(file_).Entries().size(), static_cast<std::size_t>(i));
+        }
+    }
+    EXPECT_EQ(ShapeCheck(file_).PageCount(), 1U);
+}
+
+TEST_P(Tree, UsesFreedPagesAgain) {
+    for (std::int32_t i = 0; i < 5000; ++i) tree_.Insert(LongKey(i), {1, 1});
+    const std::uint32_t pages = file_.file->PageCount();
+    for (std::int32_t i = 0; i < 5000; ++i) tree_.Erase(LongKey(i), {1, 1});
+    for (std::int32_t i = 0; i < 5000; ++i) tree_.Insert(LongKey(i), {1, 1});
+    EXPECT_EQ(file_.file->PageCount(), pages);
+}
+
+TEST_P(Tree, FindsAllRowsOfAKeyInRowOrder) {
+    for (std::int32_t key = 0; key < 50; ++key) {
+        for (std::uint8_t row = 0; row < 100; ++row) {
+            tree_.Insert(LongKey(key), {static_cast<std::uint32_t>(200 - row), row});
+        }
+    }
+    const std::vector<RowPointer> rows = tree_.Find(LongKey(17));
+    ASSERT_EQ(rows.size(), 100U);
+    EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end()));
+    EXPECT_TRUE(tree_.Find(LongKey(50)).empty());
+    EXPECT_TRUE(tree_.Find(LongKey(-1)).empty());
+}
+
+TEST_P(Tree, FindsByTheFirstColumnsOfAKey) {
+    for (std::int32_t first = 0; first < 30; ++first) {
+        for (std::int32_t second = 0; second < 60; ++second) {
+            Bytes key = LongKey(first);
+            const Bytes more = LongKey(second, true);
+            key.insert(key.end(), more.begin(), more.end());
+            tree_.Insert(key, {static_cast<std::uint32_t>(second + 1), 0});
+        }
+    }
+    const std::vector<RowPointer> rows = tree_.Find(LongKey(12));
+    ASSERT_EQ(rows.size(), 60U);
+    EXPECT_EQ(rows.front().page, 60U) << "the second column descends";
+}
+
+TEST_P(Tree, SaysWhetherAnInsertedKeyIsNew) {
+    EXPECT_TRUE(tree_.Insert(LongKey(1), {5, 5}));
+    EXPECT_FALSE(tree_.Insert(LongKey(1), {5, 6}));
+    EXPECT_FALSE(tree_.Insert(LongKey(1), {4, 0}));
+    EXPECT_TRUE(tree_.Insert(LongKey(2), {5, 7}));
+}
+
+TEST_P(Tree, SaysSoAlsoAcrossLeaves) {
+    // Every key four times: runs of a key cross the borders of the leaves.
+    std::map<std::int32_t, int> times;
+    Random random(1);
+    for (std::uint32_t i = 0; i < 8000; ++i) {
+        const auto key = static_cast<std::int32_t>(random() % 2000);
+        EXPECT_EQ(tree_.Insert(LongKey(key), {i + 1, 0}), times[key]++ == 0);
+    }
+}
+
+TEST_P(Tree, TellsOtherRowsWithAKeyFromTheRowItself) {
+    tree_.Insert(LongKey(1), {5, 5});
+    EXPECT_FALSE(tree_.ContainsOther(LongKey(1), {5, 5}));
+    EXPECT_TRUE(tree_.ContainsOther(LongKey(1), {5, 6}));
+    tree_.Insert(LongKey(1), {5, 6});
+    EXPECT_TRUE(tree_.ContainsOther(LongKey(1), {5, 5}));
+}
+
+TEST_P(Tree, ErasesNothingThatIsNotThere) {
+    tree_.Insert(LongKey(1), {5, 5});
+    EXPECT_FALSE(tree_.Erase(LongKey(1), {5, 6}));
+    EXPECT_FALSE(tree_.Erase(LongKey(2), {5, 5}));
+    EXPECT_EQ(tree_.Find({}).size(), 1U);
+}
+
+TEST_P(Tree, ErasesByRowPointerAlone) {
+    for (std::int32_t i = 0; i < 3000; ++i) {
+        tree_.Insert(LongKey(i), {static_cast<std::uint32_t>(i + 1), 3});
+    }
+    EXPECT_EQ(tree_.EraseByRowPointer({1234, 3}), LongKey(1233));
+    EXPECT_FALSE(tree_.Contains(LongKey(1233)));
+    EXPECT_EQ(ShapeCheck(file_).Entries().size(), 2999U);
+    EXPECT_THROW(tree_.EraseByRowPointer({1234, 3}), Error);
+}
+
+TEST_P(Tree, RefusesTheSameEntryTwice) {
+    tree_.Insert(LongKey(1), {5, 5});
+    EXPECT_THROW(tree_.Insert(LongKey(1), {5, 5}), Error);
+}
+
+TEST_P(Tree, RefusesAKeyThatNoPageCanHold) {
+    const Bytes key(GetParam()->IndexRoom(), 0x7F);
+    EXPECT_THROW(tree_.Insert(key, {5, 5}), Error);
+    EXPECT_FALSE(tree_.First().Valid());
+}
+
+TEST_P(Tree, ComesBackAfterARollback) {
+    Model model;
+    for (std::int32_t i = 0; i < 3000; ++i) {
+        tree_.Insert(LongKey(2 * i), {9, 9});
+        model.insert(MakeEntry(LongKey(2 * i), {9, 9}));
+    }
+    file_.file->Begin();
+    for (std::int32_t i = 0; i < 3000; ++i) tree_.Insert(LongKey(2 * i + 1), {9, 9});
+    for (std::int32_t i = 0; i < 2000; ++i) tree_.Erase(LongKey(2 * i), {9, 9});
+    file_.file->Rollback();
+    ExpectEqual(file_, model);
+}
+
+TEST_P(Tree, IsTheSameAfterARebuild) {
+    for (const std::size_t count : {0U, 1U, 300U, 5000U, 40000U}) {
+        Random random(3);
+        Model model;
+        std::vector<IndexEntry> entries;
+        for (std::uint32_t i = 0; i < count; ++i) {
+            const Bytes key = TextKey(RandomText(random, 12), *GetParam());
+            entries.push_back({key, {i + 1, 1}});
+            model.insert(MakeEntry(key, {i + 1, 1}));
+        }
+        tree_.Rebuild(entries);
+        ExpectEqual(file_, model);
+    }
+}
+
+TEST_P(Tree, TakesInsertsAndErasesAfterARebuild) {
+    Model model;
+    std::vector<IndexEntry> entries;
+    for (std::int32_t i = 0; i < 9000; ++i) {
+        entries.push_back({LongKey(2 * i), {1, 1}});
+        model.insert(MakeEntry(LongKey(2 * i), {1, 1}));
+    }
+    tree_.Rebuild(entries);
+    for (std::int32_t i = 0; i < 9000; i += 3) {
+        tree_.Insert(LongKey(2 * i + 1), {1, 1});
+        model.insert(MakeEntry(LongKey(2 * i + 1), {1, 1}));
+        tree_.Erase(LongKey(2 * i), {1, 1});
+        model.erase(MakeEntry(LongKey(2 * i), {1, 1}));
+    }
+    ExpectEqual(file_, model);
+}
+
+TEST_P(Tree, WithARingOfLeavesIsRefused) {
+    for (std::int32_t i = 0; i < 3000; ++i) tree_.Insert(LongKey(i), {1, 1});
+    const IndexPage root = IndexPage::Read(*file_.file, tree_.Root());
+    IndexPage second = IndexPage::Read(*file_.file, root.Child(1));
+    second.next = root.Child(0);
+    second.Write(*file_.file, root.Child(1));
+    EXPECT_THROW(tree_.Find({}), Error);
+}
+
+TEST_P(Tree, WithANodeAsItsOwnChildIsRefused) {
+    for (std::int32_t i = 0; i < 3000; ++i) tree_.Insert(LongKey(i), {1, 1});
+    IndexPage root = IndexPage::Read(*file_.file, tree_.Root());
+    root.tail = tree_.Root();
+    root.Write(*file_.file, tree_.Root());
+    EXPECT_THROW(tree_.Last(), Error);
+    EXPECT_THROW(tree_.Insert(LongKey(999999), {1, 1}), Error);
+}
+
+TEST_P(Tree, WithAPageOfAnotherTableIsRefused) {
+    IndexPage root = IndexPage::Read(*file_.file, tree_.Root());
+    root.table = kTable + 1;
+    root.Write(*file_.file, tree_.Root());
+    EXPECT_THROW(tree_.First(), Error);
+}
+
+TEST(IndexPage, PacksEntriesOnlyWhenTheyDoNotFitOtherwise) {
+    TreeFile file(kJet4);
+    BTree tree = file.Tree();
+    const auto prefix = [&] { return U16(file.file->Page(tree.Root()), kJet4.indexPrefix); };
+    const std::string start(100, 'x');
+    const auto key = [&](int i) {
+        return TextKey(start + static_cast<char>('a' + i / 26) + static_cast<char>('a' + i % 26),
+                       kJet4);
+    };
+    int count = 0;
+    for (; count < 30; ++count) tree.Insert(key(count), {1, 1});
+    EXPECT_EQ(prefix(), 0);
+    for (; count < 200; ++count) tree.Insert(key(count), {1, 1});
+    EXPECT_EQ(prefix(), 101) << "the start byte and a hundred letters";
+    for (; count > 20; --count) tree.Erase(key(count - 1), {1, 1});
+    EXPECT_EQ(prefix(), 0);
+}
+
+TEST(IndexPage, LooksAsARealEngineWritesIt) {
+    TreeFile file(kJet4);
+    BTree tree = file.Tree();
+    tree.Insert(LongKey(2), {14, 4});
+    tree.Insert(LongKey(3), {14, 5});
+    const ByteView page = file.file->Page(tree.Root());
+    const Bytes start(page.begin(), page.begin() + 4);
+    EXPECT_EQ(start, (Bytes{0x04, 0x01, 0x0E, 0x0E}));
+    const Bytes mask(page.begin() + 0x1B, page.begin() + 0x1B + 4);
+    EXPECT_EQ(mask, (Bytes{0x00, 0x02, 0x04, 0x00}));
+    const Bytes entries(page.begin() + 0x1E0, page.begin() + 0x1E0 + 18);
+    EXPECT_EQ(entries, (Bytes{0x7F, 0x80, 0, 0, 2, 0, 0, 0x0E, 4,  //
+                              0x7F, 0x80, 0, 0, 3, 0, 0, 0x0E, 5}));
+}
+
+struct DamageCase {
+    const char* name;
+    std::size_t offset;
+    std::uint8_t value;
+};
+
+class DamagedIndexPage : public testing::TestWithParam<DamageCase> {};
+
+TEST_P(DamagedIndexPage, IsRefused) {
+    TreeFile file(kJet4);
+    BTree tree = file.Tree();
+    for (std::int32_t i = 0; i < 20; ++i) tree.Insert(LongKey(i), {1, 1});
+    PutU8(file.file->EditPage(tree.Root()), GetParam().offset, GetParam().value);
+    EXPECT_THROW(tree.Find({}), Error) << GetParam().name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Bytes, DamagedIndexPage,
+                         testing::Values(DamageCase{"type", 0, 1}, DamageCase{"owner", 4, 9},
+                                         DamageCase{"prefix longer than the first entry", 0x18, 9},
+                                         DamageCase{"an entry that ends past the page", 0x1DF,
+                                                    0x80},
+                                         DamageCase{"an entry of one byte", 0x1B, 0x02},
+                                         DamageCase{"order", 0x1E3, 0x7F}));
+
+}  // namespace
+}  // namespace jet::detail
