@@ -110,7 +110,7 @@ void DiagramView::Add(Drawing drawing) {
 }
 
 void DiagramView::Outdated() {
-    picture_ = QPixmap();
+    outdated_ = true;
     update();
 }
 
@@ -139,7 +139,12 @@ void DiagramView::changeEvent(QEvent* event) {
 
 void DiagramView::paintEvent(QPaintEvent*) {
     const QSize wanted = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    if (picture_.size() != wanted) PaintPicture();
+    if (picture_.size() != wanted) {
+        picture_ = QPixmap(wanted);
+        picture_.setDevicePixelRatio(devicePixelRatioF());
+        outdated_ = true;
+    }
+    if (outdated_) PaintPicture();
     QPainter painter(this);
     painter.drawPixmap(0, 0, picture_);
     if (crossHair_) PaintCrossHair(painter);
@@ -151,8 +156,7 @@ void DiagramView::paintEvent(QPaintEvent*) {
 }
 
 void DiagramView::PaintPicture() {
-    picture_ = QPixmap((QSizeF(size()) * devicePixelRatioF()).toSize());
-    picture_.setDevicePixelRatio(devicePixelRatioF());
+    outdated_ = false;
     picture_.fill(ToQColor(kDiagramGround));
     QPainter painter(&picture_);
     PaintGrid(painter);

@@ -97,5 +97,6 @@ class DiagramView final : public QWidget {
     std::vector<Drawing> drawings_;
     std::vector<GridLine*> grid_;
     std::optional<Point> crossHair_;
-    QPixmap picture_;  ///< ground, grid and curves; null when they must be painted anew
+    QPixmap picture_;  ///< ground, grid and curves
+    bool outdated_ = true;
 };

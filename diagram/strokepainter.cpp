@@ -15,8 +15,16 @@ namespace {
 
 constexpr double kOutsideMargin = 8;  // so that the cut ends of thick lines do not show
 
+/// Both on one outer side of `area`: most of a long series lies left of the window.
+bool Beside(QPointF from, QPointF to, const QRectF& area) {
+    return (from.x() < area.left() && to.x() < area.left()) ||
+           (from.x() > area.right() && to.x() > area.right());
+}
+
 /// The part of a segment inside `area`, or nothing.
 std::optional<QLineF> Clipped(QPointF from, QPointF to, const QRectF& area) {
+    if (Beside(from, to, area)) return std::nullopt;
+    if (area.contains(from) && area.contains(to)) return QLineF(from, to);
     const double dx = to.x() - from.x(), dy = to.y() - from.y();
     double enter = 0, leave = 1;
     const std::array<std::pair<double, double>, 4> edges{{{-dx, from.x() - area.left()},
@@ -44,41 +52,49 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to, const QRectF& area) {
 /// highest place there, and where it leaves.
 class Piece {
   public:
-    explicit Piece(double column) : column_(column) {}
+    explicit Piece(double column) : perColumn_(column > 0 ? 1 / column : 0) {}
 
     void Add(QPointF at) {
-        const double place = column_ > 0 ? std::floor(at.x() / column_) : 0;
-        if (points_.isEmpty() || column_ <= 0 || place != place_) {
+        if (perColumn_ == 0) {
             points_.append(at);
-            start_ = points_.size() - 1;
-            place_ = place;
             return;
         }
-        points_.append(at);
-        if (points_.size() - start_ > kKept) Thin();
+        const double place = std::floor(at.x() * perColumn_);
+        if (count_ == 0 || place != place_) {
+            EndColumn();
+            place_ = place;
+            first_ = low_ = high_ = at;
+        } else if (at.y() < low_.y()) {
+            low_ = at;
+            lowAt_ = count_;
+        } else if (at.y() > high_.y()) {
+            high_ = at;
+            highAt_ = count_;
+        }
+        last_ = at;
+        ++count_;
     }
-    QPolygonF Take() { return std::move(points_); }
+    QPolygonF Take() {
+        EndColumn();
+        return std::move(points_);
+    }
 
   private:
-    static constexpr qsizetype kKept = 4;
-
-    /// Five points in one column: of the three in the middle the two extreme ones stay, in their
-    /// order.
-    void Thin() {
-        const auto middle = points_.begin() + start_ + 1;
-        const auto byHeight = [](QPointF a, QPointF b) { return a.y() < b.y(); };
-        const auto lowest = std::min_element(middle, middle + 3, byHeight);
-        const auto highest = std::max_element(middle, middle + 3, byHeight);
-        for (auto drop = middle; drop != middle + 3; ++drop) {
-            if (drop == lowest || drop == highest) continue;
-            points_.erase(drop);
-            return;
-        }
+    void EndColumn() {
+        if (count_ > 0) points_.append(first_);
+        AppendExtreme(std::min(lowAt_, highAt_));
+        if (lowAt_ != highAt_) AppendExtreme(std::max(lowAt_, highAt_));
+        if (count_ > 1) points_.append(last_);
+        count_ = lowAt_ = highAt_ = 0;
+    }
+    void AppendExtreme(int at) {
+        if (at > 0 && at < count_ - 1) points_.append(at == lowAt_ ? low_ : high_);
     }
 
     QPolygonF points_;
-    qsizetype start_ = 0;
-    double column_ = 0, place_ = 0;
+    double perColumn_ = 0, place_ = 0;
+    QPointF first_, low_, high_, last_;
+    int count_ = 0, lowAt_ = 0, highAt_ = 0;
 };
 
 void DrawLine(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface) {
@@ -141,7 +157,8 @@ std::vector<QPolygonF> VisiblePieces(std::span<const Point> line, const StrokeSu
     Piece piece(surface.finest);
     bool open = false;
     const auto close = [&] {
-        if (open) pieces.push_back(piece.Take());
+        if (!open) return;
+        pieces.push_back(piece.Take());
         piece = Piece(surface.finest);
         open = false;
     };

@@ -205,7 +205,7 @@ TEST_F(DiagramViewTest, SaysWhereTheMouseIsPressedMovedAndReleased) {
     ASSERT_EQ(released.count(), 1);
 }
 
-TEST_F(DiagramViewTest, TakesTheFocusAndShowsIt) {
+TEST_F(DiagramViewTest, CanBeReachedByTheKeyboard) {
     EXPECT_EQ(view.focusPolicy(), Qt::StrongFocus);
 }
 
