@@ -4,9 +4,12 @@
 #include "jet/detail/engine.h"
 #include "jet/detail/filestore.h"
 #include "jet/detail/keysetrecordset.h"
+#include "jet/detail/newfile.h"
 #include "jet/detail/queryplan.h"
+#include "jet/detail/verify.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace jet {
 namespace {
@@ -39,6 +42,12 @@ std::shared_ptr<Database> FindOpen(const std::filesystem::path& path) {
     return nullptr;
 }
 
+Date Now() {
+    using namespace std::chrono;
+    constexpr sys_days kDayZero = year{1899} / December / 30;
+    return Date{duration<double, days::period>(system_clock::now() - kDayZero).count()};
+}
+
 }  // namespace
 
 Database::Database(std::unique_ptr<Engine> engine)
@@ -51,6 +60,8 @@ Database::~Database() {
 }
 
 std::shared_ptr<Database> Database::Open(const std::filesystem::path& path, Access access) {
+    // An empty path would resolve to the current folder.
+    if (path.empty()) throw Error{ErrorNumber::FileNotFound, "no file name"};
     const std::filesystem::path resolved = detail::Resolve(path);
     if (auto open = FindOpen(resolved)) return open;
     auto file = detail::PageFile::Open(resolved);
@@ -59,6 +70,15 @@ std::shared_ptr<Database> Database::Open(const std::filesystem::path& path, Acce
     std::shared_ptr<Database> database(new Database(std::make_unique<Engine>(std::move(file))));
     OpenFiles().push_back(database);
     return database;
+}
+
+void Database::Create(const std::filesystem::path& path, std::span<const TableDesign> tables,
+                      std::optional<Date> created) {
+    const std::filesystem::path resolved = detail::Resolve(path);
+    if (FindOpen(resolved) != nullptr) {
+        throw Error{ErrorNumber::FileInUse, "file is open: " + path.string()};
+    }
+    detail::NewFile(tables, created.value_or(Now()))->SaveAs(resolved);
 }
 
 std::shared_ptr<RecordSet> Database::OpenRecordSet(std::string_view source) {
@@ -125,6 +145,10 @@ void Database::AliasTable(std::string_view alias, std::string_view table) {
 
 void Database::AliasColumn(std::string_view table, std::string_view alias, std::size_t position) {
     RequireOpen().AliasColumn(table, alias, position);
+}
+
+std::vector<std::string> Database::Verify() const {
+    return detail::Verify(RequireOpen().File()).faults;
 }
 
 Engine& Database::RequireOpen() const {

@@ -1,6 +1,7 @@
 #include "jet/detail/opentable.h"
 
 #include "base/error.h"
+#include "jet/detail/soundness.h"
 
 #include <algorithm>
 
@@ -90,6 +91,7 @@ std::vector<OrderColumn> OpenTable::NaturalOrder() const {
 }
 
 RowPointer OpenTable::Insert(std::vector<Value> values) {
+    RequireSoundOnce();
     store_.FillAutonumbers(values);
     CheckRelations(kReferencing, [&](std::size_t position) { return !values[position].IsNull(); });
     const IndexPlan plan = indexes_.PlanInsert(values);
@@ -102,6 +104,7 @@ RowPointer OpenTable::Insert(std::vector<Value> values) {
 }
 
 void OpenTable::Update(RowPointer row, std::span<const std::optional<Value>> values) {
+    RequireSoundOnce();
     const auto changes = [&](std::size_t position) {
         return values[position] && *values[position] != store_.Field(row, position);
     };
@@ -122,6 +125,7 @@ void OpenTable::Update(RowPointer row, std::span<const std::optional<Value>> val
 }
 
 void OpenTable::Delete(RowPointer row) {
+    RequireSoundOnce();
     const RowView view = store_.Read(row);
     CheckRelations(kReferenced, [](std::size_t) { return true; });
     ++version_;
@@ -141,6 +145,12 @@ const Lookup& OpenTable::LookupFor(const Condition& condition) {
     const auto found = lookups_.find(key);
     if (found != lookups_.end()) return found->second;
     return lookups_.emplace(key, Lookup(store_, key.first, key.second)).first->second;
+}
+
+void OpenTable::RequireSoundOnce() {
+    if (sound_) return;
+    RequireSound(store_, indexes_);
+    sound_ = true;
 }
 
 // Relations between tables are not followed here, so what could break one is refused.

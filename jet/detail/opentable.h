@@ -55,6 +55,7 @@ class OpenTable {
 
   private:
     const Lookup& LookupFor(const Condition& condition);
+    void RequireSoundOnce();
     void CheckRelations(std::uint8_t side, const std::function<bool(std::size_t)>& touches) const;
 
     TableStore store_;
@@ -62,6 +63,7 @@ class OpenTable {
     TableDesign design_;
     std::map<std::pair<std::size_t, KeyKind>, Lookup> lookups_;
     std::uint64_t version_ = 0;
+    bool sound_ = false;
 };
 
 /// The design that a definition describes.
