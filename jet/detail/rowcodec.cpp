@@ -14,6 +14,11 @@ constexpr std::size_t kShortestRow = 4;  ///< room for an overflow pointer in it
 constexpr std::uint8_t kNegative = 0x80, kNoJump = 0xFF;
 constexpr std::size_t kGuidSize = 16, kNumericSize = 17, kLargestText = 255;
 
+/// One of the row's own numbers, of one or two bytes; the place has been checked.
+std::size_t Entry(ByteView row, std::size_t place, std::size_t unit) {
+    return unit == 1 ? row[place] : row[place] | static_cast<std::size_t>(row[place + 1]) << 8U;
+}
+
 std::size_t MaskSize(std::size_t columns) {
     return (columns + 7) / 8;
 }
@@ -237,7 +242,8 @@ class RowBuilder {
 RowView::RowView(const Layout& layout, const TableDef& def, ByteView row, RowPointer where)
     : layout_(&layout), row_(row), where_(where) {
     const std::size_t unit = layout.rowCountSize;
-    columnCount_ = static_cast<std::size_t>(LittleEndian(row, 0, unit, where.page));
+    CheckRange(row.size(), 0, unit, where.page);
+    columnCount_ = Entry(row, 0, unit);
     if (columnCount_ > def.maxColumns) {
         ThrowDamaged(where.page, where.row, "a row of more columns than the table");
     }
@@ -246,13 +252,12 @@ RowView::RowView(const Layout& layout, const TableDef& def, ByteView row, RowPoi
     maskStart_ = row.size() - mask;
     fixedEnd_ = maskStart_;
     // A row that was written before the table got a variable column has none of the parts below.
-    if (def.variableCount == 0 || columnCount_ <= def.FirstVariableColumn()) return;
+    if (def.variableCount == 0 || columnCount_ <= def.firstVariableColumn) return;
 
     const std::size_t jumps = layout.jumpTable ? (row.size() - 1) / kBytesPerJump : 0;
     const std::size_t fixedParts = unit + unit + jumps;  // one entry (the end), the count, jumps
     if (maskStart_ < unit + fixedParts) ThrowOutside(where.page, 0, fixedParts, row.size());
-    variableCount_ =
-        static_cast<std::size_t>(LittleEndian(row, maskStart_ - unit, unit, where.page));
+    variableCount_ = Entry(row, maskStart_ - unit, unit);
     if (variableCount_ * unit > maskStart_ - unit - fixedParts) {
         ThrowDamaged(where.page, where.row, "a row of more variable columns than fit");
     }
@@ -293,8 +298,7 @@ ByteView RowView::Raw(const ColumnDef& column) const {
 /// Entry `entry` of the variable table; the entry behind the last column is where the data ends.
 std::size_t RowView::VariableOffset(std::size_t entry) const {
     const std::size_t unit = layout_->rowCountSize;
-    auto offset =
-        static_cast<std::size_t>(LittleEndian(row_, entries_ - entry * unit, unit, where_.page));
+    std::size_t offset = Entry(row_, entries_ - entry * unit, unit);
     for (std::size_t jump = 0; jump < jumps_ && row_[jumpStart_ - jump] <= entry; ++jump) {
         offset += kBytesPerJump;
     }

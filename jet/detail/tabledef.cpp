@@ -186,6 +186,9 @@ class Reader {
     void SortColumns() {
         std::sort(def_.columns.begin(), def_.columns.end(),
                   [](const ColumnDef& a, const ColumnDef& b) { return a.number < b.number; });
+        const auto variable = std::find_if(def_.columns.begin(), def_.columns.end(),
+                                           [](const ColumnDef& c) { return !c.Fixed(); });
+        def_.firstVariableColumn = variable == def_.columns.end() ? kNoColumn : variable->number;
         for (RealIndex& index : def_.realIndexes) {
             for (IndexColumnDef& column : index.columns) {
                 const auto position = def_.PositionOfNumber(column.number);
@@ -335,13 +338,6 @@ std::optional<std::size_t> TableDef::PositionOfNumber(std::uint16_t number) cons
         [](const ColumnDef& c, std::uint16_t wanted) { return c.number < wanted; });
     if (found == columns.end() || found->number != number) return std::nullopt;
     return static_cast<std::size_t>(found - columns.begin());
-}
-
-std::uint16_t TableDef::FirstVariableColumn() const {
-    for (const ColumnDef& column : columns) {
-        if (!column.Fixed()) return column.number;
-    }
-    return kNoColumn;
 }
 
 const LogicalIndex* TableDef::PrimaryKey() const {

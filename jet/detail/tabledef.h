@@ -88,6 +88,8 @@ struct TableDef {
     std::uint32_t autonumber = 0;  ///< the last one given out
     std::uint16_t maxColumns = 0, variableCount = 0;
     RowPointer ownedMap, freeMap;
+    /// The lowest number of a column with variable storage; found when a definition is read.
+    std::uint16_t firstVariableColumn = 0;
     std::vector<ColumnDef>
         columns;  ///< sorted by number: the stored order, the positions of RecordSet::Field
     std::vector<RealIndex> realIndexes;
@@ -98,8 +100,6 @@ struct TableDef {
         std::string_view columnName) const;  ///< letter case ignored; null if none
     std::optional<std::size_t> PositionOf(std::string_view columnName) const;
     std::optional<std::size_t> PositionOfNumber(std::uint16_t number) const;
-    /// The lowest number of a column with variable storage; 0xFFFF if none.
-    std::uint16_t FirstVariableColumn() const;
     const LogicalIndex* PrimaryKey() const;  ///< null if none
     const LongValueMaps* MapsOf(std::uint16_t columnNumber) const;
 };

@@ -1,0 +1,60 @@
+// What jetdump prints for files of other engines, against what other readers found in them.
+
+#include "jet/detail/bytes.h"
+#include "tests/jet/samplefiles.h"
+
+namespace {
+
+using jettest::fs::path;
+
+/// The dump of this file shows the five bytes that windows-1252 leaves open as U+FFFD, which we
+/// keep apart.
+std::string WithOpenBytesReplaced(std::string text) {
+    for (const std::string_view open :
+         {"\xC2\x81", "\xC2\x8D", "\xC2\x8F", "\xC2\x90", "\xC2\x9D"}) {
+        for (auto at = text.find(open); at != std::string::npos; at = text.find(open)) {
+            text.replace(at, open.size(), "\xEF\xBF\xBD");
+        }
+    }
+    return text;
+}
+
+std::string SortedLines(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = text.find('\n', at);
+        lines.push_back(text.substr(at, end - at));
+        at = end == std::string::npos ? text.size() : end + 1;
+    }
+    std::sort(lines.begin(), lines.end());
+    std::string sorted;
+    for (const std::string& line : lines) sorted += line + '\n';
+    return sorted;
+}
+
+TEST(Dump, ShowsEverySampleFileAsItsOtherReadersDo) {
+    NEEDS_SAMPLES();
+    for (const path& file : jettest::SampleFiles()) {
+        SCOPED_TRACE(file.string());
+        path expected = file;
+        expected.replace_extension(".jsonl");
+        std::string shown = jettest::OutputOf(JETDUMP_PROGRAM " '" + file.string() + "'");
+        std::string wanted = jettest::ReadText(expected);
+        if (file.stem() == "testIndexCodesV1997") {
+            shown = SortedLines(WithOpenBytesReplaced(shown));
+            wanted = SortedLines(wanted);
+        }
+        EXPECT_TRUE(shown == wanted);
+    }
+}
+
+TEST(Dump, OfAFileThatIsNoDatabaseSaysSoAndFails) {
+    const jettest::TemporaryFolder folder;
+    jettest::WriteText(folder / "a.mdb", "no database at all");
+    const std::string output =
+        jettest::OutputOf(JETDUMP_PROGRAM " '" + (folder / "a.mdb").string() + "' 2>&1");
+    EXPECT_NE(output.find("file header"), std::string::npos) << output;
+    EXPECT_NE(output.find("exit status"), std::string::npos) << output;
+}
+
+}  // namespace
