@@ -1,6 +1,6 @@
 #include "jet/detail/datapage.h"
 
-#include "tests/jet/samplefiles.h"
+#include "tests/jet/memoryfile.h"
 
 #include <random>
 
@@ -103,8 +103,8 @@ INSTANTIATE_TEST_SUITE_P(Both, DataPages, testing::Values(&kJet3, &kJet4),
                          [](const auto& test) { return test.param == &kJet3 ? "Jet3" : "Jet4"; });
 
 TEST(DataPages, OfEverySampleFileHaveTheFreeBytesTheySay) {
-    NEEDS_SAMPLES();
-    for (const auto& path : jettest::SampleFiles()) {
+    SKIP_WITHOUT_SAMPLES();
+    for (const auto& path : jet::test::SampleFiles()) {
         const auto file = PageFile::Open(path);
         for (std::uint32_t page = 1; page < file->PageCount(); ++page) {
             if (U16(file->Page(page), 0) != 0x0101) continue;

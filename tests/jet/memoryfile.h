@@ -1,10 +1,11 @@
 #pragma once
-// Sample files of other engines, temporary places, and small files made in memory.
+// Small files of either version made in memory, and whole files as bytes.
 
 #include "jet/detail/datapage.h"
 #include "jet/detail/pagefile.h"
 #include "jet/detail/tabledef.h"
 #include "jet/detail/usagemap.h"
+#include "tests/jet/support.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -23,27 +24,8 @@ using jet::ColumnType;
 using jet::detail::ByteView;
 using jet::detail::PageFile;
 
-/// The folder of the sample files; empty when the environment names none.
-inline fs::path SamplesFolder() {
-    const char* folder = std::getenv("KVARNBO_SAMPLES");
-    return folder == nullptr ? fs::path() : fs::path(folder);
-}
-
-/// All sample files, those of both folders.
-inline std::vector<fs::path> SampleFiles() {
-    std::vector<fs::path> files;
-    for (const char* folder : {"fundfiles", "mdb-samples"}) {
-        std::error_code none;
-        for (const auto& entry : fs::directory_iterator(SamplesFolder() / folder, none)) {
-            if (entry.path().extension() == ".mdb") files.push_back(entry.path());
-        }
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
 inline fs::path Sample(std::string_view name) {
-    for (const fs::path& file : SampleFiles()) {
+    for (const fs::path& file : jet::test::SampleFiles()) {
         if (file.stem() == name) return file;
     }
     return {};
@@ -57,45 +39,11 @@ inline void WriteText(const fs::path& path, std::string_view text) {
     std::ofstream(path, std::ios::binary) << text;
 }
 
-/// A folder of this test's own, removed afterwards.
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string name = (fs::temp_directory_path() / "jettest-XXXXXX").string();
-        path_ = ::mkdtemp(name.data());
-    }
-    ~TemporaryFolder() {
-        std::error_code none;
-        fs::permissions(path_, fs::perms::owner_all, none);
-        fs::remove_all(path_, none);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    const fs::path& Path() const { return path_; }
-    fs::path operator/(std::string_view name) const { return path_ / name; }
-    /// A writable copy of a sample file.
-    fs::path CopyOf(const fs::path& file) const {
-        const fs::path copy = path_ / file.filename();
-        WriteText(copy, ReadText(file));
-        return copy;
-    }
-
-  private:
-    fs::path path_;
-};
-
-/// What a program prints; its exit status is appended when it is not 0.
-inline std::string OutputOf(const std::string& command) {
-    std::string output;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (pipe == nullptr) return "cannot run " + command;
-    char buffer[65536];
-    while (const std::size_t got = std::fread(buffer, 1, sizeof buffer, pipe)) {
-        output.append(buffer, got);
-    }
-    const int status = ::pclose(pipe);
-    if (status != 0) output += "[exit status " + std::to_string(status) + "]";
-    return output;
+/// A writable copy of a file.
+inline fs::path CopyInto(const jet::test::ScratchFolder& folder, const fs::path& file) {
+    const fs::path copy = folder.Path() / file.filename();
+    WriteText(copy, ReadText(file));
+    return copy;
 }
 
 inline jet::detail::FileImage ImageOf(std::string_view bytes) {
@@ -177,7 +125,3 @@ inline std::uint32_t AddTable(PageFile& file, const std::vector<TestColumn>& col
 }
 
 }  // namespace jettest
-
-/// Skips a test that needs the sample files where there are none.
-#define NEEDS_SAMPLES() \
-    if (jettest::SampleFiles().empty()) GTEST_SKIP() << "KVARNBO_SAMPLES names no sample files"
