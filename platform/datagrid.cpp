@@ -124,10 +124,9 @@ class DataGrid::CellDelegate : public QStyledItemDelegate {
                               const QModelIndex&) const override {
         editor->setGeometry(option.rect);
     }
-    void Finish(QWidget* editor) {
-        emit commitData(editor);
-        emit closeEditor(editor, NoHint);
-    }
+    /// Keeps what was typed and closes.
+    void Finish(QWidget* editor);
+    void GiveUp(QWidget* editor);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -264,6 +263,10 @@ void DataGrid::Table::keyPressEvent(QKeyEvent* event) {
         if (!grid_.RowTyped()) return event->ignore();
         return grid_.CancelRow();
     }
+    if (key == Qt::Key_Backspace) {
+        edit(currentIndex(), AnyKeyPressed, event);
+        return;
+    }
     QTableView::keyPressEvent(event);
 }
 
@@ -321,6 +324,15 @@ void DataGrid::CellDelegate::setModelData(QWidget* editor, QAbstractItemModel* m
     if (grid_.events.afterCellStore) grid_.events.afterCellStore(change.column);
 }
 
+void DataGrid::CellDelegate::Finish(QWidget* editor) {
+    emit commitData(editor);
+    emit closeEditor(editor, NoHint);
+}
+
+void DataGrid::CellDelegate::GiveUp(QWidget* editor) {
+    emit closeEditor(editor, RevertModelCache);
+}
+
 // A cell that was opened by typing is left by the arrows; one opened by F2 or the mouse only at the
 // text's ends.
 bool DataGrid::CellDelegate::LeavesCell(const EntryField& editor, const QKeyEvent& event) const {
@@ -359,7 +371,7 @@ bool DataGrid::CellDelegate::eventFilter(QObject* watched, QEvent* event) {
         return true;
     }
     if (key->key() == Qt::Key_Escape) {
-        emit closeEditor(editor, RevertModelCache);
+        GiveUp(editor);
         return true;
     }
     return false;
@@ -393,6 +405,9 @@ DataGrid::DataGrid(QWidget* parent) : QFrame(parent), state_(std::make_unique<St
     delete plain;
     state.delegate = new CellDelegate(*this);
     state.table->setItemDelegate(state.delegate);
+    // The editor lives on until the event loop deletes it: from then on it is nobody's.
+    connect(state.delegate, &QAbstractItemDelegate::closeEditor, this,
+            [this] { state_->editor = nullptr; });
     connect(state.model, &QAbstractItemModel::rowsRemoved, this, ends);
     connect(state.model, &QAbstractItemModel::modelReset, this, ends);
     SetUpTable();
@@ -409,6 +424,10 @@ DataGrid::DataGrid(QWidget* parent) : QFrame(parent), state_(std::make_unique<St
 DataGrid::~DataGrid() {
     disconnect(qApp, nullptr, this, nullptr);
     state_->model->disconnect(this);
+    state_->delegate->disconnect(this);
+    events = {};
+    // While the state that it looks at is still there.
+    delete state_->table;
 }
 
 void DataGrid::SetUpTable() {
@@ -514,8 +533,7 @@ bool DataGrid::StoreRow() {
 }
 
 void DataGrid::CancelRow() {
-    if (state_->editor)
-        emit state_->delegate->closeEditor(state_->editor, QAbstractItemDelegate::RevertModelCache);
+    if (state_->editor) state_->delegate->GiveUp(state_->editor);
     state_->model->Forget();
 }
 
@@ -540,8 +558,13 @@ bool DataGrid::DeleteMarkedRow() {
     state_->MoveSource(*row);
     if (events.beforeRowDelete && !events.beforeRowDelete()) return false;
     const bool deleted = state_->source->Guard([this] {
-        if (events.deleteRow) return events.deleteRow();
-        state_->source->Delete();
+        if (events.deleteRow) {
+            events.deleteRow();
+        } else {
+            state_->source->Delete();
+        }
+        // After the last row the one before it is current, not the empty one.
+        if (state_->source->Eof() && !state_->source->Empty()) state_->source->MoveLast();
     });
     if (!deleted) return false;
     if (events.afterRowDelete) events.afterRowDelete();

@@ -1,0 +1,89 @@
+#include "platform/commondialog.h"
+
+#include "tests/support/fakeplatform.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CommonDialogTest : public ::testing::Test {
+  protected:
+    ScriptedDialogs dialogs_;
+    CommonDialog dialog_{dialogs_};
+};
+
+TEST_F(CommonDialogTest, AsksWithAllItsSettings) {
+    dialog_.filter = "Access97 mdb|*.mdb";
+    dialog_.initialFolder = "/tmp/";
+    dialog_.defaultExtension = "*.mdb";
+    dialog_.title = "      Öppna FondFil";
+    dialog_.flags = 4096;
+    dialogs_
+        .ExpectFile({.choice = FileChoice::Open,
+                     .title = "      Öppna FondFil",
+                     .filter = "Access97 mdb|*.mdb",
+                     .folder = "/tmp/",
+                     .defaultExtension = "mdb",
+                     .mustExist = true})
+        .Pick("/tmp/a.mdb");
+    dialog_.ShowOpen();
+    EXPECT_EQ(dialog_.fileName, "/tmp/a.mdb");
+}
+
+TEST_F(CommonDialogTest, FlagTwoAsksBeforeOverwriting) {
+    dialog_.flags = 2;
+    dialogs_.ExpectFile(FileChoice::Save, "").Cancel();
+    dialog_.ShowSave();
+    EXPECT_TRUE(dialogs_.LastFileRequest().askBeforeOverwriting);
+    EXPECT_FALSE(dialogs_.LastFileRequest().mustExist);
+}
+
+TEST_F(CommonDialogTest, ItsSettingsOutliveAUse) {
+    dialog_.flags = 4096;
+    dialog_.title = "Titel";
+    dialogs_.ExpectFile(FileChoice::Open, "Titel").Cancel();
+    dialogs_.ExpectFile(FileChoice::Open, "Titel").Cancel();
+    dialog_.ShowOpen();
+    dialog_.ShowOpen();
+    EXPECT_TRUE(dialogs_.LastFileRequest().mustExist);
+}
+
+TEST_F(CommonDialogTest, ACancelledDialogLeavesTheFileName) {
+    dialog_.fileName = "";
+    dialogs_.ExpectFile(FileChoice::Open, "").Cancel();
+    dialog_.ShowOpen();
+    EXPECT_EQ(dialog_.fileName, "");
+    dialog_.fileName = "förut.mdb";
+    dialogs_.ExpectFile(FileChoice::Open, "").Cancel();
+    dialog_.ShowOpen();
+    EXPECT_EQ(dialog_.fileName, "förut.mdb");
+}
+
+struct Extension {
+    const char* name;
+    const char* defaultExtension;
+    const char* picked;
+    const char* expected;
+};
+
+class DefaultExtension : public CommonDialogTest,
+                         public ::testing::WithParamInterface<Extension> {};
+
+TEST_P(DefaultExtension, IsAddedWhereNoneIs) {
+    dialog_.defaultExtension = GetParam().defaultExtension;
+    dialogs_.ExpectFile(FileChoice::Save, "").Pick(GetParam().picked);
+    dialog_.ShowSave();
+    EXPECT_EQ(dialog_.fileName, GetParam().expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, DefaultExtension,
+    ::testing::Values(Extension{"Pattern", "*.mdb", "/tmp/ny", "/tmp/ny.mdb"},
+                      Extension{"Bare", "mdb", "/tmp/ny", "/tmp/ny.mdb"},
+                      Extension{"ThereAlready", "*.mdb", "/tmp/ny.mdb", "/tmp/ny.mdb"},
+                      Extension{"Another", "*.mdb", "/tmp/ny.dat", "/tmp/ny.dat"},
+                      Extension{"PointInTheFolder", "*.mdb", "/tmp/a.b/ny", "/tmp/a.b/ny.mdb"},
+                      Extension{"None", "", "/tmp/ny", "/tmp/ny"}),
+    [](const auto& one) { return one.param.name; });
+
+}  // namespace

@@ -1,0 +1,125 @@
+#include "platform/programs.h"
+
+#include "base/error.h"
+#include "platform/caption.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A folder that is the whole PATH, with programs that write their arguments into a file, one on
+/// each line.
+class ProgramsTest : public ::testing::Test {
+  protected:
+    ProgramsTest() {
+        path_ = qgetenv("PATH");
+        dataDirs_ = qgetenv("XDG_DATA_DIRS");
+        dataHome_ = qgetenv("XDG_DATA_HOME");
+        qputenv("PATH", folder_.path().toUtf8());
+        qputenv("XDG_DATA_DIRS", folder_.path().toUtf8());
+        qputenv("XDG_DATA_HOME", folder_.path().toUtf8());
+    }
+    ~ProgramsTest() override {
+        qputenv("PATH", path_);
+        qputenv("XDG_DATA_DIRS", dataDirs_);
+        qputenv("XDG_DATA_HOME", dataHome_);
+    }
+
+    void Write(const QString& name, const QByteArray& text, bool executable) {
+        const QString path = folder_.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        if (executable) file.setPermissions(file.permissions() | QFile::ExeOwner);
+    }
+    void Install(const char* name) {
+        const QByteArray out = folder_.filePath(QStringLiteral("arguments")).toUtf8();
+        Write(QString::fromLatin1(name),
+              "#!/bin/sh\n{ echo " + QByteArray(name) +
+                  "; for a in \"$@\"; do echo \"$a\"; done; } > " + out + ".part\n/bin/mv " + out +
+                  ".part " + out + "\n",
+              true);
+    }
+    std::string Arguments() const {
+        const QString path = folder_.filePath(QStringLiteral("arguments"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path); }, 10'000));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().toStdString();
+    }
+    static ErrorNumber Failure(std::string_view commandLine) {
+        try {
+            DesktopPrograms().Start(commandLine);
+        } catch (const Error& error) {
+            return error.Number();
+        }
+        return ErrorNumber::None;
+    }
+
+    QTemporaryDir folder_;
+    QByteArray path_, dataDirs_, dataHome_;
+};
+
+TEST_F(ProgramsTest, NotePadIsAnEditorThatIsInstalled) {
+    Install("mousepad");
+    DesktopPrograms().Start("NotePad.exe  /tmp/FonderLogg.txt");
+    EXPECT_EQ(Arguments(), "mousepad\n/tmp/FonderLogg.txt\n");
+}
+
+TEST_F(ProgramsTest, NotePadIsTheDesktopsOwnEditorFirst) {
+    Install("mousepad");
+    Install("mineditor");
+    Write(QStringLiteral("xdg-mime"), "#!/bin/sh\necho mineditor.desktop\n", true);
+    Write(QStringLiteral("applications/mineditor.desktop"),
+          "[Desktop Entry]\nExec=mineditor --nytt %U\n[Desktop Action x]\nExec=fel\n", false);
+    DesktopPrograms().Start("NotePad.exe  /tmp/FonderLogg.txt");
+    EXPECT_EQ(Arguments(), "mineditor\n--nytt\n/tmp/FonderLogg.txt\n");
+}
+
+TEST_F(ProgramsTest, AnEditorThatNeedsATerminalIsNotUsed) {
+    Install("mousepad");
+    Write(QStringLiteral("xdg-mime"), "#!/bin/sh\necho vi.desktop\n", true);
+    Write(QStringLiteral("applications/vi.desktop"), "[Desktop Entry]\nExec=vi %f\nTerminal=true\n",
+          false);
+    DesktopPrograms().Start("NotePad.exe  /tmp/a.txt");
+    EXPECT_EQ(Arguments(), "mousepad\n/tmp/a.txt\n");
+}
+
+TEST_F(ProgramsTest, APathWithBlanksArrivesAsSeveralWords) {
+    Install("gedit");
+    DesktopPrograms().Start("NotePad.exe  /tmp/Mina Fonder/FonderLogg.txt");
+    EXPECT_EQ(Arguments(), "gedit\n/tmp/Mina\nFonder/FonderLogg.txt\n");
+}
+
+TEST_F(ProgramsTest, WinHelpIsOurOwnHelpViewer) {
+    if (QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/kvarnbo-hjalp"))) {
+        GTEST_SKIP() << "a help viewer stands beside the test program";
+    }
+    Install("kvarnbo-hjalp");
+    DesktopPrograms().Start("WinHlp32.exe /tmp/Kvarnbo.hlp");
+    EXPECT_EQ(Arguments(), "kvarnbo-hjalp\n/tmp/Kvarnbo.hlp\n");
+}
+
+TEST_F(ProgramsTest, WithoutAnEditorItFails) {
+    EXPECT_EQ(Failure("NotePad.exe  /tmp/a.txt"), ErrorNumber::FileNotFound);
+}
+
+TEST_F(ProgramsTest, AnotherProgramIsStartedAsItIsCalled) {
+    Install("annat");
+    DesktopPrograms().Start("annat ett  två");
+    EXPECT_EQ(Arguments(), "annat\nett\ntvå\n");
+}
+
+TEST_F(ProgramsTest, AProgramThatIsMissingFails) {
+    EXPECT_EQ(Failure("finns-inte x"), ErrorNumber::FileNotFound);
+    EXPECT_EQ(Failure("   "), ErrorNumber::FileNotFound);
+}
+
+}  // namespace

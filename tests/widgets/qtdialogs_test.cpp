@@ -1,0 +1,206 @@
+#include "platform/qtdialogs.h"
+
+#include "platform/caption.h"
+
+#include <QAbstractButton>
+#include <QColorDialog>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// What a user sees of a message box.
+struct Seen {
+    std::string title, text;
+    std::vector<std::string> buttons;
+    std::string defaultButton;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+};
+
+std::string Plain(QString caption) {
+    return FromQt(caption.remove(u'&'));
+}
+
+class QtDialogsTest : public ::testing::Test {
+  protected:
+    /// Shows the message, looks at the box and then presses a key in it.
+    Answer Show(const Message& message, Qt::Key key) {
+        QTimer::singleShot(0, qApp, [this, key] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            seen_.title = FromQt(box->windowTitle());
+            seen_.text = FromQt(box->text());
+            seen_.icon = box->icon();
+            for (QAbstractButton* button : box->buttons())
+                seen_.buttons.push_back(Plain(button->text()));
+            std::sort(seen_.buttons.begin(), seen_.buttons.end());
+            seen_.defaultButton = Plain(box->defaultButton()->text());
+            EXPECT_TRUE(QTest::qWaitForWindowActive(box));
+            QTest::keyClick(box, key);
+        });
+        return dialogs_.Show(message);
+    }
+
+    QtDialogs dialogs_;
+    Seen seen_;
+};
+
+TEST_F(QtDialogsTest, ABoxHasTheDefaultTitleItsTextAndOneButton) {
+    EXPECT_EQ(Show({.text = "Felaktigt Datum\r\nSkall skrivas typ\r\n2000-12-31"}, Qt::Key_Return),
+              Answer::Ok);
+    EXPECT_EQ(seen_.title, "Kvarnbo");
+    EXPECT_EQ(seen_.text, "Felaktigt Datum\nSkall skrivas typ\n2000-12-31");
+    EXPECT_EQ(seen_.buttons, std::vector<std::string>{"OK"});
+    EXPECT_EQ(seen_.icon, QMessageBox::NoIcon);
+}
+
+TEST_F(QtDialogsTest, AQuestionOffersYesAndNo) {
+    const Message question{.text = "Är detta riktigt ?",
+                           .buttons = Buttons::YesNo,
+                           .icon = Icon::Question,
+                           .defaultButton = DefaultButton::Second};
+    EXPECT_EQ(Show(question, Qt::Key_Return), Answer::No);
+    EXPECT_EQ(seen_.buttons, (std::vector<std::string>{"Ja", "Nej"}));
+    EXPECT_EQ(seen_.defaultButton, "Nej");
+    EXPECT_EQ(seen_.icon, QMessageBox::Question);
+}
+
+TEST_F(QtDialogsTest, TheFirstButtonIsTheDefaultUnlessSaidOtherwise) {
+    EXPECT_EQ(Show({.text = "?", .buttons = Buttons::YesNo}, Qt::Key_Return), Answer::Yes);
+    EXPECT_EQ(seen_.defaultButton, "Ja");
+    EXPECT_EQ(Show({.text = "?", .buttons = Buttons::OkCancel}, Qt::Key_Return), Answer::Ok);
+    EXPECT_EQ(seen_.defaultButton, "OK");
+}
+
+TEST_F(QtDialogsTest, EscRefuses) {
+    EXPECT_EQ(Show({.text = "?", .buttons = Buttons::YesNo}, Qt::Key_Escape), Answer::No);
+    EXPECT_EQ(Show({.text = "?", .buttons = Buttons::OkCancel}, Qt::Key_Escape), Answer::Cancel);
+    EXPECT_EQ(Show({.text = "?"}, Qt::Key_Escape), Answer::Ok);
+}
+
+TEST_F(QtDialogsTest, TheCaptionsLetterAnswers) {
+    EXPECT_EQ(Show({.text = "?", .buttons = Buttons::YesNo}, Qt::Key_N), Answer::No);
+    EXPECT_EQ(Show({.text = "?", .buttons = Buttons::YesNo, .defaultButton = DefaultButton::Second},
+                   Qt::Key_J),
+              Answer::Yes);
+}
+
+TEST_F(QtDialogsTest, EveryIconIsShown) {
+    const std::pair<Icon, QMessageBox::Icon> icons[] = {
+        {Icon::Information, QMessageBox::Information},
+        {Icon::Question, QMessageBox::Question},
+        {Icon::Exclamation, QMessageBox::Warning},
+        {Icon::Critical, QMessageBox::Critical}};
+    for (const auto& [icon, shown] : icons) {
+        Show({.text = "?", .icon = icon}, Qt::Key_Return);
+        EXPECT_EQ(seen_.icon, shown);
+    }
+}
+
+TEST_F(QtDialogsTest, MarkupInATextIsShownAsItIs) {
+    Show({.text = "<b>Fond & Co</b>"}, Qt::Key_Return);
+    EXPECT_EQ(seen_.text, "<b>Fond & Co</b>");
+}
+
+class PickFileTest : public ::testing::Test {
+  protected:
+    PickFileTest() {
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        QFile(Path("finns.mdb")).open(QIODevice::WriteOnly);
+    }
+    QString Path(const char* name) const { return folder_.filePath(QString::fromUtf8(name)); }
+    std::string Pick(FileRequest request, const std::function<void(QFileDialog&)>& use) {
+        request.folder = FromQt(folder_.path());
+        QTimer::singleShot(0, qApp, [&use] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            use(*dialog);
+        });
+        return dialogs_.PickFile(request);
+    }
+    static void Enter(QFileDialog& dialog, const QString& name) {
+        dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    }
+
+    QTemporaryDir folder_;
+    QtDialogs dialogs_;
+};
+
+TEST_F(PickFileTest, ShowsTitleFilterAndFolder) {
+    Pick({.choice = FileChoice::Open,
+          .title = "      Öppna FondFil",
+          .filter = "Access97 mdb|*.mdb"},
+         [&](QFileDialog& dialog) {
+             EXPECT_EQ(FromQt(dialog.windowTitle()), "      Öppna FondFil");
+             EXPECT_EQ(dialog.nameFilters(), QStringList{QStringLiteral("Access97 mdb (*.mdb)")});
+             EXPECT_EQ(dialog.directory().path(), folder_.path());
+             dialog.reject();
+         });
+}
+
+TEST_F(PickFileTest, ACancelledChoiceIsEmpty) {
+    EXPECT_EQ(Pick({}, [](QFileDialog& dialog) { dialog.reject(); }), "");
+}
+
+TEST_F(PickFileTest, GivesTheWholePath) {
+    const std::string picked =
+        Pick({.choice = FileChoice::Open, .filter = "Access mdb|*.mdb", .mustExist = true},
+             [](QFileDialog& dialog) { Enter(dialog, QStringLiteral("finns.mdb")); });
+    EXPECT_EQ(picked, FromQt(Path("finns.mdb")));
+}
+
+TEST_F(PickFileTest, ANewNameGetsTheDefaultExtension) {
+    const std::string picked =
+        Pick({.choice = FileChoice::Save, .defaultExtension = "mdb", .askBeforeOverwriting = true},
+             [](QFileDialog& dialog) { Enter(dialog, QStringLiteral("ny")); });
+    EXPECT_EQ(picked, FromQt(Path("ny.mdb")));
+}
+
+TEST_F(PickFileTest, OverwritingIsAskedForOnlyWhenWished) {
+    for (const bool wished : {true, false}) {
+        bool asked = false;
+        Pick(
+            {.choice = FileChoice::Save, .defaultExtension = "mdb", .askBeforeOverwriting = wished},
+            [&asked](QFileDialog& dialog) {
+                QTimer::singleShot(0, &dialog, [&asked, &dialog] {
+                    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                    if (box == nullptr) return;
+                    asked = true;
+                    box->reject();
+                    dialog.reject();
+                });
+                Enter(dialog, QStringLiteral("finns.mdb"));
+            });
+        EXPECT_EQ(asked, wished);
+    }
+}
+
+TEST(PickColour, ShowsTheGivenColourFirstAndGivesTheChosenOne) {
+    QtDialogs dialogs;
+    QTimer::singleShot(0, qApp, [] {
+        auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->currentColor(), QColor(1, 2, 3));
+        dialog->setCurrentColor(QColor(4, 5, 6));
+        dialog->accept();
+    });
+    EXPECT_EQ(dialogs.PickColour({1, 2, 3}), (Rgb{4, 5, 6}));
+}
+
+TEST(PickColour, ACancelledChoiceIsNone) {
+    QtDialogs dialogs;
+    QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+    EXPECT_EQ(dialogs.PickColour({1, 2, 3}), std::nullopt);
+}
+
+}  // namespace

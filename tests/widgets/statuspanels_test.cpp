@@ -1,0 +1,73 @@
+#include "platform/statuspanels.h"
+
+#include "base/error.h"
+#include "platform/caption.h"
+
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(StatusPanels, AreNumberedFromOneEachWithTextAndTag) {
+    StatusPanels bar(6);
+    bar.SetText(1, "ett");
+    bar.SetText(6, "sex");
+    bar.SetTag(6, "12,5");
+    EXPECT_EQ(bar.Count(), 6);
+    EXPECT_EQ(bar.Text(1), "ett");
+    EXPECT_EQ(bar.Text(6), "sex");
+    EXPECT_EQ(bar.Tag(6), "12,5");
+    EXPECT_EQ(bar.Tag(1), "");
+}
+
+TEST(StatusPanels, APanelThatIsNotThereIsErrorNine) {
+    StatusPanels bar(6);
+    for (const int panel : {0, 7, -1}) {
+        try {
+            bar.SetText(panel, "x");
+            ADD_FAILURE() << "panel " << panel;
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::SubscriptOutOfRange);
+        }
+    }
+}
+
+TEST(StatusPanels, ALongTextIsElidedAndShownWholeAsTooltip) {
+    StatusPanels bar(3);
+    bar.SetMinimumPanelWidth(1, 60, 1);
+    bar.SetMinimumPanelWidth(2, 60, 1);
+    bar.resize(240, 24);
+    bar.show();
+    const char* text = "En fond med ett mycket långt namn som inte får plats";
+    bar.SetText(1, text);
+    bar.SetText(2, "kort");
+    const QList<QLabel*> labels = bar.findChildren<QLabel*>();
+    EXPECT_EQ(FromQt(labels[0]->toolTip()), text);
+    EXPECT_NE(FromQt(labels[0]->text()), text);
+    EXPECT_EQ(bar.Text(1), text);
+    EXPECT_EQ(labels[1]->toolTip(), QString());
+    bar.resize(2000, 24);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(FromQt(labels[0]->text()), text);
+}
+
+TEST(StatusPanels, ATextNeverMakesAPanelWider) {
+    StatusPanels bar(2);
+    const int before = bar.minimumSizeHint().width();
+    bar.SetText(1, std::string(500, 'x'));
+    EXPECT_EQ(bar.minimumSizeHint().width(), before);
+}
+
+TEST(StatusPanels, PanelsKeepTheirLeastWidth) {
+    StatusPanels bar(2);
+    bar.SetMinimumPanelWidth(1, 120);
+    bar.SetMinimumPanelWidth(2, 50, 1);
+    bar.resize(400, 24);
+    bar.show();
+    const QList<QLabel*> labels = bar.findChildren<QLabel*>();
+    EXPECT_EQ(labels[0]->width(), 120);
+    EXPECT_GT(labels[1]->width(), 200);
+}
+
+}  // namespace
