@@ -43,6 +43,15 @@ std::optional<char32_t> TypedCode(const QKeyEvent& event) {
     return codes.first();
 }
 
+// The menu's actions have no names, but every language shows the same key beside this one.
+QAction* FindPaste(const QMenu& menu) {
+    const QString key = QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
+    for (QAction* action : menu.actions()) {
+        if (action->text().endsWith(u'\t' + key)) return action;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 EntryField::EntryField(QWidget* parent) : QLineEdit(parent) {
@@ -128,7 +137,7 @@ void EntryField::inputMethodEvent(QInputMethodEvent* event) {
 
 void EntryField::contextMenuEvent(QContextMenuEvent* event) {
     const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-    if (auto* paste = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
+    if (QAction* paste = FindPaste(*menu)) {
         paste->disconnect(this);
         connect(paste, &QAction::triggered, this,
                 [this] { InsertFiltered(QGuiApplication::clipboard()->text()); });
