@@ -10,6 +10,7 @@
 #include "diagram/axes.h"
 #include "diagram/curves.h"
 #include "entry/priceentry.h"
+#include "fundfile/filemenu.h"
 #include "platform/commondialog.h"
 #include "platform/platform.h"
 #include "tools/log.h"
@@ -28,6 +29,7 @@ struct frmPPM::Controllers {
           fundList(window),
           fundSummary(window),
           priceEntry(window),
+          fileMenu(window),
           startUp(window) {}
 
     Log log;
@@ -40,6 +42,7 @@ struct frmPPM::Controllers {
     FundList fundList;
     FundSummary fundSummary;
     PriceEntry priceEntry;
+    FileMenu fileMenu;
     StartUp startUp;
 };
 

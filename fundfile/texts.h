@@ -9,6 +9,32 @@
 
 namespace fundtexts {
 
+inline constexpr std::string_view TemplateFile = "Db0.dat";
+inline constexpr std::string_view StartFile = "Rusken_Kina.mdb";
+
+// The file dialog of each command. The leading and doubled blanks belong to the titles.
+inline constexpr std::string_view FundFiles = "Access97 mdb|*.mdb";
+inline constexpr std::string_view FilesToDelete = "Access mdb|*.mdb";
+inline constexpr std::string_view NewTitle = "    Lägg upp Ny tom  och Spara som...";
+inline constexpr std::string_view OpenTitle = "      Öppna FondFil";
+inline constexpr std::string_view StartFileTitle = "      StartFil skall vara..";
+inline constexpr std::string_view SaveAsTitle = "    Spara som...";
+inline constexpr std::string_view DeleteTitle = "        Raderar denna fil";
+
+inline constexpr std::string_view OpenNewFile = "Vill du Öppna med den Nya filen  ?";
+inline constexpr std::string_view DeleteQuestion =
+    "Du håller på att ta bort en Fondfil !\r\n\r\nÄr detta riktigt ?";
+inline constexpr std::string_view FileToDelete = "Fil  ";
+inline constexpr std::string_view WillBeDeleted =
+    "  kommer att raderas !\r\n\r\nÄr detta riktigt ?";
+inline constexpr std::string_view NotDeleted = "Filen Raderades Inte\r\n\r\nFilen är Öppen";
+inline constexpr std::string_view ListHolds = "Listan innehåller ";
+inline constexpr std::string_view Rows = " poster";
+
+inline constexpr std::string_view NotCreated = "Den nya filen skapades inte";
+inline constexpr std::string_view NotOpened = "Filen öppnades inte";
+inline constexpr std::string_view NotCopied = "Filen sparades inte";
+
 /// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be
 /// done. Errors that mean nothing to a user give the general sentence; the number belongs beside
 /// it.
@@ -71,6 +97,8 @@ constexpr std::string_view Explain(ErrorNumber number) {
             return "Filen använder något som Kvarnbo inte kan ändra utan att skada den. Ändringen "
                    "är inte "
                    "sparad.";
+        case ErrorNumber::ObjectNotSet:
+            return "Ingen fondfil är öppen.";
         default:
             return "Filen kunde inte användas.";
     }
@@ -96,6 +124,13 @@ inline std::string Explain(const FundFile& file) {
             break;
     }
     return {};
+}
+
+/// What a command could not do, with which file, and why.
+inline std::string Failure(std::string_view failed, std::string_view path, ErrorNumber number) {
+    constexpr std::string_view kParagraph = "\r\n\r\n";
+    return std::string(failed) + std::string(kParagraph) + std::string(path) +
+           std::string(kParagraph) + std::string(Explain(number));
 }
 
 }  // namespace fundtexts

@@ -1,0 +1,235 @@
+#include "fundfile/filemenu.h"
+
+#include "app/frmPPM.h"
+#include "app/imagebutton.h"
+#include "base/error.h"
+#include "base/number.h"
+#include "diagram/diagramview.h"
+#include "fundfile/newfiles.h"
+#include "fundfile/queries.h"
+#include "fundfile/settings.h"
+#include "fundfile/sources.h"
+#include "fundfile/texts.h"
+#include "platform/caption.h"
+#include "platform/commondialog.h"
+#include "platform/datagrid.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+
+#include <filesystem>
+
+struct FileDialogTexts {
+    std::string_view filter, title;
+};
+
+namespace {
+
+constexpr std::string_view kExtension = "*.mdb";
+constexpr std::string_view kStartTag = "Start";
+
+constexpr FileDialogTexts kNew{fundtexts::FundFiles, fundtexts::NewTitle};
+constexpr FileDialogTexts kOpen{fundtexts::FundFiles, fundtexts::OpenTitle};
+constexpr FileDialogTexts kStartFile{fundtexts::FundFiles, fundtexts::StartFileTitle};
+constexpr FileDialogTexts kSaveAs{fundtexts::FundFiles, fundtexts::SaveAsTitle};
+constexpr FileDialogTexts kDelete{fundtexts::FilesToDelete, fundtexts::DeleteTitle};
+
+/// Windows are painted; keys and clicks wait, so that none arrives in the middle of a procedure.
+void LetPendingEventsRun() {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace
+
+FileMenu::FileMenu(frmPPM& ppm) : Controller(ppm) {
+    On(window.mnuNew, &QAction::triggered, [this] { mnuNew_Click(); });
+    On(window.mnuOpen, &QAction::triggered, [this] { mnuOpen_Click(); });
+    On(window.mnuSaveAs, &QAction::triggered, [this] { mnuSaveAs_Click(); });
+    On(window.mnuRadera, &QAction::triggered, [this] { mnuRadera_Click(); });
+    On(window.mnuStartFile, &QAction::triggered, [this] { mnuStartFile_Click(); });
+}
+
+void FileMenu::SetUpDialog(const FileDialogTexts& texts) {
+    CommonDialog& dialog = *window.CmDialog;
+    dialog.filter = texts.filter;
+    dialog.title = texts.title;
+    dialog.initialFolder = window.AppFolder;
+    dialog.defaultExtension = kExtension;
+    dialog.fileName.clear();
+}
+
+void FileMenu::mnuNew_Click() {
+    SetUpDialog(kNew);
+    window.CmDialog->flags = CommonDialog::kAskBeforeOverwriting;
+    window.CmDialog->ShowSave();
+    const std::string path = window.CmDialog->fileName;
+    if (path.empty()) return;
+    try {
+        CreateFundFile(Template(), path);
+    } catch (const Error& error) {
+        Complain(fundtexts::NotCreated, path, error);
+        return;
+    }
+    LetPendingEventsRun();
+    const Answer answer = window.platform.dialogs.Show({.text = std::string(fundtexts::OpenNewFile),
+                                                        .buttons = Buttons::YesNo,
+                                                        .icon = Icon::Question});
+    // The user picks the new file once more: the dialog comes up with an empty name.
+    if (answer == Answer::Yes) mnuOpen_Click();
+}
+
+void FileMenu::mnuOpen_Click() {
+    CommonDialog& dialog = *window.CmDialog;
+    const bool choosesStartFile = dialog.tag == kStartTag;
+    SetUpDialog(choosesStartFile ? kStartFile : kOpen);
+    dialog.flags = CommonDialog::kFileMustExist;
+    dialog.ShowOpen();
+    if (choosesStartFile) {
+        StoreStartFile();
+        dialog.tag.clear();
+        return;
+    }
+    if (dialog.fileName.empty()) return;
+    if (StoreTypedRows()) SwitchTo(dialog.fileName);
+}
+
+/// The file to start with is always the same one, whatever the dialog gave.
+void FileMenu::StoreStartFile() {
+    if (window.DayStep == 0) window.DayStep = 1;
+    window.CurrentFile = window.AppFolder + std::string(fundtexts::StartFile);
+    SettingsStore& store = window.platform.settings;
+    store.Save(settings::kApplication, settings::kStartUp, settings::kStartPath,
+               window.CurrentFile);
+    store.Save(settings::kApplication, settings::kStartUp, settings::kStartX,
+               PlainText(window.DayStep));
+}
+
+void FileMenu::SwitchTo(const std::string& path) {
+    const std::string formerName = window.CurrentFile;
+    const std::string formerFile = window.FundDb ? window.FundDb->Path().string() : std::string();
+    try {
+        const FundFile tried = OpenFundFile(path);  // fails before anything has changed
+        window.CurrentFile = path;
+        Bind(path);
+    } catch (const Error& error) {
+        window.CurrentFile = formerName;
+        if (!window.FundDb && !formerFile.empty()) GoBackTo(formerFile);
+        Complain(fundtexts::NotOpened, path, error);
+        return;
+    }
+    ShowOpenedFile();
+}
+
+void FileMenu::Bind(const std::string& path) {
+    window.dtaSQL->SetRecordSet(nullptr);
+    CloseFundFile(window.FundDb);
+    const FundFile file =
+        OpenAndBind(path, {*window.dtaBasData, *window.dtaPlott}, queries::AllPointsAfterOpening());
+    window.FundDb = file.database;
+    notice_ = fundtexts::Explain(file);
+}
+
+void FileMenu::GoBackTo(const std::string& formerFile) {
+    Skipping skip;
+    skip([&] {
+        Bind(formerFile);
+        ShowOpenedFile();
+    });
+}
+
+void FileMenu::ShowOpenedFile() {
+    if (!window.panBasData->isHidden()) window.cmdPPMData_Click();
+    window.ResetPanels();
+    window.ClearFundPanel();
+    if (window.dtaBasData->Empty()) {
+        ShowFirstFundEntry();
+    } else {
+        ShowFundList();
+    }
+    if (!notice_.empty()) Tell(notice_);
+}
+
+void FileMenu::ShowFirstFundEntry() {
+    window.lstFonder->clear();
+    window.Activate();
+    window.picDiagram->Clear();
+    window.cmdPPMData_Click();
+}
+
+void FileMenu::ShowFundList() {
+    window.lstFonder->clear();
+    window.FillFundList();
+    window.imgColor->hide();
+    window.imgGrafNr->hide();
+    window.Activate();
+    LetPendingEventsRun();
+    window.panListFonder->show();
+    SetCaption(window.lblRecCount, std::string(fundtexts::ListHolds) +
+                                       PlainText(window.dtaPlott->RecordCount()) +
+                                       std::string(fundtexts::Rows));
+}
+
+/// A row that is still being typed belongs to the file that is open now. False when it cannot be
+/// stored: the user has been told why and corrects it first.
+bool FileMenu::StoreTypedRows() {
+    return window.DBGrid->StoreRow() && window.GridPlott->StoreRow();
+}
+
+void FileMenu::mnuSaveAs_Click() {
+    SetUpDialog(kSaveAs);
+    window.CmDialog->flags = CommonDialog::kAskBeforeOverwriting;
+    window.CmDialog->ShowSave();
+    const std::string path = window.CmDialog->fileName;
+    if (path.empty() || !StoreTypedRows()) return;
+    try {
+        SaveCopy(*window.dtaBasData, *window.dtaPlott, Template(), path);
+    } catch (const Error& error) {
+        Complain(fundtexts::NotCopied, path, error);
+    }
+}
+
+void FileMenu::mnuRadera_Click() {
+    SetUpDialog(kDelete);  // the flags of the dialog's last use stay
+    window.CmDialog->ShowOpen();
+    const std::string path = window.CmDialog->fileName;
+    if (!AskTwice(path)) return;
+    try {
+        DeleteFundFile(path);
+    } catch (const Error& error) {
+        // Any other failure ends the command without a word, a cancelled dialog among them.
+        if (error.Number() == ErrorNumber::FileInUse) Tell(fundtexts::NotDeleted);
+    }
+}
+
+bool FileMenu::AskTwice(const std::string& path) {
+    const auto agrees = [this](std::string text, Icon icon) {
+        return window.platform.dialogs.Show({.text = std::move(text),
+                                             .buttons = Buttons::YesNo,
+                                             .icon = icon,
+                                             .defaultButton = DefaultButton::Second}) ==
+               Answer::Yes;
+    };
+    return agrees(std::string(fundtexts::DeleteQuestion), Icon::Question) &&
+           agrees(
+               std::string(fundtexts::FileToDelete) + path + std::string(fundtexts::WillBeDeleted),
+               Icon::Exclamation);
+}
+
+void FileMenu::mnuStartFile_Click() {
+    window.CmDialog->tag = kStartTag;
+    mnuOpen_Click();
+}
+
+void FileMenu::Complain(std::string_view failed, const std::string& path, const Error& error) {
+    window.platform.dialogs.Show(
+        {.text = fundtexts::Failure(failed, path, error.Number()), .icon = Icon::Exclamation});
+}
+
+std::string FileMenu::Template() const {
+    return window.AppFolder + std::string(fundtexts::TemplateFile);
+}
