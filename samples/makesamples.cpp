@@ -106,7 +106,8 @@ void Renew(const fs::path& folder, const std::string& name, const Writer& write,
 void MakeSamples(const fs::path& folder) {
     const std::int32_t lastDay = BuildDay();
     Hashes hashes = ReadStamp(folder);
-    jet::Database::Create(folder / "Db0.dat", NewFundFileDesign());
+    jet::Database::Create(folder / "Db0.dat", NewFundFileDesign(),
+                          jet::Date{static_cast<double>(lastDay)});
     WriteGrid(folder / "Grid.dib");
     const auto sample = [lastDay](const Sample& content) {
         return [content, lastDay](const fs::path& path) { WriteSample(content, lastDay, path); };

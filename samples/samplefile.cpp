@@ -116,7 +116,8 @@ void SetAccount(jet::RecordSet& records, const SampleAccount& account) {
 void SetSummary(jet::RecordSet& records, const Holding& holding) {
     const double value = holding.SharesNow() * holding.prices.back();
     records.Set(schema::holding::kSenasteDag, holding.days.back());
-    records.Set(schema::holding::kSenasteKurs, "Senaste : " + Fixed(holding.prices.back(), 2));
+    records.Set(schema::holding::kSenasteKurs,
+                "Senaste : " + Fixed(static_cast<float>(holding.prices.back()), 2));
     records.Set(schema::holding::kProcent, PlainText(holding.percents.back()) + " %");
     records.Set(schema::holding::kKursVarde,
                 holding.IsSummary() ? std::string("-") : PlainText(RoundHalfEven(value)));
@@ -177,7 +178,7 @@ const SampleAccount& AccountOf(const Sample& sample, const Holding& holding) {
 
 void WriteSample(const Sample& sample, std::int32_t lastDay, const std::filesystem::path& path) {
     const std::vector<Holding> holdings = FollowAll(sample, lastDay);
-    jet::Database::Create(path, NewFundFileDesign());
+    jet::Database::Create(path, NewFundFileDesign(), jet::Date{static_cast<double>(lastDay)});
     const std::shared_ptr<jet::Database> file = jet::Database::Open(path);
     jet::Transaction transaction(file);
     const auto holdingRows = file->OpenRecordSet(schema::kHoldingsTable);
