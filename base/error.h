@@ -22,12 +22,12 @@ enum class ErrorNumber : std::int32_t {
     ObjectNotSet = 91,
     InvalidUseOfNull = 94,
     PrinterError = 482,
-    NoPendingRow = 3020,      ///< Set or Update without AddNew or Edit
+    NoPendingRow = 3020,  ///< Set or Update without AddNew or Edit
     NoCurrentRecord = 3021,
     DuplicateKey = 3022,
     ReadOnly = 3027,
     PasswordProtected = 3031,
-    NotADatabase = 3049,      ///< damaged, or not a file of this format
+    NotADatabase = 3049,  ///< damaged, or not a file of this format
     NullKey = 3058,
     TooFewParameters = 3061,  ///< a name in a query that is no column
     SyntaxError = 3075,
@@ -36,12 +36,12 @@ enum class ErrorNumber : std::int32_t {
     FieldTooLong = 3163,
     RecordDeleted = 3167,
     RelatedRecords = 3200,
-    ChangedByOther = 3197,    ///< the file was changed by another program since it was opened
+    ChangedByOther = 3197,  ///< the file was changed by another program since it was opened
     FieldNotFound = 3265,
     NotSupported = 3251,
     Encrypted = 3112,
-    NewerFormat = 3343,       ///< a later version of the format (.accdb)
-    ForeignFormat = 3274,     ///< another product's file, or no database at all
+    NewerFormat = 3343,    ///< a later version of the format (.accdb)
+    ForeignFormat = 3274,  ///< another product's file, or no database at all
     ObjectClosed = 3420,
     CollationUnknown = 3800,  ///< a text index has a sort order that this engine must not guess
 };
@@ -49,7 +49,8 @@ enum class ErrorNumber : std::int32_t {
 /// A failed operation. `what()` is one English line for developers: what failed, on what, where.
 class Error : public std::runtime_error {
   public:
-    Error(ErrorNumber number, const std::string& what) : std::runtime_error(what), number_(number) {}
+    Error(ErrorNumber number, const std::string& what)
+        : std::runtime_error(what), number_(number) {}
     ErrorNumber Number() const noexcept { return number_; }
 
   private:

@@ -264,7 +264,7 @@ TEST_F(DataSourceTest, StoringARowDoesNotLookForTheOtherRows) {
 
 TEST(LazyDataSource, ARefreshReadsNoRowsUntilSomebodyLooks) {
     const testdata::TemporaryFolder folder;
-    constexpr int kPoints = 100'000;
+    constexpr int kPoints = 20'000;
     testdata::MakeFundFile(folder / "stor.mdb", 1, kPoints);
     DataSource holdings("dtaBasData", "BasData"), points("dtaPlott", "Plotting");
     FundFile file = OpenAndBind(folder / "stor.mdb", {holdings, points}, queries::AllPoints());
