@@ -9,6 +9,8 @@
 #include "app/startup.h"
 #include "diagram/axes.h"
 #include "diagram/curves.h"
+#include "diagram/curveselection.h"
+#include "diagram/measurement.h"
 #include "entry/priceentry.h"
 #include "fundfile/filemenu.h"
 #include "platform/commondialog.h"
@@ -25,6 +27,8 @@ struct frmPPM::Controllers {
           screenScaling(window),
           axes(window),
           curves(window),
+          curveSelection(window),
+          measurement(window),
           keyboard(window),
           fundList(window),
           fundSummary(window),
@@ -38,6 +42,8 @@ struct frmPPM::Controllers {
     ScreenScaling screenScaling;
     Axes axes;
     Curves curves;
+    CurveSelection curveSelection;
+    Measurement measurement;
     Keyboard keyboard;
     FundList fundList;
     FundSummary fundSummary;
@@ -124,8 +130,12 @@ void frmPPM::cmdPPMData_Click() {
 void frmPPM::imgScreen_Click() {
     controllers_->fundList.imgScreen_Click();
 }
-void frmPPM::imgColor_Click() {}
-void frmPPM::imgGrafNr_Click() {}
+void frmPPM::imgColor_Click() {
+    controllers_->curveSelection.imgColor_Click();
+}
+void frmPPM::imgGrafNr_Click() {
+    controllers_->curveSelection.imgGrafNr_Click();
+}
 void frmPPM::Image4_MouseUp(Qt::MouseButton button) {
     controllers_->axes.Image4_MouseUp(button);
 }

@@ -1,5 +1,6 @@
 #include "diagram/curves.h"
 
+#include "app/editrow.h"
 #include "app/frmPPM.h"
 #include "base/error.h"
 #include "base/number.h"
@@ -102,10 +103,10 @@ void Curves::ComputeFundScale(std::int32_t kontoId, bool replace) {
 
     DataSource& holdings = *window.dtaBasData;
     const std::string present = holdings.Field(schema::holding::kSkala).Text();
-    holdings.Edit();
-    holdings.Set(schema::holding::kSkala,
-                 replace ? ScaleColumn(scale) : WithListKept(present, scale));
-    holdings.Update();
+    EditRow(holdings, [&](DataSource& row) {
+        row.Set(schema::holding::kSkala,
+                replace ? ScaleColumn(scale) : WithListKept(present, scale));
+    });
     together.Commit();
 }
 

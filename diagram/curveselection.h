@@ -1,0 +1,26 @@
+#pragma once
+// The two modes that use the fund list for the diagram: a new colour for one curve, and the choice
+// of the curves that are drawn together.
+
+#include "app/controller.h"
+
+#include <cstdint>
+#include <vector>
+
+class CurveSelection : Controller {
+  public:
+    explicit CurveSelection(frmPPM& window);
+
+    void imgColor_Click();
+    void imgGrafNr_Click();
+
+  private:
+    void panListFonder_Hide();
+    bool ColourModeShown() const;
+    void StartColourMode();
+    void EndColourMode();
+    void StartSelection();
+    void EndSelection();
+    void StoreSelection(const std::vector<std::int32_t>& curves);
+    void ShowSelection(const std::vector<std::int32_t>& curves);
+};
