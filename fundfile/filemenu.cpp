@@ -90,8 +90,8 @@ void FileMenu::mnuOpen_Click() {
     dialog.flags = CommonDialog::kFileMustExist;
     dialog.ShowOpen();
     if (choosesStartFile) {
+        dialog.tag.clear();  // first: the next use is an ordinary one even if storing fails
         StoreStartFile();
-        dialog.tag.clear();
         return;
     }
     if (dialog.fileName.empty()) return;

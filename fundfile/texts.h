@@ -41,8 +41,9 @@ inline constexpr std::string_view NotCopied = "Filen sparades inte";
 constexpr std::string_view Explain(ErrorNumber number) {
     switch (number) {
         case ErrorNumber::FileNotFound:
-        case ErrorNumber::PathNotFound:
             return "Filen finns inte.";
+        case ErrorNumber::PathNotFound:
+            return "Mappen finns inte.";
         case ErrorNumber::PermissionDenied:
             return "Du har inte rätt att läsa eller skriva filen.";
         case ErrorNumber::FileInUse:

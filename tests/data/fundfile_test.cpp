@@ -370,6 +370,33 @@ INSTANTIATE_TEST_SUITE_P(All, SampleFundFile,
                                          "tom", "svensk", "textindex", "access97"),
                          [](const auto& file) { return file.param; });
 
+TEST(SavedQueryNamedFrFonddata, YieldsTheHoldingsEditableInTableOrder) {
+    SKIP_WITHOUT_SAMPLES();
+    const testdata::TemporaryFolder folder;
+    const fs::path path = folder / "konton.mdb";
+    fs::copy_file(*testdata::SampleFolder() / "konton.mdb", path);
+    fs::permissions(path, fs::perms::owner_all);
+    FundFile file = OpenFundFile(path);
+    const auto query = file.database->OpenRecordSet("FR_FONDDATA");
+    const auto table = file.database->OpenRecordSet("FONDDATA");
+    ASSERT_EQ(query->FieldCount(), schema::holding::kColumnCount);
+    for (std::size_t column = 0; column < schema::holding::kColumnCount; ++column) {
+        EXPECT_EQ(query->Column(column).name, table->Column(column).name);
+        EXPECT_EQ(query->At(3, column), table->At(3, column));
+    }
+    query->MoveTo(3);
+    query->Edit();
+    query->Set("Procent", "321 %");
+    query->Update();
+    CloseFundFile(file.database);
+    const std::vector<std::string> rows = testdata::MdbExport(path, "FONDDATA");
+    EXPECT_EQ(std::count_if(rows.begin(), rows.end(),
+                            [](const std::string& row) {
+                                return row.find("\"321 %\"") != std::string::npos;
+                            }),
+              1);
+}
+
 TEST(FundFileTexts, EveryReasonForReadingOnlyHasItsOwnText) {
     const auto text = [](WriteRight right) {
         return fundtexts::Explain(FundFile{nullptr, right, {}});
