@@ -4,7 +4,11 @@
 #include "app/look.h"
 #include "app/places.h"
 
+#include <QCoreApplication>
+#include <QFontMetrics>
 #include <QMenuBar>
+
+#include <algorithm>
 
 namespace {
 
@@ -18,9 +22,16 @@ void FurnishWindow(frmPPM& window) {
     window.setCentralWidget(client);
     QMenuBar* bar = window.menuBar();
     bar->setNativeMenuBar(false);
+    // Without it a style sheet keeps fonts and colours from passing on to a control's children, and
+    // a dark desktop theme would put light text on the window's light ground.
+    QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
     window.layout.Letter(bar, kTextPoints, Letters::Control);
     window.layout.AlsoScale([bar](const Scaling& scaling) {
-        bar->setFixedHeight(Pixels(places::kMenuHeight * scaling.down));
+        const int height = Pixels(places::kMenuHeight * scaling.down);
+        bar->setFixedHeight(height);
+        // The style keeps its items at the top; this puts them in the middle.
+        const int spare = std::max(0, height - 1 - bar->fontMetrics().height());
+        bar->setStyleSheet(QStringLiteral("QMenuBar::item { padding: %1px 9px; }").arg(spare / 2));
     });
 }
 

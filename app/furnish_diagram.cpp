@@ -93,16 +93,16 @@ void FurnishDiagram(frmPPM& window) {
     FurnishScale(window);
     FurnishMonths(window);
 
-    // Beside the hint and over the picture, so that they never stand on a curve.
-    window.lblXCord =
-        Label(window, "lblXCord", {4950, 60, 1890, 285}, Qt::AlignRight, "Datum vid hårkorset");
-    window.lblYCord =
-        Label(window, "lblYCord", {6900, 60, 1065, 285}, Qt::AlignRight, "Värde vid hårkorset");
+    // Under the picture, so that they never stand on a curve.
+    window.lblXCord = Label(window, "lblXCord", {2460, 5340, 2280, 330}, Qt::AlignRight,
+                            "Datum vid hårkorset", 10);
+    window.lblYCord = Label(window, "lblYCord", {4860, 5340, 1380, 330}, Qt::AlignLeft,
+                            "Värde vid hårkorset", 10);
 
     window.lbLeftYear =
-        Label(window, "lbLeftYear", {1215, 5340, 1500, 330}, Qt::AlignLeft, "År till vänster", 10);
+        Label(window, "lbLeftYear", {1215, 5340, 1050, 330}, Qt::AlignLeft, "År till vänster", 10);
     window.lblRightYear =
-        Label(window, "lblRightYear", {5865, 5340, 1500, 330}, Qt::AlignRight, "År till höger", 10);
+        Label(window, "lblRightYear", {6315, 5340, 1050, 330}, Qt::AlignRight, "År till höger", 10);
     window.Image4 = Scroll(window, "Image4", QStringLiteral(":/icons/left.svg"), 615,
                            "Bakåt i tiden", "Flytta vänster kvartal / år  <pil vänster> ");
     window.Image5 = Scroll(window, "Image5", QStringLiteral(":/icons/right.svg"), 7515,

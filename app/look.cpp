@@ -29,7 +29,7 @@ QPalette WindowPalette() {
 QString StyleSheet() {
     return QStringLiteral(R"(
 QMenuBar { background: #F7F9FA; color: #1B2B36; border-bottom: 1px solid #B4C2CB; }
-QMenuBar::item { background: transparent; padding: 2px 9px; }
+QMenuBar::item { background: transparent; }
 QMenuBar::item:selected { background: #D3E4EE; }
 QMenuBar::item:disabled { color: #8A99A3; }
 QMenu { background: #FFFFFF; color: #1B2B36; border: 1px solid #B4C2CB; padding: 4px 0; }
@@ -56,13 +56,12 @@ QToolButton { background: #FFFFFF; border: 1px solid #9DB0BC; border-radius: 4px
 QToolButton:hover { background: #EAF3F8; border-color: #1F5C7D; }
 QToolButton:pressed { background: #D3E4EE; }
 QToolButton:focus { border: 2px solid #1F5C7D; }
-QListWidget#lstFonder { background: #1C2E3A; border: 1px solid #12202A; border-radius: 3px; }
-QListWidget#lstFonder::item { padding: 1px 4px; }
-QListWidget#lstFonder::item:selected { background: #3A647C; }
+QListWidget { padding: 3px 2px; }
+QListWidget#lstFonder { border: 1px solid #12202A; border-radius: 3px; }
+StatusPanels { background: #F7F9FA; border-top: 1px solid #B4C2CB; }
+StatusPanels QLabel { color: #1B2B36; border: none; border-left: 1px solid #CDD7DD; padding: 0 5px; }
 QListWidget#lstTotal { background: #FFFFFF; color: #1B2B36; border: 1px solid #B4C2CB;
                        border-radius: 3px; }
-QListWidget#lstTotal::item { padding: 1px 4px; }
-QListWidget#lstTotal::item:selected { background: #1F5C7D; color: #FFFFFF; }
 )");
 }
 
