@@ -7,6 +7,10 @@
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 
+#include <QListWidget>
+
+#include <memory>
+
 namespace {
 
 class EventWatcher final : public QObject {
@@ -35,6 +39,24 @@ void Controller::OnEvent(QObject* target, QEvent::Type type, EventHandler handle
         return swallowed;
     };
     target->installEventFilter(new EventWatcher(&context_, type, std::move(guarded)));
+}
+
+void Controller::OnListClick(QListWidget* list, const std::function<void()>& work) {
+    // A press on another line chooses it, and that is the click; a press on the chosen line is one
+    // as well.
+    auto clicked = std::make_shared<bool>(false);
+    OnEvent(list->viewport(), QEvent::MouseButtonPress, [clicked](QEvent&) {
+        *clicked = false;
+        return false;
+    });
+    const auto click = [list, work, clicked] {
+        *clicked = true;
+        if (list->currentRow() >= 0) work();
+    };
+    On(list, &QListWidget::currentRowChanged, click);
+    On(list, &QListWidget::itemPressed, [click, clicked] {
+        if (!*clicked) click();
+    });
 }
 
 void Controller::Run(const std::function<void()>& work) {

@@ -10,6 +10,7 @@
 #include <type_traits>
 
 class Error;
+class QListWidget;
 class frmPPM;
 
 class Controller {
@@ -39,6 +40,10 @@ class Controller {
     /// Shows `target`'s events of one type to `handler` first; true swallows the event.
     using EventHandler = std::function<bool(QEvent&)>;
     void OnEvent(QObject* target, QEvent::Type type, EventHandler handler);
+
+    /// A line of `list` is chosen, by mouse, by key or by the program; or the chosen line is
+    /// clicked again.
+    void OnListClick(QListWidget* list, const std::function<void()>& work);
 
     /// Runs `work`; an Error becomes a message box with its number and text, and a log entry.
     void Run(const std::function<void()>& work);

@@ -15,6 +15,8 @@
 #include "fundfile/filemenu.h"
 #include "platform/commondialog.h"
 #include "platform/platform.h"
+#include "reports/accounttotals.h"
+#include "tools/calculators.h"
 #include "tools/log.h"
 #include "tools/outsideprograms.h"
 
@@ -34,6 +36,8 @@ struct frmPPM::Controllers {
           fundSummary(window),
           priceEntry(window),
           fileMenu(window),
+          accountTotals(window),
+          calculators(window),
           startUp(window) {}
 
     Log log;
@@ -49,6 +53,8 @@ struct frmPPM::Controllers {
     FundSummary fundSummary;
     PriceEntry priceEntry;
     FileMenu fileMenu;
+    AccountTotals accountTotals;
+    Calculators calculators;
     StartUp startUp;
 };
 
@@ -117,8 +123,8 @@ void frmPPM::ComputeFundScale(std::int32_t kontoId, bool replace) {
 void frmPPM::WriteLogEntry(std::string_view entry) {
     controllers_->log.WriteLogEntry(entry);
 }
-std::string frmPPM::BuildAccountTotals(std::string_view /*accountName*/) {
-    return {};
+std::string frmPPM::BuildAccountTotals(std::string_view accountName) {
+    return controllers_->accountTotals.BuildAccountTotals(accountName);
 }
 
 void frmPPM::cmdFondList_Click() {
@@ -148,4 +154,6 @@ void frmPPM::mnuPlus_Click() {
 void frmPPM::mnuMinus_Click() {
     controllers_->axes.mnuMinus_Click();
 }
-void frmPPM::mnuTotal_Click() {}
+void frmPPM::mnuTotal_Click() {
+    controllers_->accountTotals.mnuTotal_Click();
+}

@@ -53,20 +53,7 @@ ScaleText ScaleTextOf(DataSource& holdings) {
 }  // namespace
 
 FundList::FundList(frmPPM& ppm) : Controller(ppm) {
-    // A press on another line chooses it and opens it by that; a press on the chosen line opens it
-    // again.
-    OnEvent(window.lstFonder->viewport(), QEvent::MouseButtonPress, [this](QEvent&) {
-        openedByPress_ = false;
-        return false;
-    });
-    On(window.lstFonder, &QListWidget::currentRowChanged, [this] {
-        openedByPress_ = true;
-        lstFonder_Click();
-    });
-    On(window.lstFonder, &QListWidget::itemPressed, [this] {
-        if (!openedByPress_) lstFonder_Click();
-        openedByPress_ = true;
-    });
+    OnListClick(window.lstFonder, [this] { OpenSelectedFund(); });
     OnEvent(window.lstFonder, QEvent::KeyPress, [this](QEvent& event) {
         return lstFonder_KeyDown(static_cast<const QKeyEvent&>(event));
     });
@@ -91,10 +78,6 @@ void FundList::FillFundList() {
     SetCaption(window.panListFonder, texts::ListForPrices);
     look::SetTextColour(*window.lstFonder, look::kListGreen);
     window.lstFonder->setCurrentRow(0);
-}
-
-void FundList::lstFonder_Click() {
-    if (window.lstFonder->currentRow() >= 0) OpenSelectedFund();
 }
 
 void FundList::MoveToSelected() {

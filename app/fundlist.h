@@ -26,7 +26,6 @@ class FundList : Controller {
     void cmdPPMData_Click();
 
   private:
-    void lstFonder_Click();
     bool lstFonder_KeyDown(const QKeyEvent& event);
     void lstFonder_Enter();
     void ChooseColour();
@@ -38,6 +37,4 @@ class FundList : Controller {
     void ShowHoldings();
     void ShowDiagram();
     void DrawOnAllScale();
-
-    bool openedByPress_ = false;  ///< the mouse press chose another line, which opened it
 };

@@ -1,0 +1,80 @@
+#include "reports/accounttotals.h"
+
+#include "app/frmPPM.h"
+#include "base/error.h"
+#include "fundfile/datasource.h"
+#include "fundfile/queries.h"
+#include "fundfile/schema.h"
+#include "jet/database.h"
+#include "platform/caption.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QSignalBlocker>
+
+AccountTotals::AccountTotals(frmPPM& ppm) : Controller(ppm) {
+    On(window.mnuTotal, &QAction::triggered, [this] { mnuTotal_Click(); });
+    OnListClick(window.lstTotal, [this] { lstTotal_Click(); });
+    OnEvent(window.lblTotal, QEvent::MouseButtonRelease, [this](QEvent&) {
+        lblTotal_Click();
+        return true;
+    });
+}
+
+std::vector<std::string> AccountTotals::AccountNames() {
+    DataSource& holdings = *window.dtaBasData;
+    std::vector<std::string> names;
+    if (holdings.IsAttached() && !holdings.Empty()) {
+        jet::RecordSet& rows = holdings.Records();
+        const std::int32_t count = rows.RecordCount();
+        for (std::int32_t row = 0; row < count; ++row) {
+            names.push_back(rows.At(row, schema::holding::kNamn).Text());
+        }
+        holdings.MoveFirst();
+    }
+    return DistinctAccounts(names);
+}
+
+void AccountTotals::mnuTotal_Click() {
+    {
+        // No account is chosen by filling the list.
+        const QSignalBlocker quiet(window.lstTotal);
+        window.lstTotal->clear();
+        for (const std::string& name : AccountNames()) window.lstTotal->addItem(ToQt(name));
+    }
+    window.panTotal->show();
+    window.panTotal->raise();
+    window.lstTotal->setFocus();
+}
+
+std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName) {
+    if (!window.FundDb) throw Error{ErrorNumber::ObjectNotSet, "totals without an open fund file"};
+    DataSource& query = *window.dtaSQL;
+    query.SetRecordSet(window.FundDb->OpenRecordSet(queries::TotalsOf(accountName)));
+    std::vector<TotalsRow> rows;
+    for (; !query.Eof(); query.MoveNext()) {
+        const auto text = [&](std::size_t position) { return query.Field(position).Text(); };
+        rows.push_back({text(0), text(1), text(2), text(3), text(4), text(5)});
+    }
+    query.SetRecordSet(nullptr);
+    return rows;
+}
+
+void AccountTotals::lstTotal_Click() {
+    const std::string account = FromQt(window.lstTotal->currentItem()->text());
+    Totals totals;
+    Skipping skip;
+    skip([&] { totals = PanelTotals(RowsOf(account)); });
+    SetCaption(window.lblTotal, PanelText(account, totals));
+    window.lblTotal->show();
+}
+
+void AccountTotals::lblTotal_Click() {
+    SetCaption(window.lblTotal, "");
+}
+
+std::string AccountTotals::BuildAccountTotals(std::string_view accountName) {
+    return ReportLine(accountName, SumOf(RowsOf(accountName)));
+}

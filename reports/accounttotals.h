@@ -1,0 +1,25 @@
+#pragma once
+// The totals of one account: the panel with the account list, and the line that the printed report
+// wants.
+
+#include "app/controller.h"
+#include "reports/rules/totals.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class AccountTotals : Controller {
+  public:
+    explicit AccountTotals(frmPPM& window);
+
+    void mnuTotal_Click();
+    /// Errors pass to the caller.
+    std::string BuildAccountTotals(std::string_view accountName);
+
+  private:
+    void lstTotal_Click();
+    void lblTotal_Click();
+    std::vector<std::string> AccountNames();
+    std::vector<TotalsRow> RowsOf(std::string_view accountName);
+};

@@ -1,0 +1,273 @@
+// The fund list and the fund panel.
+
+#include "app/imagebutton.h"
+#include "app/swatch.h"
+#include "fundfile/datasource.h"
+#include "tests/window/windowtest.h"
+
+#include <QAction>
+#include <QGroupBox>
+
+namespace {
+
+class FundListTest : public WindowTest {
+  protected:
+    void StartWith(const std::vector<TestHolding>& holdings) {
+        MakeFile(holdings);
+        Start();
+    }
+};
+
+TestHolding WithSavedValues() {
+    TestHolding holding = TwoHoldings()[1];
+    holding.bokfortDatum = "2026-02-10";
+    holding.fondandelar = 25.5;
+    holding.kursKr = 60;
+    holding.sparadeVarden = "2026-01-02¶20,0000¶50¶1000¶";
+    return holding;
+}
+
+}  // namespace
+
+TEST_F(FundListTest, OpeningShowsTheHoldingAsItWasBought) {
+    StartWith(TwoHoldings());
+    ChooseFund(1);
+    EXPECT_EQ(FraData(0), "468 024");
+    EXPECT_EQ(FraData(1), "2026-01-02");
+    EXPECT_EQ(FraData(2), "20,0000");
+    EXPECT_EQ(FraData(3), "1000,00");
+    EXPECT_EQ(FraData(4), "50");
+    EXPECT_EQ(Caption(Window().fraStartData), "StartData  2. Kvarnbo Europa  Premiepension");
+    EXPECT_EQ(Caption(Window().lblColorNr), "2");
+    EXPECT_EQ(Window().shaPlottColor->FillColour(), QColor(0x00, 0x40, 0xA0));
+}
+
+TEST_F(FundListTest, HoldingWithoutHistoryLeavesTheSecondColumnEmpty) {
+    StartWith({TwoHoldings()[0], WithSavedValues()});
+    ChooseFund(1);
+    ChooseFund(0);
+    for (int i = 6; i <= 9; ++i) EXPECT_EQ(FraData(i), "") << i;
+}
+
+TEST_F(FundListTest, HoldingWithSavedValuesShowsThemAndThePresentOnes) {
+    StartWith({TwoHoldings()[0], WithSavedValues()});
+    ChooseFund(1);
+    const std::vector<std::string> expected = {"468 024", "2026-01-02", "20,0000", "50",   "1000",
+                                               "",        "2026-02-10", "25,5000", "1000", "50"};
+    for (int i = 0; i <= 9; ++i) EXPECT_EQ(FraData(i), expected[static_cast<std::size_t>(i)]) << i;
+    EXPECT_EQ(Status(3), "Startkurs : 50");
+    EXPECT_FLOAT_EQ(Window().markers.StartPrice(), 50);
+}
+
+TEST_F(FundListTest, EveryValueHasAHeadingAndNothingElseHas) {
+    StartWith({TwoHoldings()[0], WithSavedValues()});
+    for (const int row : {0, 1}) {
+        ChooseFund(row);
+        for (int i = 0; i <= 9; ++i) {
+            EXPECT_EQ(FraData(i).empty(), Caption(Window().lblFraHeading[i]).empty())
+                << row << ' ' << i;
+        }
+    }
+}
+
+TEST_F(FundListTest, StatusBarShowsTheStoredSummary) {
+    StartWith(TwoHoldings());
+    ChooseFund(0);
+    EXPECT_EQ(Status(2), "Vimmels Asien");
+    EXPECT_EQ(Status(3), "Startkurs : 100");
+    EXPECT_EQ(Window().staBar->Tag(3), "100");
+    EXPECT_EQ(Status(4), "Senaste : 110,00");
+    EXPECT_EQ(Status(5), "10 %");
+    EXPECT_EQ(Status(6), "1100");
+}
+
+TEST_F(FundListTest, HoldingWithoutLatestPriceShowsNone) {
+    auto holdings = TwoHoldings();
+    holdings[1].senasteKurs = "0";
+    StartWith(holdings);
+    ChooseFund(1);
+    EXPECT_EQ(Status(4), "Senaste :");
+    EXPECT_EQ(Status(5), "%");
+    EXPECT_EQ(Status(6), "-");
+}
+
+TEST_F(FundListTest, CaptionNamesTheFundAndItsLatestDay) {
+    StartWith(TwoHoldings());
+    ChooseFund(0);
+    EXPECT_EQ(Caption(&Window()),
+              "   Kvarnbo  Vimmels Asien Senaste uppdatering    Fredag 30 Oktober 2026");
+}
+
+TEST_F(FundListTest, OpeningDrawsTheFundOnItsOwnScale) {
+    StartWith(TwoHoldings());
+    ChooseFund(0);
+    EXPECT_EQ(Window().FundScaleTop, 15);
+    EXPECT_EQ(Window().ScaleTop, 15);
+    EXPECT_EQ(Window().ScaleBottom, -10);
+    ASSERT_EQ(Window().picDiagram->Drawings().size(), 1U);
+    EXPECT_EQ(Window().picDiagram->Drawings()[0].label, "1");
+    ChooseFund(1);
+    EXPECT_EQ(Window().FundScaleTop, 45);
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
+}
+
+TEST_F(FundListTest, ListOfOneLineOpensTheOnlyFundWhenClicked) {
+    StartWith(ManyHoldings(1));
+    Window().ClearFundPanel();
+    ASSERT_EQ(FraData(0), "");
+    ChooseFund(0);
+    EXPECT_EQ(FraData(0), "249 995");
+}
+
+TEST_F(FundListTest, ThirdDigitOfANumberDoesNotBreakOpening) {
+    StartWith(ManyHoldings(101));
+    Window().lstFonder->setCurrentRow(100);
+    EXPECT_EQ(Lines().back(), "101. Fond 101");
+    EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{101});
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 1U);
+}
+
+TEST_F(FundListTest, ArrowKeysInTheListOpenTheFundTheyReach) {
+    StartWith(TwoHoldings());
+    Window().lstFonder->setFocus();
+    Press(Qt::Key_Down);
+    EXPECT_EQ(FraData(0), "468 024");
+    Press(Qt::Key_Up);
+    EXPECT_EQ(FraData(0), "249 995");
+}
+
+TEST_F(FundListTest, SameFundTwiceWhileCollectingIsMarkedOnce) {
+    StartWith(ManyHoldings(12));
+    Window().markers.StartCollectingCurves();
+    ChooseFund(1);
+    ChooseFund(1);
+    ChooseFund(10);
+    ChooseFund(1);
+    EXPECT_EQ(Caption(Window().lblGrafNr), " 2.11.");
+    EXPECT_TRUE(Window().lblGrafNr->isVisible());
+    EXPECT_FALSE(Window().lblPlottInfo->isVisible());
+}
+
+TEST_F(FundListTest, EnterOpensTheFundAndGoesToThePrice) {
+    StartWith(TwoHoldings());
+    Window().lstFonder->setFocus();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(FraData(0), "249 995");
+    EXPECT_EQ(Window().focusWidget(), Window().txtValue);
+    EXPECT_EQ(Caption(Window().panListFonder), "");
+    EXPECT_TRUE(Window().lblPlottInfo->isVisible());
+}
+
+TEST_F(FundListTest, EnterWhileAColourIsChosenStoresIt) {
+    StartWith(TwoHoldings());
+    ChooseFund(1);
+    Window().markers.StartChoosingColour();
+    outside.dialogs.ExpectColour(Rgb{0x00, 0x40, 0xA0}, Rgb{10, 20, 30});
+    Window().lstFonder->setFocus();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Holding(1, 11), std::to_string(10 + 20 * 256 + 30 * 65536));
+    EXPECT_EQ(Window().shaPlottColor->FillColour(), QColor(10, 20, 30));
+    EXPECT_FALSE(Window().markers.ChoosingColour());
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+    ASSERT_EQ(Window().picDiagram->Drawings().size(), 1U);
+    EXPECT_EQ(Window().picDiagram->Drawings()[0].colour, (Colour{10, 20, 30}));
+    EXPECT_TRUE(Window().cmdFondList->isEnabled());
+}
+
+TEST_F(FundListTest, ColourDialogThatIsCancelledKeepsTheColour) {
+    StartWith(TwoHoldings());
+    ChooseFund(1);
+    Window().markers.StartChoosingColour();
+    outside.dialogs.ExpectColour(std::nullopt);
+    Window().lstFonder->setFocus();
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Holding(1, 11), std::to_string(0xA04000));
+    EXPECT_FALSE(Window().markers.ChoosingColour());
+}
+
+TEST_F(FundListTest, ClearingEmptiesPanelStatusAndMarks) {
+    StartWith(TwoHoldings());
+    ChooseFund(1);
+    SetCaption(Window().lblXCord, "24  februari 2026");
+    SetCaption(Window().lblYCord, "4 %");
+    Window().markers.StartCollectingCurves();
+    Window().ClearFundPanel();
+    EXPECT_EQ(Status(2), "Fond");
+    EXPECT_EQ(Status(3), "Startkurs : ");
+    EXPECT_EQ(Status(4), "Senaste : ");
+    EXPECT_EQ(Status(5), "%");
+    EXPECT_EQ(Status(6), "-");
+    for (int i = 0; i <= 9; ++i) EXPECT_EQ(FraData(i), "") << i;
+    EXPECT_EQ(Caption(Window().lblXCord), "");
+    EXPECT_EQ(Caption(Window().lblYCord), "");
+    EXPECT_FALSE(Window().markers.CollectingCurves());
+    EXPECT_FALSE(Window().markers.SingleFundShown());
+    EXPECT_FALSE(Window().markers.HoldingChosen());
+    EXPECT_FALSE(Window().lblColorNr->isVisible());
+    EXPECT_FALSE(Window().shaPlottColor->FillColour().isValid());
+}
+
+TEST_F(FundListTest, ShowAllDrawsEveryFundOneStepOut) {
+    StartWith(ManyHoldings(4));
+    ChooseFund(0);
+    Window().mnuAll->trigger();
+    EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{1, 2, 3, 4}));
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 4U);
+    EXPECT_EQ(Window().ScaleTop, 30);
+    EXPECT_EQ(Window().ScaleBottom, -20);
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+    EXPECT_FALSE(Window().markers.SingleFundShown());
+    EXPECT_EQ(FraData(0), "");
+}
+
+TEST_F(FundListTest, ScreenButtonShowsTheStoredCurvesOnTheirScale) {
+    StartWith(TwoHoldings());
+    ChooseFund(0);
+    Click(Window().imgScreen);
+    EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{1, 2}));
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
+    EXPECT_EQ(Window().ScaleTop, 45);
+    EXPECT_EQ(FraData(0), "");
+}
+
+TEST_F(FundListTest, ScreenButtonWithOneListedCurveKeepsTheFundPanel) {
+    auto holdings = TwoHoldings();
+    holdings[0].skala = "2./15/-10";
+    StartWith(holdings);
+    ChooseFund(0);
+    Click(Window().imgScreen);
+    EXPECT_EQ(FraData(0), "249 995");
+    EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{2});
+}
+
+TEST_F(FundListTest, ScreenButtonInAnEmptyFileDoesNothing) {
+    StartWith({});
+    Click(Window().imgScreen);
+    EXPECT_TRUE(Window().picDiagram->Drawings().empty());
+}
+
+TEST_F(FundListTest, HoldingsButtonShowsTheGridAndBack) {
+    StartWith(TwoHoldings());
+    ChooseFund(0);
+    SetCaption(Window().txtValue, "12");
+    Click(Window().cmdPPMData);
+    EXPECT_TRUE(Window().panBasData->isVisible());
+    EXPECT_EQ(Caption(Window().cmdPPMData), "&Diagram");
+    EXPECT_FALSE(Window().cmdFondList->isEnabled());
+    EXPECT_EQ(Caption(Window().txtValue), "");
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+    EXPECT_TRUE(Window().cmdNyAndel->isEnabled());
+    Click(Window().cmdPPMData);
+    EXPECT_FALSE(Window().panBasData->isVisible());
+    EXPECT_EQ(Caption(Window().cmdPPMData), "&PPM Data");
+    EXPECT_TRUE(Window().cmdFondList->isEnabled());
+    EXPECT_FALSE(Window().cmdNyOk->isVisible());
+    EXPECT_FALSE(Window().cmdNyAndel->isHidden());
+    EXPECT_TRUE(Window().mnuPrint->isEnabled());
+}
+
+TEST_F(FundListTest, EmptyFileHasNoNewSharesButton) {
+    StartWith({});
+    Click(Window().cmdPPMData);
+    EXPECT_FALSE(Window().cmdNyAndel->isEnabled());
+}

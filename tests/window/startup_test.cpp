@@ -1,0 +1,352 @@
+// How the window comes up, and goes.
+
+#include "app/fileexists.h"
+#include "app/imagebutton.h"
+#include "base/daynumber.h"
+#include "fundfile/datasource.h"
+#include "tests/window/windowtest.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QMenu>
+
+#include <fstream>
+
+namespace {
+
+using Days = std::vector<std::string>;
+
+class StartUpTest : public WindowTest {
+  protected:
+    std::string Setting(std::string_view key) {
+        return outside.settings.Get("Kvarnbo", "StartUp", key);
+    }
+    void Save(std::string_view key, std::string_view text) {
+        outside.settings.Save("Kvarnbo", "StartUp", key, text);
+    }
+    Days Months() {
+        Days months;
+        for (QLabel* label : Window().lblMonth) months.push_back(Caption(label));
+        return months;
+    }
+};
+
+}  // namespace
+
+TEST_F(StartUpTest, FirstStartOpensTheSampleFile) {
+    MakeFile(TwoHoldings());
+    Create();
+    EXPECT_EQ(Window().CurrentFile, SamplePath().string());
+    EXPECT_NE(Window().FundDb, nullptr);
+}
+
+TEST_F(StartUpTest, MissingStartFileGivesTheSampleFileAndWritesBothSettings) {
+    MakeFile(TwoHoldings());
+    Save("StartPath", (Folder() / "Borta.mdb").string());
+    Save("StartX", "7");
+    Create();
+    EXPECT_EQ(Window().CurrentFile, SamplePath().string());
+    EXPECT_EQ(Setting("StartPath"), SamplePath().string());
+    EXPECT_EQ(Setting("StartX"), "1");
+    EXPECT_EQ(Window().DayStep, 1);
+}
+
+TEST_F(StartUpTest, WithoutSettingsAndWithoutSampleFileBothSettingsAreWritten) {
+    Create();
+    EXPECT_EQ(Setting("StartPath"), SamplePath().string());
+    EXPECT_EQ(Setting("StartX"), "1");
+}
+
+TEST_F(StartUpTest, SettingsThatCannotBeWrittenDoNotStopTheStart) {
+    outside.settings.broken = true;
+    Start();
+    EXPECT_TRUE(Window().panDiagram->isVisible());
+}
+
+TEST_F(StartUpTest, StartPathIsOpened) {
+    const auto other = Folder() / "Annan.mdb";
+    WriteFundFile(other, ManyHoldings(3));
+    Save("StartPath", other.string());
+    Start();
+    EXPECT_EQ(Window().CurrentFile, other.string());
+    EXPECT_EQ(Lines().size(), 3U);
+    EXPECT_EQ(Caption(Window().lblRubrik), "Du arbetar med Annan");
+}
+
+TEST_F(StartUpTest, WeekOrMonthStepReadsDayByDayInBothMenuItems) {
+    MakeFile(TwoHoldings());
+    for (const char* step : {"7", "30"}) {
+        Save("StartX", step);
+        Create();
+        EXPECT_EQ(Caption(Window().mnuVeckor), "Visa Dag för Dag") << step;
+        EXPECT_EQ(Caption(Window().mnuMonth), "Visa Dag för Dag") << step;
+        EXPECT_EQ(Window().DayStep, step[0] == '7' ? 7 : 30);
+    }
+}
+
+TEST_F(StartUpTest, DailyStepKeepsTheDesignCaptions) {
+    MakeFile(TwoHoldings());
+    Create();
+    EXPECT_EQ(Caption(Window().mnuVeckor), "Visa Vecka för Vecka");
+    EXPECT_EQ(Caption(Window().mnuMonth), "Visa Månad för Månad");
+}
+
+TEST_F(StartUpTest, StepThatIsNoNumberOrZeroIsOne) {
+    MakeFile(TwoHoldings());
+    for (const char* step : {"", "sju", "0"}) {
+        Save("StartX", step);
+        Create();
+        EXPECT_EQ(Window().DayStep, 1) << step;
+    }
+}
+
+TEST_F(StartUpTest, OneHoldingIsOpenedAtOnce) {
+    MakeFile(ManyHoldings(1));
+    Start();
+    EXPECT_EQ(FraData(0), "249 995");
+    EXPECT_TRUE(Window().markers.SingleFundShown());
+    EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{1});
+}
+
+TEST_F(StartUpTest, SeveralHoldingsHighlightTheFirstLineWithoutOpeningIt) {
+    MakeFile(TwoHoldings());
+    Start();
+    EXPECT_EQ(Window().lstFonder->currentRow(), 0);
+    EXPECT_EQ(FraData(0), "");
+    EXPECT_FALSE(Window().markers.SingleFundShown());
+}
+
+TEST_F(StartUpTest, NumbersBelowTenHaveALeadingBlankInTheList) {
+    MakeFile(ManyHoldings(11));
+    Start();
+    EXPECT_EQ(Lines().front(), " 1. Fond 1");
+    EXPECT_EQ(Lines().at(8), " 9. Fond 9");
+    EXPECT_EQ(Lines().at(9), "10. Fond 10");
+    EXPECT_EQ(Lines().at(10), "11. Fond 11");
+}
+
+TEST_F(StartUpTest, DecemberShowsThisYearOnly) {
+    MakeFile(TwoHoldings());
+    SetToday(2026, 12, 10);
+    Start();
+    EXPECT_EQ(FormatDay(Window().WindowStartDay), "2026-01-01");
+    EXPECT_EQ(Caption(Window().lbLeftYear), "2026");
+    EXPECT_EQ(Caption(Window().lblRightYear), "2026");
+}
+
+TEST_F(StartUpTest, MarchShowsAprilToMarch) {
+    MakeFile(TwoHoldings());
+    SetToday(2026, 3, 10);
+    Start();
+    EXPECT_EQ(FormatDay(Window().WindowStartDay), "2025-04-01");
+    EXPECT_EQ(Caption(Window().lbLeftYear), "2025");
+    EXPECT_EQ(Caption(Window().lblRightYear), "2026");
+    EXPECT_EQ(Months(), (Days{"April", "Maj", "Juni", "Juli", "Aug", "Sep", "Okt", "Nov", "Dec",
+                              "Jan", "Feb", "Mars"}));
+}
+
+TEST_F(StartUpTest, FromTheSixteenthTheAxisStandsOneMonthAhead) {
+    MakeFile(TwoHoldings());
+    SetToday(2026, 3, 15);
+    Start();
+    EXPECT_EQ(FormatDay(Window().WindowStartDay), "2025-04-01");
+    SetToday(2026, 3, 16);
+    Start();
+    EXPECT_EQ(FormatDay(Window().WindowStartDay), "2025-05-01");
+    EXPECT_EQ(Months().front(), "Maj");
+}
+
+TEST_F(StartUpTest, CurvesStandInTheFinalTwelveMonths) {
+    MakeFile(TwoHoldings());
+    SetToday(2026, 11, 16);
+    Start();
+    ASSERT_EQ(Window().picDiagram->Drawings().size(), 2U);
+    const double day = 46325 - Window().WindowStartDay;
+    EXPECT_DOUBLE_EQ(Window().picDiagram->Drawings()[0].line.back().x, day);
+}
+
+TEST_F(StartUpTest, SeveralCurvesScaleIsTheLargestOfTheListed) {
+    MakeFile(TwoHoldings());
+    Start();
+    EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{1, 2}));
+    EXPECT_EQ(Window().ScaleTop, 45);
+    EXPECT_EQ(Window().ScaleBottom, -30);
+    EXPECT_EQ(Window().AllScaleTop, 45);
+    EXPECT_EQ(Window().AllScaleBottom, -30);
+    EXPECT_EQ(Caption(Window().lblVertical[1]), "-30");
+    EXPECT_EQ(Caption(Window().lblVertical[6]), "45");
+}
+
+TEST_F(StartUpTest, WithoutListedCurvesTheScaleIsTheDefault) {
+    MakeFile(ManyHoldings(3));
+    Start();
+    EXPECT_TRUE(Window().SelectedCurves.empty());
+    EXPECT_EQ(Window().ScaleTop, 15);
+    EXPECT_EQ(Window().ScaleBottom, -10);
+}
+
+TEST_F(StartUpTest, ListedCurveThatIsGoneIsPassedOver) {
+    auto holdings = TwoHoldings();
+    holdings[0].skala = "7.2./15/-10";
+    MakeFile(holdings);
+    Start();
+    EXPECT_EQ(Window().ScaleTop, 45);
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 1U);
+}
+
+TEST_F(StartUpTest, FileWithoutScalesGetsThemRowByRow) {
+    auto holdings = TwoHoldings();
+    holdings[0].skala = "";
+    holdings[1].skala = "";
+    MakeFile(holdings);
+    Start();
+    EXPECT_EQ(Holding(0, 16), "./15/-10");
+    EXPECT_EQ(Holding(1, 16), "45/-30");
+    EXPECT_EQ(Faults(), std::vector<std::string>{});
+}
+
+TEST_F(StartUpTest, ScreenAsWideAsTheDesignIsNotScaled) {
+    MakeFile(TwoHoldings());
+    Start();
+    EXPECT_EQ(Window().size(), QSize(800, 600));
+    EXPECT_EQ(Window().layout.Present(), Scaling{});
+}
+
+TEST_F(StartUpTest, SecondActivationChangesNothing) {
+    MakeFile(TwoHoldings());
+    Start();
+    ChooseFund(1);
+    const std::string caption = Caption(&Window());
+    QEvent again(QEvent::WindowActivate);
+    QApplication::sendEvent(&Window(), &again);
+    EXPECT_EQ(Caption(&Window()), caption);
+    EXPECT_EQ(FraData(0), "468 024");
+    EXPECT_EQ(Window().lstFonder->currentRow(), 1);
+}
+
+TEST_F(StartUpTest, ActivationRunAgainDoesItsWorkAgain) {
+    MakeFile(TwoHoldings());
+    Start();
+    ChooseFund(1);
+    Window().Activate();
+    EXPECT_EQ(Caption(&Window()), "  Kvarnbo  ");
+    EXPECT_EQ(Window().lstFonder->currentRow(), 0);
+    EXPECT_EQ(Lines().size(), 2U);
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 2U);
+}
+
+TEST_F(StartUpTest, HeadingDateAndCaptionAreShown) {
+    MakeFile(TwoHoldings());
+    Start();
+    EXPECT_EQ(Caption(Window().lblRubrik), "Du arbetar med Vimmels_exempel");
+    EXPECT_EQ(Caption(Window().lblPanDatum), "Måndag 16 November 2026");
+    EXPECT_EQ(Caption(&Window()), "  Kvarnbo  ");
+    EXPECT_EQ(Caption(Window().panListFonder), "Ny DagsKurs för...");
+}
+
+TEST_F(StartUpTest, PanelsAndMenusWaitForTheEndOfThePause) {
+    MakeFile(TwoHoldings());
+    Create();
+    Show();
+    const auto ready = [&] {
+        return std::vector<bool>{
+            Window().mnuArkiv->isEnabled(),   Window().mnuShow->isEnabled(),
+            Window().panControl->isVisible(), Window().panRubrik->isVisible(),
+            Window().panDiagram->isVisible(), Window().panListFonder->isVisible()};
+    };
+    EXPECT_EQ(ready(), std::vector<bool>(6, false));
+    outside.clock.Pass(std::chrono::milliseconds(2999));
+    EXPECT_EQ(ready(), std::vector<bool>(6, false));
+    outside.clock.Pass(std::chrono::milliseconds(1));
+    EXPECT_EQ(ready(), std::vector<bool>(6, true));
+    EXPECT_TRUE(outside.clock.Running().empty()) << "the timer ticks once";
+}
+
+TEST_F(StartUpTest, DamagedStartFileIsNotReported) {
+    std::ofstream(SamplePath()) << "not a database";
+    Start();
+    EXPECT_EQ(Window().FundDb, nullptr);
+    EXPECT_EQ(Lines().size(), 0U);
+    EXPECT_TRUE(Window().panDiagram->isVisible());
+}
+
+TEST_F(StartUpTest, EscapeLeavesThePanelsAndClearsTheTotals) {
+    MakeFile(TwoHoldings());
+    Start();
+    Window().panTotal->show();
+    Window().panPlottData->show();
+    Window().imgColor->show();
+    Window().imgGrafNr->show();
+    Window().cmdFondList->setEnabled(false);
+    SetCaption(Window().lblTotal, "något");
+    Window().lstFonder->setFocus();
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+    EXPECT_FALSE(Window().panTotal->isVisible());
+    EXPECT_FALSE(Window().panPlottData->isVisible());
+    EXPECT_FALSE(Window().imgColor->isVisible());
+    EXPECT_FALSE(Window().imgGrafNr->isVisible());
+    EXPECT_EQ(Caption(Window().lblTotal), "");
+    EXPECT_TRUE(Window().cmdFondList->isEnabled());
+    EXPECT_EQ(Window().focusWidget(), Window().picDiagram);
+}
+
+TEST_F(StartUpTest, ClosingReleasesTheFile) {
+    MakeFile(TwoHoldings());
+    Start();
+    CloseWindow();
+    EXPECT_EQ(Window().FundDb, nullptr);
+    EXPECT_FALSE(Window().dtaPlott->IsAttached());
+    EXPECT_FALSE(Window().isVisible());
+}
+
+TEST_F(StartUpTest, QuitClosesTheWindow) {
+    MakeFile(TwoHoldings());
+    Start();
+    Window().mnuAvbryt->trigger();
+    EXPECT_FALSE(Window().isVisible());
+    EXPECT_EQ(Window().FundDb, nullptr);
+}
+
+TEST_F(StartUpTest, ClosingTwiceDoesNotFail) {
+    MakeFile(TwoHoldings());
+    Start();
+    CloseWindow();
+    Window().Unload();
+    EXPECT_EQ(Window().FundDb, nullptr);
+}
+
+TEST_F(StartUpTest, SecondWindowOnTheSameFileShowsTheSameRows) {
+    MakeFile(TwoHoldings());
+    Start();
+    FakePlatform other;
+    other.settings.Save("Kvarnbo", "StartUp", "StartPath", SamplePath().string());
+    frmPPM second(other.platform);
+    second.show();
+    EXPECT_EQ(second.lstFonder->count(), 2);
+}
+
+TEST(FileExists, SaysNoForMissingFilesFoldersAndNothing) {
+    QTemporaryDir folder;
+    const std::string path = FromQt(folder.filePath(QStringLiteral("a.mdb")));
+    EXPECT_FALSE(FileExists(path));
+    std::ofstream(path) << "x";
+    EXPECT_TRUE(FileExists(path));
+    EXPECT_FALSE(FileExists(FromQt(folder.path())));
+    EXPECT_FALSE(FileExists(""));
+}
+
+TEST_F(StartUpTest, BackgroundRepeatsTheStripAtTheUpperLeftCorner) {
+    MakeFile(TwoHoldings());
+    Create();
+    Show();
+    const QImage picture = Window().centralWidget()->grab().toImage();
+    ASSERT_GT(picture.height(), 320);
+    for (const QPoint at : {QPoint(3, 5), QPoint(11, 200), QPoint(19, 299)}) {
+        EXPECT_EQ(picture.pixel(at), picture.pixel(at + QPoint(20, 0)));
+        EXPECT_EQ(picture.pixel(at), picture.pixel(at + QPoint(780, 0)));
+        if (at.y() + 300 < picture.height()) {
+            EXPECT_EQ(picture.pixel(at), picture.pixel(at + QPoint(0, 300)));
+        }
+    }
+}

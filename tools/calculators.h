@@ -1,0 +1,16 @@
+#pragma once
+// The percent calculator and the translator between dates and day numbers.
+
+#include "app/controller.h"
+
+class EntryField;
+
+class Calculators : Controller {
+  public:
+    explicit Calculators(frmPPM& window);
+
+  private:
+    void cmdPrc_Click();
+    void cmdTranslate_Click();
+    void ShowTwoDecimals(EntryField& box);
+};
