@@ -8,6 +8,7 @@
 #include <QGroupBox>
 
 #include <filesystem>
+#include <fstream>
 
 namespace {
 

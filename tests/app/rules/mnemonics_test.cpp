@@ -1,0 +1,32 @@
+#include "app/rules/mnemonics.h"
+
+#include <gtest/gtest.h>
+
+using Captions = std::vector<std::string>;
+
+TEST(Mnemonics, FirstLetterOfAWordIsTakenWhereItIsFree) {
+    EXPECT_EQ(WithMnemonics({"Ny Fondfil", "Öppna", "Nytt Namn", "ofta"}),
+              (Captions{"&Ny Fondfil", "&Öppna", "N&ytt Namn", "&ofta"}));
+}
+
+TEST(Mnemonics, WordsAfterTheFirstComeBeforeTheLettersInside) {
+    EXPECT_EQ(WithMnemonics({"Visa Vecka", "Visa Månad"}),
+              (Captions{"&Visa Vecka", "Visa &Månad"}));
+}
+
+TEST(Mnemonics, CaseDoesNotMakeALetterFree) {
+    EXPECT_EQ(WithMnemonics({"å", "Å b"}), (Captions{"&å", "Å &b"}));
+}
+
+TEST(Mnemonics, MarkedCaptionsKeepTheirLetterAndTakeIt) {
+    EXPECT_EQ(WithMnemonics({"Arkiv", "B&a"}), (Captions{"A&rkiv", "B&a"}));
+}
+
+TEST(Mnemonics, CaptionWithoutAFreeLetterStays) {
+    EXPECT_EQ(WithMnemonics({"a", "a", "", "12"}), (Captions{"&a", "a", "", "12"}));
+}
+
+TEST(Mnemonics, CanBeTakenAwayAgain) {
+    EXPECT_EQ(WithoutMnemonic("&Öppna"), "Öppna");
+    EXPECT_EQ(WithoutMnemonic("Öppna"), "Öppna");
+}

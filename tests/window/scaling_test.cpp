@@ -1,0 +1,108 @@
+// The window on other screens and in other sizes.
+
+#include "platform/datagrid.h"
+#include "tests/window/windowtest.h"
+
+#include <QGroupBox>
+
+namespace {
+
+class ScalingTest : public WindowTest {
+  protected:
+    void StartOn(int width, int height) {
+        MakeFile(TwoHoldings());
+        outside.screen.area = QRect(0, 0, width, height);
+        Start();
+    }
+    struct Look {
+        QRect place;
+        double font;
+    };
+    Look LookOf(const QWidget* control) {
+        return {control->geometry(), control->font().pointSizeF()};
+    }
+};
+
+void ExpectTimes(const QRect& scaled, const QRect& design, double across, double down) {
+    EXPECT_NEAR(scaled.left(), design.left() * across, 1);
+    EXPECT_NEAR(scaled.top(), design.top() * down, 1);
+    EXPECT_NEAR(scaled.width(), design.width() * across, 1.5);
+    EXPECT_NEAR(scaled.height(), design.height() * down, 1.5);
+}
+
+}  // namespace
+
+TEST_F(ScalingTest, DesignScreenMovesNothing) {
+    StartOn(800, 600);
+    EXPECT_EQ(Window().size(), QSize(800, 600));
+    EXPECT_EQ(Window().picDiagram->geometry(), QRect(41, 28, 490, 302));
+    EXPECT_NEAR(Window().lblRubrik->font().pointSizeF(), 13, 0.01);
+}
+
+TEST_F(ScalingTest, SmallerScreenShrinksWindowAndFonts) {
+    StartOn(800, 600);
+    const Look design = LookOf(Window().picDiagram);
+    const Look title = LookOf(Window().lblRubrik);
+    StartOn(640, 480);
+    EXPECT_EQ(Window().width() * 15, 9600);
+    EXPECT_EQ(Window().height() * 15, 6840);
+    ExpectTimes(Window().picDiagram->geometry(), design.place, 0.8, 0.8 * 0.95);
+    EXPECT_NEAR(Window().lblRubrik->font().pointSizeF(), title.font * 0.78, 0.01);
+}
+
+TEST_F(ScalingTest, LargerScreenGrowsByAThirdAndFontsBy30Percent) {
+    StartOn(800, 600);
+    const Look design = LookOf(Window().picDiagram);
+    const Look button = LookOf(Window().cmdFondList);
+    StartOn(1066, 800);  // 16000 twips wide, less a pixel's fraction
+    ExpectTimes(Window().picDiagram->geometry(), design.place, 4.0 / 3, 4.0 / 3);
+    ExpectTimes(Window().cmdFondList->geometry(), button.place, 4.0 / 3, 4.0 / 3);
+    EXPECT_NEAR(Window().cmdFondList->font().pointSizeF(), button.font * 1.3, 0.01);
+}
+
+TEST_F(ScalingTest, WideScreenGetsTheLargest4To3Window) {
+    StartOn(1920, 1080);
+    EXPECT_EQ(Window().size(), QSize(1440, 1080));
+}
+
+TEST_F(ScalingTest, TallScreenIsFilledAcross) {
+    StartOn(1080, 1920);
+    EXPECT_EQ(Window().size(), QSize(1080, 810));
+}
+
+TEST_F(ScalingTest, GridLinesKeepTheirPlacesInThePicture) {
+    StartOn(1440, 1080);
+    const GridLine& zero = *Window().Line[20];
+    EXPECT_NEAR(zero.Y1(), Window().picDiagram->height() * 0.6, 0.01);
+    EXPECT_NEAR(zero.X2(), Window().picDiagram->width(), 0.01);
+}
+
+TEST_F(ScalingTest, UsersOwnResizingKeepsTheProportions) {
+    StartOn(800, 600);
+    const Look design = LookOf(Window().panDiagram);
+    Window().resize(1200, 750);
+    QApplication::processEvents();
+    ExpectTimes(Window().panDiagram->geometry(), design.place, 1.5, 1.25);
+    EXPECT_EQ(Window().picDiagram->ToUser({0, 0}).y, Window().picDiagram->UserScale().top);
+}
+
+TEST_F(ScalingTest, FontsNeverGrowBeyondTheirLimit) {
+    StartOn(3200, 2400);
+    EXPECT_NEAR(Window().lblRubrik->font().pointSizeF(), 13 * 1.3, 0.01);
+    EXPECT_LE(Window().lstFonder->font().pointSizeF(), 9 * 1.3 + 0.01);
+}
+
+TEST_F(ScalingTest, NothingLiesOutsideItsPanel) {
+    for (const QSize screen :
+         {QSize(640, 480), QSize(800, 600), QSize(1024, 768), QSize(1920, 1080)}) {
+        StartOn(screen.width(), screen.height());
+        for (const QWidget* control : Window().centralWidget()->findChildren<QWidget*>()) {
+            const QWidget* parent = control->parentWidget();
+            if (control->objectName().isEmpty() || parent->objectName().isEmpty()) continue;
+            if (control->isWindow()) continue;
+            EXPECT_TRUE(parent->rect().contains(control->geometry()))
+                << control->objectName().toStdString() << " on a screen " << screen.width()
+                << " wide";
+        }
+    }
+}
