@@ -16,6 +16,8 @@ template <typename... Cases>
 struct Overloaded : Cases... {
     using Cases::operator()...;
 };
+template <typename... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
 
 constexpr double kLastSerial = 2958466;  // the day after 9999-12-31
 constexpr std::int64_t kSecondsOfDay = 86400;

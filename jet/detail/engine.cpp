@@ -24,9 +24,11 @@ OpenTable& Engine::Table(std::string_view name) {
         }
         throw Error{ErrorNumber::TableNotFound, "no table or query " + std::string(name)};
     }
-    std::unique_ptr<OpenTable>& table = tables_[found->page];
-    if (table == nullptr) table = std::make_unique<OpenTable>(*file_, found->name, found->page);
-    return *table;
+    const auto open = tables_.find(found->page);
+    if (open != tables_.end()) return *open->second;
+    // Made before it is entered: a damaged definition throws and leaves no empty entry.
+    auto table = std::make_unique<OpenTable>(*file_, found->name, found->page);
+    return *tables_.emplace(found->page, std::move(table)).first->second;
 }
 
 bool Engine::HasTable(std::string_view name) const {

@@ -61,7 +61,6 @@ OpenTable::OpenTable(PageFile& file, const std::string& name, std::uint32_t page
 std::vector<std::uint32_t> OpenTable::Rows(std::span<const Condition> conditions) {
     std::vector<std::uint32_t> rows;
     if (conditions.empty()) {
-        rows.reserve(Def().rowCount);
         store_.Scan([&](RowPointer where, const RowView&) { rows.push_back(where.Packed()); });
         return rows;
     }

@@ -1,0 +1,183 @@
+// A file of any bytes: open it, read everything, then insert, update and delete a row in each
+// table. The engine may answer with Error; anything else (a crash, a hang, much memory) is a find.
+
+#include "base/error.h"
+#include "jet/detail/engine.h"
+#include "jet/detail/pagefile.h"
+#include "jet/detail/queryplan.h"
+#include "jet/detail/table.h"
+#include "jet/detail/tableindexes.h"
+#include "jet/detail/verify.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace jet;
+using namespace jet::detail;
+
+/// Runs one step; an Error ends that step alone.
+template <typename Step>
+bool Try(Step&& step) {
+    try {
+        step();
+        return true;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+Value SampleValue(const ColumnDef& column, unsigned seed) {
+    switch (column.Type()) {
+        case ColumnType::Boolean:
+            return seed % 2 == 0;
+        case ColumnType::Byte:
+            return static_cast<std::uint8_t>(seed);
+        case ColumnType::Integer:
+            return static_cast<std::int16_t>(seed);
+        case ColumnType::Long:
+            return static_cast<std::int32_t>(1000000 + seed);
+        case ColumnType::Currency:
+            return Currency{seed};
+        case ColumnType::Single:
+            return static_cast<float>(seed);
+        case ColumnType::Double:
+            return static_cast<double>(seed);
+        case ColumnType::Date:
+            return Date{static_cast<double>(seed)};
+        case ColumnType::Text:
+            return std::string(seed % 4, 'y') + "Åäö";
+        case ColumnType::Memo:
+            return std::string(seed % 3 * 3000 + 10, 'x');
+        case ColumnType::Binary:
+        case ColumnType::LargeBinary:
+            return Bytes(seed % 9, 7);
+        case ColumnType::Ole:
+            return Bytes(seed % 4 * 1500, 9);
+        case ColumnType::Guid:
+            return Guid{};
+        case ColumnType::Numeric:
+            return Numeric{false, {0, 0, 0, seed}, column.scale};
+    }
+    return {};
+}
+
+void ReadTable(Engine& engine, const std::string& name) {
+    OpenTable& table = engine.Table(name);
+    const TableDef& def = table.Def();
+    table.Store().Scan([&](RowPointer, const RowView& row) {
+        for (const ColumnDef& column : def.columns) {
+            Try([&] { DecodeColumn(engine.File(), column, row); });
+        }
+    });
+    Try([&] { table.Rows({}); });
+    Try([&] { PlanSource(engine, name); });
+    TableStore store(engine.File(), def.page);
+    const TableIndexes indexes(store);
+    for (std::size_t index = 0; index < def.realIndexes.size(); ++index) {
+        Try([&] { indexes.InOrder(index); });
+    }
+}
+
+std::optional<RowPointer> FirstRow(const TableStore& store) {
+    std::optional<RowPointer> first;
+    Try([&] {
+        store.Scan([&](RowPointer where, const RowView&) {
+            first = where;
+            return false;
+        });
+    });
+    return first;
+}
+
+/// Below the check that a table is sound: damaged tables too must not bring the engine down.
+void WriteUnchecked(PageFile& file, std::uint32_t page) {
+    TableStore store(file, page);
+    TableIndexes indexes(store);
+    const auto statement = [&](auto&& work) {
+        const bool done = Try([&] {
+            UndoScope scope(file);
+            work();
+            scope.Commit();
+        });
+        if (!done) store.Reload();
+    };
+    for (unsigned seed = 0; seed < 3; ++seed) {
+        statement([&] {
+            std::vector<Value> values;
+            for (const ColumnDef& column : store.Def().columns) {
+                values.push_back(column.Autonumber() ? Value() : SampleValue(column, seed));
+            }
+            store.FillAutonumbers(values);
+            const IndexPlan plan = indexes.PlanInsert(values);
+            indexes.Apply(plan, store.Insert(values));
+        });
+    }
+    if (const auto row = FirstRow(store)) {
+        statement([&] {
+            std::vector<std::optional<Value>> values;
+            for (const ColumnDef& column : store.Def().columns) {
+                values.emplace_back(SampleValue(column, 7));
+            }
+            const IndexPlan plan = indexes.PlanUpdate(*row, values);
+            store.Update(*row, values);
+            indexes.Apply(plan, *row);
+        });
+    }
+    if (const auto row = FirstRow(store)) {
+        statement([&] {
+            indexes.Erase(*row);
+            store.Delete(*row);
+        });
+    }
+}
+
+void WriteChecked(Engine& engine, const std::string& name) {
+    OpenTable& table = engine.Table(name);
+    std::vector<Value> values;
+    for (const ColumnDef& column : table.Def().columns) {
+        values.push_back(column.Autonumber() ? Value() : SampleValue(column, 5));
+    }
+    engine.Statement([&] { return table.Insert(values); });
+    const auto row = FirstRow(table.Store());
+    if (!row) return;
+    engine.Statement([&] {
+        table.Delete(*row);
+        return true;
+    });
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    FileImage image;
+    image.Resize(size);
+    for (std::size_t at = 0; at < size; at += FileImage::kChunkBytes) {
+        std::memcpy(image.At(at), data + at, std::min(FileImage::kChunkBytes, size - at));
+    }
+    std::unique_ptr<Engine> engine;
+    if (!Try([&] { engine = std::make_unique<Engine>(PageFile::FromImage(std::move(image))); })) {
+        return 0;
+    }
+    Try([&] { Verify(engine->File()); });
+    constexpr std::size_t kMostTables = 8;
+    const auto tables = engine->Objects().UserTables();
+    for (std::size_t i = 0; i < tables.size() && i < kMostTables; ++i) {
+        Try([&] { ReadTable(*engine, tables[i].name); });
+    }
+    for (const std::string& query : engine->Objects().QueryNames()) {
+        Try([&] { PlanSource(*engine, query); });
+    }
+    for (std::size_t i = 0; i < tables.size() && i < 2; ++i) {
+        Try([&] { WriteChecked(*engine, tables[i].name); });
+        Try([&] { WriteUnchecked(engine->File(), tables[i].page); });
+    }
+    return 0;
+}
