@@ -68,7 +68,7 @@ std::vector<TableDesign> Tables() {
 
 TEST(Model, AgreesWithACreatedFile) {
     ScratchFolder folder;
-    Database::Create(folder / "new.mdb", Tables());
+    Database::Create(folder / "new.mdb", Tables(), Date{46000});
     ModelFile(folder / "new.mdb", 1500, Seed()).Run(Changes(40));
 }
 
