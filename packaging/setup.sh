@@ -2,7 +2,7 @@
 
 say() { printf '%s: %s\n' "${0##*/}" "$*"; }
 
-BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev libqt6svg6-dev libgl-dev"
+BUILD_PACKAGES="g++ cmake ninja-build ccache qt6-base-dev qt6-svg-dev libgl-dev"
 RUN_PACKAGES="libqt6svg6 qt6-qpa-plugins fonts-liberation2 fonts-dejavu-core"
 SCREEN_PACKAGES="xvfb xauth openbox xdotool maim x11-utils"
 TEST_PACKAGES="libgtest-dev libgmock-dev mdbtools poppler-utils clang-format-14"
