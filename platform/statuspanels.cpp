@@ -4,6 +4,7 @@
 #include "platform/caption.h"
 #include "platform/tag.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 
