@@ -16,6 +16,7 @@
 #include "platform/commondialog.h"
 #include "platform/platform.h"
 #include "reports/accounttotals.h"
+#include "reports/printedreport.h"
 #include "tools/calculators.h"
 #include "tools/log.h"
 #include "tools/outsideprograms.h"
@@ -35,6 +36,7 @@ struct frmPPM::Controllers {
           fundList(window),
           fundSummary(window),
           priceEntry(window),
+          printedReport(window),
           fileMenu(window),
           accountTotals(window),
           calculators(window),
@@ -52,6 +54,7 @@ struct frmPPM::Controllers {
     FundList fundList;
     FundSummary fundSummary;
     PriceEntry priceEntry;
+    PrintedReport printedReport;
     FileMenu fileMenu;
     AccountTotals accountTotals;
     Calculators calculators;

@@ -1,12 +1,15 @@
 #include "diagram/rules/labelplaces.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <numeric>
 
 namespace {
 
 using Indexes = std::vector<std::size_t>;
+
+constexpr double kColumnGap = 1.2;  // of a label's width
 
 LabelBox Inside(LabelBox box, const LabelBox& area) {
     box.left = std::max(std::min(box.left, area.Right() - box.width), area.left);
@@ -47,16 +50,17 @@ void Settle(Stack& stack, const LabelBox& area) {
     stack.top = std::max(std::min(wished, area.Bottom() - stack.height), area.top);
 }
 
-/// Neighbours that overlap join, and a stack stands at the mean of its labels' wishes.
-void SpreadColumn(std::vector<LabelBox>& boxes, Indexes column, const LabelBox& area) {
-    std::stable_sort(column.begin(), column.end(), [&](std::size_t one, std::size_t other) {
-        return boxes[one].top < boxes[other].top;
-    });
-    std::vector<Stack> stacks;
+double TotalHeight(const std::vector<LabelBox>& boxes, const Indexes& column) {
     double total = 0;
-    for (const std::size_t index : column) {
+    for (const std::size_t index : column) total += boxes[index].height;
+    return total;
+}
+
+/// Neighbours that overlap join, and a stack stands at the mean of its labels' wishes.
+void SpreadDown(std::vector<LabelBox>& boxes, const Indexes& byTop, const LabelBox& area) {
+    std::vector<Stack> stacks;
+    for (const std::size_t index : byTop) {
         stacks.push_back({boxes[index].top, boxes[index].height, boxes[index].top, 1});
-        total += boxes[index].height;
         while (stacks.size() > 1 && stacks[stacks.size() - 2].Bottom() > stacks.back().top) {
             const Stack lower = stacks.back();
             stacks.pop_back();
@@ -67,15 +71,40 @@ void SpreadColumn(std::vector<LabelBox>& boxes, Indexes column, const LabelBox& 
             Settle(upper, area);
         }
     }
-    const double squeeze = total > area.height ? area.height / total : 1;
+    const double squeeze = std::min(1.0, area.height / TotalHeight(boxes, byTop));
     std::size_t next = 0;
     for (const Stack& stack : stacks) {
         double top = stack.top;
         for (std::size_t n = 0; n < stack.count; ++n) {
-            LabelBox& box = boxes[column[next++]];
+            LabelBox& box = boxes[byTop[next++]];
             box.top = top;
             top += box.height * squeeze;
         }
+    }
+}
+
+/// Labels that are too many for one column stand in several, in turn.
+void SpreadColumn(std::vector<LabelBox>& boxes, Indexes byTop, const LabelBox& area) {
+    std::stable_sort(byTop.begin(), byTop.end(), [&](std::size_t one, std::size_t other) {
+        return boxes[one].top < boxes[other].top;
+    });
+    double width = 0, left = area.Right();
+    for (const std::size_t index : byTop) {
+        width = std::max(width, boxes[index].width * kColumnGap);
+        left = std::min(left, boxes[index].left);
+    }
+    const double columns = std::ceil(TotalHeight(boxes, byTop) / area.height);
+    if (columns <= 1 || columns * width > area.width) return SpreadDown(boxes, byTop, area);
+
+    left = std::max(std::min(left, area.Right() - columns * width), area.left);
+    const auto count = static_cast<std::size_t>(columns);
+    for (std::size_t column = 0; column < count; ++column) {
+        Indexes members;
+        for (std::size_t n = column; n < byTop.size(); n += count) members.push_back(byTop[n]);
+        for (const std::size_t index : members) {
+            boxes[index].left = left + static_cast<double>(column) * width;
+        }
+        SpreadDown(boxes, members, area);
     }
 }
 

@@ -13,6 +13,7 @@ struct LabelBox {
     bool operator==(const LabelBox&) const = default;
 };
 
-/// The places of the labels, in their order: inside `area`, and free of each other as long as the
-/// area is high enough; where it is not, evenly over its height.
+/// The places of the labels, in their order: inside `area` and free of each other. Where too many
+/// stand over each other for the area's height they go into several columns; where its width is too
+/// small for that, too, they share the height.
 std::vector<LabelBox> PlaceLabels(std::span<const LabelBox> wanted, const LabelBox& area);

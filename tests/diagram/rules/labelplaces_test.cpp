@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <random>
+#include <set>
 #include <vector>
 
 namespace {
@@ -65,9 +66,26 @@ TEST(LabelPlaces, NeverOverlapWhereThereIsRoom) {
     }
 }
 
-TEST(LabelPlaces, TooManyForTheHeightShareIt) {
-    const std::vector<LabelBox> wanted(60, Label(300, 150));
+TEST(LabelPlaces, TooManyForTheHeightStandInColumns) {
+    const std::vector<LabelBox> wanted(70, Label(380, 150));
     const std::vector<LabelBox> places = PlaceLabels(wanted, kArea);
+    std::set<double> columns;
+    for (std::size_t one = 0; one < places.size(); ++one) {
+        columns.insert(places[one].left);
+        ASSERT_LE(places[one].Right(), kArea.width);
+        ASSERT_GE(places[one].top, 0);
+        ASSERT_LE(places[one].Bottom(), kArea.height + 1e-6);
+        for (std::size_t other = 0; other < one; ++other) {
+            ASSERT_FALSE(Overlap(places[one], places[other]));
+        }
+    }
+    EXPECT_EQ(columns.size(), 3U);
+}
+
+TEST(LabelPlaces, TooManyForHeightAndWidthShareTheHeight) {
+    constexpr LabelBox narrow{0, 0, 20, 300};
+    const std::vector<LabelBox> wanted(60, Label(2, 150));
+    const std::vector<LabelBox> places = PlaceLabels(wanted, narrow);
     EXPECT_EQ(places.front().top, 0);
     EXPECT_NEAR(places[1].top, 5, 1e-9);
     EXPECT_NEAR(places.back().top, 295, 1e-9);

@@ -1,0 +1,132 @@
+#include "reports/printedreport.h"
+
+#include "app/frmPPM.h"
+#include "base/error.h"
+#include "diagram/diagramview.h"
+#include "diagram/rules/stroke.h"
+#include "fundfile/datasource.h"
+#include "fundfile/records.h"
+#include "platform/caption.h"
+#include "platform/platform.h"
+#include "platform/printing.h"
+#include "reports/texts.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QImage>
+#include <QLabel>
+#include <QListWidget>
+
+#include <filesystem>
+
+namespace {
+
+constexpr std::string_view kGridPicture = "Grid.dib";
+constexpr ReportFont kCurveFont{8, false};
+
+/// The sizes of the page's own fonts.
+class PageMeasure final : public FontMeasure {
+  public:
+    explicit PageMeasure(PrinterPage& page) : page_(page) {}
+
+    double ColumnCm(ReportFont font, int column) const override {
+        return In(font).ColumnCm(column);
+    }
+    double LineCm(ReportFont font) const override { return In(font).LineHeightCm(); }
+    double TextCm(ReportFont font, std::string_view text) const override {
+        return In(font).TextWidthCm(text);
+    }
+
+  private:
+    PrinterPage& In(ReportFont font) const {
+        page_.SetFont(kReportFamily, font.points, font.bold);
+        return page_;
+    }
+
+    PrinterPage& page_;
+};
+
+/// The whole twelve months wide and the whole scale high.
+QRectF DiagramAreaCm() {
+    constexpr double kTopCm = 5.0;
+    return {onpage::kLeftCm, kTopCm, onpage::kCmPerDay * DiagramView::kDays, onpage::kHeightCm};
+}
+
+}  // namespace
+
+PrintedReport::PrintedReport(frmPPM& ppm) : Controller(ppm) {
+    On(window.mnuPrint, &QAction::triggered, this, &PrintedReport::mnuPrint_Click);
+}
+
+void PrintedReport::mnuPrint_Click() {
+    try {
+        PrintReport();
+    } catch (const Error& error) {
+        Report(texts::PrintFailed, texts::PrintFailedLog, error);
+    }
+    window.panTotal->hide();
+    SetCaption(window.lblTotal, "");
+    window.picDiagram->setFocus();
+}
+
+void PrintedReport::PrintReport() {
+    window.mnuTotal_Click();
+    const auto page = window.platform.printing.Begin(Title());
+    if (!page) return;
+    const std::vector<PageItems> pages =
+        LayOut(Contents(), {page->WidthCm(), page->HeightCm()}, PageMeasure(*page));
+    PrintDiagram(*page);
+    for (std::size_t number = 0; number < pages.size(); ++number) {
+        if (number > 0) page->NewPage();
+        PrintItems(*page, pages[number]);
+    }
+    page->EndDocument();
+}
+
+void PrintedReport::PrintDiagram(PrinterPage& page) {
+    const std::string path = window.AppFolder + std::string(kGridPicture);
+    const QImage grid(ToQt(path), "BMP");
+    if (grid.isNull()) throw Error{ErrorNumber::FileNotFound, "no grid picture: " + path};
+    page.DrawPicture(grid, DiagramAreaCm());
+    page.SetFont(kReportFamily, kCurveFont.points, kCurveFont.bold);
+    window.PrintCurves(page);
+}
+
+void PrintedReport::PrintItems(PrinterPage& page, const PageItems& items) {
+    for (const PageLine& line : items.lines) {
+        page.DrawLine({line.x1Cm, line.y1Cm}, {line.x2Cm, line.y2Cm}, line.widthPoints);
+    }
+    for (const PageText& text : items.texts) {
+        page.SetFont(kReportFamily, text.font.points, text.font.bold);
+        page.PrintAt(text.xCm, text.yCm, text.text);
+    }
+}
+
+::Report PrintedReport::Contents() {
+    ::Report report;
+    report.title = Title();
+    report.today = Caption(window.lblPanDatum);
+    for (std::size_t i = 0; i < report.diagram.scale.size(); ++i) {
+        report.diagram.scale[i] = Caption(window.lblVertical[static_cast<int>(i) + 1]);
+    }
+    for (std::size_t i = 0; i < report.diagram.months.size(); ++i) {
+        report.diagram.months[i] = Caption(window.lblMonth[static_cast<int>(i) + 1]);
+    }
+    report.diagram.leftYear = Caption(window.lbLeftYear);
+    report.diagram.rightYear = Caption(window.lblRightYear);
+    if (window.dtaBasData->IsAttached()) report.holdings = ReadHoldings(*window.dtaBasData);
+    report.totals = Totals();
+    return report;
+}
+
+std::vector<std::string> PrintedReport::Totals() {
+    std::vector<std::string> totals;
+    for (int i = 0; i < window.lstTotal->count(); ++i) {
+        totals.push_back(window.BuildAccountTotals(FromQt(window.lstTotal->item(i)->text())));
+    }
+    return totals;
+}
+
+std::string PrintedReport::Title() const {
+    return std::filesystem::path(window.CurrentFile).stem().string();
+}
