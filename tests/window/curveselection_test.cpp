@@ -1,0 +1,212 @@
+#include "app/imagebutton.h"
+#include "app/look.h"
+#include "fundfile/schema.h"
+#include "tests/window/windowtest.h"
+
+#include <QGroupBox>
+#include <QLabel>
+
+#include <set>
+
+namespace {
+
+class CurveSelectionTest : public WindowTest {
+  protected:
+    CurveSelectionTest() {
+        SetToday(2026, 3, 10);
+        auto holdings = TwoHoldings();
+        TestHolding third;
+        third.fond = "Rusken Kina";
+        third.skala = "90/-60";
+        third.plottFarg = 0x00A000;
+        holdings.push_back(third);
+        holdings[0].skala = "1./15/-10";
+        MakeFile(holdings);
+        Start();
+        Press(Qt::Key_F11);  // closes the list; the two picture buttons show
+    }
+
+    std::string ListCaption() { return Caption(Window().panListFonder); }
+    bool ListShown() { return Window().panListFonder->isVisible(); }
+    std::string ColourTag() { return Tag(Window().imgColor); }
+    std::string CurvesTag() { return Tag(Window().imgGrafNr); }
+    std::vector<std::string> Labels() {
+        std::vector<std::string> labels;
+        for (const Drawing& drawing : Window().picDiagram->Drawings())
+            labels.push_back(drawing.label);
+        return labels;
+    }
+};
+
+TEST_F(CurveSelectionTest, F9StartsColourMode) {
+    Press(Qt::Key_F9);
+    EXPECT_TRUE(ListShown());
+    EXPECT_EQ(ListCaption(), "Välj Färg för Fond  <Enter>");
+    EXPECT_EQ(ColourTag(), "2");
+    EXPECT_EQ(CurvesTag(), "0");
+    EXPECT_FALSE(Window().cmdFondList->isEnabled());
+    EXPECT_EQ(Window().focusWidget(), Window().lstFonder);
+    EXPECT_FALSE(Window().lblGrafNr->isVisible());
+    EXPECT_TRUE(Window().lblPlottInfo->isVisible());
+    EXPECT_EQ(Caption(Window().lblPlottInfo),
+              "Välj ovan vilken plottfärg du vill ändra. Tryck <Enter> när du gjort ditt val");
+}
+
+TEST_F(CurveSelectionTest, TheColourButtonStartsAndEndsColourMode) {
+    QWidget* button = Window().imgColor;
+    Click(button);
+    EXPECT_EQ(ColourTag(), "2");
+    Click(button);
+    EXPECT_FALSE(ListShown());
+    EXPECT_EQ(ListCaption(), "");
+    EXPECT_EQ(ColourTag(), "0");
+    EXPECT_EQ(CurvesTag(), "0");
+    EXPECT_TRUE(Window().cmdFondList->isEnabled());
+    EXPECT_FALSE(Window().lblPlottInfo->isVisible());
+}
+
+TEST_F(CurveSelectionTest, EnterGivesTheChosenFundsCurveTheColourOfTheDialog) {
+    Press(Qt::Key_F9);
+    Press(Qt::Key_Down);
+    outside.dialogs.ExpectColour(Rgb{1, 2, 3});
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Holding(1, schema::holding::kPlottFarg), "197121");  // 1 + 2 x 256 + 3 x 65536
+    EXPECT_EQ(Holding(0, schema::holding::kPlottFarg), "192");
+    EXPECT_EQ(ColourTag(), "0");
+    ASSERT_FALSE(Window().picDiagram->Drawings().empty());
+    EXPECT_EQ(Window().picDiagram->Drawings().back().colour, (Colour{1, 2, 3}));
+    EXPECT_TRUE(Faults().empty());
+}
+
+TEST_F(CurveSelectionTest, ACancelledColourChangesNothing) {
+    const std::string before = Bytes();
+    Press(Qt::Key_F9);
+    outside.dialogs.ExpectColour(std::nullopt);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Bytes(), before);
+    EXPECT_EQ(ColourTag(), "0");
+}
+
+TEST_F(CurveSelectionTest, F12StartsTheChoiceOfCurves) {
+    Press(Qt::Key_F12);
+    EXPECT_TRUE(ListShown());
+    EXPECT_EQ(ListCaption(), "Välj Fonder att rita");
+    EXPECT_EQ(CurvesTag(), "1");
+    EXPECT_EQ(ColourTag(), "0");
+    EXPECT_EQ(Caption(Window().lblGrafNr), "");
+    EXPECT_TRUE(Window().picDiagram->Drawings().empty());
+    EXPECT_FALSE(Window().cmdFondList->isEnabled());
+    EXPECT_TRUE(Window().lblPlottInfo->isVisible());
+    EXPECT_EQ(
+        Caption(Window().lblPlottInfo),
+        "Välj ovan vilka kurvor du vill plotta.Tryck Diagramknappen eller F12 när du är färdig");
+    EXPECT_EQ(Window().lstFonder->palette().color(QPalette::Text), QColor(look::kListCurves));
+}
+
+TEST_F(CurveSelectionTest, ChoosingAFundTwiceRecordsItOnce) {
+    Press(Qt::Key_F12);
+    ChooseFund(1);
+    ChooseFund(2);
+    ChooseFund(1);
+    EXPECT_EQ(Caption(Window().lblGrafNr), " 2. 3.");
+    EXPECT_TRUE(Window().lblGrafNr->isVisible());
+}
+
+TEST_F(CurveSelectionTest, TwoChosenFundsAreDrawnInTheOrderChosen) {
+    Press(Qt::Key_F12);
+    ChooseFund(2);
+    ChooseFund(1);
+    Press(Qt::Key_F12);
+    EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{3, 2}));
+    EXPECT_EQ(Labels(), (std::vector<std::string>{"3", "2"}));
+    EXPECT_FALSE(ListShown());
+    EXPECT_EQ(CurvesTag(), "0");
+    EXPECT_TRUE(Window().cmdFondList->isEnabled());
+    EXPECT_FALSE(Window().lblGrafNr->isVisible());
+    EXPECT_FALSE(Window().lblPlottInfo->isVisible());
+}
+
+TEST_F(CurveSelectionTest, TheChoiceIsStoredInTheFirstRowAndItsScaleStays) {
+    Press(Qt::Key_F12);
+    ChooseFund(2);
+    ChooseFund(1);
+    Press(Qt::Key_F12);
+    EXPECT_EQ(Holding(0, schema::holding::kSkala), "3.2./15/-10");
+    EXPECT_EQ(Holding(1, schema::holding::kSkala), "45/-30");
+    EXPECT_TRUE(Faults().empty());
+}
+
+TEST_F(CurveSelectionTest, TheChoiceIsThereAtTheNextStart) {
+    Press(Qt::Key_F12);
+    ChooseFund(2);
+    ChooseFund(0);
+    Press(Qt::Key_F12);
+    CloseWindow();
+    Start();
+    EXPECT_EQ(Labels(), (std::vector<std::string>{"3", "1"}));
+    EXPECT_EQ(Window().ScaleTop, 90);
+}
+
+TEST_F(CurveSelectionTest, TheSeveralCurvesViewTakesTheLargestScaleOfTheChosen) {
+    Press(Qt::Key_F12);
+    ChooseFund(1);
+    ChooseFund(2);
+    Press(Qt::Key_F12);
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{90, -60}));
+    EXPECT_EQ(Tag(Window().panListFonder), "");
+}
+
+TEST_F(CurveSelectionTest, EndingWithoutAChoiceStoresNothing) {
+    const std::string before = Bytes();
+    Press(Qt::Key_F12);
+    Press(Qt::Key_F12);
+    EXPECT_FALSE(ListShown());
+    EXPECT_EQ(CurvesTag(), "0");
+    EXPECT_EQ(Bytes(), before);
+}
+
+TEST_F(CurveSelectionTest, EnterInTheListEndsTheChoiceToo) {
+    Press(Qt::Key_F12);
+    ChooseFund(1);
+    ChooseFund(2);
+    PressIn(Window().lstFonder, Qt::Key_Return);
+    EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{2, 3}));
+}
+
+TEST_F(CurveSelectionTest, StartingColourModeWhileCurvesAreChosenSwitchesOver) {
+    Press(Qt::Key_F12);
+    Press(Qt::Key_F9);
+    EXPECT_EQ(ListCaption(), "Välj Färg för Fond  <Enter>");
+    EXPECT_EQ(ColourTag(), "2");
+    EXPECT_EQ(CurvesTag(), "0");
+    EXPECT_FALSE(Window().lblGrafNr->isVisible());
+}
+
+TEST_F(CurveSelectionTest, EscEndsEitherModeForGood) {
+    for (const Qt::Key key : {Qt::Key_F9, Qt::Key_F12}) {
+        Press(key);
+        Press(Qt::Key_Escape);
+        EXPECT_FALSE(ListShown());
+        EXPECT_EQ(ColourTag(), "0");
+        EXPECT_EQ(CurvesTag(), "0");
+        EXPECT_TRUE(Window().cmdFondList->isEnabled());
+        Press(Qt::Key_F11);  // opens the list for prices, and closes it: the buttons show again
+        Press(Qt::Key_F11);
+    }
+}
+
+TEST_F(CurveSelectionTest, TheKeysDoNothingWhileTheButtonsAreHidden) {
+    Press(Qt::Key_Escape);
+    Press(Qt::Key_F9);
+    Press(Qt::Key_F12);
+    EXPECT_FALSE(ListShown());
+    EXPECT_EQ(ColourTag(), "0");
+    EXPECT_EQ(CurvesTag(), "0");
+}
+
+TEST_F(CurveSelectionTest, TheButtonsSayWhatTheyDo) {
+    EXPECT_EQ(FromQt(Window().imgColor->toolTip()), "Färgknapp  Välj färg till Fondkurva  ");
+    EXPECT_EQ(FromQt(Window().imgGrafNr->toolTip()), "Diagramknapp  Välj Fonder att visa      ");
+}
+
+}  // namespace
