@@ -127,6 +127,14 @@ std::string ProperCase(std::string_view text) {
     return ToUtf8(result);
 }
 
+std::string LowerCase(std::string_view text) {
+    std::u32string result = ToCodePoints(text);
+    for (char32_t& c : result) {
+        if (IsUpper(c)) c += kCaseDistance;
+    }
+    return ToUtf8(result);
+}
+
 std::u32string ToCodePoints(std::string_view text) {
     std::u32string codePoints;
     while (!text.empty()) {

@@ -26,6 +26,9 @@ std::string Trim(std::string_view text);
 /// The first letter of every word in upper case, all others in lower case, å ä ö and é included.
 std::string ProperCase(std::string_view text);
 
+/// Every letter in lower case, å ä ö and é included.
+std::string LowerCase(std::string_view text);
+
 /// The characters as code points, and back. A byte that is not valid UTF-8 becomes U+FFFD.
 std::u32string ToCodePoints(std::string_view text);
 std::string ToUtf8(std::u32string_view codePoints);

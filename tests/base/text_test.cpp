@@ -69,6 +69,10 @@ TEST(ProperCase, RaisesTheFirstLetterOfEveryWord) {
     EXPECT_EQ(ProperCase(""), "");
 }
 
+TEST(LowerCase, KnowsSwedishLetters) {
+    EXPECT_EQ(LowerCase("ÅSA Älg ÖÉ × 12"), "åsa älg öé × 12");
+}
+
 TEST(CodePage, CarriesSwedishTextThereAndBack) {
     EXPECT_EQ(EncodeCp1252("Räksmörgås ¶ é"), "R\xE4ksm\xF6rg\xE5s \xB6 \xE9");
     EXPECT_EQ(DecodeCp1252("R\xE4ksm\xF6rg\xE5s"), "Räksmörgås");

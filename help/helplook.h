@@ -1,0 +1,23 @@
+#pragma once
+// Colours and measures of the help viewer: a light page whatever the desktop's theme is.
+
+#include <QColor>
+#include <QPalette>
+#include <QString>
+
+namespace helplook {
+
+inline constexpr int kWidth = 980;
+inline constexpr int kHeight = 700;
+inline constexpr int kLeftWidth = 270;
+inline constexpr int kLeftMinimum = 180;
+inline constexpr int kSectionHeight = 32;
+inline constexpr int kSearchWidth = 240;
+inline constexpr int kPageMargin = 28;
+inline constexpr QRgb kFound = 0xFFFFE08A;
+
+QPalette Palette();
+QString WindowStyle();
+QString PageStyle();
+
+}  // namespace helplook

@@ -1,0 +1,35 @@
+#include "help/openhelp.h"
+
+#include "base/error.h"
+#include "help/texts.h"
+#include "platform/caption.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace {
+
+QString PathOf(const std::string& path) {
+    if (!path.empty()) return ToQt(path);
+    return QCoreApplication::applicationDirPath() + u'/' + ToQt(helptexts::NoFile);
+}
+
+HelpBook Unreadable(const QString& path) {
+    const std::string title(helptexts::CannotRead);
+    const std::string html = "<h1>" + title + "</h1><p>" +
+                             std::string(helptexts::CannotReadAdvice) + "</p><p><b>" +
+                             FromQt(path.toHtmlEscaped()) + "</b></p>";
+    return HelpBook({{"fel", std::string(helptexts::Contents), title, html}});
+}
+
+}  // namespace
+
+HelpBook OpenHelp(const std::string& path) {
+    QFile file(PathOf(path));
+    if (!file.open(QIODevice::ReadOnly)) return Unreadable(file.fileName());
+    try {
+        return HelpBook::Parse(file.readAll().toStdString());
+    } catch (const Error&) {
+        return Unreadable(file.fileName());
+    }
+}

@@ -1,0 +1,238 @@
+// The viewer through its own window, with the help file that the build made.
+
+#include "help/helpwindow.h"
+
+#include "base/text.h"
+#include "help/openhelp.h"
+#include "platform/caption.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTreeWidget>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class HelpWindowTest : public ::testing::Test {
+  protected:
+    HelpWindowTest() {
+        window.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+
+    template <typename Control>
+    Control& Find(const char* name) {
+        return *window.findChild<Control*>(QString::fromLatin1(name));
+    }
+    std::string PageText() { return FromQt(Find<QTextBrowser>("page").toPlainText()); }
+    void Type(const char* text) {
+        QTest::keyClicks(&Find<QLineEdit>("search"), QString::fromUtf8(text));
+    }
+
+    HelpWindow window{OpenHelp(HELP_FILE)};
+};
+
+TEST_F(HelpWindowTest, BeginsWithTheFirstPage) {
+    EXPECT_EQ(window.CurrentPage(), "valkommen");
+    EXPECT_THAT(PageText(), HasSubstr("Välkommen till Kvarnbo"));
+    EXPECT_FALSE(Find<QAction>("back").isEnabled());
+    EXPECT_FALSE(Find<QAction>("forward").isEnabled());
+}
+
+TEST_F(HelpWindowTest, ListsEveryPageUnderItsSection) {
+    const HelpBook book = OpenHelp(HELP_FILE);
+    int pages = 0;
+    auto& contents = Find<QTreeWidget>("contents");
+    for (int i = 0; i < contents.topLevelItemCount(); ++i) {
+        EXPECT_GT(contents.topLevelItem(i)->childCount(), 0);
+        pages += contents.topLevelItem(i)->childCount();
+    }
+    EXPECT_EQ(pages, static_cast<int>(book.Pages().size()));
+}
+
+TEST_F(HelpWindowTest, OpensThePageThatIsClickedInTheContents) {
+    auto& contents = Find<QTreeWidget>("contents");
+    QTreeWidgetItem* item = contents.topLevelItem(0)->child(1);
+    QTest::mouseClick(contents.viewport(), Qt::LeftButton, {},
+                      contents.visualItemRect(item).center());
+    EXPECT_EQ(window.CurrentPage(), "fonstret");
+}
+
+TEST_F(HelpWindowTest, GoesBackAndForwardWithTheKeys) {
+    window.ShowPage("kurs");
+    window.ShowPage("farg");
+    QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(window.CurrentPage(), "kurs");
+    QTest::keyClick(&window, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(window.CurrentPage(), "valkommen");
+    QTest::keyClick(&window, Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(window.CurrentPage(), "kurs");
+}
+
+TEST_F(HelpWindowTest, ForgetsWhatLayAheadWhenANewPageIsOpened) {
+    window.ShowPage("kurs");
+    window.ShowPage("farg");
+    Find<QAction>("back").trigger();
+    window.ShowPage("zooma");
+    EXPECT_FALSE(Find<QAction>("forward").isEnabled());
+    Find<QAction>("back").trigger();
+    EXPECT_EQ(window.CurrentPage(), "kurs");
+}
+
+TEST_F(HelpWindowTest, FollowsLinks) {
+    emit Find<QTextBrowser>("page").anchorClicked(QUrl(QStringLiteral("kurs")));
+    EXPECT_EQ(window.CurrentPage(), "kurs");
+    emit Find<QTextBrowser>("page").anchorClicked(QUrl(QStringLiteral("finnsinte")));
+    EXPECT_EQ(window.CurrentPage(), "kurs");
+}
+
+TEST_F(HelpWindowTest, MarksTheOpenPageInTheContents) {
+    window.ShowPage("zooma");
+    EXPECT_EQ(FromQt(Find<QTreeWidget>("contents").currentItem()->text(0)), "Zooma procentskalan");
+}
+
+TEST_F(HelpWindowTest, FindsPagesAndOpensTheFirstOnEnter) {
+    Type("dagnummer");
+    auto& hits = Find<QListWidget>("hits");
+    EXPECT_TRUE(hits.isVisible());
+    EXPECT_FALSE(Find<QTreeWidget>("contents").isVisible());
+    ASSERT_GT(hits.count(), 2);
+    QTest::keyClick(&Find<QLineEdit>("search"), Qt::Key_Return);
+    EXPECT_EQ(window.CurrentPage(), "dagnummer");
+    EXPECT_GE(Find<QTextBrowser>("page").extraSelections().size(), 2);
+}
+
+TEST_F(HelpWindowTest, SaysWhenNothingIsFound) {
+    Type("qqqq");
+    auto& hits = Find<QListWidget>("hits");
+    ASSERT_EQ(hits.count(), 1);
+    EXPECT_THAT(FromQt(hits.item(0)->text()), HasSubstr("Inget hittades"));
+    QTest::keyClick(&Find<QLineEdit>("search"), Qt::Key_Return);
+    EXPECT_EQ(window.CurrentPage(), "valkommen");
+}
+
+TEST_F(HelpWindowTest, ShowsTheContentsAgainAfterEscape) {
+    Type("kurs");
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_TRUE(Find<QLineEdit>("search").text().isEmpty());
+    EXPECT_TRUE(Find<QTreeWidget>("contents").isVisible());
+    EXPECT_TRUE(Find<QTextBrowser>("page").extraSelections().isEmpty());
+}
+
+TEST_F(HelpWindowTest, EnlargesTheText) {
+    auto& page = Find<QTextBrowser>("page");
+    const int before = page.font().pointSize();
+    QTest::keyClick(&window, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(page.font().pointSize(), before + 1);
+    QTest::keyClick(&window, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(page.font().pointSize(), before);
+}
+
+TEST(HelpFile, IsReportedWhenItIsMissing) {
+    const HelpWindow window(OpenHelp("/nowhere/Kvarnbo.hlp"));
+    const auto* page = window.findChild<QTextBrowser*>(QStringLiteral("page"));
+    EXPECT_THAT(FromQt(page->toPlainText()), HasSubstr("Hjälpfilen kunde inte läsas"));
+    EXPECT_THAT(FromQt(page->toPlainText()), HasSubstr("/nowhere/Kvarnbo.hlp"));
+}
+
+TEST(HelpFile, IsReportedWhenItIsNoHelpFile) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("annat.hlp"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("MZ");
+    file.close();
+    EXPECT_EQ(OpenHelp(FromQt(path)).Pages().front().id, "fel");
+}
+
+class HelpContents : public ::testing::Test {
+  protected:
+    /// All pages' words, in one line.
+    static std::string AllText() {
+        std::string all;
+        const HelpBook book = OpenHelp(HELP_FILE);
+        for (const auto& page : book.Pages()) all += PlainHelpText(page.html) + " ";
+        return all;
+    }
+};
+
+TEST_F(HelpContents, HoldsNoBrokenLink) {
+    EXPECT_THAT(OpenHelp(HELP_FILE).BrokenLinks(), IsEmpty());
+}
+
+TEST_F(HelpContents, ExplainsEveryMessage) {
+    const std::string all = AllText();
+    for (const char* message : {"Vill du Öppna med den Nya filen ?",
+                                "Du håller på att ta bort en Fondfil !",
+                                "Är detta riktigt ?",
+                                "kommer att raderas !",
+                                "Filen Raderades Inte",
+                                "Filen är Öppen",
+                                "Kontrollera din inmatning !",
+                                "mer än 200 % ökning ?",
+                                "Mer än 1000 % ökning",
+                                "Ej tillåtet",
+                                "Felaktig inmatning",
+                                "Detta fält är låst",
+                                "Felaktigt Datum",
+                                "Skall skrivas typ",
+                                "2000-12-31",
+                                "Datum Felaktigt ifyllt",
+                                "Du håller på att ta bort en post !",
+                                "Du får inte radera sista posten",
+                                "Lösning: Öppna någon annan Fil",
+                                "Eventuellt Radera denna",
+                                "i dtaBasData",
+                                "i dtaPlott",
+                                "i dtaSQL",
+                                "Den här funktionen skall du bara använda",
+                                "när du fått meddeland om Nya Andelar för",
+                                "Fond som redan finns här ovan",
+                                "Dessa meddelande kommer normalt i Februari",
+                                "Nya Fonder skriver du direkt i boxen ovan",
+                                "Vill du ändra Datum, Andelar, Kurs Kr, Andel% ?",
+                                "Alla Fält på denna rad skall vara ifyllda",
+                                "Ok och <Esc> tar dig ur denna Funktion",
+                                "Fel i Plottingrutinen",
+                                "Gör omstart på programmet",
+                                "Fel i PrintPlotta",
+                                "Fel i SQLPlott",
+                                "Fel i PrintRutinen",
+                                "Kunde inte hitta fil NotePad.exe",
+                                "Kunde inte hitta fil WinHelp32.exe"}) {
+        EXPECT_THAT(all, HasSubstr(message));
+    }
+}
+
+TEST_F(HelpContents, ExplainsEveryKey) {
+    const HelpBook book = OpenHelp(HELP_FILE);
+    const std::string keys = PlainHelpText(book.Pages()[book.Find("tangenter").value()].html);
+    for (const char* key :
+         {"F8", "F9", "F11", "F12", "Esc", "Vänsterpil", "Högerpil", "Enter", "Delete", "Tab",
+          "Ctrl+C", "Ctrl+V", "Backsteg", "Alt+A", "Alt+V", "Alt+H"}) {
+        EXPECT_THAT(keys, HasSubstr(key));
+    }
+}
+
+TEST_F(HelpContents, ExplainsEveryErrorNumberOfTheFile) {
+    const HelpBook book = OpenHelp(HELP_FILE);
+    const std::string numbers = PlainHelpText(book.Pages()[book.Find("felnummer").value()].html);
+    for (const char* number :
+         {"5",    "6",    "9",    "11",   "13",   "53",   "57",   "61",   "70",
+          "75",   "76",   "91",   "94",   "482",  "3010", "3020", "3021", "3022",
+          "3027", "3031", "3049", "3058", "3061", "3075", "3078", "3112", "3163",
+          "3167", "3197", "3200", "3251", "3265", "3274", "3343", "3420", "3800"}) {
+        EXPECT_THAT(" " + numbers, ::testing::ContainsRegex(std::string("[ ,]") + number + "[ ,]"));
+    }
+}
+
+}  // namespace
