@@ -1,12 +1,11 @@
-// Preloaded by ./run --vnc: the VNC platform of Qt 6.4 listens on every address of the machine and has no
-// setting for that. Every listening address of the process becomes the loopback one, so nobody outside
-// this machine can see or steer the saver's window.
+// Preloaded by ./run --vnc: the VNC platform of Qt 6.4 listens on every address of the machine and
+// has no setting for that. Every listening address of the process becomes the loopback one, so
+// nobody outside this machine can see or steer the saver's window.
 
+#include <cstring>
 #include <dlfcn.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
-
-#include <cstring>
 
 extern "C" int bind(int socket, const sockaddr* address, socklen_t length) {
     using Bind = int (*)(int, const sockaddr*, socklen_t);

@@ -43,7 +43,8 @@ std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions)
     for (const std::string& caption : captions) {
         marked.push_back(ToCodePoints(caption));
         const std::size_t mark = marked.back().find(kMark);
-        if (mark + 1 < marked.back().size()) taken += Upper(marked.back()[mark + 1]);
+        if (mark == std::u32string::npos || mark + 1 == marked.back().size()) continue;
+        taken += Upper(marked.back()[mark + 1]);
     }
     std::vector<std::string> result;
     for (std::u32string& caption : marked) {
