@@ -3,6 +3,7 @@
 #include "help/helpwindow.h"
 
 #include "base/text.h"
+#include "fundfile/texts.h"
 #include "help/openhelp.h"
 #include "platform/caption.h"
 
@@ -207,9 +208,24 @@ TEST_F(HelpContents, ExplainsEveryMessage) {
                                 "Fel i PrintPlotta",
                                 "Fel i SQLPlott",
                                 "Fel i PrintRutinen",
+                                "Fondens namn saknas",
+                                "Fyll i kolumnen Fond, eller tryck <Esc>",
+                                "Kurs Kr saknas eller är inte större än 0",
+                                "Datum, Andelar, Kurs Kr och Andel % är inte rätt ifyllda",
+                                "Den nya filen skapades inte",
+                                "Filen öppnades inte",
+                                "Filen sparades inte",
                                 "Kunde inte hitta fil NotePad.exe",
                                 "Kunde inte hitta fil WinHelp32.exe"}) {
         EXPECT_THAT(all, HasSubstr(message));
+    }
+}
+
+TEST_F(HelpContents, ExplainsEveryCauseThatTheProgramGives) {
+    const std::string all = AllText();
+    for (int number = 0; number < 4000; ++number) {
+        EXPECT_THAT(all,
+                    HasSubstr(std::string(fundtexts::Explain(static_cast<ErrorNumber>(number)))));
     }
 }
 
