@@ -10,29 +10,122 @@
 #include <QGroupBox>
 #include <QPushButton>
 
+#include <array>
+
+namespace {
+
+constexpr float kAccountTop = 3615;
+constexpr float kBottomTop = 4350;
+constexpr float kBottomHeight = 1320;
+
+constexpr std::string_view kGridHelp =
+    "Fond, Fond Nr, Datum och Kurs Kr skall fyllas i. Fond Nr skrivs helst med 7 tecken: tre "
+    "siffror, blank, tre siffror, t ex 249 995. Utan Fond Nr blir det 999 999; en aktie får ett "
+    "påhittat nummer. Datum skrivs 2000-12-31 eller 01-12-31 (01/12/31 går också). Värde Kr är "
+    "låst: Fondandelar x Kurs Kr.\n"
+    "Ny fond skrivs på sista raden, som är tom. Raden sparas när du går till en annan rad.\n"
+    "Ändra: lägg upp fonden en gång till med nytt datum och radera den gamla.\n"
+    "Radera: markera raden längst till vänster (eller <Skift+Blank>) och tryck <Delete>.";
+
+BoundField* AccountField(frmPPM& window, const char* name, float left, float width) {
+    auto* field = Named(new BoundField(window.panBasData), name);
+    return Placed(window, field, {left, kAccountTop + 240, width, 345});
+}
+
+void FurnishAccountFields(frmPPM& window) {
+    struct Field {
+        BoundField*& field;
+        const char* name;
+        std::string_view heading, spoken, tip;
+        float left, width;
+    };
+    const Field fields[] = {
+        {window.txtKontoNr, "txtKontoNr", "Kon&tonummer", "Kontonummer",
+         "Ej Obligatorisk uppgift  ", 120, 2700},
+        {window.txtPnr, "txtPnr", "Konto&innehavare", "Kontoinnehavare, personnummer",
+         "Ej Obligatorisk uppgift  ", 2940, 2700},
+        {window.txtNamn, "txtNamn", "&Namn på kontot", "Namn på kontot",
+         "Det här fältet bör du alltid fylla i. Obs du måste marker en rad ovan    ", 5760, 5880}};
+    for (const Field& one : fields) {
+        one.field = AccountField(window, one.name, one.left, one.width);
+        Placed(window, Heading(window.panBasData, one.heading, one.field),
+               {one.left, kAccountTop, one.width, 240}, kSmallPoints);
+        Speak(one.field, one.spoken);
+        Tip(one.field, one.tip);
+    }
+}
+
+void FurnishGridHelp(frmPPM& window) {
+    auto* help = window.txtGrid = Named(new QLabel(window.panBasData), "txtGrid");
+    Placed(window, help, {2100, kBottomTop, 9540, kBottomHeight}, kSmallPoints);
+    help->setTextFormat(Qt::PlainText);
+    help->setText(ToQt(kGridHelp));
+    help->setWordWrap(true);
+    help->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    help->setMargin(6);
+    help->setAutoFillBackground(true);
+    help->setFrameStyle(QFrame::Box | QFrame::Plain);
+    QPalette colours = help->palette();
+    colours.setColor(QPalette::Window, QColor::fromRgb(0xFF, 0xFB, 0xE6));
+    colours.setColor(QPalette::WindowText, QColor::fromRgb(0x1B, 0x2B, 0x36));
+    help->setPalette(colours);
+    Tip(help, "Klick tar bort denna info  ");
+    Speak(help, "Så fyller du i innehaven");
+}
+
+void FurnishNewShares(frmPPM& window) {
+    window.cmdNyAndel =
+        Named(new QPushButton(ToQt("Nya And&elar"), window.panBasData), "cmdNyAndel");
+    Placed(window, window.cmdNyAndel, {120, kBottomTop, 1800, 405});
+    Speak(window.cmdNyAndel, "Nya andelar för vald fond");
+    Tip(window.cmdNyAndel, "Meddelande om nya andelar för fonden på den valda raden");
+
+    auto* frame = window.fraNyAndel = Named(new QGroupBox(window.panBasData), "fraNyAndel");
+    Placed(window, frame, {120, kBottomTop, 10380, kBottomHeight});
+    frame->setTitle(ToQt("UppDatera Nya Andelar "));
+    frame->hide();
+
+    struct Box {
+        std::string_view heading, tip;
+        float width;
+    };
+    static constexpr std::array<Box, 7> kBoxes = {{{"Fond", "", 2400},
+                                                   {"Fond Nr", "", 1020},
+                                                   {"Nytt Datum", "Nytt Datum ", 1260},
+                                                   {"Nya Fondandelar", "Nya Fondandelar ", 1500},
+                                                   {"Ny Kurs Kr", "Ny Kurs Kr ", 1200},
+                                                   {"Nya värdet", "Nya värdet ", 1380},
+                                                   {"Ny Andel i %", "Ny Andel i % ", 1020}}};
+    float left = 120;
+    for (int i = 0; i < static_cast<int>(kBoxes.size()); ++i) {
+        const Box& box = kBoxes[static_cast<std::size_t>(i)];
+        window.lblNyAndel[i] = Named(Heading(frame, box.heading), "lblNyAndel", i);
+        Placed(window, window.lblNyAndel[i], {left, 420, box.width, 240}, kSmallPoints);
+        auto* field = window.txtNyAndel[i] = Named(new BoundField(frame), "txtNyAndel", i);
+        Placed(window, field, {left, 675, box.width, 345});
+        Speak(field, box.heading);
+        Tip(field, box.tip);
+        field->hide();
+        left += box.width + 60;
+    }
+    window.cmdNyOk = Named(new QPushButton(ToQt("&Ok"), window.panBasData), "cmdNyOk");
+    Placed(window, window.cmdNyOk, {10620, kBottomTop + 645, 1020, 405});
+    Speak(window.cmdNyOk, "Spara de nya andelarna");
+    window.cmdNyOk->hide();
+}
+
+}  // namespace
+
 void FurnishHoldings(frmPPM& window) {
     auto* panel = window.panBasData = Named(new QGroupBox(window.centralWidget()), "panBasData");
     Placed(window, panel, places::kWholeWidth);
+    panel->setTitle(ToQt("PPM Start Data"));
     panel->hide();
 
-    window.DBGrid = Placed(window, Named(new DataGrid(panel), "DBGrid"), {120, 120, 11520, 3600});
-    window.txtKontoNr =
-        Placed(window, Named(new BoundField(panel), "txtKontoNr"), {120, 4050, 2400, 375});
-    window.txtPnr = Placed(window, Named(new BoundField(panel), "txtPnr"), {2640, 4050, 2400, 375});
-    window.txtNamn =
-        Placed(window, Named(new BoundField(panel), "txtNamn"), {5160, 4050, 3600, 375});
-    window.txtGrid = Placed(window, Named(new QLabel(panel), "txtGrid"), {6600, 600, 4920, 2940});
-    window.cmdNyAndel =
-        Placed(window, Named(new QPushButton(panel), "cmdNyAndel"), {120, 4740, 1800, 405});
-    window.cmdNyOk =
-        Placed(window, Named(new QPushButton(panel), "cmdNyOk"), {10500, 5160, 1140, 405});
-    window.fraNyAndel =
-        Placed(window, Named(new QGroupBox(panel), "fraNyAndel"), {2040, 4560, 8400, 1110});
-    for (int i = 0; i <= 6; ++i) {
-        const float left = 120 + 1170 * static_cast<float>(i);
-        window.lblNyAndel[i] = Named(Heading(window.fraNyAndel, ""), "lblNyAndel", i);
-        Placed(window, window.lblNyAndel[i], {left, 300, 1110, 240}, kSmallPoints);
-        window.txtNyAndel[i] = Named(new BoundField(window.fraNyAndel), "txtNyAndel", i);
-        Placed(window, window.txtNyAndel[i], {left, 570, 1110, 375});
-    }
+    window.DBGrid = Named(new DataGrid(panel), "DBGrid");
+    Placed(window, window.DBGrid, {120, 375, 11520, 3165}, kTextPoints, Letters::Grid);
+    Speak(window.DBGrid, "Innehav");
+    FurnishAccountFields(window);
+    FurnishGridHelp(window);
+    FurnishNewShares(window);
 }

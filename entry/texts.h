@@ -1,5 +1,5 @@
 #pragma once
-// The Swedish texts of price entry.
+// The Swedish texts of price entry, the holdings grid and the new shares notice.
 
 #include <string_view>
 
@@ -11,5 +11,35 @@ inline constexpr std::string_view MoreThan1000 = "Mer än 1000 % ökning\r\nEj t
 inline constexpr std::string_view WrongEntry = "Felaktig inmatning";
 inline constexpr std::string_view StoreFailed = "Fel i SQLPlott";
 inline constexpr std::string_view StoreFailedLog = "Fel i SQLPlott  ";
+
+inline constexpr std::string_view LockedField = "Detta fält är låst";
+inline constexpr std::string_view WrongDate = "Felaktigt Datum\r\nSkall skrivas typ\r\n2000-12-31";
+inline constexpr std::string_view DateMissing = "Datum Felaktigt ifyllt";
+inline constexpr std::string_view NameMissing =
+    "Fondens namn saknas\r\nFyll i kolumnen Fond, eller tryck <Esc>";
+inline constexpr std::string_view PriceMissing =
+    "Kurs Kr saknas eller är inte större än 0\r\nFyll i kolumnen Kurs Kr, eller tryck <Esc>";
+inline constexpr std::string_view AskDelete =
+    "Du håller på att ta bort en post !\r\n\r\nÄr detta riktigt ?";
+inline constexpr std::string_view LastRow =
+    "Du får inte radera sista posten\r\nLösning: Öppna någon annan Fil\r\n"
+    "Eventuellt     Radera denna\r\n\r\n";
+inline constexpr std::string_view SourceFailed = "  i ";
+
+inline constexpr std::string_view AskNewShares =
+    "Den här funktionen skall du bara använda\r\n"
+    "när du fått meddeland om Nya Andelar för\r\n"
+    "Fond som redan finns här ovan\r\n"
+    "\r\n"
+    "Dessa meddelande kommer normalt i Februari\r\n"
+    "\r\n"
+    "Nya Fonder skriver du direkt i boxen ovan\r\n"
+    "\r\n"
+    "Vill du ändra Datum, Andelar, Kurs Kr, Andel% ?";
+inline constexpr std::string_view AllFieldsNeeded =
+    "Alla Fält på denna rad skall vara ifyllda\r\n\r\n Ok och <Esc> tar dig ur denna Funktion";
+inline constexpr std::string_view NoNumbers =
+    "Datum, Andelar, Kurs Kr och Andel % är inte rätt ifyllda\r\n\r\n"
+    " Ok och <Esc> tar dig ur denna Funktion";
 
 }  // namespace texts

@@ -26,6 +26,10 @@ bool BoundField::HasRow() const {
     return source_ && source_->IsAttached() && !source_->Empty() && !source_->Eof();
 }
 
+void BoundField::StoreOnlyWhenTold() {
+    onlyWhenTold_ = true;
+}
+
 bool BoundField::Changed() const {
     return row_ >= 0 && text() != shown_;
 }
@@ -82,5 +86,5 @@ void BoundField::focusOutEvent(QFocusEvent* event) {
     EntryField::focusOutEvent(event);
     const bool stays =
         event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
-    if (!stays) Store();
+    if (!stays && !onlyWhenTold_) Store();
 }

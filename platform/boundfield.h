@@ -20,6 +20,8 @@ class BoundField : public EntryField {
 
     /// Null unbinds.
     void Bind(DataSource* source, std::string column);
+    /// From now on only Store stores; leaving the field keeps what is typed.
+    void StoreOnlyWhenTold();
     /// Whether there is something typed that is not stored yet.
     bool Changed() const;
     bool Store();   ///< true when nothing is left to store
@@ -39,4 +41,5 @@ class BoundField : public EntryField {
     QString shown_;
     int row_ = -1;  ///< the row shown; -1: none
     bool storing_ = false;
+    bool onlyWhenTold_ = false;
 };

@@ -1,0 +1,77 @@
+#include "diagram/ploteditor.h"
+
+#include "app/frmPPM.h"
+#include "base/daynumber.h"
+#include "base/error.h"
+#include "base/number.h"
+#include "diagram/diagramview.h"
+#include "diagram/texts.h"
+#include "fundfile/datasource.h"
+#include "fundfile/schema.h"
+#include "platform/caption.h"
+#include "platform/datagrid.h"
+#include "platform/entryfield.h"
+#include "platform/platform.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QLabel>
+
+namespace {
+
+constexpr int kXCordColumn = static_cast<int>(schema::point::kXCord);
+
+}  // namespace
+
+PlotEditor::PlotEditor(frmPPM& ppm) : Controller(ppm) {
+    DataGrid& grid = *window.GridPlott;
+    std::vector<GridColumn> columns;
+    for (const std::string_view name : schema::point::kNames) {
+        GridColumn column{.caption = std::string(name), .field = std::string(name)};
+        column.enterKeys = "{RIGHT}";
+        columns.push_back(std::move(column));
+    }
+    grid.SetColumns(std::move(columns));
+    grid.SetKeyStrokes(window.platform.keyStrokes);
+    grid.SetDataSource(window.dtaPlott);
+    grid.events.rowOrColumnChanged = [this] { Run([this] { GridPlott_RowColChange(); }); };
+    grid.events.afterRowStore = [this](bool) { Run([this] { GridPlott_AfterUpdate(); }); };
+    grid.events.afterRowDelete = [this] { Run([this] { GridPlott_AfterUpdate(); }); };
+    On(window.mnuPEdit, &QAction::triggered, [this] { mnuPEdit_Click(); });
+}
+
+void PlotEditor::mnuPEdit_Click() {
+    // The holdings grid would stand over the panel.
+    if (window.panBasData->isVisible()) window.cmdPPMData_Click();
+    if (window.panBasData->isVisible()) return;
+    window.dtaPlott->Refresh();
+    window.panPlottData->show();
+    window.panPlottData->raise();
+    window.GridPlott->setFocus();
+    window.GridPlott->SetCurrentColumn(kXCordColumn);
+    ShowCount();
+}
+
+void PlotEditor::ShowCount() {
+    SetCaption(window.lblRecCount, std::string(texts::ListHolds) +
+                                       PlainText(window.dtaPlott->RecordCount()) +
+                                       std::string(texts::Rows));
+}
+
+void PlotEditor::GridPlott_RowColChange() {
+    const DataGrid& grid = *window.GridPlott;
+    if (grid.CurrentColumn() != kXCordColumn) return;
+    // An empty cell, or one that is no day, leaves the box as it is.
+    Skipping skip;
+    skip([&] {
+        const std::int32_t day = ParseInteger(grid.CellText(grid.CurrentRow(), kXCordColumn));
+        SetCaption(window.txtTranslate, FormatDay(day));
+    });
+}
+
+void PlotEditor::GridPlott_AfterUpdate() {
+    ShowCount();
+    if (!window.markers.GridRedraws()) return;
+    window.picDiagram->Clear();
+    window.PlotCurves();
+}

@@ -1,0 +1,388 @@
+#include "entry/holdingsgrid.h"
+
+#include "app/editrow.h"
+#include "app/frmPPM.h"
+#include "app/rules/holdingview.h"
+#include "base/daynumber.h"
+#include "base/error.h"
+#include "base/keyfilter.h"
+#include "base/number.h"
+#include "diagram/diagramview.h"
+#include "diagram/rules/curvecolour.h"
+#include "entry/rules/cells.h"
+#include "entry/texts.h"
+#include "fundfile/queries.h"
+#include "fundfile/records.h"
+#include "fundfile/rules/savedvalues.h"
+#include "fundfile/rules/scaletext.h"
+#include "fundfile/schema.h"
+#include "jet/transaction.h"
+#include "platform/boundfield.h"
+#include "platform/datagrid.h"
+#include "platform/dialogs.h"
+#include "platform/keystrokes.h"
+#include "platform/platform.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using namespace schema::holding;
+
+/// The grid's columns, counted from 0, are the record's from position 1 on.
+enum Column : int { Fond, FondNr, BokfortDatum, Fondandelar, KursKr, VardeKr, Andel };
+constexpr std::size_t kFirstPosition = kFond;
+
+constexpr std::size_t PositionOf(int column) {
+    return kFirstPosition + static_cast<std::size_t>(column);
+}
+
+std::string FieldAt(std::size_t position) {
+    return std::string(kNames[position]);
+}
+
+/// A date may be typed with slashes too.
+std::optional<char32_t> DateKey(char32_t typed) {
+    return kGridKeys(typed == U'/' ? U'-' : typed);
+}
+
+GridColumn GridColumnOf(Column column, std::string_view caption, int widthShare) {
+    GridColumn made{.caption = std::string(caption), .field = FieldAt(PositionOf(column))};
+    made.widthShare = widthShare;
+    // Names take every key, and Enter in them is left alone.
+    if (column == Fond) return made;
+    made.filter = kGridKeys;
+    made.enterKeys = "{RIGHT}";
+    return made;
+}
+
+}  // namespace
+
+HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
+    PrepareGrid();
+    window.txtNamn->Bind(window.dtaBasData, FieldAt(kNamn));
+    window.txtPnr->Bind(window.dtaBasData, std::string(kKontoinnehavare));
+    window.txtKontoNr->Bind(window.dtaBasData, std::string(kKontonummer));
+    PrepareField(window.txtKontoNr, "{DOWN}");
+    PrepareField(window.txtPnr, "{TAB}");
+    PrepareField(window.txtNamn, "{TAB}");
+    window.txtKontoNr->SetFilter(kAccountKeys);
+    window.txtPnr->SetFilter(kAccountKeys);
+    // The button must not take the focus from the grid before it knows whether the row may be left.
+    window.cmdPPMData->setFocusPolicy(Qt::TabFocus);
+
+    OnEvent(window.panBasData, QEvent::Show, [this](QEvent&) {
+        panBasData_Show();
+        return false;
+    });
+    OnEvent(window.panBasData, QEvent::Hide, [this](QEvent&) {
+        panBasData_Hide();
+        return false;
+    });
+    OnEvent(window.txtGrid, QEvent::MouseButtonPress, [this](QEvent&) {
+        window.txtGrid->hide();
+        return true;
+    });
+    On(window.dtaBasData, &DataSource::Failed, this, &HoldingsGrid::dtaBasData_Error);
+    On(window.dtaPlott, &DataSource::Failed, this, &HoldingsGrid::dtaPlott_Error);
+    On(window.dtaSQL, &DataSource::Failed, this, &HoldingsGrid::dtaSQL_Error);
+}
+
+void HoldingsGrid::PrepareGrid() {
+    DataGrid& grid = *window.DBGrid;
+    std::vector<GridColumn> columns = {GridColumnOf(Fond, "          Fond", 30),
+                                       GridColumnOf(FondNr, "Fond Nr", 12),
+                                       GridColumnOf(BokfortDatum, "Datum", 13),
+                                       GridColumnOf(Fondandelar, "Fondandelar", 15),
+                                       GridColumnOf(KursKr, "Kurs Kr  ", 13),
+                                       GridColumnOf(VardeKr, "Värde Kr   ", 15),
+                                       GridColumnOf(Andel, "Andel %", 10)};
+    columns[BokfortDatum].filter = DateKey;
+    columns[Fondandelar].decimals = 4;
+    columns[VardeKr].decimals = 2;
+    columns[VardeKr].locked = true;
+    grid.SetColumns(std::move(columns));
+    grid.SetKeyStrokes(window.platform.keyStrokes);
+    grid.SetDataSource(window.dtaBasData);
+
+    grid.events.beforeCellEdit = [this](int column) {
+        bool allowed = false;
+        Run([&] { allowed = DBGrid_BeforeColEdit(column); });
+        return allowed;
+    };
+    grid.events.beforeCellStore = [this](CellChange& change) {
+        Run([&] { DBGrid_BeforeColUpdate(change); });
+    };
+    grid.events.afterCellStore = [this](int column) {
+        Run([&] { DBGrid_AfterColUpdate(column); });
+    };
+    grid.events.beforeRowStore = [this] {
+        bool allowed = false;
+        Run([&] { allowed = DBGrid_BeforeUpdate(); });
+        return allowed;
+    };
+    grid.events.afterRowStore = [this](bool isNew) { Run([&] { DBGrid_AfterUpdate(isNew); }); };
+    grid.events.beforeRowDelete = [this] {
+        bool allowed = false;
+        Run([&] { allowed = DBGrid_BeforeDelete(); });
+        if (!allowed) window.markers.ForgetRowBeingDeleted();
+        return allowed;
+    };
+    grid.events.deleteRow = [this] { DeleteRowAndPoints(); };
+    grid.events.afterRowDelete = [this] { Run([&] { DBGrid_AfterDelete(); }); };
+}
+
+void HoldingsGrid::PrepareField(EntryField* field, std::string_view enterKeys) {
+    field->SetEnter([this, enterKeys] { Run([&] { window.platform.keyStrokes.Send(enterKeys); }); });
+}
+
+void HoldingsGrid::panBasData_Show() {
+    window.DBGrid->SetCurrentColumn(Fond);
+    window.txtGrid->show();
+}
+
+/// The grid has moved the shared row. The holding that is open in the fund panel is the current one
+/// again, or the next price would be stored in another.
+void HoldingsGrid::panBasData_Hide() {
+    DataSource& holdings = *window.dtaBasData;
+    const int chosen = window.lstFonder->currentRow();
+    if (!holdings.IsAttached() || holdings.Empty()) return;
+    holdings.MoveTo(window.markers.HoldingChosen() && chosen >= 0 ? chosen : 0);
+}
+
+// ---- Cells ----
+
+bool HoldingsGrid::DBGrid_BeforeColEdit(int column) {
+    if (column != VardeKr) return true;
+    Tell(texts::LockedField);
+    return false;
+}
+
+void HoldingsGrid::DBGrid_BeforeColUpdate(CellChange& change) {
+    switch (change.column) {
+        case Fond:
+            change.text = CellName(change.text);
+            return;
+        case FondNr:
+            change.text = CellFundNumber(change.text);
+            return;
+        case BokfortDatum: {
+            const std::optional<std::int32_t> day = ParseDate(change.text);
+            change.text = day ? FormatDay(*day) : "";
+            if (!day) Tell(texts::WrongDate);
+            return;
+        }
+        default:
+            return;
+    }
+}
+
+void HoldingsGrid::DBGrid_AfterColUpdate(int column) {
+    if (column == Fondandelar || column == KursKr) TypeValue();
+}
+
+/// Nothing for an empty cell, and for a text that is no number: storing the row reports that one.
+std::optional<double> HoldingsGrid::TypedNumber(std::size_t position) const try {
+    return ParseDouble(window.DBGrid->TypedText(FieldAt(position)));
+} catch (const Error&) {
+    return std::nullopt;
+}
+
+void HoldingsGrid::TypeValue() {
+    const std::optional<double> value = RowValue(TypedNumber(kFondandelar), TypedNumber(kKursKr));
+    window.DBGrid->TypeText(FieldAt(kVardeKr), value ? PlainText(*value) : "");
+}
+
+// ---- A row is stored ----
+
+bool HoldingsGrid::DBGrid_BeforeUpdate() {
+    DataGrid& grid = *window.DBGrid;
+    HoldingRow row;
+    row.fond = grid.TypedText(FieldAt(kFond));
+    row.kursKr = TypedNumber(kKursKr);
+    switch (MissingIn(row)) {
+        case Missing::Name:
+            Tell(texts::NameMissing);
+            return false;
+        case Missing::Price:
+            Tell(texts::PriceMissing);
+            return false;
+        case Missing::Nothing:
+            break;
+    }
+    // An old holding keeps its date, and with it its points; a new one is looked at when it is
+    // stored.
+    if (!grid.OnNewRow() && !ParseDate(grid.TypedText(FieldAt(kBokfortDatum)))) {
+        Tell(texts::DateMissing);
+        return false;
+    }
+    grid.TypeText(FieldAt(kFondNr), FundNumberOrDefault(grid.TypedText(FieldAt(kFondNr))));
+    TypeValue();
+    return true;
+}
+
+void HoldingsGrid::DBGrid_AfterUpdate(bool isNew) {
+    if (isNew) return CompleteNewHolding();
+    RefreshList(std::nullopt);
+}
+
+void HoldingsGrid::CompleteNewHolding() {
+    DataSource& holdings = *window.dtaBasData;
+    const HoldingRow row = ReadHolding(holdings);
+    if (!row.bokfortDatum) return RemoveNewHolding();
+
+    {
+        jet::Transaction transaction(window.FundDb);
+        EditRow(holdings, [&](DataSource& edited) {
+            edited.Set(kPlottFarg, ColourValue(NewCurveColour(row.kontoId)));
+            edited.Set(kSenasteDag, window.TodayDay);
+            edited.Set(kSenasteKurs, LatestPriceText(Shown(row.kursKr)));
+            edited.Set(kSkala, kDefaultScaleText);
+            if (row.sparadeVarden.empty()) edited.Set(kSparadeVarden, kKeepValues);
+        });
+        if (!HasPoints(*window.FundDb, row.kontoId)) {
+            AddPoint(*window.dtaPlott, {.fondNr = row.fondNr,
+                                        .day = *row.bokfortDatum,
+                                        .percent = 0,
+                                        .kontoId = row.kontoId});
+        }
+        WriteCurveList(ListedCurves());
+        transaction.Commit();
+    }
+    window.dtaPlott->Refresh();
+    window.dtaPlott->FindFirst(queries::KontoIdIs(row.kontoId));
+    window.cmdNyAndel->setEnabled(true);
+    RefreshList(row.kontoId);
+}
+
+void HoldingsGrid::RemoveNewHolding() {
+    Tell(texts::DateMissing);
+    window.dtaBasData->Delete();
+    window.dtaBasData->Refresh();
+}
+
+/// The list holds the rows as they are now; a holding to open is shown in the panel and drawn. The
+/// row that was current stays so.
+void HoldingsGrid::RefreshList(std::optional<std::int32_t> kontoIdToOpen) {
+    DataSource& holdings = *window.dtaBasData;
+    const std::int32_t row = holdings.Position();
+    const bool panelShows = window.markers.HoldingChosen();
+    if (!kontoIdToOpen && panelShows && !window.SelectedCurves.empty()) {
+        kontoIdToOpen = window.SelectedCurves.front();
+    }
+    window.FillFundList();
+    if (kontoIdToOpen && holdings.FindFirst(queries::KontoIdIs(*kontoIdToOpen))) {
+        const QSignalBlocker quiet(window.lstFonder);
+        window.lstFonder->setCurrentRow(holdings.Position());
+        window.OpenSelectedFund();
+    } else if (panelShows) {
+        window.ClearFundPanel();
+        window.ReadCurveList();
+    }
+    if (!holdings.Empty()) holdings.MoveTo(std::min(row, holdings.RecordCount() - 1));
+}
+
+std::vector<std::int32_t> HoldingsGrid::ListedCurves() {
+    if (window.dtaBasData->Empty()) return {};
+    return ParseScaleText(window.dtaBasData->Records().At(0, kSkala).Text()).curves;
+}
+
+void HoldingsGrid::WriteCurveList(const std::vector<std::int32_t>& curves) {
+    DataSource& holdings = *window.dtaBasData;
+    const std::int32_t before = holdings.Position();
+    const std::int32_t count = holdings.RecordCount();
+    for (std::int32_t row = 0; row < count; ++row) {
+        const std::string present = holdings.Records().At(row, kSkala).Text();
+        const std::string wanted =
+            row == 0 ? WithCurves(AsFirstRow(present), curves) : AsOtherRow(present);
+        if (wanted == present) continue;
+        holdings.MoveTo(row);
+        EditRow(holdings, [&](DataSource& edited) { edited.Set(kSkala, wanted); });
+    }
+    holdings.MoveTo(before);
+}
+
+// ---- A row is deleted ----
+
+bool HoldingsGrid::DBGrid_BeforeDelete() {
+    DataSource& holdings = *window.dtaBasData;
+    window.markers.SetRowBeingDeleted(KontoIdOf(holdings));
+    const Answer answer =
+        window.platform.dialogs.Show({.text = std::string(texts::AskDelete),
+                                      .buttons = Buttons::YesNo,
+                                      .icon = Icon::Question,
+                                      .defaultButton = DefaultButton::Second});
+    if (answer != Answer::Yes) return false;
+    if (holdings.RecordCount() == 1) {
+        Tell(texts::LastRow);
+        return false;
+    }
+    window.WriteLogEntry(DeletionEntry(ReadHolding(holdings), DateText(window.TodayDay)));
+    return true;
+}
+
+/// Row, points and the place of the curve list change together or not at all. The database is the
+/// open one, whatever file is to be started with.
+void HoldingsGrid::DeleteRowAndPoints() {
+    DataSource& holdings = *window.dtaBasData;
+    const std::int32_t kontoId = window.markers.RowBeingDeleted().value_or(KontoIdOf(holdings));
+    std::vector<std::int32_t> curves = ListedCurves();
+    std::erase(curves, kontoId);
+    try {
+        jet::Transaction transaction(window.FundDb);
+        holdings.Delete();
+        DeletePointsOf(*window.FundDb, kontoId);
+        WriteCurveList(curves);
+        transaction.Commit();
+    } catch (const Error&) {
+        window.markers.ForgetRowBeingDeleted();
+        Skipping skip;
+        skip([&] { holdings.Refresh(); });
+        throw;
+    }
+}
+
+void HoldingsGrid::DBGrid_AfterDelete() {
+    const std::optional<std::int32_t> deleted = window.markers.RowBeingDeleted();
+    window.markers.ForgetRowBeingDeleted();
+    window.dtaPlott->Refresh();
+    const bool wasOpen = window.markers.HoldingChosen() && !window.SelectedCurves.empty() &&
+                         window.SelectedCurves.front() == deleted;
+    if (wasOpen) window.ClearFundPanel();
+    RefreshList(std::nullopt);
+    if (window.dtaBasData->Empty()) window.cmdNyAndel->setEnabled(false);
+    if (wasOpen) return ShowStoredCurves();
+    if (deleted) std::erase(window.SelectedCurves, *deleted);
+    window.picDiagram->Clear();
+    window.PlotCurves();
+}
+
+/// The holding that was drawn is gone: the diagram shows the several-curves view.
+void HoldingsGrid::ShowStoredCurves() {
+    const std::int32_t row = window.dtaBasData->Position();
+    window.imgScreen_Click();
+    window.dtaBasData->MoveTo(row);
+}
+
+// ---- Data sources that fail ----
+
+void HoldingsGrid::dtaBasData_Error(int number) {
+    ShowSourceError(number, *window.dtaBasData);
+}
+void HoldingsGrid::dtaPlott_Error(int number) {
+    ShowSourceError(number, *window.dtaPlott);
+}
+void HoldingsGrid::dtaSQL_Error(int number) {
+    ShowSourceError(number, *window.dtaSQL);
+}
+
+void HoldingsGrid::ShowSourceError(int number, const DataSource& source) {
+    Tell(PlainText(static_cast<std::int32_t>(number)) + std::string(texts::SourceFailed) +
+         source.Name());
+}

@@ -1,0 +1,161 @@
+#include "entry/newsharesnotice.h"
+
+#include "app/editrow.h"
+#include "app/frmPPM.h"
+#include "base/daynumber.h"
+#include "base/error.h"
+#include "base/keyfilter.h"
+#include "base/number.h"
+#include "entry/rules/cells.h"
+#include "entry/texts.h"
+#include "fundfile/records.h"
+#include "fundfile/schema.h"
+#include "platform/boundfield.h"
+#include "platform/caption.h"
+#include "platform/datagrid.h"
+#include "platform/dialogs.h"
+#include "platform/keystrokes.h"
+#include "platform/platform.h"
+
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QPushButton>
+
+namespace {
+
+using namespace schema::holding;
+
+constexpr int kFirstChecked = 2;
+constexpr int kSharesBox = 3;
+constexpr int kPriceBox = 4;
+constexpr int kValueBox = 5;
+
+}  // namespace
+
+NewSharesNotice::NewSharesNotice(frmPPM& ppm) : Controller(ppm) {
+    for (std::size_t i = 0; i < window.txtNyAndel.size(); ++i) {
+        const int index = static_cast<int>(i);
+        BoundField* box = window.txtNyAndel[index];
+        box->Bind(window.dtaBasData, std::string(kNames[kFond + i]));
+        box->StoreOnlyWhenTold();
+        box->SetFilter(kNewSharesKeys);
+        box->SetEnter([this] { Run([this] { window.platform.keyStrokes.Send("{TAB}"); }); });
+        On(box, &EntryField::Entered, [this, index] { txtNyAndel_GotFocus(index); });
+    }
+    On(window.cmdNyAndel, &QPushButton::clicked, [this] { cmdNyAndel_Click(); });
+    On(window.cmdNyOk, &QPushButton::clicked, [this] { cmdNyOk_Click(); });
+    OnEvent(window.cmdNyOk, QEvent::KeyPress, [this](QEvent& event) {
+        const int key = static_cast<const QKeyEvent&>(event).key();
+        if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+        cmdNyOk_Click();
+        return true;
+    });
+    // However the row is left: what was typed in it and not stored is gone.
+    OnEvent(window.fraNyAndel, QEvent::Hide, [this](QEvent&) {
+        ForgetTyping();
+        return false;
+    });
+}
+
+void NewSharesNotice::cmdNyAndel_Click() {
+    if (!window.DBGrid->StoreRow()) return;
+    DataSource& holdings = *window.dtaBasData;
+    if (holdings.Empty()) return;
+    // A notice is about a holding, never about the empty last row.
+    if (holdings.Eof()) holdings.MoveLast();
+    const Answer answer =
+        window.platform.dialogs.Show({.text = std::string(texts::AskNewShares),
+                                      .buttons = Buttons::YesNo,
+                                      .icon = Icon::Information,
+                                      .defaultButton = DefaultButton::Second});
+    if (answer == Answer::Yes) return OpenRow();
+    window.DBGrid->setFocus();
+}
+
+void NewSharesNotice::OpenRow() {
+    window.cmdNyAndel->hide();
+    window.txtGrid->hide();
+    window.cmdNyOk->show();
+    window.fraNyAndel->show();
+    for (BoundField* box : window.txtNyAndel) {
+        box->Reload();
+        box->show();
+    }
+    window.txtNyAndel[kFirstChecked]->setFocus();
+    window.txtNyAndel[kFirstChecked]->selectAll();
+}
+
+void NewSharesNotice::CloseRow() {
+    window.cmdNyOk->hide();
+    window.fraNyAndel->hide();
+    for (BoundField* box : window.txtNyAndel) {
+        box->hide();
+        SetCaption(box, "");
+    }
+    window.cmdNyAndel->show();
+    window.DBGrid->setFocus();
+}
+
+void NewSharesNotice::ForgetTyping() {
+    for (BoundField* box : window.txtNyAndel) box->Reload();
+}
+
+void NewSharesNotice::txtNyAndel_GotFocus(int index) {
+    if (index != kValueBox) return;
+    // Half-typed numbers have no product yet: storing tells what is wrong.
+    Skipping skip;
+    skip([&] {
+        const auto value =
+            ValueBoxText(Caption(window.txtNyAndel[kSharesBox]), Caption(window.txtNyAndel[kPriceBox]));
+        if (value) SetCaption(window.txtNyAndel[kValueBox], *value);
+    });
+}
+
+NoticeBoxes NewSharesNotice::Texts() const {
+    NoticeBoxes boxes;
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        boxes[i] = Caption(window.txtNyAndel[static_cast<int>(i)]);
+    }
+    return boxes;
+}
+
+void NewSharesNotice::cmdNyOk_Click() {
+    const NoticeBoxes boxes = Texts();
+    if (const auto empty = EmptyBox(boxes)) {
+        Tell(texts::AllFieldsNeeded);
+        window.txtNyAndel[static_cast<int>(*empty)]->setFocus();
+        return;
+    }
+    Notice notice;
+    try {
+        notice = ReadNotice(boxes);
+    } catch (const Error&) {
+        return Tell(texts::NoNumbers);
+    }
+    if (!window.dtaBasData->Guard([&] { Store(notice); })) return;
+    CloseRow();
+    ShowOpenHoldingAgain();
+}
+
+/// The old values are kept and the new ones written in one edit: all of it, or nothing.
+void NewSharesNotice::Store(const Notice& notice) {
+    const std::optional<std::string> saved = ValuesToSave(ReadHolding(*window.dtaBasData));
+    EditRow(*window.dtaBasData, [&](DataSource& row) {
+        if (saved) row.Set(kSparadeVarden, *saved);
+        row.Set(kBokfortDatum, FormatDay(notice.day));
+        row.Set(kFondandelar, notice.shares);
+        row.Set(kKursKr, WidenSingle(notice.price));
+        if (const auto value = RowValue(notice.shares, WidenSingle(notice.price))) {
+            row.Set(kVardeKr, *value);
+        }
+        row.Set(kAndel, notice.percent);
+    });
+}
+
+/// The fund panel's start price and values are those of the row as it is now.
+void NewSharesNotice::ShowOpenHoldingAgain() {
+    if (!window.markers.HoldingChosen()) return;
+    const std::int32_t row = window.dtaBasData->Position();
+    window.OpenSelectedFund();
+    window.dtaBasData->MoveTo(row);
+}
