@@ -11,6 +11,9 @@
 #include "diagram/curves.h"
 #include "diagram/curveselection.h"
 #include "diagram/measurement.h"
+#include "diagram/ploteditor.h"
+#include "entry/holdingsgrid.h"
+#include "entry/newsharesnotice.h"
 #include "entry/priceentry.h"
 #include "fundfile/filemenu.h"
 #include "platform/commondialog.h"
@@ -37,6 +40,9 @@ struct frmPPM::Controllers {
           fundSummary(window),
           priceEntry(window),
           printedReport(window),
+          holdingsGrid(window),
+          newSharesNotice(window),
+          plotEditor(window),
           fileMenu(window),
           accountTotals(window),
           calculators(window),
@@ -55,6 +61,9 @@ struct frmPPM::Controllers {
     FundSummary fundSummary;
     PriceEntry priceEntry;
     PrintedReport printedReport;
+    HoldingsGrid holdingsGrid;
+    NewSharesNotice newSharesNotice;
+    PlotEditor plotEditor;
     FileMenu fileMenu;
     AccountTotals accountTotals;
     Calculators calculators;

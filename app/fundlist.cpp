@@ -293,6 +293,8 @@ void FundList::ShowHoldings() {
 }
 
 void FundList::ShowDiagram() {
+    // A row that may not be stored yet stays on the screen for correction.
+    if (!window.DBGrid->StoreRow()) return;
     SetCaption(window.cmdPPMData, texts::ToHoldings);
     window.cmdFondList->setEnabled(true);
     SetCaption(window.txtValue, "");

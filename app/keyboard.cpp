@@ -4,6 +4,7 @@
 #include "app/imagebutton.h"
 #include "base/text.h"
 #include "platform/caption.h"
+#include "platform/datagrid.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -115,8 +116,11 @@ void Keyboard::Act(KeyAction action) {
         case KeyAction::ChooseCurves:
             return window.imgGrafNr_Click();
         case KeyAction::ToDiagram:
+            window.GridPlott->CancelRow();
             return window.ResetPanels();
         case KeyAction::ToDiagramFromGrid:
+            // Esc gives up what is being typed.
+            window.DBGrid->CancelRow();
             window.ResetPanels();
             return window.cmdPPMData_Click();
         case KeyAction::ZoomIn:

@@ -8,6 +8,7 @@
 #include "diagram/texts.h"
 #include "fundfile/datasource.h"
 #include "fundfile/schema.h"
+#include "fundfile/texts.h"
 #include "platform/caption.h"
 #include "platform/datagrid.h"
 #include "platform/entryfield.h"
@@ -53,9 +54,9 @@ void PlotEditor::mnuPEdit_Click() {
 }
 
 void PlotEditor::ShowCount() {
-    SetCaption(window.lblRecCount, std::string(texts::ListHolds) +
+    SetCaption(window.lblRecCount, std::string(fundtexts::ListHolds) +
                                        PlainText(window.dtaPlott->RecordCount()) +
-                                       std::string(texts::Rows));
+                                       std::string(fundtexts::Rows));
 }
 
 void PlotEditor::GridPlott_RowColChange() {

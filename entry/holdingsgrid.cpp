@@ -96,13 +96,11 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
 
 void HoldingsGrid::PrepareGrid() {
     DataGrid& grid = *window.DBGrid;
-    std::vector<GridColumn> columns = {GridColumnOf(Fond, "          Fond", 30),
-                                       GridColumnOf(FondNr, "Fond Nr", 12),
-                                       GridColumnOf(BokfortDatum, "Datum", 13),
-                                       GridColumnOf(Fondandelar, "Fondandelar", 15),
-                                       GridColumnOf(KursKr, "Kurs Kr  ", 13),
-                                       GridColumnOf(VardeKr, "Värde Kr   ", 15),
-                                       GridColumnOf(Andel, "Andel %", 10)};
+    std::vector<GridColumn> columns = {
+        GridColumnOf(Fond, "          Fond", 30), GridColumnOf(FondNr, "Fond Nr", 12),
+        GridColumnOf(BokfortDatum, "Datum", 13),  GridColumnOf(Fondandelar, "Fondandelar", 15),
+        GridColumnOf(KursKr, "Kurs Kr  ", 13),    GridColumnOf(VardeKr, "Värde Kr   ", 15),
+        GridColumnOf(Andel, "Andel %", 10)};
     columns[BokfortDatum].filter = DateKey;
     columns[Fondandelar].decimals = 4;
     columns[VardeKr].decimals = 2;
@@ -139,7 +137,8 @@ void HoldingsGrid::PrepareGrid() {
 }
 
 void HoldingsGrid::PrepareField(EntryField* field, std::string_view enterKeys) {
-    field->SetEnter([this, enterKeys] { Run([&] { window.platform.keyStrokes.Send(enterKeys); }); });
+    field->SetEnter(
+        [this, enterKeys] { Run([&] { window.platform.keyStrokes.Send(enterKeys); }); });
 }
 
 void HoldingsGrid::panBasData_Show() {
@@ -313,11 +312,10 @@ void HoldingsGrid::WriteCurveList(const std::vector<std::int32_t>& curves) {
 bool HoldingsGrid::DBGrid_BeforeDelete() {
     DataSource& holdings = *window.dtaBasData;
     window.markers.SetRowBeingDeleted(KontoIdOf(holdings));
-    const Answer answer =
-        window.platform.dialogs.Show({.text = std::string(texts::AskDelete),
-                                      .buttons = Buttons::YesNo,
-                                      .icon = Icon::Question,
-                                      .defaultButton = DefaultButton::Second});
+    const Answer answer = window.platform.dialogs.Show({.text = std::string(texts::AskDelete),
+                                                        .buttons = Buttons::YesNo,
+                                                        .icon = Icon::Question,
+                                                        .defaultButton = DefaultButton::Second});
     if (answer != Answer::Yes) return false;
     if (holdings.RecordCount() == 1) {
         Tell(texts::LastRow);

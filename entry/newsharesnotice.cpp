@@ -63,11 +63,10 @@ void NewSharesNotice::cmdNyAndel_Click() {
     if (holdings.Empty()) return;
     // A notice is about a holding, never about the empty last row.
     if (holdings.Eof()) holdings.MoveLast();
-    const Answer answer =
-        window.platform.dialogs.Show({.text = std::string(texts::AskNewShares),
-                                      .buttons = Buttons::YesNo,
-                                      .icon = Icon::Information,
-                                      .defaultButton = DefaultButton::Second});
+    const Answer answer = window.platform.dialogs.Show({.text = std::string(texts::AskNewShares),
+                                                        .buttons = Buttons::YesNo,
+                                                        .icon = Icon::Information,
+                                                        .defaultButton = DefaultButton::Second});
     if (answer == Answer::Yes) return OpenRow();
     window.DBGrid->setFocus();
 }
@@ -105,8 +104,8 @@ void NewSharesNotice::txtNyAndel_GotFocus(int index) {
     // Half-typed numbers have no product yet: storing tells what is wrong.
     Skipping skip;
     skip([&] {
-        const auto value =
-            ValueBoxText(Caption(window.txtNyAndel[kSharesBox]), Caption(window.txtNyAndel[kPriceBox]));
+        const auto value = ValueBoxText(Caption(window.txtNyAndel[kSharesBox]),
+                                        Caption(window.txtNyAndel[kPriceBox]));
         if (value) SetCaption(window.txtNyAndel[kValueBox], *value);
     });
 }

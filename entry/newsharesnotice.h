@@ -3,7 +3,6 @@
 // what is written over the holding.
 
 #include "app/controller.h"
-
 #include "entry/rules/newshares.h"
 
 class NewSharesNotice : Controller {

@@ -1,0 +1,179 @@
+#include "fundfile/datasource.h"
+#include "platform/datagrid.h"
+#include "tests/window/windowtest.h"
+
+#include <QAction>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QTableView>
+
+namespace {
+
+class PlotEditorTest : public WindowTest {
+  protected:
+    enum { FondNr, XCord, YCord, KontoId };
+
+    void StartWith(const std::vector<TestHolding>& holdings) {
+        MakeFile(holdings);
+        Start();
+    }
+    void Open() { Window().mnuPEdit->trigger(); }
+    DataGrid& Grid() { return *Window().GridPlott; }
+    void Go(int row, int column) {
+        Grid().View().setCurrentIndex(Grid().View().model()->index(row, column));
+    }
+    void Keys(const std::string& text) {
+        for (const QChar character : ToQt(text)) {
+            QTest::keyClicks(QApplication::focusWidget(), QString(character));
+        }
+    }
+    void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    TestHolding With(std::vector<CurvePoint> points) {
+        TestHolding holding;
+        holding.points = std::move(points);
+        return holding;
+    }
+};
+
+TEST_F(PlotEditorTest, ShowsAllPointsAndTheirCount) {
+    StartWith({With({{38718, 0}, {38719, 3}}), With({{38720, 5}})});
+    Open();
+    EXPECT_TRUE(Window().panPlottData->isVisible());
+    EXPECT_EQ(Caption(Window().lblRecCount), "Listan innehåller 3 poster");
+    EXPECT_EQ(Grid().View().model()->rowCount(), 4);
+    EXPECT_EQ(Grid().CellText(1, XCord), "38719");
+    EXPECT_EQ(Grid().CellText(1, YCord), "3");
+    EXPECT_EQ(Grid().CellText(2, KontoId), "2");
+    EXPECT_EQ(Caption(Window().GridPlott), "X och Y koordinater för plotting");
+}
+
+TEST_F(PlotEditorTest, AnEmptyTableHasNoRows) {
+    StartWith({With({})});
+    Open();
+    EXPECT_EQ(Caption(Window().lblRecCount), "Listan innehåller 0 poster");
+    EXPECT_EQ(Grid().View().model()->rowCount(), 1);
+}
+
+TEST_F(PlotEditorTest, BeginsInTheDayColumn) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    EXPECT_EQ(Grid().CurrentColumn(), XCord);
+    EXPECT_TRUE(Grid().hasFocus());
+}
+
+TEST_F(PlotEditorTest, TheDayUnderTheCursorIsShownAsADate) {
+    StartWith({With({{38718, 0}, {38719, 3}})});
+    Open();
+    EXPECT_EQ(Caption(Window().txtTranslate), "2006-01-01");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Caption(Window().txtTranslate), "2006-01-02");
+}
+
+TEST_F(PlotEditorTest, AnotherColumnLeavesTheDate) {
+    StartWith({With({{38718, 0}, {38719, 3}})});
+    Open();
+    SetCaption(Window().txtTranslate, "orörd");
+    Key(Qt::Key_Right);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Caption(Window().txtTranslate), "orörd");
+}
+
+TEST_F(PlotEditorTest, AnEmptyDayLeavesTheDate) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    SetCaption(Window().txtTranslate, "orörd");
+    Key(Qt::Key_Down);
+    EXPECT_TRUE(Grid().OnNewRow());
+    EXPECT_EQ(Caption(Window().txtTranslate), "orörd");
+}
+
+TEST_F(PlotEditorTest, ACorrectedPointIsStoredAndDrawnAtOnce) {
+    StartWith({With({{46024, 0}, {46325, 10}})});
+    ChooseFund(0);
+    Open();
+    Go(1, YCord);
+    Keys("14");
+    const QImage before = Window().picDiagram->grab().toImage();
+    Key(Qt::Key_Up);
+    EXPECT_EQ(PointsOf(1)[1].value, 14);
+    EXPECT_NE(Window().picDiagram->grab().toImage(), before);
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 1U);
+}
+
+TEST_F(PlotEditorTest, WhileTheGridIsHeldNothingIsDrawn) {
+    StartWith({With({{46024, 0}, {46325, 10}})});
+    ChooseFund(0);
+    Open();
+    Window().markers.HoldGridRedraw();
+    Go(1, YCord);
+    Keys("14");
+    const QImage before = Window().picDiagram->grab().toImage();
+    Key(Qt::Key_Up);
+    EXPECT_EQ(PointsOf(1)[1].value, 14);
+    EXPECT_EQ(Window().picDiagram->grab().toImage(), before);
+}
+
+TEST_F(PlotEditorTest, APointIsAddedOnTheLastRow) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Go(1, FondNr);
+    for (const char* text : {"249 995", "38720", "5", "1"}) {
+        Keys(text);
+        Key(Qt::Key_Return);
+    }
+    Key(Qt::Key_Up);
+    ASSERT_EQ(PointsOf(1).size(), 2U);
+    EXPECT_EQ(PointsOf(1)[1].day, 38720);
+    EXPECT_EQ(Caption(Window().lblRecCount), "Listan innehåller 2 poster");
+}
+
+TEST_F(PlotEditorTest, APointIsDeletedByItsMark) {
+    StartWith({With({{38718, 0}, {38719, 3}})});
+    Open();
+    Key(Qt::Key_Space, Qt::ShiftModifier);
+    Key(Qt::Key_Delete);
+    ASSERT_EQ(PointsOf(1).size(), 1U);
+    EXPECT_EQ(PointsOf(1)[0].day, 38719);
+    EXPECT_EQ(Caption(Window().lblRecCount), "Listan innehåller 1 poster");
+}
+
+TEST_F(PlotEditorTest, EscClosesThePanelAndGivesUpTheRow) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Keys("5");
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(Window().panPlottData->isVisible());
+    EXPECT_EQ(PointsOf(1)[0].day, 38718);
+}
+
+TEST_F(PlotEditorTest, AMinusSignCanBeTyped) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Go(0, YCord);
+    Keys("-5");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(PointsOf(1)[0].value, -5);
+}
+
+TEST_F(PlotEditorTest, ADayThatIsNoNumberStaysTypedAndTheSourceSaysSo) {
+    StartWith({With({{38718, 0}, {38719, 3}})});
+    Open();
+    Keys("abc");
+    outside.dialogs.Expect("13  i dtaPlott");
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Grid().CurrentRow(), 0);
+    EXPECT_EQ(Grid().CellText(0, XCord), "abc");
+}
+
+TEST_F(PlotEditorTest, OpenedFromTheHoldingsGridItTakesItsPlace) {
+    StartWith({With({{38718, 0}})});
+    Click(Window().cmdPPMData);
+    Open();
+    EXPECT_FALSE(Window().panBasData->isVisible());
+    EXPECT_TRUE(Window().panPlottData->isVisible());
+}
+
+}  // namespace
