@@ -96,11 +96,13 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
 
 void HoldingsGrid::PrepareGrid() {
     DataGrid& grid = *window.DBGrid;
-    std::vector<GridColumn> columns = {
-        GridColumnOf(Fond, "          Fond", 30), GridColumnOf(FondNr, "Fond Nr", 12),
-        GridColumnOf(BokfortDatum, "Datum", 13),  GridColumnOf(Fondandelar, "Fondandelar", 15),
-        GridColumnOf(KursKr, "Kurs Kr  ", 13),    GridColumnOf(VardeKr, "Värde Kr   ", 15),
-        GridColumnOf(Andel, "Andel %", 10)};
+    std::vector<GridColumn> columns = {GridColumnOf(Fond, texts::FondColumn, 30),
+                                       GridColumnOf(FondNr, texts::FondNrColumn, 12),
+                                       GridColumnOf(BokfortDatum, texts::DateColumn, 13),
+                                       GridColumnOf(Fondandelar, texts::SharesColumn, 15),
+                                       GridColumnOf(KursKr, texts::PriceColumn, 13),
+                                       GridColumnOf(VardeKr, texts::ValueColumn, 15),
+                                       GridColumnOf(Andel, texts::PercentColumn, 10)};
     columns[BokfortDatum].filter = DateKey;
     columns[Fondandelar].decimals = 4;
     columns[VardeKr].decimals = 2;
@@ -151,8 +153,11 @@ void HoldingsGrid::panBasData_Show() {
 void HoldingsGrid::panBasData_Hide() {
     DataSource& holdings = *window.dtaBasData;
     const int chosen = window.lstFonder->currentRow();
-    if (!holdings.IsAttached() || holdings.Empty()) return;
-    holdings.MoveTo(window.markers.HoldingChosen() && chosen >= 0 ? chosen : 0);
+    Skipping skip;
+    skip([&] {
+        if (!holdings.IsAttached() || holdings.Empty()) return;
+        holdings.MoveTo(window.markers.HoldingChosen() && chosen >= 0 ? chosen : 0);
+    });
 }
 
 // ---- Cells ----

@@ -12,6 +12,15 @@ inline constexpr std::string_view WrongEntry = "Felaktig inmatning";
 inline constexpr std::string_view StoreFailed = "Fel i SQLPlott";
 inline constexpr std::string_view StoreFailedLog = "Fel i SQLPlott  ";
 
+// The grid's column captions; their blanks belong to them.
+inline constexpr std::string_view FondColumn = "          Fond";
+inline constexpr std::string_view FondNrColumn = "Fond Nr";
+inline constexpr std::string_view DateColumn = "Datum";
+inline constexpr std::string_view SharesColumn = "Fondandelar";
+inline constexpr std::string_view PriceColumn = "Kurs Kr  ";
+inline constexpr std::string_view ValueColumn = "Värde Kr   ";
+inline constexpr std::string_view PercentColumn = "Andel %";
+
 inline constexpr std::string_view LockedField = "Detta fält är låst";
 inline constexpr std::string_view WrongDate = "Felaktigt Datum\r\nSkall skrivas typ\r\n2000-12-31";
 inline constexpr std::string_view DateMissing = "Datum Felaktigt ifyllt";

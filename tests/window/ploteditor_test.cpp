@@ -25,7 +25,9 @@ class PlotEditorTest : public WindowTest {
     }
     void Keys(const std::string& text) {
         for (const QChar character : ToQt(text)) {
-            QTest::keyClicks(QApplication::focusWidget(), QString(character));
+            const auto key = static_cast<Qt::Key>(character.toUpper().unicode());
+            QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), key, character,
+                                Qt::NoModifier);
         }
     }
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
