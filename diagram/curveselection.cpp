@@ -98,7 +98,11 @@ void CurveSelection::EndSelection() {
     window.panListFonder->hide();
     window.cmdFondList->setEnabled(true);
     window.markers.StopCollectingCurves();
-    if (curves.empty()) return;
+    if (curves.empty()) {
+        // The picture was cleared for the choice: what was drawn before comes back.
+        window.PlotCurves();
+        return;
+    }
 
     try {
         StoreSelection(curves);

@@ -5,9 +5,10 @@ server= manager= client=
 cleanup() {
     local status=$?
     if [ $status -ne 0 ]; then
-        [ -n "${KEEP_PICTURES-}" ] && maim "$KEEP_PICTURES/failed.png" 2>/dev/null || true
+        [ -n "${DISPLAY-}" ] && maim "$work/failed.png" 2>/dev/null || true
         [ -f "$work/log" ] && cat "$work/log" >&2
     fi
+    [ -n "${KEEP_PICTURES-}" ] && cp "$work"/*.png "$KEEP_PICTURES" 2>/dev/null || true
     for process in $client $manager $server; do
         kill "$process" 2>/dev/null && wait "$process" 2>/dev/null || true
     done
@@ -41,7 +42,7 @@ start_program() {
     client=$!
     window=$(timeout 30 xdotool search --sync --onlyvisible --pid "$client" --name Kvarnbo | head -n 1)
     [ -n "$window" ] || fail "the window did not come up"
-    xdotool windowactivate --sync "$window" || true
+    xdotool windowactivate --sync "$window" 2>/dev/null || true
 }
 
 # until_true SECONDS COMMAND...: polls.
