@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QTreeWidget>
 
 #include <gmock/gmock.h>
@@ -136,6 +137,18 @@ TEST_F(HelpWindowTest, EnlargesTheText) {
     EXPECT_EQ(page.font().pointSize(), before + 1);
     QTest::keyClick(&window, Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(page.font().pointSize(), before);
+}
+
+TEST_F(HelpWindowTest, DressesThePage) {
+    window.ShowPage("meddelanden-kurs");
+    const QTextDocument& document = *Find<QTextBrowser>("page").document();
+    QTextCursor text = document.find(QStringLiteral("Texten är inget tal"));
+    EXPECT_EQ(text.charFormat().fontPointSize(), 11);
+    QTextCursor message = document.find(QStringLiteral("Felaktig inmatning"));
+    EXPECT_EQ(message.charFormat().fontWeight(), static_cast<int>(QFont::Bold));
+    ASSERT_NE(message.currentTable(), nullptr);
+    const QTextTableCell cell = message.currentTable()->cellAt(message);
+    EXPECT_EQ(cell.format().background().color(), QColor(0xEE, 0xF3, 0xF6));
 }
 
 TEST(HelpFile, IsReportedWhenItIsMissing) {
