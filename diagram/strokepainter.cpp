@@ -13,6 +13,7 @@
 
 namespace {
 
+constexpr double kLabelGap = 0.3;     // of a character, between a curve's end and its number
 constexpr double kOutsideMargin = 8;  // so that the cut ends of thick lines do not show
 
 /// Both on one outer side of `area`: most of a long series lies left of the window.
@@ -119,14 +120,15 @@ bool ShowsLabel(const Drawing& drawing, const StrokeSurface& surface) {
 std::vector<LabelBox> LabelPlaces(const QPainter& painter, std::span<const Drawing> drawings,
                                   const StrokeSurface& surface) {
     const QFontMetricsF metrics(painter.font(), painter.device());
+    const double gap = metrics.averageCharWidth() * kLabelGap;
     std::vector<LabelBox> wanted;
     for (const Drawing& drawing : drawings) {
         if (!ShowsLabel(drawing, surface)) continue;
         const QPointF at = surface.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y));
         const double width = metrics.horizontalAdvance(QString::fromStdString(drawing.label));
-        wanted.push_back({at.x(), at.y(), width, metrics.ascent()});
+        wanted.push_back({at.x() + gap, at.y(), width, metrics.ascent()});
     }
-    return PlaceLabels(wanted, ToBox(surface.area));
+    return PlaceLabels(wanted, ToBox(surface.area.adjusted(gap, 0, -gap, 0)));
 }
 
 void DrawLabel(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface,
