@@ -97,7 +97,9 @@ void ReplaceRow(PageFile& file, RowPointer where, ByteView row, std::uint16_t fl
     if (!CanResizeRow(file, where, row.size())) {
         ThrowDamaged(where.page, kFreeBytes, "no room for a longer row");
     }
-    const std::size_t lowest = page.At(count - 1).start;
+    // Each slot from here on is looked at: in a damaged page one in between may lie anywhere.
+    std::size_t lowest = slot.start;
+    for (std::size_t later = where.row; later < count; ++later) lowest = page.At(later).start;
     const auto shift =
         static_cast<std::ptrdiff_t>(slot.Length()) - static_cast<std::ptrdiff_t>(row.size());
     const ByteSpan bytes = file.EditPage(where.page);

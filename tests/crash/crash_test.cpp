@@ -1,0 +1,410 @@
+// What a file looks like after the process died, or a system call failed, at any point of a change:
+// as before the change or as after it, sound, and never anything else.
+
+#include "base/error.h"
+#include "faults.h"
+#include "jet/database.h"
+#include "jet/transaction.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using crash::Fault;
+using crash::Injection;
+using jet::Database;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::string BytesOf(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+void Write(const fs::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+std::vector<jet::TableDesign> Tables() {
+    const auto column = [](std::string name, jet::ColumnType type, std::uint16_t size = 0) {
+        return jet::ColumnDesign{std::move(name), type, size, false, 0, 0};
+    };
+    jet::TableDesign holdings{"Innehav", {}, {}};
+    holdings.columns = {column("Id", jet::ColumnType::Long),
+                        column("Namn", jet::ColumnType::Text, 40),
+                        column("Text", jet::ColumnType::Memo)};
+    holdings.columns[0].autonumber = true;
+    jet::IndexDesign key;
+    key.name = "PrimaryKey";
+    key.columns = {{"Id", false}};
+    key.primary = key.unique = key.required = true;
+    holdings.indexes = {key};
+    jet::TableDesign points{"Punkter", {}, {}};
+    points.columns = {column("Id", jet::ColumnType::Long), column("Dag", jet::ColumnType::Long)};
+    jet::IndexDesign byHolding;
+    byHolding.name = "Id";
+    byHolding.columns = {{"Id", false}};
+    points.indexes = {byHolding};
+    return {holdings, points};
+}
+
+/// Three holdings with 6,000 points each: some 600 kB, so that a save takes several writes.
+void Fill(const fs::path& path) {
+    Database::Create(path, Tables(), jet::Date{45000});
+    const auto database = Database::Open(path);
+    jet::Transaction transaction(database);
+    const auto holdings = database->OpenRecordSet("Innehav");
+    const auto points = database->OpenRecordSet("Punkter");
+    for (std::int32_t id = 1; id <= 3; ++id) {
+        holdings->AddNew();
+        holdings->Set("Namn", "Innehav å");
+        holdings->Set("Text", std::string(5000, 'x'));
+        holdings->Update();
+        for (std::int32_t day = 0; day < 6000; ++day) {
+            points->AddNew();
+            points->Set("Id", id);
+            points->Set("Dag", 36000 + day);
+            points->Update();
+        }
+    }
+    transaction.Commit();
+    database->Close();
+}
+
+struct Operation {
+    const char* name;
+    /// Changes the file at the path; the database is that file, open, or null for operations that
+    /// open nothing.
+    std::function<void(const std::shared_ptr<Database>&, const fs::path&)> run;
+    bool opens = true;
+    bool replaces = true;  ///< a file is there before
+};
+
+void Insert(const std::shared_ptr<Database>& database, const fs::path&) {
+    const auto points = database->OpenRecordSet("Punkter");
+    points->AddNew();
+    points->Set("Id", 2);
+    points->Set("Dag", 50000);
+    points->Update();
+}
+void Update(const std::shared_ptr<Database>& database, const fs::path&) {
+    const auto holdings = database->OpenRecordSet("Innehav");
+    holdings->Edit();
+    holdings->Set("Namn", "Ett mycket längre namn än förut");
+    holdings->Set("Text", std::string(9000, 'y'));
+    holdings->Update();
+}
+void Delete(const std::shared_ptr<Database>& database, const fs::path&) {
+    const auto points = database->OpenRecordSet("Punkter");
+    points->MoveLast();
+    points->Delete();
+}
+void DeleteWithPoints(const std::shared_ptr<Database>& database, const fs::path&) {
+    jet::Transaction transaction(database);
+    database->Execute("DELETE FROM Punkter WHERE Id = 2");
+    database->Execute("DELETE FROM Innehav WHERE Id = 2");
+    transaction.Commit();
+}
+void StorePrice(const std::shared_ptr<Database>& database, const fs::path& path) {
+    jet::Transaction transaction(database);
+    Update(database, path);
+    database->Execute("DELETE FROM Punkter WHERE Dag = 41999");
+    Insert(database, path);
+    transaction.Commit();
+}
+void Create(const std::shared_ptr<Database>&, const fs::path& path) {
+    Database::Create(path, Tables(), jet::Date{45000});
+}
+
+class AnyOperation : public testing::TestWithParam<Operation> {
+  protected:
+    static void SetUpTestSuite() {
+        folder_ = fs::temp_directory_path() / ("crashtest-" + std::to_string(::getpid()));
+        fs::create_directories(folder_);
+        Fill(folder_ / "filled.mdb");
+        filled_ = BytesOf(folder_ / "filled.mdb");
+        fs::remove(folder_ / "filled.mdb");
+    }
+    static void TearDownTestSuite() { fs::remove_all(folder_); }
+
+    void SetUp() override {
+        // The state after the change, found out undisturbed; every change is the same each time.
+        StartAnew();
+        {
+            const Injection injection({});
+            Run();
+            calls_ = injection.Calls();
+        }
+        new_ = BytesOf(path_);
+        ASSERT_NE(new_, Old());
+        ExpectSound();
+    }
+    std::string Old() const { return GetParam().replaces ? filled_ : std::string(); }
+
+    void StartAnew() {
+        for (const auto& entry : fs::directory_iterator(folder_)) fs::remove(entry.path());
+        if (GetParam().replaces) Write(path_, filled_);
+    }
+    void Run() {
+        std::shared_ptr<Database> database;
+        if (GetParam().opens) database = Database::Open(path_);
+        GetParam().run(database, path_);
+    }
+    /// Runs the operation in a process of its own, to die there as the plan says. True when it
+    /// died.
+    bool RunAndDie(crash::Plan plan) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const Injection injection(std::move(plan));
+            Run();
+            ::_exit(0);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        EXPECT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
+        return WIFSIGNALED(status);
+    }
+    void ExpectSound() {
+        const auto database = Database::Open(path_);
+        EXPECT_THAT(database->Verify(), IsEmpty());
+    }
+    /// The file is in one of the two states, sound, and the next change neither stumbles over what
+    /// lies beside it nor leaves it there.
+    void ExpectOldOrNew() {
+        const bool exists = fs::exists(path_);
+        EXPECT_TRUE(exists || !GetParam().replaces);
+        const std::string now = BytesOf(path_);
+        EXPECT_TRUE(now == Old() || now == new_) << now.size() << " bytes";
+        if (!exists) return;
+        ExpectSound();
+        if (now == new_) return;
+        Run();
+        EXPECT_TRUE(BytesOf(path_) == new_);
+        EXPECT_EQ(FilesInFolder(), 1);
+    }
+    static std::ptrdiff_t FilesInFolder() {
+        return std::distance(fs::directory_iterator(folder_), fs::directory_iterator());
+    }
+
+    static inline fs::path folder_;
+    static inline std::string filled_;
+    fs::path path_ = folder_ / "file.mdb";
+    std::string new_;
+    std::vector<std::string> calls_;
+};
+
+TEST_P(AnyOperation, SyncsTheNewFileBeforeItTakesTheOldOnesPlace) {
+    std::vector<std::string> order;
+    for (const std::string& call : calls_) {
+        if (order.empty() || order.back() != call) order.push_back(call);
+    }
+    if (GetParam().opens) order.erase(order.begin());  // to read; the next one joined it
+    if (order.front() != "open") order.insert(order.begin(), "open");
+    EXPECT_THAT(order, ElementsAre("open", "write", "fsync", "rename", "open", "fsync folder"));
+}
+
+TEST_P(AnyOperation, IsWholeOrUndoneWhereverTheProcessDies) {
+    for (const Fault fault : {Fault::Die, Fault::DieHalfway}) {
+        for (std::size_t at = 0; at < calls_.size(); ++at) {
+            SCOPED_TRACE("killed at call " + std::to_string(at) + ", " + calls_[at]);
+            StartAnew();
+            EXPECT_TRUE(RunAndDie({fault, at, "", 0}));
+            ExpectOldOrNew();
+        }
+    }
+}
+
+TEST_P(AnyOperation, IsUndoneWhenTheProcessDiesBeforeTheRename) {
+    StartAnew();
+    EXPECT_TRUE(RunAndDie({Fault::Die, 0, "rename", 0}));
+    EXPECT_TRUE(BytesOf(path_) == Old());
+}
+
+TEST_P(AnyOperation, IsWholeWhenTheProcessDiesAfterTheRename) {
+    StartAnew();
+    EXPECT_TRUE(RunAndDie({Fault::Die, 0, "fsync folder", 0}));
+    EXPECT_TRUE(BytesOf(path_) == new_);
+}
+
+TEST_P(AnyOperation, GoesOnAfterShortWrites) {
+    const auto writes = static_cast<std::size_t>(std::count(calls_.begin(), calls_.end(), "write"));
+    for (std::size_t at = 0; at < writes; ++at) {
+        StartAnew();
+        const Injection injection({Fault::Short, at, "write", 0});
+        Run();
+        EXPECT_TRUE(injection.Hit());
+        EXPECT_TRUE(BytesOf(path_) == new_) << at;
+    }
+}
+
+TEST_P(AnyOperation, GoesOnAfterASignal) {
+    for (const char* call : {"write", "fsync", "open"}) {
+        StartAnew();
+        const Injection injection({Fault::Fail, 0, call, EINTR});
+        Run();
+        EXPECT_TRUE(injection.Hit());
+        EXPECT_TRUE(BytesOf(path_) == new_) << call;
+    }
+}
+
+struct Failure {
+    const char* call;
+    int code;
+    ErrorNumber number;
+};
+
+/// A failing disk is told, changes nothing in the file or in memory, and once it works again so
+/// does the change.
+void ExpectUndone(const Operation& operation, const fs::path& path, const Failure& failure,
+                  const std::string& old, const std::string& wanted) {
+    std::shared_ptr<Database> database;
+    if (operation.opens) database = Database::Open(path);
+    for (const Fault fault : {Fault::Fail, Fault::FailFromNow}) {
+        SCOPED_TRACE(std::string(failure.call) + " fails with " + std::to_string(failure.code));
+        ErrorNumber number = ErrorNumber::None;
+        {
+            const Injection injection({fault, 0, failure.call, failure.code});
+            try {
+                operation.run(database, path);
+            } catch (const Error& error) {
+                number = error.Number();
+            }
+            EXPECT_TRUE(injection.Hit());
+        }
+        EXPECT_EQ(number, failure.number);
+        EXPECT_TRUE(BytesOf(path) == old);
+        if (database) EXPECT_THAT(database->Verify(), IsEmpty());
+    }
+    operation.run(database, path);
+    EXPECT_TRUE(BytesOf(path) == wanted);
+}
+
+TEST_P(AnyOperation, IsUndoneWhenACallFails) {
+    const std::vector<Failure> failures = {{"open", ENOSPC, ErrorNumber::DiskFull},
+                                           {"open", EACCES, ErrorNumber::PermissionDenied},
+                                           {"open", EROFS, ErrorNumber::ReadOnly},
+                                           {"write", ENOSPC, ErrorNumber::DiskFull},
+                                           {"write", EDQUOT, ErrorNumber::DiskFull},
+                                           {"write", EIO, ErrorNumber::DeviceIo},
+                                           {"fsync", EIO, ErrorNumber::DeviceIo},
+                                           {"fsync", ENOSPC, ErrorNumber::DiskFull},
+                                           {"rename", EIO, ErrorNumber::DeviceIo},
+                                           {"rename", ENOSPC, ErrorNumber::DiskFull},
+                                           {"rename", EPERM, ErrorNumber::PermissionDenied}};
+    for (const Failure& failure : failures) {
+        StartAnew();
+        ExpectUndone(GetParam(), path_, failure, Old(), new_);
+        EXPECT_EQ(FilesInFolder(), 1);
+    }
+}
+
+TEST_P(AnyOperation, IsUndoneWhenALaterWriteFails) {
+    const auto writes = static_cast<std::size_t>(std::count(calls_.begin(), calls_.end(), "write"));
+    for (std::size_t at = 0; at < writes; ++at) {
+        StartAnew();
+        {
+            const Injection injection({Fault::FailFromNow, at, "write", ENOSPC});
+            EXPECT_THROW(Run(), Error) << at;
+        }
+        EXPECT_TRUE(BytesOf(path_) == Old());
+        EXPECT_EQ(FilesInFolder(), GetParam().replaces ? 1 : 0);
+    }
+}
+
+TEST_P(AnyOperation, IsUndoneWhenTheDiskIsReallyFull) {
+    StartAnew();
+    const pid_t child = ::fork();
+    if (child == 0) {
+        // A limit on the length of files stands for the full disk; without a signal, write fails.
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{50000, 50000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        try {
+            Run();
+        } catch (const Error& error) {
+            ::_exit(error.Number() == ErrorNumber::DiskFull ? 61 : 1);
+        }
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 61);
+    EXPECT_TRUE(BytesOf(path_) == Old());
+    EXPECT_EQ(FilesInFolder(), GetParam().replaces ? 1 : 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, AnyOperation,
+                         testing::Values(Operation{"Insert", Insert}, Operation{"Update", Update},
+                                         Operation{"Delete", Delete},
+                                         Operation{"DeleteWithPoints", DeleteWithPoints},
+                                         Operation{"StorePrice", StorePrice},
+                                         Operation{"CreateOver", Create, false, true},
+                                         Operation{"CreateNew", Create, false, false}),
+                         [](const auto& test) { return test.param.name; });
+
+/// Only changes of an open file have a state in memory to agree with.
+class OpenFile : public AnyOperation {};
+
+TEST_P(OpenFile, WhenTheFolderCannotBeSyncedTheOldStateIsPutBack) {
+    StartAnew();
+    const auto database = Database::Open(path_);
+    for (const Fault fault : {Fault::Fail, Fault::FailFromNow}) {
+        {
+            const Injection injection({fault, 0, "fsync folder", EIO});
+            EXPECT_THROW(GetParam().run(database, path_), Error);
+            EXPECT_TRUE(injection.Hit());
+        }
+        EXPECT_TRUE(BytesOf(path_) == Old());
+    }
+    GetParam().run(database, path_);
+    EXPECT_TRUE(BytesOf(path_) == new_);
+}
+
+TEST_P(OpenFile, AFolderThatKnowsNoSyncIsNoFailure) {
+    StartAnew();
+    const auto database = Database::Open(path_);
+    const Injection injection({Fault::Fail, 0, "fsync folder", EINVAL});
+    GetParam().run(database, path_);
+    EXPECT_TRUE(BytesOf(path_) == new_);
+}
+
+TEST_P(OpenFile, AWriteProtectedFileRefusesTheChangeAndStaysAsItIs) {
+    StartAnew();
+    ::chmod(path_.c_str(), 0444);
+    const auto database = Database::Open(path_);
+    EXPECT_TRUE(database->ReadOnly());
+    const Injection injection({});
+    try {
+        GetParam().run(database, path_);
+        ADD_FAILURE() << "the change went through";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), ErrorNumber::ReadOnly);
+    }
+    EXPECT_THAT(injection.Calls(), IsEmpty());
+    EXPECT_TRUE(BytesOf(path_) == Old());
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, OpenFile,
+                         testing::Values(Operation{"Insert", Insert}, Operation{"Update", Update},
+                                         Operation{"Delete", Delete},
+                                         Operation{"DeleteWithPoints", DeleteWithPoints},
+                                         Operation{"StorePrice", StorePrice}),
+                         [](const auto& test) { return test.param.name; });
+
+}  // namespace

@@ -1,0 +1,148 @@
+#include "faults.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdarg>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+// The names are the linker's: --wrap=write sends calls of write to __wrap_write.
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" {
+ssize_t __real_write(int file, const void* bytes, size_t size);
+ssize_t __real_pwrite(int file, const void* bytes, size_t size, off_t at);
+int __real_fsync(int file);
+int __real_rename(const char* from, const char* to);
+int __real_unlink(const char* path);
+int __real_ftruncate(int file, off_t size);
+int __real_open(const char* path, int flags, ...);
+}
+
+namespace crash {
+namespace {
+
+struct State {
+    bool active = false, hit = false;
+    Plan plan;
+    std::vector<std::string> calls;
+    std::size_t counted = 0;
+};
+State state;
+
+void Die() {
+    ::kill(::getpid(), SIGKILL);
+}
+
+/// Notes a call and says what is to happen to it.
+Fault Meet(const std::string& name) {
+    if (!state.active) return Fault::None;
+    state.calls.push_back(name);
+    if (!state.plan.only.empty() && state.plan.only != name) return Fault::None;
+    const std::size_t number = state.counted++;
+    const bool later = state.plan.fault == Fault::FailFromNow && number > state.plan.at;
+    if (number != state.plan.at && !later) return Fault::None;
+    state.hit = true;
+    return state.plan.fault;
+}
+
+/// For calls that either happen or do not.
+template <typename Call>
+int Whole(const std::string& name, Call&& call) {
+    switch (Meet(name)) {
+        case Fault::Die:
+        case Fault::DieHalfway:
+            Die();
+            break;
+        case Fault::Fail:
+        case Fault::FailFromNow:
+            errno = state.plan.code;
+            return -1;
+        default:
+            break;
+    }
+    return call();
+}
+
+template <typename Write>
+ssize_t Partial(const std::string& name, size_t size, Write&& write) {
+    switch (Meet(name)) {
+        case Fault::Die:
+            Die();
+            break;
+        case Fault::DieHalfway:
+            write(size / 2);
+            Die();
+            break;
+        case Fault::Fail:
+        case Fault::FailFromNow:
+            errno = state.plan.code;
+            return -1;
+        case Fault::Short:
+            return write(std::max<size_t>(size / 2, 1));
+        default:
+            break;
+    }
+    return write(size);
+}
+
+bool IsFolder(int file) {
+    struct stat status {};
+    return ::fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+Injection::Injection(Plan plan) {
+    state = {};
+    state.plan = std::move(plan);
+    state.active = true;
+}
+Injection::~Injection() {
+    state.active = false;
+}
+const std::vector<std::string>& Injection::Calls() const {
+    return state.calls;
+}
+bool Injection::Hit() const {
+    return state.hit;
+}
+
+}  // namespace crash
+
+extern "C" {
+
+ssize_t __wrap_write(int file, const void* bytes, size_t size) {
+    return crash::Partial("write", size,
+                          [&](size_t part) { return __real_write(file, bytes, part); });
+}
+ssize_t __wrap_pwrite(int file, const void* bytes, size_t size, off_t at) {
+    return crash::Partial("pwrite", size,
+                          [&](size_t part) { return __real_pwrite(file, bytes, part, at); });
+}
+int __wrap_fsync(int file) {
+    return crash::Whole(crash::IsFolder(file) ? "fsync folder" : "fsync",
+                        [&] { return __real_fsync(file); });
+}
+int __wrap_rename(const char* from, const char* to) {
+    return crash::Whole("rename", [&] { return __real_rename(from, to); });
+}
+int __wrap_unlink(const char* path) {
+    return crash::Whole("unlink", [&] { return __real_unlink(path); });
+}
+int __wrap_ftruncate(int file, off_t size) {
+    return crash::Whole("ftruncate", [&] { return __real_ftruncate(file, size); });
+}
+int __wrap_open(const char* path, int flags, ...) {
+    mode_t mode = 0;
+    if ((flags & O_CREAT) != 0) {
+        va_list rest;
+        va_start(rest, flags);
+        mode = va_arg(rest, mode_t);
+        va_end(rest);
+    }
+    return crash::Whole("open", [&] { return __real_open(path, flags, mode); });
+}
+}
+// NOLINTEND(bugprone-reserved-identifier)
