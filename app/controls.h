@@ -91,6 +91,7 @@ struct Controls {
     QGroupBox* fraStartData = nullptr;
     Indexed<QLabel*, 0, 9> lblFraData;
     Indexed<QLabel*, 0, 9> lblFraHeading;  ///< the small heading over each, which follows the case
+    QLabel* lblFraHint = nullptr;          ///< while no holding is chosen
     Swatch* shaPlottColor = nullptr;
     QLabel* lblColorNr = nullptr;
 

@@ -121,6 +121,7 @@ void FundList::ShowView(const HoldingView& view) {
         SetCaption(window.lblFraData[index], view.labels[i]);
         SetCaption(window.lblFraHeading[index], view.headings[i]);
     }
+    window.lblFraHint->setVisible(view.labels[0].empty());
     SetCaption(window.lblColorNr, view.colourNumber);
     SetCaption(&window, view.windowCaption);
     ShowStatus(view.status);

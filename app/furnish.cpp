@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QMenuBar>
+#include <QPushButton>
 
 #include <algorithm>
 
@@ -52,4 +53,6 @@ void Furnish(frmPPM& window) {
     FurnishHoldings(window);
     FurnishStatusBar(window);
     FurnishTabOrder(window);
+    // Enter presses a button that has the focus, as Space does.
+    for (QPushButton* button : window.findChildren<QPushButton*>()) button->setAutoDefault(true);
 }

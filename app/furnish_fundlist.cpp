@@ -60,6 +60,9 @@ void FurnishFundList(frmPPM& window) {
         column->setSpacing(Pixels(90 * scaling.down));
     });
     window.layout.Letter(window.lstFonder, kTextPoints, Letters::List);
+    QListWidget* list = window.lstFonder;
+    window.layout.AlsoScale(
+        [list](const Scaling& scaling) { list->setSpacing(Pixels(15 * scaling.down) - 1); });
     window.lstFonder->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     window.lstFonder->setTextElideMode(Qt::ElideRight);
     window.lstFonder->setUniformItemSizes(true);

@@ -38,6 +38,7 @@ QMenu* Menu(frmPPM& window, const char* name, std::string_view caption) {
     QMenu* menu = Named(window.menuBar()->addMenu(ToQt(caption)), name);
     menu->menuAction()->setObjectName(menu->objectName() + QStringLiteral("_action"));
     MarkLettersWhileOpen(menu);
+    window.layout.Letter(menu, kTextPoints, Letters::Control);
     return menu;
 }
 

@@ -33,7 +33,7 @@ void FurnishPercentCalculator(frmPPM& window) {
     Speak(window.lblprcSvar, "Ändring i procent");
     Placed(window, Heading(window.panPlottData, "&Startvärde", window.txtprcStart),
            {120, 4005, 1080, 240}, kSmallPoints);
-    Placed(window, Heading(window.panPlottData, "Nytt vär&de", window.txtprcNy),
+    Placed(window, Heading(window.panPlottData, "N&ytt värde", window.txtprcNy),
            {1230, 4005, 1080, 240}, kSmallPoints);
 }
 
@@ -41,7 +41,7 @@ void FurnishTranslator(frmPPM& window) {
     window.txtTranslate =
         Field(window, "txtTranslate", {120, 5130, 2130, 345}, "Datum eller dagnummer");
     window.cmdTranslate =
-        Named(new QPushButton(ToQt("Ö&versätt"), window.panPlottData), "cmdTranslate");
+        Named(new QPushButton(ToQt("Översä&tt"), window.panPlottData), "cmdTranslate");
     Placed(window, window.cmdTranslate, {2340, 5130, 1080, 345});
     Speak(window.cmdTranslate, "Översätt mellan datum och dagnummer");
     Placed(window, Heading(window.panPlottData, "Dagnummer &eller datum", window.txtTranslate),

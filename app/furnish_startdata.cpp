@@ -32,6 +32,9 @@ void FurnishStartData(frmPPM& window) {
         Placed(window, value, {left, top + 225, kColumnWidth - 60, 285}, 10);
         value->setTextFormat(Qt::PlainText);
     }
+    window.lblFraHint =
+        Named(Heading(frame, "Välj en fond i listan, så visas dess startdata här."), "lblFraHint");
+    Placed(window, window.lblFraHint, {180, 600, 7740, 300});
     // The fifth value is never used; the curve's colour and number stand in its place.
     window.shaPlottColor = Named(new Swatch(frame), "shaPlottColor");
     Placed(window, window.shaPlottColor, {180, 1260, 450, 240});

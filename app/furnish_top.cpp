@@ -3,6 +3,7 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
+#include "app/rules/texts.h"
 #include "platform/statuspanels.h"
 
 #include <QFrame>
@@ -38,6 +39,9 @@ void FurnishStatusBar(frmPPM& window) {
     Placed(window, window.staBar, places::kStatusBar);
     Speak(window.staBar, "Statusrad");
     StatusPanels* bar = window.staBar;
+    const std::string_view kEmpty[] = {texts::NoFund, texts::StartPrice, texts::LatestPrice,
+                                       texts::NoPercent, texts::NoValue};
+    for (int i = 0; i < 5; ++i) bar->SetText(i + 2, kEmpty[i]);
     window.layout.AlsoScale([bar](const Scaling& scaling) {
         for (const Panel& panel : kPanels) {
             const int width = Pixels(panel.widthTwips * scaling.across);

@@ -56,11 +56,11 @@ QToolButton { background: #FFFFFF; border: 1px solid #9DB0BC; border-radius: 4px
 QToolButton:hover { background: #EAF3F8; border-color: #1F5C7D; }
 QToolButton:pressed { background: #D3E4EE; }
 QToolButton:focus { border: 2px solid #1F5C7D; }
-QListWidget { padding: 3px 2px; }
-QListWidget#lstFonder { border: 1px solid #12202A; border-radius: 3px; }
+QListWidget#lstFonder { background: #1C2E3A; padding: 3px 2px; border: 1px solid #12202A; border-radius: 3px; }
 StatusPanels { background: #F7F9FA; border-top: 1px solid #B4C2CB; }
 StatusPanels QLabel { color: #1B2B36; border: none; border-left: 1px solid #CDD7DD; padding: 0 5px; }
-QListWidget#lstTotal { background: #FFFFFF; color: #1B2B36; border: 1px solid #B4C2CB;
+QListWidget#lstTotal { background: #FFFFFF; color: #1B2B36; padding: 3px 2px;
+                       selection-background-color: #1F5C7D; selection-color: #FFFFFF; border: 1px solid #B4C2CB;
                        border-radius: 3px; }
 )");
 }

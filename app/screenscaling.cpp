@@ -2,8 +2,6 @@
 
 #include "app/frmPPM.h"
 #include "app/rules/screenfactor.h"
-#include "platform/platform.h"
-#include "platform/screen.h"
 
 #include <QResizeEvent>
 
@@ -19,10 +17,6 @@ constexpr float kLargestFont = 1.3F;
 ScreenScaling::ScreenScaling(frmPPM& ppm) : Controller(ppm) {
     OnEvent(&window, QEvent::Resize, [this](QEvent& event) {
         Form_Resize(static_cast<const QResizeEvent&>(event).size());
-        return false;
-    });
-    OnEvent(&window, QEvent::WindowActivate, [this](QEvent&) {
-        FitFrame();
         return false;
     });
     window.setMinimumSize(Pixels(kLayoutWidth / 2), Pixels(kLayoutHeight / 2));
@@ -47,12 +41,4 @@ void ScreenScaling::Form_Resize(const QSize& size) {
     const auto font = [&](float ofScreen) { return std::min(ofScreen * byUser, kLargestFont); };
     window.layout.Apply({across, down, font(ControlFontFactor(factor_)),
                          font(ListFontFactor(factor_)), font(GridFontFactor(factor_))});
-}
-
-void ScreenScaling::FitFrame() {
-    if (fitted_) return;
-    fitted_ = true;
-    const int frame = window.frameGeometry().height() - window.height();
-    const int room = window.platform.screen.AvailableArea().height();
-    if (window.height() + frame > room && frame > 0) window.resize(window.width(), room - frame);
 }

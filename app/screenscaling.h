@@ -13,9 +13,6 @@ class ScreenScaling : Controller {
 
   private:
     void Form_Resize(const QSize& size);
-    /// A frame round a window as large as the screen would push its lower edge out of sight.
-    void FitFrame();
 
     float factor_ = 1;  ///< the screen's, which the fonts were chosen for
-    bool fitted_ = false;
 };

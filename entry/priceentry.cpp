@@ -159,6 +159,7 @@ void PriceEntry::Store(const Entry& entry) {
     try {
         // Summary, point and scale are stored together or not at all.
         jet::Transaction transaction(window.FundDb);
+        MoveToOpenHolding();
         window.staBar->SetText(kLatestPrice, LatestPriceText(entry.text));
         window.RefreshFundSummary(window.markers.StartPrice(), entry.price);
         StoreDayPoint(entry.percent);
@@ -182,6 +183,14 @@ void PriceEntry::Store(const Entry& entry) {
     }
     SetCaption(window.txtValue, "");
     if (window.panListFonder->isVisible()) window.lstFonder->setFocus();
+}
+
+/// Others move the current row too: the totals, the holdings grid, the drawing of several curves.
+void PriceEntry::MoveToOpenHolding() {
+    const std::int32_t kontoId = ParseInteger(Caption(window.lblColorNr));
+    if (!window.dtaBasData->FindFirst(queries::KontoIdIs(kontoId))) {
+        throw Error{ErrorNumber::RecordDeleted, "the open holding is no longer in the file"};
+    }
 }
 
 void PriceEntry::StoreDayPoint(std::int32_t percent) {

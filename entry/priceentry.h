@@ -31,6 +31,7 @@ class PriceEntry : Controller {
     bool Believable(std::int32_t percent);
     void Store(const Entry& entry);
     ScaleRange ScaleFor(std::int32_t percent) const;
+    void MoveToOpenHolding();
     void StoreDayPoint(std::int32_t percent);
     void StoreScale(ScaleRange scale);
     void Refuse();

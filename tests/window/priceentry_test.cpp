@@ -351,6 +351,16 @@ TEST_F(PriceEntryTest, AfterAStoredPriceTheNextFundIsOneKeyAway) {
     EXPECT_EQ(TodaysPoints(2).size(), 1U);
 }
 
+TEST_F(PriceEntryTest, PriceGoesToTheOpenFundWhereverTheCurrentRowStands) {
+    ChooseFund(1);
+    Window().dtaBasData->MoveFirst();
+    TypePrice("55");
+    EXPECT_EQ(TodaysPoints(2).size(), 1U);
+    EXPECT_TRUE(TodaysPoints(1).empty());
+    EXPECT_EQ(Holding(1, 13), "Senaste : 55,00");
+    EXPECT_EQ(Holding(0, 13), "Senaste : 110,00");
+}
+
 TEST_F(PriceEntryTest, FileIsSoundAfterManyPrices) {
     for (int i = 0; i < 10; ++i) {
         ChooseFund(i % 2);

@@ -135,7 +135,7 @@ TEST_F(ToolsTest, EnterGoesFromTheStartValueToTheNewOneToTheButton) {
     Type("110");
     Press(Qt::Key_Return);
     EXPECT_EQ(Window().focusWidget(), Window().cmdPrc);
-    Press(Qt::Key_Space);
+    Press(Qt::Key_Return);
     EXPECT_EQ(Caption(Window().lblprcSvar), "10  %");
 }
 

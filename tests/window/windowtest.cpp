@@ -26,6 +26,7 @@ fs::path WindowTest::SamplePath() const {
 }
 
 void WindowTest::MakeFile(const std::vector<TestHolding>& holdings) {
+    window_.reset();
     WriteFundFile(SamplePath(), holdings);
 }
 
@@ -44,6 +45,7 @@ void WindowTest::SetToday(int year, unsigned month, unsigned day) {
 }
 
 void WindowTest::Create() {
+    window_.reset();  // the one before closes its file for everybody
     window_ = std::make_unique<frmPPM>(outside.platform);
 }
 
