@@ -51,7 +51,9 @@ void Controller::OnListClick(QListWidget* list, const std::function<void()>& wor
     });
     const auto click = [list, work, clicked] {
         *clicked = true;
-        if (list->currentRow() >= 0) work();
+        // A list that gets the focus makes its first line the current one without choosing it.
+        const QListWidgetItem* line = list->currentItem();
+        if (line != nullptr && line->isSelected()) work();
     };
     On(list, &QListWidget::currentRowChanged, click);
     On(list, &QListWidget::itemPressed, [click, clicked] {

@@ -8,10 +8,14 @@
 
 #include <QGroupBox>
 
+#include <array>
+
 namespace {
 
 constexpr int kColumns = 5;
-constexpr float kColumnWidth = 1560;
+/// Amounts may have many decimals and need the most room.
+constexpr std::array<float, kColumns> kColumnLefts = {180, 1560, 3000, 4620, 6390};
+constexpr std::array<float, kColumns> kColumnWidths = {1320, 1380, 1560, 1710, 1650};
 constexpr float kRowHeight = 600;
 
 }  // namespace
@@ -24,12 +28,14 @@ void FurnishStartData(frmPPM& window) {
     frame->hide();
 
     for (int i = 0; i < 2 * kColumns; ++i) {
-        const float left = 180 + kColumnWidth * static_cast<float>(i % kColumns);
+        const auto column = static_cast<std::size_t>(i % kColumns);
+        const float left = kColumnLefts[column];
+        const float width = kColumnWidths[column];
         const float top = 390 + kRowHeight * static_cast<float>(i / kColumns);
         QLabel* heading = window.lblFraHeading[i] = Named(Heading(frame, ""), "lblFraHeading", i);
-        Placed(window, heading, {left, top, kColumnWidth - 60, 240}, kSmallPoints);
+        Placed(window, heading, {left, top, width, 240}, kSmallPoints);
         QLabel* value = window.lblFraData[i] = Named(new QLabel(frame), "lblFraData", i);
-        Placed(window, value, {left, top + 225, kColumnWidth - 60, 285}, 10);
+        Placed(window, value, {left, top + 225, width, 285}, 10);
         value->setTextFormat(Qt::PlainText);
     }
     window.lblFraHint =

@@ -20,7 +20,8 @@ ScreenScaling::ScreenScaling(frmPPM& ppm) : Controller(ppm) {
         return false;
     });
     window.setMinimumSize(Pixels(kLayoutWidth / 2), Pixels(kLayoutHeight / 2));
-    window.resize(Pixels(kLayoutWidth), Pixels(kLayoutHeight));
+    unresized_ = QSize(Pixels(kLayoutWidth), Pixels(kLayoutHeight));
+    window.resize(unresized_);
     Form_Resize(window.size());
 }
 
@@ -29,7 +30,8 @@ void ScreenScaling::ScaleToScreen(float factor) {
     const TwipsRect scaled = ScaledWindow(kDesign, factor);
     window.setMinimumSize(Pixels(scaled.width / 2), Pixels(scaled.height / 2));
     if (factor < 1.0F) window.move(Pixels(scaled.left), Pixels(scaled.top));
-    window.resize(Pixels(scaled.width), Pixels(scaled.height));
+    unresized_ = QSize(Pixels(scaled.width), Pixels(scaled.height));
+    window.resize(unresized_);
     Form_Resize(window.size());
 }
 
@@ -37,7 +39,11 @@ void ScreenScaling::Form_Resize(const QSize& size) {
     const float across = static_cast<float>(size.width()) * kPixel / kLayoutWidth;
     const float down = static_cast<float>(size.height()) * kPixel / kLayoutHeight;
     // The user's own resizing takes the fonts along from what the screen gave them, without a jump.
-    const float byUser = std::min(1.0F, std::min(across, down) / factor_);
+    const auto share = [](int now, int then) {
+        return static_cast<float>(now) / static_cast<float>(then);
+    };
+    const float byUser = std::min(
+        {1.0F, share(size.width(), unresized_.width()), share(size.height(), unresized_.height())});
     const auto font = [&](float ofScreen) { return std::min(ofScreen * byUser, kLargestFont); };
     window.layout.Apply({across, down, font(ControlFontFactor(factor_)),
                          font(ListFontFactor(factor_)), font(GridFontFactor(factor_))});

@@ -15,4 +15,5 @@ class ScreenScaling : Controller {
     void Form_Resize(const QSize& size);
 
     float factor_ = 1;  ///< the screen's, which the fonts were chosen for
+    QSize unresized_;   ///< the window's size on that screen
 };

@@ -38,15 +38,14 @@ std::vector<std::string> AccountTotals::AccountNames() {
 }
 
 void AccountTotals::mnuTotal_Click() {
-    {
-        // No account is chosen by filling the list.
-        const QSignalBlocker quiet(window.lstTotal);
-        window.lstTotal->clear();
-        for (const std::string& name : AccountNames()) window.lstTotal->addItem(ToQt(name));
-    }
+    // No account is chosen by filling the list, and the first key press leads to its first line.
+    const QSignalBlocker quiet(window.lstTotal);
+    window.lstTotal->clear();
+    for (const std::string& name : AccountNames()) window.lstTotal->addItem(ToQt(name));
     window.panTotal->show();
     window.panTotal->raise();
     window.lstTotal->setFocus();
+    window.lstTotal->setCurrentRow(-1);
 }
 
 std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName) {

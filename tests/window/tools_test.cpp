@@ -99,15 +99,15 @@ TEST_F(ToolsTest, ProgramsThatCannotBeStartedGiveOnlyTheirMessage) {
 }
 
 TEST_F(ToolsTest, PercentOfTheChange) {
-    EXPECT_EQ(Percent("200", "250"), "50  %");
+    EXPECT_EQ(Percent("200", "250"), "25  %");
     EXPECT_EQ(Percent("200", "150"), "-25  %");
     EXPECT_EQ(Percent("3", "4"), "33  %");
     EXPECT_EQ(Percent("8", "9"), "12  %") << "12,5 goes to the even number";
 }
 
 TEST_F(ToolsTest, PercentOfNothingLeavesTheAnswer) {
-    EXPECT_EQ(Percent("200", "250"), "50  %");
-    EXPECT_EQ(Percent("0", "9"), "50  %");
+    EXPECT_EQ(Percent("200", "250"), "25  %");
+    EXPECT_EQ(Percent("0", "9"), "25  %");
 }
 
 TEST_F(ToolsTest, PercentNeedsBothValues) {
