@@ -50,10 +50,11 @@ void Controller::OnListClick(QListWidget* list, const std::function<void()>& wor
         return false;
     });
     const auto click = [list, work, clicked] {
-        *clicked = true;
         // A list that gets the focus makes its first line the current one without choosing it.
         const QListWidgetItem* line = list->currentItem();
-        if (line != nullptr && line->isSelected()) work();
+        if (line == nullptr || !line->isSelected()) return;
+        *clicked = true;
+        work();
     };
     On(list, &QListWidget::currentRowChanged, click);
     On(list, &QListWidget::itemPressed, [click, clicked] {
