@@ -60,7 +60,7 @@ void FurnishPlotData(frmPPM& window) {
     Placed(window, window.lblRecCount, {150, 75, 3240, 270});
     Speak(window.lblRecCount, "Antal poster");
     window.GridPlott = Named(new DataGrid(panel), "GridPlott");
-    Placed(window, window.GridPlott, {120, 390, 3300, 3510}, kSmallPoints);
+    Placed(window, window.GridPlott, {60, 390, 3420, 3510}, kSmallPoints, Letters::Grid);
     window.GridPlott->SetGridCaption(ToQt("X och Y koordinater för plotting"));
     Speak(window.GridPlott, "Kurvornas punkter");
     FurnishPercentCalculator(window);

@@ -4,6 +4,7 @@
 #include "app/furnishing.h"
 #include "app/places.h"
 #include "app/swatch.h"
+#include "app/valuelabel.h"
 #include "platform/caption.h"
 
 #include <QGroupBox>
@@ -34,9 +35,8 @@ void FurnishStartData(frmPPM& window) {
         const float top = 390 + kRowHeight * static_cast<float>(i / kColumns);
         QLabel* heading = window.lblFraHeading[i] = Named(Heading(frame, ""), "lblFraHeading", i);
         Placed(window, heading, {left, top, width, 240}, kSmallPoints);
-        QLabel* value = window.lblFraData[i] = Named(new QLabel(frame), "lblFraData", i);
+        QLabel* value = window.lblFraData[i] = Named(new ValueLabel(frame), "lblFraData", i);
         Placed(window, value, {left, top + 225, width, 285}, 10);
-        value->setTextFormat(Qt::PlainText);
     }
     window.lblFraHint =
         Named(Heading(frame, "Välj en fond i listan, så visas dess startdata här."), "lblFraHint");

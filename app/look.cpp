@@ -57,6 +57,7 @@ QToolButton:hover { background: #EAF3F8; border-color: #1F5C7D; }
 QToolButton:pressed { background: #D3E4EE; }
 QToolButton:focus { border: 2px solid #1F5C7D; }
 QListWidget#lstFonder { background: #1C2E3A; padding: 3px 2px; border: 1px solid #12202A; border-radius: 3px; }
+QTableView { selection-background-color: #1F5C7D; selection-color: #FFFFFF; }
 StatusPanels { background: #F7F9FA; border-top: 1px solid #B4C2CB; }
 StatusPanels QLabel { color: #1B2B36; border: none; border-left: 1px solid #CDD7DD; padding: 0 5px; }
 QListWidget#lstTotal { background: #FFFFFF; color: #1B2B36; padding: 3px 2px;

@@ -24,6 +24,7 @@
 #include "fundfile/texts.h"
 #include "jet/transaction.h"
 #include "platform/caption.h"
+#include "platform/datagrid.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/screen.h"
@@ -76,6 +77,7 @@ StartUp::StartUp(frmPPM& ppm) : Controller(ppm) {
     OnEvent(&window, QEvent::Show, activated);
     OnEvent(&window, QEvent::WindowActivate, activated);
     OnEvent(&window, QEvent::Close, [this](QEvent&) {
+        Run([this] { StoreWhatIsTyped(); });
         Unload();
         return false;
     });
@@ -208,6 +210,13 @@ void StartUp::ResetPanels() {
     window.panPlottData->hide();
     window.cmdFondList->setEnabled(true);
     window.picDiagram->setFocus();
+}
+
+/// Leaving a field or a row stores it; closing the window leaves them all.
+void StartUp::StoreWhatIsTyped() {
+    if (QWidget* focused = window.focusWidget()) focused->clearFocus();
+    window.DBGrid->StoreRow();
+    window.GridPlott->StoreRow();
 }
 
 void StartUp::Unload() {

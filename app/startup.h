@@ -25,6 +25,7 @@ class StartUp : Controller {
     void InitialiseScales();
     void ShowTwelveMonths();
     void ShowFileName();
+    void StoreWhatIsTyped();
 
     std::unique_ptr<Clock::Pause> Timer1_;
     std::string notice_;  ///< why the file can only be read; shown when the window has come up

@@ -18,18 +18,24 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <array>
+
 namespace {
 
 constexpr int kXCordColumn = static_cast<int>(schema::point::kXCord);
+/// A fund number has seven characters and must be read whole in the narrow panel.
+constexpr std::array<int, schema::point::kColumnCount> kWidthShares = {8, 6, 5, 6};
 
 }  // namespace
 
 PlotEditor::PlotEditor(frmPPM& ppm) : Controller(ppm) {
     DataGrid& grid = *window.GridPlott;
     std::vector<GridColumn> columns;
-    for (const std::string_view name : schema::point::kNames) {
-        GridColumn column{.caption = std::string(name), .field = std::string(name)};
+    for (std::size_t i = 0; i < schema::point::kColumnCount; ++i) {
+        const std::string name(schema::point::kNames[i]);
+        GridColumn column{.caption = name, .field = name};
         column.enterKeys = "{RIGHT}";
+        column.widthShare = kWidthShares[i];
         columns.push_back(std::move(column));
     }
     grid.SetColumns(std::move(columns));

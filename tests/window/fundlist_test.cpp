@@ -70,6 +70,26 @@ TEST_F(FundListTest, EveryValueHasAHeadingAndNothingElseHas) {
     }
 }
 
+TEST_F(FundListTest, ValueTooLongForItsPlaceIsCutOnlyWhereItIsShown) {
+    auto holdings = TwoHoldings();
+    holdings[1] = WithSavedValues();
+    holdings[1].vardeKr = 1234567.123456789;
+    StartWith(holdings);
+    ChooseFund(1);
+    EXPECT_EQ(FraData(8), "1234567,123456789");
+    const QLabel& label = *Window().lblFraData[8];
+    EXPECT_GT(label.fontMetrics().horizontalAdvance(label.text()), label.width());
+    const QImage picture = Window().fraStartData->grab().toImage();
+    // Nothing of it runs over the value beside it.
+    const QRect gap(label.geometry().right() + 1, label.y(), 3, label.height());
+    const QImage between = picture.copy(gap);
+    for (int y = 1; y < between.height(); ++y) {
+        for (int x = 0; x < between.width(); ++x) {
+            ASSERT_EQ(between.pixel(x, y), between.pixel(0, 0));
+        }
+    }
+}
+
 TEST_F(FundListTest, StatusBarShowsTheStoredSummary) {
     StartWith(TwoHoldings());
     ChooseFund(0);

@@ -4,11 +4,14 @@
 #include "app/imagebutton.h"
 #include "base/daynumber.h"
 #include "fundfile/datasource.h"
+#include "platform/boundfield.h"
+#include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
 
 #include <QAction>
 #include <QGroupBox>
 #include <QMenu>
+#include <QTableView>
 
 #include <fstream>
 
@@ -298,6 +301,32 @@ TEST_F(StartUpTest, ClosingReleasesTheFile) {
     EXPECT_EQ(Window().FundDb, nullptr);
     EXPECT_FALSE(Window().dtaPlott->IsAttached());
     EXPECT_FALSE(Window().isVisible());
+}
+
+TEST_F(StartUpTest, ClosingStoresWhatIsTypedInTheGrid) {
+    MakeFile(TwoHoldings());
+    Start();
+    Click(Window().cmdPPMData);
+    QTableView& grid = Window().DBGrid->View();
+    Window().DBGrid->setFocus();
+    grid.setCurrentIndex(grid.model()->index(0, 3));
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("12"));
+    CloseWindow();
+    Start();
+    EXPECT_EQ(Holding(0, 4), "12");
+    EXPECT_EQ(Faults(), std::vector<std::string>{});
+}
+
+TEST_F(StartUpTest, ClosingStoresAnAccountFieldThatIsTyped) {
+    MakeFile(TwoHoldings());
+    Start();
+    Click(Window().cmdPPMData);
+    Window().txtNamn->setFocus();
+    Window().txtNamn->selectAll();
+    Type("Nytt namn");
+    CloseWindow();
+    Start();
+    EXPECT_EQ(Holding(0, 10), "Nytt namn");
 }
 
 TEST_F(StartUpTest, QuitClosesTheWindow) {
