@@ -27,6 +27,6 @@ class StartUp : Controller {
     void ShowFileName();
     void StoreWhatIsTyped();
 
-    std::unique_ptr<Clock::Pause> Timer1_;
+    std::unique_ptr<Clock::Pause> Timer1_;  ///< `Timer1`, the start-up pause
     std::string notice_;  ///< why the file can only be read; shown when the window has come up
 };
