@@ -183,7 +183,8 @@ std::string WriteFixed(Number value, int decimals) {
     if (decimal.digits.find_first_not_of('0') == std::string::npos) {
         decimal = {false, "0", 1};
     }
-    const auto wanted = static_cast<std::size_t>(decimal.pointAt + decimals);
+    const int places = decimal.pointAt + decimals;
+    const auto wanted = static_cast<std::size_t>(places);
     if (decimal.digits.size() < wanted) decimal.digits.resize(wanted, '0');
     return Write(decimal, ',');
 }
