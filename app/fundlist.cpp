@@ -256,6 +256,7 @@ void FundList::mnuAll_Click() {
         window.SelectCurves(curves);
         DrawOnAllScale();
     }
+    window.picDiagram->setFocus();
     window.panListFonder->hide();
     window.markers.ShowSeveralCurves();
     window.mnuMinus_Click();

@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr float kTitleTop = 75;
+
 /// Room, colours and the menu bar's height; the panels stand in the central widget.
 void FurnishWindow(frmPPM& window) {
     Named(&window, "frmPPM");
@@ -21,6 +23,12 @@ void FurnishWindow(frmPPM& window) {
     window.setWindowIcon(QIcon(QStringLiteral(":/icons/kvarnbo.svg")));
     auto* client = Named(new QWidget, "client");
     window.setCentralWidget(client);
+    window.layout.AlsoScale([client](const Scaling& scaling) {
+        // The frames' titles keep their place between the edge and what stands under them.
+        const QString sheet =
+            QStringLiteral("QGroupBox::title { top: %1px; }").arg(Pixels(kTitleTop * scaling.down));
+        if (client->styleSheet() != sheet) client->setStyleSheet(sheet);
+    });
     QMenuBar* bar = window.menuBar();
     bar->setNativeMenuBar(false);
     // Without it a style sheet keeps fonts and colours from passing on to a control's children, and

@@ -144,7 +144,9 @@ void StartUp::Activate() {
     SetCaption(&window, texts::WindowCaption);
 
     const bool hasRows = HasRows(*window.dtaBasData);
-    if (hasRows) InitialiseScales();
+    // A file that can only be read is shown with the default scales.
+    Skipping skip;
+    if (hasRows) skip([&] { InitialiseScales(); });
     window.FillFundList();
     window.ReadCurveList();
     window.ScaleTop = window.AllScaleTop;

@@ -4,8 +4,10 @@
 #include "app/imagebutton.h"
 #include "base/daynumber.h"
 #include "fundfile/datasource.h"
+#include "fundfile/texts.h"
 #include "platform/boundfield.h"
 #include "platform/datagrid.h"
+#include "tests/support/otherprocess.h"
 #include "tests/window/windowtest.h"
 
 #include <QAction>
@@ -353,6 +355,37 @@ TEST_F(StartUpTest, SecondWindowOnTheSameFileShowsTheSameRows) {
     frmPPM second(other.platform);
     second.show();
     EXPECT_EQ(second.lstFonder->count(), 2);
+}
+
+TEST_F(StartUpTest, FileOfAnotherRunningCopyIsSaidToBeReadableOnlyAndNotHarmed) {
+    MakeFile(TwoHoldings());
+    const testdata::OtherCopy other(SamplePath());
+    const std::string before = Bytes();
+    FundFile theirs;
+    theirs.right = WriteRight::OtherCopy;
+    theirs.owner = "process " + std::to_string(other.Process()) + ", dator " +
+                   QSysInfo::machineHostName().toStdString();
+    outside.dialogs.Expect(fundtexts::Explain(theirs));
+    Start();
+    EXPECT_EQ(Lines().size(), 2U);
+    ChooseFund(0);
+    outside.dialogs.Expect("Fel i SQLPlott");
+    TypePrice("105");
+    EXPECT_EQ(Caption(Window().txtValue), "105,00");
+    EXPECT_EQ(Bytes(), before);
+}
+
+TEST_F(StartUpTest, FileWithoutScalesThatCanOnlyBeReadShowsItsCurves) {
+    auto holdings = TwoHoldings();
+    holdings[0].skala = "";
+    MakeFile(holdings);
+    const testdata::OtherCopy other(SamplePath());
+    Create();
+    Show();
+    EXPECT_EQ(Lines().size(), 2U);
+    EXPECT_EQ(Window().ScaleTop, 15);
+    ChooseFund(1);
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 1U);
 }
 
 TEST(FileExists, SaysNoForMissingFilesFoldersAndNothing) {
