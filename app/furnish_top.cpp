@@ -33,7 +33,7 @@ void FurnishStatusBar(frmPPM& window) {
         float widthTwips;
         int share;
     };
-    static constexpr Panel kPanels[] = {{1, 120, 0},  {2, 2700, 3}, {3, 2100, 1},
+    static constexpr Panel kPanels[] = {{1, 120, 0},  {2, 2400, 2}, {3, 2400, 1},
                                         {4, 2100, 1}, {5, 1050, 0}, {6, 1500, 1}};
     window.staBar = Named(new StatusPanels(std::ssize(kPanels), window.centralWidget()), "staBar");
     Placed(window, window.staBar, places::kStatusBar);

@@ -22,6 +22,14 @@ namespace {
 
 constexpr int kRowHeaderWidth = 22;
 constexpr int kLeastColumnWidth = 36;
+constexpr int kRowAir = 8;
+
+// Both colours of every pair, so that no desktop theme makes a cell unreadable.
+constexpr QColor kGround(255, 255, 255);
+constexpr QColor kOtherGround(239, 244, 246);
+constexpr QColor kText(16, 16, 32);
+constexpr QColor kChosenGround(31, 92, 125);
+constexpr QColor kChosenText(255, 255, 255);
 
 bool IsEnter(int key) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -98,11 +106,13 @@ class DataGrid::Table : public QTableView {
     void Stroke(QKeyEvent* event) { keyPressEvent(event); }
     bool Editing() const { return state() == EditingState; }
     void LayOutColumns();
+    void LayOutRows() { verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowAir); }
 
   protected:
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
   private:
@@ -275,6 +285,11 @@ void DataGrid::Table::resizeEvent(QResizeEvent* event) {
     LayOutColumns();
 }
 
+void DataGrid::Table::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) LayOutRows();
+}
+
 void DataGrid::Table::LayOutColumns() {
     const std::vector<GridColumn>& columns = grid_.state_->model->Columns();
     int shares = 0;
@@ -301,10 +316,10 @@ void DataGrid::Table::currentChanged(const QModelIndex& current, const QModelInd
 
 // ---- A cell being edited ----
 
-QWidget* DataGrid::CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+QWidget* DataGrid::CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                               const QModelIndex& index) const {
     auto* editor = new EntryField(parent);
-    editor->setFrame(false);
+    editor->setFont(option.font);
     editor->SetFilter(grid_.state_->Column(index.column()).filter);
     editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
     grid_.state_->editor = editor;
@@ -440,10 +455,17 @@ void DataGrid::SetUpTable() {
     table.setCornerButtonEnabled(false);
     table.setAlternatingRowColors(true);
     table.setFrameShape(QFrame::NoFrame);
+    QPalette colours = table.palette();
+    colours.setColor(QPalette::Base, kGround);
+    colours.setColor(QPalette::AlternateBase, kOtherGround);
+    colours.setColor(QPalette::Text, kText);
+    colours.setColor(QPalette::Highlight, kChosenGround);
+    colours.setColor(QPalette::HighlightedText, kChosenText);
+    table.setPalette(colours);
     table.horizontalHeader()->setHighlightSections(false);
     table.horizontalHeader()->setSectionsClickable(false);
     table.horizontalHeader()->setMinimumSectionSize(kLeastColumnWidth);
-    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 8);
+    state_->table->LayOutRows();
     connect(table.verticalHeader(), &QHeaderView::sectionPressed, this, [this](int row) {
         state_->table->setFocus(Qt::MouseFocusReason);
         state_->FinishEditing();

@@ -9,16 +9,22 @@
 #include "platform/programs.h"
 #include "platform/qtdialogs.h"
 #include "platform/screen.h"
+#include "platform/swedishtexts.h"
+
+#include <QCoreApplication>
 
 class RealPlatform {
   public:
     explicit RealPlatform(std::string programFolder)
         : platform{dialogs_,  clock_,  settings_,   printing_,
-                   programs_, screen_, keyStrokes_, std::move(programFolder)} {}
+                   programs_, screen_, keyStrokes_, std::move(programFolder)} {
+        QCoreApplication::installTranslator(&swedishTexts_);
+    }
     RealPlatform(const RealPlatform&) = delete;
     RealPlatform& operator=(const RealPlatform&) = delete;
 
   private:
+    SwedishTexts swedishTexts_;
     QtDialogs dialogs_;
     SystemClock clock_;
     UserSettings settings_;

@@ -58,8 +58,10 @@ TEST(HouseTexts, AreSwedishInTheirOwnFilesOnly) {
 
 TEST(HouseTexts, AreNotTranslated) {
     static const std::regex translated(R"(\b(tr|QT_TR_NOOP|translate)\s*\()");
-    EXPECT_THAT(Matches(house::ProductFiles(), &house::SourceFile::code, translated,
-                        "there is one language"),
+    std::vector<house::SourceFile> files = house::ProductFiles();
+    // The toolkit's own texts are English until they are put into that one language.
+    std::erase_if(files, [](const auto& file) { return file.In("platform/swedishtexts"); });
+    EXPECT_THAT(Matches(files, &house::SourceFile::code, translated, "there is one language"),
                 IsEmpty());
 }
 

@@ -756,6 +756,31 @@ TEST_F(GridTest, TheCaptionStandsAboveTheGrid) {
     EXPECT_EQ(View().accessibleName(), QStringLiteral("Rubrik"));
 }
 
+TEST_F(GridTest, TheCellBeingTypedHasTheFocusColour) {
+    Go(1, kDay);
+    Type("7");
+    const QImage cell = QApplication::focusWidget()->grab().toImage();
+    EXPECT_EQ(cell.pixelColor(cell.width() / 3, cell.height() / 2), QColor(211, 240, 254));
+}
+
+TEST_F(GridTest, ItsTextIsDarkOnLightUnderADarkTheme) {
+    QPalette dark(Qt::white, QColor(40, 40, 40));
+    dark.setColor(QPalette::Base, QColor(20, 20, 20));
+    window_.setPalette(dark);
+    EXPECT_LT(View().palette().color(QPalette::Text).lightness(), 60);
+    const QImage seen = View().viewport()->grab().toImage();
+    const QRect cell = View().visualRect(View().model()->index(1, kName));
+    EXPECT_GT(seen.pixelColor(cell.right() - 6, cell.center().y()).lightness(), 200);
+}
+
+TEST_F(GridTest, ItsRowsGrowWithTheFont) {
+    const int before = View().rowHeight(0);
+    QFont large = grid_.font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    grid_.setFont(large);
+    EXPECT_GT(View().rowHeight(0), before * 3 / 2);
+}
+
 TEST_F(GridTest, TheFarLeftShowsTheCurrentRow) {
     const auto ink = [&](int row) {
         QHeaderView* header = View().verticalHeader();
