@@ -30,11 +30,15 @@ CurveSelection::CurveSelection(frmPPM& ppm) : Controller(ppm) {
 // Whoever hides the list ends what was being chosen in it: a mark that stayed behind would turn the
 // next Enter in the list into something else than a price entry.
 void CurveSelection::panListFonder_Hide() {
+    const bool wipedInVain =
+        window.markers.CollectingCurves() && window.picDiagram->Drawings().empty();
     window.markers.StopChoosingColour();
     window.markers.StopCollectingCurves();
     SetCaption(window.lblGrafNr, "");
     window.lblGrafNr->hide();
     window.lblPlottInfo->hide();
+    // The picture was cleared for the choice: without one, what was drawn before comes back.
+    if (wipedInVain) window.PlotCurves();
 }
 
 bool CurveSelection::ColourModeShown() const {
@@ -98,11 +102,7 @@ void CurveSelection::EndSelection() {
     window.panListFonder->hide();
     window.cmdFondList->setEnabled(true);
     window.markers.StopCollectingCurves();
-    if (curves.empty()) {
-        // The picture was cleared for the choice: what was drawn before comes back.
-        window.PlotCurves();
-        return;
-    }
+    if (curves.empty()) return;
 
     try {
         StoreSelection(curves);

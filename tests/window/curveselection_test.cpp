@@ -1,3 +1,4 @@
+#include "app/errortexts.h"
 #include "app/imagebutton.h"
 #include "app/look.h"
 #include "fundfile/schema.h"
@@ -162,6 +163,28 @@ TEST_F(CurveSelectionTest, EndingWithoutAChoiceStoresNothing) {
     Press(Qt::Key_F12);
     EXPECT_FALSE(ListShown());
     EXPECT_EQ(CurvesTag(), "0");
+    EXPECT_EQ(Bytes(), before);
+    EXPECT_EQ(Labels(), std::vector<std::string>{"1"}) << "the curves that were there are back";
+}
+
+TEST_F(CurveSelectionTest, EscBeforeAnyChoiceBringsTheCurvesBack) {
+    Press(Qt::Key_F12);
+    ASSERT_TRUE(Labels().empty());
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(Labels(), std::vector<std::string>{"1"});
+}
+
+TEST_F(CurveSelectionTest, AChoiceThatCannotBeStoredIsToldAndDrawnAllTheSame) {
+    // Another program has written the file since it was opened.
+    std::filesystem::last_write_time(
+        SamplePath(), std::filesystem::last_write_time(SamplePath()) + std::chrono::hours(1));
+    const std::string before = Bytes();
+    Press(Qt::Key_F12);
+    ChooseFund(1);
+    ChooseFund(2);
+    outside.dialogs.Expect(UntrappedText(Error{ErrorNumber::ChangedByOther, "test"}));
+    Press(Qt::Key_F12);
+    EXPECT_EQ(Labels(), (std::vector<std::string>{"2", "3"}));
     EXPECT_EQ(Bytes(), before);
 }
 
