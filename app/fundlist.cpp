@@ -89,7 +89,8 @@ void FundList::CollectCurve() {
     const std::string marks = Caption(window.lblGrafNr);
     SetCaption(window.lblGrafNr, AddCurveMark(marks, SelectedLine(window)));
     window.lblGrafNr->show();
-    window.lblPlottInfo->hide();
+    // The instruction stays beside the numbers: it says how the choice is ended.
+    window.lblPlottInfo->show();
 }
 
 void FundList::OpenSelectedFund() {

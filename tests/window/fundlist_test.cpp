@@ -165,7 +165,7 @@ TEST_F(FundListTest, SameFundTwiceWhileCollectingIsMarkedOnce) {
     ChooseFund(1);
     EXPECT_EQ(Caption(Window().lblGrafNr), " 2.11.");
     EXPECT_TRUE(Window().lblGrafNr->isVisible());
-    EXPECT_FALSE(Window().lblPlottInfo->isVisible());
+    EXPECT_TRUE(Window().lblPlottInfo->isVisible());
 }
 
 TEST_F(FundListTest, EnterOpensTheFundAndGoesToThePrice) {
