@@ -376,16 +376,15 @@ void HoldingsGrid::ShowStoredCurves() {
 // ---- Data sources that fail ----
 
 void HoldingsGrid::dtaBasData_Error(int number) {
-    ShowSourceError(number, *window.dtaBasData);
+    ShowSourceError(number, texts::BasDataFailed);
 }
 void HoldingsGrid::dtaPlott_Error(int number) {
-    ShowSourceError(number, *window.dtaPlott);
+    ShowSourceError(number, texts::PlottFailed);
 }
 void HoldingsGrid::dtaSQL_Error(int number) {
-    ShowSourceError(number, *window.dtaSQL);
+    ShowSourceError(number, texts::SqlFailed);
 }
 
-void HoldingsGrid::ShowSourceError(int number, const DataSource& source) {
-    Tell(PlainText(static_cast<std::int32_t>(number)) + std::string(texts::SourceFailed) +
-         source.Name());
+void HoldingsGrid::ShowSourceError(int number, std::string_view source) {
+    Tell(PlainText(static_cast<std::int32_t>(number)) + std::string(source));
 }

@@ -37,7 +37,7 @@ class HoldingsGrid : Controller {
     void dtaBasData_Error(int number);
     void dtaPlott_Error(int number);
     void dtaSQL_Error(int number);
-    void ShowSourceError(int number, const DataSource& source);
+    void ShowSourceError(int number, std::string_view source);
 
     std::optional<double> TypedNumber(std::size_t position) const;
     void TypeValue();

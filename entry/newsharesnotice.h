@@ -12,6 +12,8 @@ class NewSharesNotice : Controller {
   private:
     void cmdNyAndel_Click();
     void cmdNyOk_Click();
+    /// Box 5 alone has work of its own; txtNyAndel_KeyPress and txtNyAndel_LostFocus, the key
+    /// filter and the colours, are those of every EntryField.
     void txtNyAndel_GotFocus(int index);
 
     void OpenRow();

@@ -33,7 +33,10 @@ inline constexpr std::string_view AskDelete =
 inline constexpr std::string_view LastRow =
     "Du får inte radera sista posten\r\nLösning: Öppna någon annan Fil\r\n"
     "Eventuellt     Radera denna\r\n\r\n";
-inline constexpr std::string_view SourceFailed = "  i ";
+// They follow the number of a data source's failure.
+inline constexpr std::string_view BasDataFailed = "  i dtaBasData";
+inline constexpr std::string_view PlottFailed = "  i dtaPlott";
+inline constexpr std::string_view SqlFailed = "  i dtaSQL";
 
 inline constexpr std::string_view AskNewShares =
     "Den här funktionen skall du bara använda\r\n"
