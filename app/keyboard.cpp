@@ -3,6 +3,7 @@
 #include "app/frmPPM.h"
 #include "app/imagebutton.h"
 #include "base/text.h"
+#include "platform/boundfield.h"
 #include "platform/caption.h"
 #include "platform/datagrid.h"
 
@@ -121,6 +122,9 @@ void Keyboard::Act(KeyAction action) {
         case KeyAction::ToDiagramFromGrid:
             // Esc gives up what is being typed.
             window.DBGrid->CancelRow();
+            for (BoundField* field : {window.txtKontoNr, window.txtPnr, window.txtNamn}) {
+                field->Reload();
+            }
             window.ResetPanels();
             return window.cmdPPMData_Click();
         case KeyAction::ZoomIn:

@@ -228,7 +228,21 @@ bool HoldingsGrid::DBGrid_BeforeUpdate() {
     }
     grid.TypeText(FieldAt(kFondNr), FundNumberOrDefault(grid.TypedText(FieldAt(kFondNr))));
     TypeValue();
+    if (grid.OnNewRow()) TypeKontoId();
     return true;
+}
+
+/// A file in which the first column does not count by itself: the next identity is one more than
+/// the largest there is.
+void HoldingsGrid::TypeKontoId() {
+    jet::RecordSet& rows = window.dtaBasData->Records();
+    const jet::ColumnDesign& column = rows.Column(kKontoId);
+    if (column.autonumber) return;
+    std::int32_t largest = 0;
+    for (const HoldingRow& row : ReadHoldings(*window.dtaBasData)) {
+        largest = std::max(largest, row.kontoId);
+    }
+    window.DBGrid->TypeText(column.name, PlainText(largest + 1));
 }
 
 void HoldingsGrid::DBGrid_AfterUpdate(bool isNew) {

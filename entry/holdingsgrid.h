@@ -41,6 +41,7 @@ class HoldingsGrid : Controller {
 
     std::optional<double> TypedNumber(std::size_t position) const;
     void TypeValue();
+    void TypeKontoId();
     void CompleteNewHolding();
     void RemoveNewHolding();
     void RefreshList(std::optional<std::int32_t> kontoIdToOpen);

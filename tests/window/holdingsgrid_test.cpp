@@ -2,7 +2,9 @@
 #include "base/error.h"
 #include "entry/texts.h"
 #include "fundfile/datasource.h"
+#include "fundfile/fundfile.h"
 #include "fundfile/schema.h"
+#include "jet/database.h"
 #include "platform/boundfield.h"
 #include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
@@ -424,6 +426,31 @@ TEST_F(HoldingsGridTest, AHoldingThatHasPointsAlreadyGetsNoOther) {
     EXPECT_EQ(PointsOf(3)[0].value, 7);
 }
 
+TEST_F(HoldingsGridTest, WhereTheIdentityDoesNotCountByItselfTheNextOneIsTaken) {
+    std::vector<jet::TableDesign> design = NewFundFileDesign();
+    ASSERT_EQ(design[0].name, "FONDDATA");
+    design[0].columns[kKontoId].autonumber = false;
+    jet::Database::Create(SamplePath(), design);
+    {
+        const auto file = jet::Database::Open(SamplePath());
+        const auto rows = file->OpenRecordSet("FONDDATA");
+        rows->AddNew();
+        rows->Set(kKontoId, 41);
+        rows->Set(kFond, "Gammal");
+        rows->Set(kKursKr, 10.0);
+        rows->Set(kSkala, "./15/-10");
+        rows->Update();
+        file->Close();
+    }
+    Start();
+    OpenGrid();
+    TypeNewRow({"Nykomling", "123456", "2026-03-02", "4", "25"});
+    EXPECT_TRUE(Grid().StoreRow());
+    ASSERT_EQ(StoredRows(), 2);
+    EXPECT_EQ(Holding(1, kKontoId), "42");
+    EXPECT_EQ(PointsOf(42).size(), 1U);
+}
+
 // ---- Leaving the grid ----
 
 TEST_F(HoldingsGridTest, GoingBackToTheDiagramStoresTheRow) {
@@ -458,6 +485,36 @@ TEST_F(HoldingsGridTest, EscWhileTypingACellGoesBackToTheDiagramToo) {
     Key(Qt::Key_Escape);
     EXPECT_FALSE(Window().panBasData->isVisible());
     EXPECT_EQ(Holding(0, kKursKr), "100");
+}
+
+TEST_F(HoldingsGridTest, ClosingTheWindowStoresTheRow) {
+    StartWith(TwoHoldings());
+    TypeCell(0, Kurs, "50");
+    CloseWindow();
+    const auto file = jet::Database::Open(SamplePath());
+    EXPECT_EQ(file->OpenRecordSet("FONDDATA")->At(0, kKursKr).Text(), "50");
+    file->Close();
+}
+
+TEST_F(HoldingsGridTest, ClosingTheWindowStoresTheAccountField) {
+    StartWith(TwoHoldings());
+    Window().txtNamn->setFocus();
+    Window().txtNamn->selectAll();
+    Keys("Eget konto");
+    CloseWindow();
+    const auto file = jet::Database::Open(SamplePath());
+    EXPECT_EQ(file->OpenRecordSet("FONDDATA")->At(0, kNamn).Text(), "Eget konto");
+    file->Close();
+}
+
+TEST_F(HoldingsGridTest, EscGivesUpWhatIsTypedInAnAccountField) {
+    StartWith(TwoHoldings());
+    Window().txtNamn->setFocus();
+    Window().txtNamn->selectAll();
+    Keys("Eget konto");
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(Window().panBasData->isVisible());
+    EXPECT_EQ(Holding(0, kNamn), "Premiepension");
 }
 
 TEST_F(HoldingsGridTest, TheOpenHoldingIsCurrentAgainBehindTheGrid) {
