@@ -103,11 +103,10 @@ void StartUp::Load() {
 }
 
 void StartUp::ReadSettings() {
-    window.DayStep = 1;
     const std::string sample = window.AppFolder + std::string(texts::SampleFile);
     window.CurrentFile = Setting(window, settings::kStartPath);
-    if (window.CurrentFile.empty()) window.CurrentFile = sample;
     Skipping skip;
+    // The first start of all has no setting, and no file has an empty name: both settings are made.
     if (!FileExists(window.CurrentFile)) {
         window.CurrentFile = sample;
         skip([&] { SaveSetting(window, settings::kStartPath, sample); });
@@ -115,7 +114,8 @@ void StartUp::ReadSettings() {
     }
     window.DayStep = 1;
     skip([&] { window.DayStep = ParseInteger(Setting(window, settings::kStartX)); });
-    if (window.DayStep == 0) window.DayStep = 1;
+    // A step back would never reach the end of a curve.
+    if (window.DayStep < 1) window.DayStep = 1;
     if (window.DayStep == kWeek || window.DayStep == kMonth) {
         SetCaption(window.mnuVeckor, texts::ShowDays);
         SetCaption(window.mnuMonth, texts::ShowDays);

@@ -38,10 +38,12 @@ class StartUpTest : public WindowTest {
 
 }  // namespace
 
-TEST_F(StartUpTest, FirstStartOpensTheSampleFile) {
+TEST_F(StartUpTest, FirstStartOpensTheSampleFileAndWritesBothSettings) {
     MakeFile(TwoHoldings());
     Create();
     EXPECT_EQ(Window().CurrentFile, SamplePath().string());
+    EXPECT_EQ(Setting("StartPath"), SamplePath().string());
+    EXPECT_EQ(Setting("StartX"), "1");
     EXPECT_NE(Window().FundDb, nullptr);
 }
 
@@ -80,6 +82,7 @@ TEST_F(StartUpTest, StartPathIsOpened) {
 
 TEST_F(StartUpTest, WeekOrMonthStepReadsDayByDayInBothMenuItems) {
     MakeFile(TwoHoldings());
+    Save("StartPath", SamplePath().string());
     for (const char* step : {"7", "30"}) {
         Save("StartX", step);
         Create();
@@ -98,7 +101,8 @@ TEST_F(StartUpTest, DailyStepKeepsTheDesignCaptions) {
 
 TEST_F(StartUpTest, StepThatIsNoNumberOrZeroIsOne) {
     MakeFile(TwoHoldings());
-    for (const char* step : {"", "sju", "0"}) {
+    Save("StartPath", SamplePath().string());
+    for (const char* step : {"", "sju", "0", "-7"}) {
         Save("StartX", step);
         Create();
         EXPECT_EQ(Window().DayStep, 1) << step;
