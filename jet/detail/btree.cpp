@@ -20,10 +20,6 @@ bool Same(ByteView a, ByteView b) {
     return a.size() == b.size() && BeginsWith(a, b);
 }
 
-bool Below(ByteView a, ByteView b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end());
-}
-
 IndexPage ReadOf(const PageFile& file, std::uint32_t table, std::uint32_t page) {
     IndexPage content = IndexPage::Read(file, page);
     if (content.table != table) ThrowDamaged(page, 4, "index page of another table");
@@ -57,7 +53,7 @@ void TreeCursor::Next() {
         Load(content_.next);
         if (content_.Count() == 0) continue;
         GoTo(0);
-        if (!Below(before, entry_)) ThrowDamaged(leaf_, 0, "index entries out of order");
+        if (!EntryBelow(before, entry_)) ThrowDamaged(leaf_, 0, "index entries out of order");
         return;
     }
     at_ = content_.Count();
@@ -71,7 +67,7 @@ void TreeCursor::Previous() {
         Load(content_.previous);
         if (content_.Count() == 0) continue;
         GoTo(content_.Count() - 1);
-        if (wasValid && !Below(entry_, after)) {
+        if (wasValid && !EntryBelow(entry_, after)) {
             ThrowDamaged(leaf_, 0, "index entries out of order");
         }
         return;
@@ -390,7 +386,7 @@ void BTree::Rebuild(std::vector<IndexEntry> entries) {
     std::vector<Bytes> sorted;
     sorted.reserve(entries.size());
     for (const IndexEntry& entry : entries) sorted.push_back(MakeEntry(entry.key, entry.row));
-    std::sort(sorted.begin(), sorted.end());
+    std::sort(sorted.begin(), sorted.end(), EntryBelow);
     DropAllButRoot();
 
     Level level = BuildLeaves(sorted);

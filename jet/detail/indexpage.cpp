@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <utility>
 
 namespace jet::detail {
@@ -32,11 +33,13 @@ std::vector<std::uint32_t> EntryEnds(const Layout& layout, ByteView page, std::u
     return ends;
 }
 
-bool IsBelow(ByteView a, ByteView b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end());
-}
-
 }  // namespace
+
+bool EntryBelow(ByteView a, ByteView b) {
+    const std::size_t common = std::min(a.size(), b.size());
+    const int order = common == 0 ? 0 : std::memcmp(a.data(), b.data(), common);
+    return order != 0 ? order < 0 : a.size() < b.size();
+}
 
 Bytes MakeEntry(ByteView key, RowPointer row) {
     Bytes entry(key.begin(), key.end());
@@ -103,7 +106,7 @@ IndexPage IndexPage::Read(const PageFile& file, std::uint32_t number) {
         if (prefix + page.Suffix(i).size() < least) {
             ThrowDamaged(number, layout.indexEntries + page.Start(i), "index entry too short");
         }
-        if (i > 0 && !IsBelow(page.SortedPart(i - 1), page.SortedPart(i))) {
+        if (i > 0 && !EntryBelow(page.SortedPart(i - 1), page.SortedPart(i))) {
             ThrowDamaged(number, layout.indexEntries + page.Start(i), "index entries out of order");
         }
     }
@@ -131,7 +134,7 @@ std::size_t IndexPage::LowerBound(ByteView wanted) const {
     std::size_t low = 0, high = Count();
     while (low < high) {
         const std::size_t middle = (low + high) / 2;
-        if (IsBelow(SortedPart(middle), rest)) {
+        if (EntryBelow(SortedPart(middle), rest)) {
             low = middle + 1;
         } else {
             high = middle;

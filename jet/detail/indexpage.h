@@ -18,6 +18,8 @@ inline constexpr std::size_t kRowPointerSize = 4, kChildSize = 4;
 
 /// Key bytes and row pointer as they stand in a leaf. Entries are compared as bytes.
 Bytes MakeEntry(ByteView key, RowPointer row);
+/// The order of entries: as unsigned bytes.
+bool EntryBelow(ByteView a, ByteView b);
 ByteView KeyOf(ByteView entry);
 RowPointer RowOf(ByteView entry);
 

@@ -72,11 +72,15 @@ class TableIndexes {
     RowKey KeyFromRow(std::size_t realIndex, const RowView& row) const;
 
   private:
+    struct BytesBelow {
+        bool operator()(const Bytes& a, const Bytes& b) const { return EntryBelow(a, b); }
+    };
     /// What the rows tell about the keys of an index that cannot all be computed.
     struct Evidence {
         bool general = false;  ///< there are keys, and each is what the order "General" gives
         std::set<std::pair<std::size_t, char32_t>> characters;  ///< that occur in them, by column
-        std::map<Bytes, Bytes> known;  ///< the uncomputable columns' values -> their part of a key
+        std::map<Bytes, Bytes, BytesBelow>
+            known;  ///< the uncomputable columns' values -> their part of a key
     };
     /// Key bytes column by column; none = not known.
     using Parts = std::vector<std::optional<Bytes>>;
