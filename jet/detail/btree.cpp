@@ -46,31 +46,36 @@ void TreeCursor::Load(std::uint32_t leaf) {
 }
 
 void TreeCursor::Next() {
-    if (at_ + 1 < content_.Count()) return GoTo(at_ + 1);
-    const Bytes before = valid_ ? entry_ : Bytes();
-    valid_ = false;
-    while (content_.next != 0) {
-        Load(content_.next);
-        if (content_.Count() == 0) continue;
+    before_ = entry_;
+    const bool wasValid = std::exchange(valid_, false);
+    if (at_ + 1 < content_.Count()) {
+        GoTo(at_ + 1);
+    } else {
+        do {
+            if (content_.next == 0) return;
+            Load(content_.next);
+        } while (content_.Count() == 0);
         GoTo(0);
-        if (!EntryBelow(before, entry_)) ThrowDamaged(leaf_, 0, "index entries out of order");
-        return;
     }
-    at_ = content_.Count();
+    if (wasValid && !EntryBelow(before_, entry_)) {
+        ThrowDamaged(leaf_, 0, "index entries out of order");
+    }
 }
 
 void TreeCursor::Previous() {
-    if (at_ > 0) return GoTo(at_ - 1);
-    const Bytes after = entry_;
+    before_ = entry_;
     const bool wasValid = std::exchange(valid_, false);
-    while (content_.previous != 0) {
-        Load(content_.previous);
-        if (content_.Count() == 0) continue;
+    if (at_ > 0) {
+        GoTo(at_ - 1);
+    } else {
+        do {
+            if (content_.previous == 0) return;
+            Load(content_.previous);
+        } while (content_.Count() == 0);
         GoTo(content_.Count() - 1);
-        if (wasValid && !EntryBelow(entry_, after)) {
-            ThrowDamaged(leaf_, 0, "index entries out of order");
-        }
-        return;
+    }
+    if (wasValid && !EntryBelow(entry_, before_)) {
+        ThrowDamaged(leaf_, 0, "index entries out of order");
     }
 }
 

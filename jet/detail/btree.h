@@ -41,7 +41,7 @@ class TreeCursor {
     IndexPage content_;
     std::size_t at_ = 0;
     std::uint32_t leavesLeft_;
-    Bytes entry_;
+    Bytes entry_, before_;
     bool valid_ = false;
 };
 

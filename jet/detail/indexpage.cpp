@@ -11,6 +11,7 @@ namespace jet::detail {
 namespace {
 
 constexpr std::size_t kOwnerOffset = 4, kFreeOffset = 2;
+constexpr std::size_t kUsualEntries = 400;
 
 std::size_t CommonLength(ByteView a, ByteView b) {
     const auto [end, other] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
@@ -20,17 +21,25 @@ std::size_t CommonLength(ByteView a, ByteView b) {
 /// The ends that the entry mask marks, ascending.
 std::vector<std::uint32_t> EntryEnds(const Layout& layout, ByteView page, std::uint32_t number) {
     std::vector<std::uint32_t> ends;
-    const ByteView mask = Part(page, layout.indexMask, layout.indexEntries - layout.indexMask);
-    for (std::size_t i = 0; i < mask.size(); ++i) {
-        for (unsigned bits = mask[i]; bits != 0; bits &= bits - 1) {
-            const std::size_t end = 8 * i + static_cast<std::size_t>(std::countr_zero(bits));
-            if (end == 0 || end > layout.IndexRoom()) {
-                ThrowDamaged(number, layout.indexMask + i, "index entry past the page's end");
-            }
+    ends.reserve(kUsualEntries);
+    const ByteView mask =
+        Part(page, layout.indexMask, layout.indexEntries - layout.indexMask, number);
+    std::size_t end = 0;
+    for (std::size_t at = 0; at < mask.size(); at += sizeof(std::uint64_t)) {
+        const std::size_t count = std::min(sizeof(std::uint64_t), mask.size() - at);
+        for (std::uint64_t bits = LittleEndian(mask, at, count); bits != 0; bits &= bits - 1) {
+            end = 8 * at + static_cast<std::size_t>(std::countr_zero(bits));
             ends.push_back(static_cast<std::uint32_t>(end));
         }
     }
+    if (!ends.empty() && (ends.front() == 0 || end > layout.IndexRoom())) {
+        ThrowDamaged(number, layout.indexMask, "index entry past the page's end");
+    }
     return ends;
+}
+
+bool SharesStart(ByteView a, ByteView b, std::size_t count) {
+    return count == 0 || std::memcmp(a.data(), b.data(), count) == 0;
 }
 
 }  // namespace
@@ -105,9 +114,6 @@ IndexPage IndexPage::Read(const PageFile& file, std::uint32_t number) {
     for (std::size_t i = 0; i < page.Count(); ++i) {
         if (prefix + page.Suffix(i).size() < least) {
             ThrowDamaged(number, layout.indexEntries + page.Start(i), "index entry too short");
-        }
-        if (i > 0 && !EntryBelow(page.SortedPart(i - 1), page.SortedPart(i))) {
-            ThrowDamaged(number, layout.indexEntries + page.Start(i), "index entries out of order");
         }
     }
     return page;
@@ -239,7 +245,13 @@ std::size_t IndexPage::SharedPrefix(const Layout& layout) const {
     // there.
     const std::size_t keys = prefix_.size() + std::min(first.size(), last.size()) - 1;
     const std::size_t limit = leaf_ ? keys : prefix_.size();
-    return std::min({shared, largest, limit});
+    const std::size_t prefix = std::min({shared, largest, limit});
+    for (std::size_t i = 0; i < Count(); ++i) {
+        // What first and last share, all share that stand between them; unless the page is damaged.
+        const std::size_t beyond = prefix - std::min(prefix, prefix_.size());
+        if (Suffix(i).size() <= beyond || !SharesStart(Suffix(i), first, beyond)) return 0;
+    }
+    return prefix;
 }
 
 bool IndexPage::Fits(const Layout& layout) const {
@@ -263,15 +275,15 @@ void IndexPage::Write(PageFile& file, std::uint32_t number) const {
 
     const ByteSpan room = Part(page, layout.indexEntries, layout.IndexRoom(), number);
     std::size_t end = 0;
+    const auto append = [&](ByteView bytes) {
+        CheckRange(room.size(), end, bytes.size(), number);
+        if (!bytes.empty()) std::memcpy(&room[end], bytes.data(), bytes.size());
+        end += bytes.size();
+    };
     for (std::size_t i = 0; i < Count(); ++i) {
         const std::size_t dropped = i == 0 ? 0 : prefix;
-        const ByteView suffix = Suffix(i);
-        const std::size_t fromPrefix = prefix_.size() - std::min(prefix_.size(), dropped);
-        const ByteView head = ByteView(prefix_).last(fromPrefix);
-        const ByteView rest = suffix.subspan(dropped - std::min(dropped, prefix_.size()));
-        PutBytes(room, end, head);
-        PutBytes(room, end + head.size(), rest);
-        end += head.size() + rest.size();
+        append(ByteView(prefix_).subspan(std::min(prefix_.size(), dropped)));
+        append(Suffix(i).subspan(dropped - std::min(dropped, prefix_.size())));
         page[layout.indexMask + end / 8] |= static_cast<std::uint8_t>(1U << (end % 8));
     }
     PutU16(page, kFreeOffset, static_cast<std::uint16_t>(layout.IndexRoom() - end));
