@@ -246,7 +246,7 @@ std::size_t IndexPage::SharedPrefix(const Layout& layout) const {
     const std::size_t keys = prefix_.size() + std::min(first.size(), last.size()) - 1;
     const std::size_t limit = leaf_ ? keys : prefix_.size();
     const std::size_t prefix = std::min({shared, largest, limit});
-    for (std::size_t i = 0; i < Count(); ++i) {
+    for (std::size_t i = 0; i < Count() && prefix > prefix_.size(); ++i) {
         // What first and last share, all share that stand between them; unless the page is damaged.
         const std::size_t beyond = prefix - std::min(prefix, prefix_.size());
         if (Suffix(i).size() <= beyond || !SharesStart(Suffix(i), first, beyond)) return 0;
@@ -280,11 +280,20 @@ void IndexPage::Write(PageFile& file, std::uint32_t number) const {
         if (!bytes.empty()) std::memcpy(&room[end], bytes.data(), bytes.size());
         end += bytes.size();
     };
-    for (std::size_t i = 0; i < Count(); ++i) {
-        const std::size_t dropped = i == 0 ? 0 : prefix;
-        append(ByteView(prefix_).subspan(std::min(prefix_.size(), dropped)));
-        append(Suffix(i).subspan(dropped - std::min(dropped, prefix_.size())));
-        page[layout.indexMask + end / 8] |= static_cast<std::uint8_t>(1U << (end % 8));
+    const auto mark = [&](std::size_t entryEnd) {
+        page[layout.indexMask + entryEnd / 8] |= static_cast<std::uint8_t>(1U << (entryEnd % 8));
+    };
+    if (prefix == prefix_.size()) {
+        append(prefix_);
+        append(suffixes_);
+        for (const std::uint32_t suffixEnd : ends_) mark(prefix + suffixEnd);
+    } else {
+        for (std::size_t i = 0; i < Count(); ++i) {
+            const std::size_t dropped = i == 0 ? 0 : prefix;
+            append(ByteView(prefix_).subspan(std::min(prefix_.size(), dropped)));
+            append(Suffix(i).subspan(dropped - std::min(dropped, prefix_.size())));
+            mark(end);
+        }
     }
     PutU16(page, kFreeOffset, static_cast<std::uint16_t>(layout.IndexRoom() - end));
 }
