@@ -144,17 +144,18 @@ bool PriceEntry::Believable(std::int32_t percent) {
     return false;
 }
 
-ScaleRange PriceEntry::ScaleFor(std::int32_t percent) const {
+std::optional<ScaleRange> PriceEntry::WidenedScale(std::int32_t percent) const {
     ScaleRange shown{window.ScaleTop, window.ScaleBottom};
     Skipping skip;
     skip([&] { shown.bottom = ParseInteger(Caption(window.lblVertical[1])); });
-    return WidenFor(shown, percent);
+    const ScaleRange scale = WidenFor(shown, percent);
+    if (scale == shown) return std::nullopt;
+    return scale;
 }
 
 void PriceEntry::Store(const Entry& entry) {
     const Shown before(window);
-    const ScaleRange scale = ScaleFor(entry.percent);
-    const bool widened = scale.top != window.ScaleTop || scale.bottom != window.ScaleBottom;
+    const std::optional<ScaleRange> widened = WidenedScale(entry.percent);
     window.markers.HoldGridRedraw();
     try {
         // Summary, point and scale are stored together or not at all.
@@ -163,7 +164,7 @@ void PriceEntry::Store(const Entry& entry) {
         window.staBar->SetText(kLatestPrice, LatestPriceText(entry.text));
         window.RefreshFundSummary(window.markers.StartPrice(), entry.price);
         StoreDayPoint(entry.percent);
-        if (widened) StoreScale(scale);
+        if (widened) StoreScale(*widened);
         transaction.Commit();
     } catch (const Error& error) {
         before.Restore(window);
@@ -174,9 +175,9 @@ void PriceEntry::Store(const Entry& entry) {
     }
     window.markers.LetGridRedraw();
     if (widened) {
-        window.ScaleTop = window.FundScaleTop = scale.top;
-        window.ScaleBottom = window.FundScaleBottom = scale.bottom;
-        window.SetVerticalScale(scale.bottom, scale.top);
+        window.ScaleTop = window.FundScaleTop = widened->top;
+        window.ScaleBottom = window.FundScaleBottom = widened->bottom;
+        window.SetVerticalScale(widened->bottom, widened->top);
     } else {
         window.picDiagram->Clear();
         window.PlotCurves();

@@ -30,7 +30,8 @@ class PriceEntry : Controller {
     /// Asks or refuses; false: nothing is stored.
     bool Believable(std::int32_t percent);
     void Store(const Entry& entry);
-    ScaleRange ScaleFor(std::int32_t percent) const;
+    /// The scale that takes the point in; nothing where the shown one does.
+    std::optional<ScaleRange> WidenedScale(std::int32_t percent) const;
     void MoveToOpenHolding();
     void StoreDayPoint(std::int32_t percent);
     void StoreScale(ScaleRange scale);

@@ -200,6 +200,14 @@ TEST_F(PriceEntryTest, PriceBelowTheScaleWidensItInAnotherRowWithoutAList) {
     EXPECT_EQ(Caption(Window().lblVertical[1]), "-50");
 }
 
+TEST_F(PriceEntryTest, ScaleZoomedOutBeyondThePictureIsNotStored) {
+    ChooseFund(1);
+    while (Window().ScaleTop <= 1000) Window().mnuMinus_Click();
+    ASSERT_NE(Caption(Window().lblVertical[1]), std::to_string(Window().ScaleBottom));
+    TypePrice("55");
+    EXPECT_EQ(Holding(1, 16), "45/-30");
+}
+
 TEST_F(PriceEntryTest, NewPointIsDrawnAtOnce) {
     ChooseFund(0);
     TypePrice("108");
