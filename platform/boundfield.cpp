@@ -1,5 +1,6 @@
 #include "platform/boundfield.h"
 
+#include "base/error.h"
 #include "fundfile/datasource.h"
 #include "platform/caption.h"
 #include "platform/recordsetmodel.h"
@@ -37,13 +38,13 @@ bool BoundField::Changed() const {
 void BoundField::Reload() {
     row_ = -1;
     shown_.clear();
-    if (source_) {
-        source_->Guard([this] {
-            if (!HasRow()) return;
-            shown_ = ToQt(ShownText(source_->Field(column_)));
-            row_ = source_->Position();
-        });
-    }
+    // What cannot be read is empty: ten fields on a row would give ten message boxes.
+    Skipping skip;
+    skip([this] {
+        if (!HasRow()) return;
+        shown_ = ToQt(ShownText(source_->Field(column_)));
+        row_ = source_->Position();
+    });
     setReadOnly(row_ < 0);
     setText(shown_);
 }

@@ -26,6 +26,7 @@ jet::Value MemoryRecords::Field(std::size_t position) {
 
 jet::Value MemoryRecords::At(std::int32_t row, std::size_t position) {
     if (row < 0 || row >= Count()) throw Error{ErrorNumber::NoCurrentRecord, "no such row"};
+    if (readFails) throw Error{*readFails, "told to fail"};
     ++cellsRead;
     return rows_[static_cast<std::size_t>(row)].at(position);
 }

@@ -21,6 +21,7 @@ class MemoryRecords final : public jet::RecordSet {
     int cellsRead = 0;
     std::optional<ErrorNumber> updateFails;  ///< Update throws this
     std::optional<ErrorNumber> deleteFails;
+    std::optional<ErrorNumber> readFails;
 
     std::size_t FieldCount() const override { return columns_.size(); }
     const jet::ColumnDesign& Column(std::size_t position) const override {

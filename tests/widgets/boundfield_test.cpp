@@ -81,6 +81,14 @@ TEST_F(BoundFieldTest, ShowsNothingWithoutARecordSet) {
     EXPECT_EQ(Caption(&name_), "");
 }
 
+TEST_F(BoundFieldTest, WhatCannotBeReadIsEmptyWithoutAMessage) {
+    records_->readFails = ErrorNumber::RecordDeleted;
+    source_.Refresh();
+    EXPECT_EQ(Caption(&name_), "");
+    EXPECT_TRUE(name_.isReadOnly());
+    EXPECT_TRUE(failures_.empty());
+}
+
 TEST_F(BoundFieldTest, StoresWhenItIsLeft) {
     Retype(name_, "Eva");
     EXPECT_EQ(Stored(0, 0), "Ada");

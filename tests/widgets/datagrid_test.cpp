@@ -151,6 +151,13 @@ TEST_F(GridTest, AnEmptyRecordSetHasOnlyTheRowForNewData) {
     EXPECT_TRUE(grid_.OnNewRow());
 }
 
+TEST_F(GridTest, ACellThatCannotBeReadIsEmptyWithoutAMessage) {
+    records_->readFails = ErrorNumber::RecordDeleted;
+    window_.grab();
+    EXPECT_EQ(grid_.CellText(0, kName), "");
+    EXPECT_TRUE(failures_.empty());
+}
+
 TEST_F(GridTest, AColumnThatTheRecordSetLacksIsEmpty) {
     grid_.SetColumns({{.caption = "Saknas", .field = "Saknas"}});
     EXPECT_EQ(grid_.CellText(0, 0), "");
