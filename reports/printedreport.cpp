@@ -121,6 +121,7 @@ void PrintedReport::PrintItems(PrinterPage& page, const PageItems& items) {
 
 std::vector<std::string> PrintedReport::Totals() {
     std::vector<std::string> totals;
+    totals.reserve(static_cast<std::size_t>(window.lstTotal->count()));
     for (int i = 0; i < window.lstTotal->count(); ++i) {
         totals.push_back(window.BuildAccountTotals(FromQt(window.lstTotal->item(i)->text())));
     }
