@@ -1,0 +1,214 @@
+// Damaged files: whatever the bytes are, the engine answers with Error or with what it could read,
+// and a failed change leaves the rest as it was. Run under the sanitizers, which see what does not
+// crash by itself.
+
+#include "jet/detail/engine.h"
+#include "jet/detail/queryplan.h"
+#include "jet/detail/table.h"
+#include "jet/detail/tableindexes.h"
+#include "jet/detail/verify.h"
+#include "memoryfile.h"
+
+#include <functional>
+#include <random>
+
+namespace {
+
+using namespace jet::detail;
+using jet::Value;
+
+template <typename Step>
+bool Works(Step&& step) {
+    try {
+        step();
+        return true;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+std::optional<RowPointer> FirstRow(const TableStore& table) {
+    std::optional<RowPointer> first;
+    table.Scan([&](RowPointer where, const RowView&) {
+        first = where;
+        return false;
+    });
+    return first;
+}
+
+/// Reads all there is, then updates and deletes a row of each table, below the check for soundness.
+void UseAll(const std::string& bytes) {
+    std::unique_ptr<Engine> engine;
+    if (!Works([&] {
+            engine = std::make_unique<Engine>(PageFile::FromImage(jettest::ImageOf(bytes)));
+        })) {
+        return;
+    }
+    PageFile& file = engine->File();
+    Works([&] { Verify(file); });
+    for (const CatalogTable& entry : engine->Objects().UserTables()) {
+        Works([&] {
+            TableStore table(file, entry.page);
+            table.Scan([&](RowPointer, const RowView& row) {
+                for (const ColumnDef& column : table.Def().columns) {
+                    Works([&] { DecodeColumn(file, column, row); });
+                }
+            });
+        });
+        Works([&] {
+            if (file.ReadOnly()) return;
+            TableStore table(file, entry.page);
+            TableIndexes indexes(table);
+            const auto row = FirstRow(table);
+            if (!row) return;
+            UndoScope scope(file);
+            table.Update(*row, std::vector<std::optional<Value>>(table.Def().columns.size()));
+            indexes.Erase(*row);
+            table.Delete(*row);
+            scope.Commit();
+        });
+    }
+    for (const std::string& query : engine->Objects().QueryNames()) {
+        Works([&] { PlanSource(*engine, query); });
+    }
+}
+
+std::vector<std::string> SmallSamples() {
+    std::vector<std::string> files;
+    for (const char* name : {"overflowTestV1997", "overflowTestV2000", "delColTestV1997",
+                             "indexTestV2000", "tom", "queryTestV2000", "testUnicodeCompV2003"}) {
+        files.push_back(jettest::ReadText(jettest::Sample(name)));
+    }
+    return files;
+}
+
+std::size_t PageSize(const std::string& bytes) {
+    return bytes[0x14] == 0 ? 2048 : 4096;
+}
+
+TEST(Damage, FlippedBytesAreAnErrorOrReadable) {
+    SKIP_WITHOUT_SAMPLES();
+    std::mt19937 random(1);
+    for (const std::string& sound : SmallSamples()) {
+        for (int round = 0; round < 60; ++round) {
+            std::string bytes = sound;
+            const std::size_t pageSize = PageSize(bytes);
+            for (int flip = 0; flip < 4; ++flip) {
+                const std::size_t page = 1 + random() % (bytes.size() / pageSize - 1);
+                const std::size_t spans[] = {32, 200, 1200, pageSize};
+                bytes[page * pageSize + random() % spans[random() % 4]] =
+                    static_cast<char>(random());
+            }
+            UseAll(bytes);
+        }
+    }
+}
+
+TEST(Damage, CutFilesAreAnErrorOrReadable) {
+    SKIP_WITHOUT_SAMPLES();
+    for (const std::string& sound : SmallSamples()) {
+        for (std::size_t part = 0; part <= 24; ++part) {
+            UseAll(sound.substr(0, sound.size() * part / 24 + (part % 3)));
+        }
+    }
+}
+
+TEST(Damage, ZeroedPagesAreAnErrorOrReadable) {
+    SKIP_WITHOUT_SAMPLES();
+    for (const std::string& sound : SmallSamples()) {
+        const std::size_t pageSize = PageSize(sound);
+        for (std::size_t page = 0; page < sound.size() / pageSize; ++page) {
+            std::string bytes = sound;
+            std::fill_n(bytes.begin() + static_cast<std::ptrdiff_t>(page * pageSize), pageSize,
+                        '\0');
+            UseAll(bytes);
+        }
+    }
+}
+
+TEST(Damage, PagesOutOfPlaceAreAnErrorOrReadable) {
+    SKIP_WITHOUT_SAMPLES();
+    std::mt19937 random(2);
+    for (const std::string& sound : SmallSamples()) {
+        const std::size_t pageSize = PageSize(sound), pages = sound.size() / pageSize;
+        for (int round = 0; round < 30; ++round) {
+            std::string bytes = sound;
+            bytes.replace((1 + random() % (pages - 1)) * pageSize, pageSize,
+                          sound.substr(random() % pages * pageSize, pageSize));
+            UseAll(bytes);
+        }
+    }
+}
+
+TEST(Damage, ATableThatCannotBeReadDoesNotHarmTheUseOfOthers) {
+    SKIP_WITHOUT_SAMPLES();
+    std::string bytes = jettest::ReadText(jettest::Sample("liten"));
+    std::uint32_t page = 0;
+    {
+        const auto sound = PageFile::FromImage(jettest::ImageOf(bytes));
+        page = Catalog(*sound).FindTable("PLOTTDATA")->page;
+    }
+    bytes[page * std::size_t{4096} + 0x2D] = 99;  // the number of columns
+    Engine engine(PageFile::FromImage(jettest::ImageOf(bytes)));
+    EXPECT_THROW(engine.Table("PLOTTDATA"), Error);
+    EXPECT_THROW(engine.Table("PLOTTDATA"), Error);
+    // A failing change looks after all tables in use.
+    EXPECT_THROW(engine.Statement([]() -> int {
+        throw Error{ErrorNumber::DuplicateKey, "a change that fails"};
+    }),
+                 Error);
+    EXPECT_FALSE(engine.Table("FONDDATA").Rows({}).empty());
+}
+
+TEST(Damage, ASlotAmongOthersThatLiesAnywhereIsFoundBeforeRowsMove) {
+    const auto file = jettest::EmptyFile(kJet4);
+    const std::uint32_t page = AllocatePage(*file);
+    FormatDataPage(*file, page, 77);
+    for (int i = 0; i < 5; ++i) AddRow(*file, page, std::vector<std::uint8_t>(100, 1));
+    // The third row's place is moved above the second's; the last row still looks sound by itself.
+    const auto second = static_cast<std::uint16_t>(DataPage(*file, page).At(1).start);
+    PutU16(file->EditPage(page), kJet4.slots + 2 * 2, static_cast<std::uint16_t>(second + 400));
+    PutU16(file->EditPage(page), kJet4.slots + 2 * 3, static_cast<std::uint16_t>(second + 400));
+    PutU16(file->EditPage(page), kJet4.slots + 2 * 4, static_cast<std::uint16_t>(second + 300));
+    EXPECT_THROW(ReplaceRow(*file, {page, 1}, std::vector<std::uint8_t>(10, 2), 0), Error);
+}
+
+TEST(Damage, ARowCountBeyondReasonCostsNoMemory) {
+    SKIP_WITHOUT_SAMPLES();
+    std::string bytes = jettest::ReadText(jettest::Sample("tom"));
+    std::uint32_t page = 0;
+    {
+        const auto sound = PageFile::FromImage(jettest::ImageOf(bytes));
+        page = Catalog(*sound).FindTable("PLOTTDATA")->page;
+    }
+    for (std::size_t i = 0; i < 4; ++i) bytes[page * std::size_t{4096} + 0x10 + i] = '\xFF';
+    Engine engine(PageFile::FromImage(jettest::ImageOf(bytes)));
+    EXPECT_TRUE(engine.Table("PLOTTDATA").Rows({}).empty());
+}
+
+TEST(Damage, APointerThatLeadsToItselfEnds) {
+    const auto file = jettest::EmptyFile(kJet4);
+    TableStore table(*file, jettest::AddTable(*file, {{"Nr", jet::ColumnType::Long, 4}}));
+    const RowPointer row = table.Insert(std::vector<Value>{std::int32_t{1}});
+    std::vector<std::uint8_t> pointer(4, 0);
+    PutU32(pointer, 0, row.Packed());
+    ReplaceRow(*file, row, pointer, kSlotPointer);
+    EXPECT_THROW(table.Read(row), Error);
+    EXPECT_THROW(table.Delete(row), Error);
+}
+
+TEST(Damage, AChainOfALongValueThatLeadsToItselfEnds) {
+    const auto file = jettest::EmptyFile(kJet4);
+    TableStore table(*file, jettest::AddTable(*file, {{"Memo", jet::ColumnType::Memo, 0}}));
+    const RowPointer row = table.Insert(std::vector<Value>{std::string(5000, 'x')});
+    // The descriptor is the row's variable part, behind the two bytes of the column count.
+    const RowPointer piece = RowPointer::FromPacked(U32(RowAt(*file, row), 2 + 4));
+    PutU32(EditRowAt(*file, piece), 0, piece.Packed());
+    PutU32(EditRowAt(*file, row), 2, 20000);
+    EXPECT_EQ(table.Field(row, 0).Text().size(),
+              10000u);  // the same piece again, as far as the length says
+    table.Delete(row);
+    EXPECT_FALSE(table.Exists(row));
+}
+
+}  // namespace
