@@ -23,7 +23,13 @@ export DISPLAY=:$number XDG_CONFIG_HOME=$work/config QT_QPA_PLATFORM=xcb
 
 "$program" >"$work/log" 2>&1 &
 client=$!
-window=$(timeout 30 xdotool search --sync --onlyvisible --pid "$client" --name Kvarnbo | head -n 1) || true
+# A search that meets a window in the moment it goes away fails: it is asked again.
+window=
+for _ in $(seq 300); do
+    window=$(xdotool search --onlyvisible --pid "$client" --name Kvarnbo 2>/dev/null | head -n 1) || true
+    [ -z "$window" ] || break
+    sleep 0.1
+done
 if [ -z "$window" ]; then
     cat "$work/log" >&2
     echo "the window did not come up" >&2

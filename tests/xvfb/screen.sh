@@ -40,8 +40,7 @@ start_program() {
     printf '[StartUp]\nStartPath=%s\nStartX=1\n' "$1" >"$work/config/Kvarnbo/Kvarnbo.ini"
     "$program" >"$work/log" 2>&1 &
     client=$!
-    window=$(timeout 30 xdotool search --sync --onlyvisible --pid "$client" --name Kvarnbo | head -n 1)
-    [ -n "$window" ] || fail "the window did not come up"
+    until_true 30 found_window || fail "the window did not come up"
     xdotool windowactivate --sync "$window" 2>/dev/null || true
 }
 
@@ -57,6 +56,11 @@ until_true() {
     return 1
 }
 
+# A search that meets a window in the moment it goes away fails: it is asked again.
+found_window() {
+    window=$(xdotool search --onlyvisible --pid "$client" --name Kvarnbo 2>/dev/null | head -n 1)
+    [ -n "$window" ]
+}
 title() { xdotool getwindowname "$window"; }
 title_has() { title | grep -qF -- "$1"; }
 title_lacks() { ! title_has "$1"; }
