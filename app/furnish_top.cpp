@@ -14,6 +14,7 @@ void FurnishHeading(frmPPM& window) {
     band->hide();
 
     window.lblRubrik = Named(new QLabel(band), "lblRubrik");
+    window.lblRubrik->setTextFormat(Qt::PlainText);
     Placed(window, window.lblRubrik, {180, 30, 6900, 450}, 13);
     window.lblRubrik->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     QFont bold = window.lblRubrik->font();

@@ -39,7 +39,10 @@ struct Writer {
         if constexpr (std::is_same_v<Control, QPlainTextEdit> ||
                       std::is_same_v<Control, QTextEdit>) {
             control.setPlainText(text);
-        } else if constexpr (std::is_same_v<Control, QGroupBox> || std::is_same_v<Control, QMenu>) {
+        } else if constexpr (std::is_same_v<Control, QGroupBox>) {
+            // A title may be a fund's name: its "&" is a sign and no mnemonic.
+            control.setTitle(QString(text).replace(QLatin1String("&"), QLatin1String("&&")));
+        } else if constexpr (std::is_same_v<Control, QMenu>) {
             control.setTitle(text);
         } else if constexpr (std::is_same_v<Control, QObject>) {
             WriteOther(control);
@@ -88,7 +91,9 @@ std::string Caption(const QObject* control) {
         if constexpr (std::is_same_v<Control, QPlainTextEdit> ||
                       std::is_same_v<Control, QTextEdit>) {
             text = one.toPlainText();
-        } else if constexpr (std::is_same_v<Control, QGroupBox> || std::is_same_v<Control, QMenu>) {
+        } else if constexpr (std::is_same_v<Control, QGroupBox>) {
+            text = one.title().replace(QLatin1String("&&"), QLatin1String("&"));
+        } else if constexpr (std::is_same_v<Control, QMenu>) {
             text = one.title();
         } else if constexpr (std::is_same_v<Control, QObject>) {
             text = ReadOther(one);

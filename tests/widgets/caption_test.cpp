@@ -39,6 +39,15 @@ TYPED_TEST(CaptionOf, TagIsATextOfItsOwn) {
     EXPECT_EQ(Caption(&control), "");
 }
 
+TEST(Caption, OfAGroupBoxShowsTheAmpersandOfAName) {
+    QGroupBox box;
+
+    SetCaption(&box, "Kina & Indien");
+
+    EXPECT_EQ(box.title(), QStringLiteral("Kina && Indien"));
+    EXPECT_EQ(Caption(&box), "Kina & Indien");
+}
+
 TEST(Caption, OfAWindowIsItsTitle) {
     QMainWindow window;
     SetCaption(&window, "  Kvarnbo  ");
