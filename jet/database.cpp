@@ -8,7 +8,6 @@
 #include "jet/detail/queryplan.h"
 #include "jet/detail/verify.h"
 
-#include <algorithm>
 #include <chrono>
 
 namespace jet {
@@ -91,10 +90,7 @@ std::int32_t Database::Execute(std::string_view sql) {
     const detail::QueryPlan plan = detail::PlanDelete(engine, sql);
     return engine.Statement([&] {
         const auto rows = plan.table->Rows(plan.conditions);
-        // From the end, where taking a row out of its page moves the fewest others.
-        std::for_each(rows.rbegin(), rows.rend(), [&](std::uint32_t row) {
-            plan.table->Delete(detail::RowPointer::FromPacked(row));
-        });
+        plan.table->Delete(rows);
         return static_cast<std::int32_t>(rows.size());
     });
 }

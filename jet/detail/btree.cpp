@@ -215,6 +215,40 @@ bool BTree::Erase(ByteView key, RowPointer row) {
     return true;
 }
 
+std::vector<Bytes> BTree::EraseAll(std::vector<Bytes> entries) {
+    std::sort(entries.begin(), entries.end());
+    std::vector<Bytes> missing;
+    for (std::size_t i = 0; i < entries.size();) {
+        const std::size_t erased = EraseInLeaf(std::span(entries).subspan(i));
+        i += erased;
+        if (erased > 0) continue;
+        if (!Erase(KeyOf(entries[i]), RowOf(entries[i]))) missing.push_back(entries[i]);
+        ++i;
+    }
+    return missing;
+}
+
+/// Takes out as many of the first entries as are in one leaf, but not the leaf's last entry: that
+/// one changes the pages above. Returns how many.
+std::size_t BTree::EraseInLeaf(std::span<const Bytes> sorted) {
+    Path path = Descend(sorted.front());
+    Step& leaf = path.back();
+    Bytes entry;
+    std::size_t erased = 0;
+    while (erased < sorted.size()) {
+        const std::size_t at = leaf.content.LowerBound(sorted[erased]);
+        if (at + 1 >= leaf.content.Count()) break;
+        leaf.content.Entry(at, entry);
+        if (!Same(entry, sorted[erased])) break;
+        leaf.content.Erase(at);
+        ++erased;
+    }
+    if (erased == 0) return 0;
+    leaf.changed = true;
+    Settle(path);
+    return erased;
+}
+
 Bytes BTree::EraseByRowPointer(RowPointer row) {
     for (TreeCursor at = First(); at.Valid(); at.Next()) {
         if (at.Row() != row) continue;

@@ -57,6 +57,9 @@ class BTree {
     bool Insert(ByteView key, RowPointer row);
     /// Removes the entry; false when it is not there.
     bool Erase(ByteView key, RowPointer row);
+    /// Removes many at once: each leaf is taken apart and put back once, not once for each entry.
+    /// `entries` are as MakeEntry makes them, in any order; returns those that are not there.
+    std::vector<Bytes> EraseAll(std::vector<Bytes> entries);
     /// Removes the row's entry by looking at all of them, and returns its key. For keys that cannot
     /// be computed.
     Bytes EraseByRowPointer(RowPointer row);
@@ -93,6 +96,7 @@ class BTree {
     Step LastLeafBelow(std::uint32_t page) const;
     IndexPage ReadPage(std::uint32_t page) const;
     bool KeyIsBeside(const Step& leaf, ByteView key) const;
+    std::size_t EraseInLeaf(std::span<const Bytes> sorted);
     static void LastEntryChanged(Path& path, std::size_t level, ByteView entry);
     void RemovePage(Path& path);
     void TakeFromParent(Path& path);

@@ -7,8 +7,6 @@ namespace jet::detail {
 
 namespace {
 
-constexpr std::uint16_t kSlotPlace = 0x1FFF;
-constexpr std::size_t kSlotSize = 2;
 constexpr std::size_t kFreeBytes = 2, kOwner = 4;
 
 void StoreFreeBytes(PageFile& file, std::uint32_t page) {
@@ -17,32 +15,6 @@ void StoreFreeBytes(PageFile& file, std::uint32_t page) {
 }
 
 }  // namespace
-
-DataPage::DataPage(const PageFile& file, std::uint32_t page)
-    : layout_(&file.Format()), number_(page), bytes_(file.Page(page)) {
-    if (bytes_[0] != kDataPage) ThrowDamaged(page, 0, "not a page of rows");
-    slotCount_ = U16(bytes_, layout_->slotCount, page);
-    if (layout_->slots + kSlotSize * slotCount_ > bytes_.size()) {
-        ThrowDamaged(page, layout_->slotCount, "more slots than fit");
-    }
-}
-
-Slot DataPage::At(std::size_t row) const {
-    if (row >= slotCount_) {
-        ThrowDamaged(number_, layout_->slotCount, "no row " + Decimal(row));
-    }
-    const std::size_t place = layout_->slots + kSlotSize * row;
-    const std::uint16_t entry = U16(bytes_, place, number_);
-    Slot slot{.flags = static_cast<std::uint16_t>(entry & kSlotFlags),
-              .start = static_cast<std::size_t>(entry & kSlotPlace),
-              .end = bytes_.size()};
-    if (row > 0) slot.end = U16(bytes_, place - kSlotSize, number_) & kSlotPlace;
-    if (slot.start < layout_->slots + kSlotSize * slotCount_ || slot.start > slot.end ||
-        slot.end > bytes_.size()) {
-        ThrowDamaged(number_, place, "row " + Decimal(row) + " lies outside its room");
-    }
-    return slot;
-}
 
 std::size_t DataPage::FreeBytes() const {
     const std::size_t tableEnd = layout_->slots + kSlotSize * slotCount_;

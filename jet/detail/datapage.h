@@ -16,6 +16,8 @@ inline constexpr std::uint16_t kSlotPointer =
     0x4000;  ///< the bytes are a pointer to where the row is now
 inline constexpr std::uint16_t kSlotDeleted = 0xC000;
 inline constexpr std::uint16_t kSlotFlags = 0xE000;
+inline constexpr std::uint16_t kSlotPlace = 0x1FFF;  ///< where the row begins
+inline constexpr std::size_t kSlotSize = 2;
 inline constexpr std::size_t kLargestSlot = 254;  ///< row numbers are one byte
 
 struct Slot {
@@ -49,6 +51,32 @@ class DataPage {
     ByteView bytes_;
     std::size_t slotCount_;
 };
+
+inline DataPage::DataPage(const PageFile& file, std::uint32_t page)
+    : layout_(&file.Format()), number_(page), bytes_(file.Page(page)) {
+    if (bytes_[0] != kDataPage) ThrowDamaged(page, 0, "not a page of rows");
+    slotCount_ = U16(bytes_, layout_->slotCount, page);
+    if (layout_->slots + kSlotSize * slotCount_ > bytes_.size()) {
+        ThrowDamaged(page, layout_->slotCount, "more slots than fit");
+    }
+}
+
+inline Slot DataPage::At(std::size_t row) const {
+    if (row >= slotCount_) {
+        ThrowDamaged(number_, layout_->slotCount, "no row " + Decimal(row));
+    }
+    const std::size_t place = layout_->slots + kSlotSize * row;
+    const std::uint16_t entry = U16(bytes_, place, number_);
+    Slot slot{.flags = static_cast<std::uint16_t>(entry & kSlotFlags),
+              .start = static_cast<std::size_t>(entry & kSlotPlace),
+              .end = bytes_.size()};
+    if (row > 0) slot.end = U16(bytes_, place - kSlotSize, number_) & kSlotPlace;
+    if (slot.start < layout_->slots + kSlotSize * slotCount_ || slot.start > slot.end ||
+        slot.end > bytes_.size()) {
+        ThrowDamaged(number_, place, "row " + Decimal(row) + " lies outside its room");
+    }
+    return slot;
+}
 
 /// Makes `page` an empty data page of `owner` (a definition's page, kLongValueOwner, or 0 for
 /// maps).

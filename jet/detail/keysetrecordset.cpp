@@ -208,10 +208,10 @@ void KeysetRecordSet::Delete() {
     if (pending_ && pending_->isNew) {
         throw Error{ErrorNumber::NoCurrentRecord, "delete of a row that is not stored yet"};
     }
-    const RowPointer row = RowPointer::FromPacked(rows_.Current());
+    const std::uint32_t row = rows_.Current();
     rows_.Count();  // the others must be known before this one is gone
     engine.Statement([&] {
-        rows_.Plan().table->Delete(row);
+        rows_.Plan().table->Delete({&row, 1});
         return row;
     });
     pending_.reset();

@@ -123,14 +123,20 @@ void OpenTable::Update(RowPointer row, std::span<const std::optional<Value>> val
     }
 }
 
-void OpenTable::Delete(RowPointer row) {
+void OpenTable::Delete(std::span<const std::uint32_t> rows) {
     RequireSoundOnce();
-    const RowView view = store_.Read(row);
-    CheckRelations(kReferenced, [](std::size_t) { return true; });
+    for (const std::uint32_t row : rows)
+        store_.Read(RowPointer::FromPacked(row));  // throws if gone
+    if (!rows.empty()) CheckRelations(kReferenced, [](std::size_t) { return true; });
     ++version_;
-    for (auto& [column, lookup] : lookups_) lookup.Remove(view);
-    indexes_.Erase(row);
-    store_.Delete(row);
+    indexes_.Erase(rows);
+    // From the end, where taking a row out of its page, or out of a list, moves the fewest others.
+    std::for_each(rows.rbegin(), rows.rend(), [&](std::uint32_t packed) {
+        const RowPointer row = RowPointer::FromPacked(packed);
+        const RowView view = store_.Read(row);
+        for (auto& [column, lookup] : lookups_) lookup.Remove(view);
+        store_.Delete(row);
+    });
 }
 
 void OpenTable::AfterRollback() {

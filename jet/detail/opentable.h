@@ -47,7 +47,7 @@ class OpenTable {
 
     RowPointer Insert(std::vector<Value> values);
     void Update(RowPointer row, std::span<const std::optional<Value>> values);
-    void Delete(RowPointer row);
+    void Delete(std::span<const std::uint32_t> rows);  ///< packed pointers
     void AfterRollback();
 
     /// Counts up with every change of a row.

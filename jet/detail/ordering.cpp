@@ -30,17 +30,17 @@ void SortKeyed(std::vector<Keyed<Key>>& keyed, std::vector<std::uint32_t>& rows)
 
 }  // namespace
 
-Ordering::Ordering(const TableStore& table, std::vector<OrderColumn> columns)
-    : table_(&table), columns_(std::move(columns)) {
-    for (const OrderColumn& column : columns_) {
-        if (!NumericKind(table.Def().columns[column.position])) allNumbers_ = false;
+Ordering::Ordering(const TableStore& table, std::vector<OrderColumn> columns) : table_(&table) {
+    for (const OrderColumn& column : columns) {
+        terms_.push_back({column, NumericKind(table.Def().columns[column.position])});
+        if (!terms_.back().number) allNumbers_ = false;
     }
 }
 
 void Ordering::Sort(std::vector<std::uint32_t>& rows) const {
-    if (columns_.empty() || rows.size() < 2) return;
-    if (allNumbers_ && columns_.size() == 1) return SortByNumbers<1>(rows);
-    if (allNumbers_ && columns_.size() == 2) return SortByNumbers<2>(rows);
+    if (terms_.empty() || rows.size() < 2) return;
+    if (allNumbers_ && terms_.size() == 1) return SortByNumbers<1>(rows);
+    if (allNumbers_ && terms_.size() == 2) return SortByNumbers<2>(rows);
     SortByBytes(rows);
 }
 
@@ -51,7 +51,7 @@ void Ordering::SortByNumbers(std::vector<std::uint32_t>& rows) const {
     for (const std::uint32_t row : rows) {
         const RowView view = table_->Read(RowPointer::FromPacked(row));
         auto& next = keyed.emplace_back();
-        for (std::size_t term = 0; term < Count; ++term) next.key[term] = NumberOf(view, term);
+        for (std::size_t i = 0; i < Count; ++i) next.key[i] = NumberOf(view, terms_[i]);
         next.row = row;
         next.place = static_cast<std::uint32_t>(keyed.size());
     }
@@ -64,24 +64,22 @@ void Ordering::SortByBytes(std::vector<std::uint32_t>& rows) const {
     for (const std::uint32_t row : rows) {
         const RowView view = table_->Read(RowPointer::FromPacked(row));
         Bytes key;
-        for (std::size_t term = 0; term < columns_.size(); ++term) AppendBytes(key, view, term);
+        for (const Term& term : terms_) AppendBytes(key, view, term);
         keyed.push_back({std::move(key), row, static_cast<std::uint32_t>(keyed.size())});
     }
     SortKeyed(keyed, rows);
 }
 
-std::uint64_t Ordering::NumberOf(const RowView& row, std::size_t term) const {
-    const ColumnDef& column = table_->Def().columns[columns_[term].position];
-    const KeyKind kind = *NumericKind(column);
-    const auto number = NumberKeyOf(table_->File(), column, kind, row);
-    const std::uint64_t order = number ? OrderOf(kind, *number) : 0;
-    return columns_[term].descending ? ~order : order;
+std::uint64_t Ordering::NumberOf(const RowView& row, const Term& term) const {
+    const auto number = NumberKeyOf(table_->File(), Column(term), *term.number, row);
+    const std::uint64_t order = number ? OrderOf(*term.number, *number) : 0;
+    return term.column.descending ? ~order : order;
 }
 
-void Ordering::AppendBytes(Bytes& key, const RowView& row, std::size_t term) const {
-    const ColumnDef& column = table_->Def().columns[columns_[term].position];
-    const bool descending = columns_[term].descending;
-    if (NumericKind(column)) {
+void Ordering::AppendBytes(Bytes& key, const RowView& row, const Term& term) const {
+    const ColumnDef& column = Column(term);
+    const bool descending = term.column.descending;
+    if (term.number) {
         const std::uint64_t number = NumberOf(row, term);
         for (int shift = 56; shift >= 0; shift -= 8) {
             key.push_back(static_cast<std::uint8_t>(number >> shift));
@@ -106,17 +104,17 @@ void Ordering::AppendBytes(Bytes& key, const RowView& row, std::size_t term) con
 }
 
 bool Ordering::CanSearch(const Criterion& criterion, std::size_t position) const {
-    return !columns_.empty() && columns_.front().position == position &&
-           NumericKind(table_->Def().columns[position]) == criterion.Kind();
+    return !terms_.empty() && terms_.front().column.position == position &&
+           terms_.front().number == criterion.Kind();
 }
 
 std::optional<std::size_t> Ordering::Search(std::span<const std::uint32_t> sorted,
                                             const RowKey& key) const {
-    const KeyKind kind = *NumericKind(table_->Def().columns[columns_.front().position]);
-    const std::uint64_t order = OrderOf(kind, key.number);
-    const std::uint64_t wanted = columns_.front().descending ? ~order : order;
+    const Term& first = terms_.front();
+    const std::uint64_t order = OrderOf(*first.number, key.number);
+    const std::uint64_t wanted = first.column.descending ? ~order : order;
     const auto numberOf = [&](std::uint32_t row) {
-        return NumberOf(table_->Read(RowPointer::FromPacked(row)), 0);
+        return NumberOf(table_->Read(RowPointer::FromPacked(row)), first);
     };
     const auto found = std::partition_point(
         sorted.begin(), sorted.end(), [&](std::uint32_t row) { return numberOf(row) < wanted; });

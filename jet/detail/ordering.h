@@ -24,7 +24,7 @@ class Ordering {
   public:
     Ordering(const TableStore& table, std::vector<OrderColumn> columns);
 
-    bool Empty() const { return columns_.empty(); }
+    bool Empty() const { return terms_.empty(); }
     /// Sorts packed row pointers.
     void Sort(std::vector<std::uint32_t>& rows) const;
 
@@ -35,14 +35,23 @@ class Ordering {
                                       const RowKey& key) const;
 
   private:
+    struct Term {
+        OrderColumn column;
+        std::optional<KeyKind> number;  ///< how its values are numbers, if they are
+    };
+
     template <std::size_t Count>
     void SortByNumbers(std::vector<std::uint32_t>& rows) const;
     void SortByBytes(std::vector<std::uint32_t>& rows) const;
-    std::uint64_t NumberOf(const RowView& row, std::size_t term) const;
-    void AppendBytes(Bytes& key, const RowView& row, std::size_t term) const;
+    std::uint64_t NumberOf(const RowView& row, const Term& term) const;
+    void AppendBytes(Bytes& key, const RowView& row, const Term& term) const;
 
     const TableStore* table_;
-    std::vector<OrderColumn> columns_;
+    const ColumnDef& Column(const Term& term) const {
+        return table_->Def().columns[term.column.position];
+    }
+
+    std::vector<Term> terms_;
     bool allNumbers_ = true;
 };
 

@@ -9,19 +9,9 @@ namespace jet::detail {
 
 namespace {
 
-constexpr std::size_t kBytesPerJump = 256;
 constexpr std::size_t kShortestRow = 4;  ///< room for an overflow pointer in its place
 constexpr std::uint8_t kNegative = 0x80, kNoJump = 0xFF;
 constexpr std::size_t kGuidSize = 16, kNumericSize = 17, kLargestText = 255;
-
-/// One of the row's own numbers, of one or two bytes; the place has been checked.
-std::size_t Entry(ByteView row, std::size_t place, std::size_t unit) {
-    return unit == 1 ? row[place] : row[place] | static_cast<std::size_t>(row[place + 1]) << 8U;
-}
-
-std::size_t MaskSize(std::size_t columns) {
-    return (columns + 7) / 8;
-}
 
 [[noreturn]] void ThrowField(ErrorNumber number, const ColumnDef& column, const char* what) {
     throw Error{number, "column " + column.name + ": " + what};
@@ -239,54 +229,7 @@ class RowBuilder {
 
 }  // namespace
 
-RowView::RowView(const Layout& layout, const TableDef& def, ByteView row, RowPointer where)
-    : layout_(&layout), row_(row), where_(where) {
-    const std::size_t unit = layout.rowCountSize;
-    CheckRange(row.size(), 0, unit, where.page);
-    columnCount_ = Entry(row, 0, unit);
-    if (columnCount_ > def.maxColumns) {
-        ThrowDamaged(where.page, where.row, "a row of more columns than the table");
-    }
-    const std::size_t mask = MaskSize(columnCount_);
-    CheckRange(row.size(), unit, mask, where.page);
-    maskStart_ = row.size() - mask;
-    fixedEnd_ = maskStart_;
-    // A row that was written before the table got a variable column has none of the parts below.
-    if (def.variableCount == 0 || columnCount_ <= def.firstVariableColumn) return;
-
-    const std::size_t jumps = layout.jumpTable ? (row.size() - 1) / kBytesPerJump : 0;
-    const std::size_t fixedParts = unit + unit + jumps;  // one entry (the end), the count, jumps
-    if (maskStart_ < unit + fixedParts) ThrowOutside(where.page, 0, fixedParts, row.size());
-    variableCount_ = Entry(row, maskStart_ - unit, unit);
-    if (variableCount_ * unit > maskStart_ - unit - fixedParts) {
-        ThrowDamaged(where.page, where.row, "a row of more variable columns than fit");
-    }
-    entries_ = maskStart_ - 2 * unit - jumps;
-    fixedEnd_ = entries_ - variableCount_ * unit;
-    jumpStart_ = maskStart_ - unit - 1;
-    const bool lastIsDummy = fixedEnd_ / kBytesPerJump < jumps;
-    jumps_ = lastIsDummy ? jumps - 1 : jumps;
-}
-
-bool RowView::IsNull(const ColumnDef& column) const {
-    if (column.Type() == ColumnType::Boolean) return false;
-    if (column.number >= columnCount_) return true;
-    if (!column.Fixed() && column.variableNumber >= variableCount_) return true;
-    return (row_[maskStart_ + column.number / 8U] >> (column.number % 8U) & 1) == 0;
-}
-
-bool RowView::Bit(const ColumnDef& column) const {
-    if (column.number >= columnCount_) return false;
-    return (row_[maskStart_ + column.number / 8U] >> (column.number % 8U) & 1) != 0;
-}
-
-ByteView RowView::Raw(const ColumnDef& column) const {
-    if (column.Type() == ColumnType::Boolean || IsNull(column)) return {};
-    if (column.Fixed()) {
-        const std::size_t start = layout_->rowCountSize + column.fixedOffset;
-        CheckRange(fixedEnd_, start, column.length, where_.page);
-        return row_.subspan(start, column.length);
-    }
+ByteView RowView::RawVariable(const ColumnDef& column) const {
     const std::size_t start = VariableOffset(column.variableNumber);
     const std::size_t end = VariableOffset(std::size_t{column.variableNumber} + 1);
     if (start > end || end > fixedEnd_) {
@@ -347,21 +290,6 @@ Value DecodeValue(const PageFile& file, const ColumnDef& column, ByteView raw) {
             break;
     }
     return Bytes(raw.begin(), raw.end());
-}
-
-std::optional<std::int32_t> DecodeLong(const ColumnDef& column, const RowView& row) {
-    if (row.IsNull(column)) return std::nullopt;
-    const ByteView raw = row.Raw(column);
-    switch (column.Type()) {
-        case ColumnType::Byte:
-            return U8(raw, 0, row.Where().page);
-        case ColumnType::Integer:
-            return I16(raw, 0, row.Where().page);
-        case ColumnType::Long:
-            return I32(raw, 0, row.Where().page);
-        default:
-            ThrowField(ErrorNumber::TypeMismatch, column, "not a column of whole numbers");
-    }
 }
 
 StoredColumn EncodeValue(PageFile& file, const TableDef& def, const ColumnDef& column,

@@ -49,13 +49,6 @@ std::vector<std::uint32_t> TableStore::DataPages() const {
     return pages;
 }
 
-bool TableStore::IsOurs(std::uint32_t page) const {
-    constexpr std::size_t kOwner = 4;
-    if (page == 0 || page >= file_->PageCount()) return false;
-    const ByteView bytes = file_->Page(page);
-    return bytes[0] == kDataPage && U32(bytes, kOwner, page) == def_.page;
-}
-
 TableStore::Place TableStore::Follow(RowPointer from, ByteView pointer) const {
     Place place;
     place.trail.push_back(from);
@@ -88,7 +81,7 @@ bool TableStore::Exists(RowPointer where) const {
     return Find(where).has_value();
 }
 
-RowView TableStore::Read(RowPointer where) const {
+RowView TableStore::ReadElsewhere(RowPointer where) const {
     const std::optional<Place> place = Find(where);
     if (!place) {
         throw Error{ErrorNumber::RecordDeleted, "row " + Decimal(where.row) + " of page " +

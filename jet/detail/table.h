@@ -67,6 +67,7 @@ class TableStore {
     };
     bool IsOurs(std::uint32_t page) const;
     std::optional<Place> Find(RowPointer where) const;
+    RowView ReadElsewhere(RowPointer where) const;  ///< a row that moved, or is gone
     Place Follow(RowPointer from, ByteView pointer) const;
     RowPointer AddSomewhere(ByteView row, std::uint16_t flags);
     void PutBack(RowPointer where, const Place& place, ByteView row);
@@ -81,6 +82,24 @@ class TableStore {
     std::unordered_set<std::uint32_t>
         deletedHere_;  ///< pages on which rows were deleted since opening
 };
+
+inline bool TableStore::IsOurs(std::uint32_t page) const {
+    constexpr std::size_t kOwner = 4;
+    if (page == 0 || page >= file_->PageCount()) return false;
+    const ByteView bytes = file_->Page(page);
+    return bytes[0] == kDataPage && U32(bytes, kOwner, page) == def_.page;
+}
+
+inline RowView TableStore::Read(RowPointer where) const {
+    if (IsOurs(where.page)) [[likely]] {
+        const DataPage page(*file_, where.page);
+        if (where.row < page.SlotCount()) {
+            const Slot slot = page.At(where.row);
+            if (slot.flags == 0) return {file_->Format(), def_, page.Bytes(slot), where};
+        }
+    }
+    return ReadElsewhere(where);
+}
 
 template <typename Visitor>
 void TableStore::Scan(Visitor&& visitor) const {

@@ -312,6 +312,26 @@ void TableIndexes::Erase(RowPointer row) {
     }
 }
 
+void TableIndexes::Erase(std::span<const std::uint32_t> rows) {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        std::vector<Bytes> entries;
+        BTree tree = Tree(i);
+        for (const std::uint32_t packed : rows) {
+            const RowPointer row = RowPointer::FromPacked(packed);
+            const RowKey key = KeyFromRow(i, table_->Read(row));
+            if (!key.present) continue;
+            if (key.key) {
+                entries.push_back(MakeEntry(*key.key, row));
+            } else {
+                tree.EraseByRowPointer(row);
+            }
+        }
+        for (const Bytes& missing : tree.EraseAll(std::move(entries))) {
+            tree.EraseByRowPointer(RowOf(missing));
+        }
+    }
+}
+
 /// Another engine may have made the entry by a rule of its own; the row pointer names it all the
 /// same.
 void TableIndexes::EraseEntry(std::size_t realIndex, const std::optional<Bytes>& key,

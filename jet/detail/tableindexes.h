@@ -49,6 +49,7 @@ class TableIndexes {
     void Apply(const IndexPlan& plan, RowPointer row);
     /// Takes the row's entries away. The row must still be there.
     void Erase(RowPointer row);
+    void Erase(std::span<const std::uint32_t> rows);  ///< packed pointers; many at once
 
     /// The rows that are equal to `leading` in the index's first columns, in the index's order;
     /// nullopt when the index cannot tell (unknown sort order): then the table must be scanned.
