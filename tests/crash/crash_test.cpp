@@ -95,6 +95,10 @@ struct Operation {
     bool replaces = true;  ///< a file is there before
 };
 
+void PrintTo(const Operation& tested, std::ostream* out) {
+    *out << tested.name;
+}
+
 void Insert(const std::shared_ptr<Database>& database, const fs::path&) {
     const auto points = database->OpenRecordSet("Punkter");
     points->AddNew();

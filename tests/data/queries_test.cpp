@@ -6,6 +6,10 @@ struct QueryText {
     std::string built, expected;
 };
 
+void PrintTo(const QueryText& tested, std::ostream* out) {
+    *out << tested.expected;
+}
+
 class Queries : public testing::TestWithParam<QueryText> {};
 
 TEST_P(Queries, AreByteForByteAsGiven) {

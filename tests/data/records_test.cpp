@@ -143,6 +143,10 @@ struct TypedColumn {
     std::optional<double> read;
 };
 
+void PrintTo(const TypedColumn& tested, std::ostream* out) {
+    *out << tested.name;
+}
+
 class NumberColumn : public RecordsTest, public testing::WithParamInterface<TypedColumn> {};
 
 TEST_P(NumberColumn, ReadsAsTheNumberThatItShows) {

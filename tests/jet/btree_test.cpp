@@ -520,6 +520,10 @@ struct DamageCase {
     std::uint8_t value;
 };
 
+void PrintTo(const DamageCase& tested, std::ostream* out) {
+    *out << tested.name;
+}
+
 class DamagedIndexPage : public testing::TestWithParam<DamageCase> {};
 
 TEST_P(DamagedIndexPage, IsRefused) {

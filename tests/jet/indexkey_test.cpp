@@ -40,6 +40,10 @@ struct PlainCase {
     const char* key;
 };
 
+void PrintTo(const PlainCase& tested, std::ostream* out) {
+    *out << tested.name;
+}
+
 class PlainKey : public testing::TestWithParam<PlainCase> {};
 
 TEST_P(PlainKey, HasTheBytesOfRealFiles) {
@@ -104,6 +108,10 @@ struct TextCase {
     const char* text;
     const char* key;
 };
+
+void PrintTo(const TextCase& tested, std::ostream* out) {
+    *out << "\"" << tested.text << "\"";
+}
 
 class NewerTextKey : public testing::TestWithParam<TextCase> {};
 

@@ -77,6 +77,10 @@ struct SampleShare {
     std::size_t percent;
 };
 
+void PrintTo(const SampleShare& tested, std::ostream* out) {
+    *out << tested.file;
+}
+
 class ModelOfSample : public testing::TestWithParam<SampleShare> {};
 
 TEST_P(ModelOfSample, AgreesWithACopy) {

@@ -37,6 +37,10 @@ struct SelectRow {
     Select meaning;
 };
 
+void PrintTo(const SelectRow& tested, std::ostream* out) {
+    *out << tested.sql;
+}
+
 class SelectTexts : public testing::TestWithParam<SelectRow> {};
 
 TEST_P(SelectTexts, MeanWhatTheySay) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,6 +16,8 @@ void BecomeProgram(const std::vector<std::string>& arguments, int output) {
         pointers.push_back(const_cast<char*>(argument.c_str()));
     }
     pointers.push_back(nullptr);
+    // mdb-json stops at the first letter that the user's locale cannot write.
+    setenv("LC_ALL", "C.UTF-8", 1);
     if (std::freopen("/dev/null", "w", stderr) != nullptr) execvp(pointers[0], pointers.data());
     _exit(127);
 }

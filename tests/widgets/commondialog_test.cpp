@@ -66,6 +66,10 @@ struct Extension {
     const char* expected;
 };
 
+void PrintTo(const Extension& tested, std::ostream* out) {
+    *out << tested.name;
+}
+
 class DefaultExtension : public CommonDialogTest,
                          public ::testing::WithParamInterface<Extension> {};
 

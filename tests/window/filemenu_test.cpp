@@ -374,6 +374,10 @@ struct BadFile {
     std::string name, bytes, why;
 };
 
+void PrintTo(const BadFile& tested, std::ostream* out) {
+    *out << tested.name;
+}
+
 class BadFileTest : public OpenTest, public testing::WithParamInterface<BadFile> {};
 
 TEST_P(BadFileTest, IsToldByItsKindAndLeavesTheUserWhereHeWas) {

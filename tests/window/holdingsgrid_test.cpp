@@ -184,6 +184,11 @@ TEST_F(HoldingsGridTest, ANameTakesEveryKeyButTheZoomKey) {
 struct NameCase {
     std::string typed, expected;
 };
+
+void PrintTo(const NameCase& tested, std::ostream* out) {
+    *out << "\"" << tested.typed << "\"";
+}
+
 class NameCells : public HoldingsGridTest, public ::testing::WithParamInterface<NameCase> {};
 
 TEST_P(NameCells, AreCutAt25Characters) {
