@@ -7,33 +7,58 @@ namespace jet::detail {
 Lookup::Lookup(const TableStore& table, std::size_t position, KeyKind kind)
     : table_(&table), position_(position), kind_(kind) {
     table.Scan([&](RowPointer where, const RowView& row) {
-        if (const auto number = NumberOf(row)) rows_[*number].push_back(where.Packed());
+        if (const auto number = NumberOf(row)) groups_[*number].rows.push_back(where.Packed());
     });
 }
 
-std::span<const std::uint32_t> Lookup::Find(const RowKey& key) const {
-    const auto found = rows_.find(key.number);
-    if (found == rows_.end()) return {};
-    return found->second;
+std::vector<std::uint32_t> Lookup::Find(const RowKey& key, const Ordering& order) {
+    const auto found = groups_.find(key.number);
+    if (found == groups_.end()) return {};
+    Group& group = found->second;
+    if (group.order && group.order->SameAs(order)) return group.rows;
+    std::vector<std::uint32_t> rows = group.rows;
+    if (group.order) std::sort(rows.begin(), rows.end());
+    order.Sort(rows);
+    if (order.CanCompare()) {
+        group.order = Shared(order);
+        group.rows = rows;
+    }
+    return rows;
+}
+
+std::shared_ptr<const Ordering> Lookup::Shared(const Ordering& order) {
+    for (const auto& known : orders_) {
+        if (known->SameAs(order)) return known;
+    }
+    return orders_.emplace_back(std::make_shared<const Ordering>(order));
 }
 
 void Lookup::Add(const RowView& row) {
     const auto number = NumberOf(row);
     if (!number) return;
-    std::vector<std::uint32_t>& rows = rows_[*number];
+    Group& group = groups_[*number];
+    const auto before = [&](std::uint32_t a, std::uint32_t b) { return group.Before(a, b); };
     const std::uint32_t where = row.Where().Packed();
-    rows.insert(std::upper_bound(rows.begin(), rows.end(), where), where);
+    group.rows.insert(std::upper_bound(group.rows.begin(), group.rows.end(), where, before), where);
 }
 
 void Lookup::Remove(const RowView& row) {
     const auto number = NumberOf(row);
     if (!number) return;
-    const auto found = rows_.find(*number);
-    if (found == rows_.end()) return;
-    std::vector<std::uint32_t>& rows = found->second;
-    const auto [first, last] = std::equal_range(rows.begin(), rows.end(), row.Where().Packed());
-    rows.erase(first, last);
-    if (rows.empty()) rows_.erase(found);
+    const auto found = groups_.find(*number);
+    if (found == groups_.end()) return;
+    Group& group = found->second;
+    const auto before = [&](std::uint32_t a, std::uint32_t b) { return group.Before(a, b); };
+    const auto [first, last] =
+        std::equal_range(group.rows.begin(), group.rows.end(), row.Where().Packed(), before);
+    group.rows.erase(first, last);
+    if (group.rows.empty()) groups_.erase(found);
+}
+
+bool Lookup::DependsOn(std::span<const std::optional<Value>> values) const {
+    return values[position_] || std::any_of(orders_.begin(), orders_.end(), [&](const auto& order) {
+               return order->Uses([&](std::size_t column) { return values[column].has_value(); });
+           });
 }
 
 std::optional<std::uint64_t> Lookup::NumberOf(const RowView& row) const {

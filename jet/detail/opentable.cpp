@@ -59,6 +59,24 @@ OpenTable::OpenTable(PageFile& file, const std::string& name, std::uint32_t page
 }
 
 std::vector<std::uint32_t> OpenTable::Rows(std::span<const Condition> conditions) {
+    return Rows(conditions, Ordering(store_, {}));
+}
+
+std::vector<std::uint32_t> OpenTable::Rows(std::span<const Condition> conditions,
+                                           const Ordering& order) {
+    const bool certain = conditions.size() == 1 && IsNumeric(conditions.front().criterion.Kind());
+    if (certain) {
+        const auto& key = conditions.front().criterion.Key();
+        if (!key) return {};
+        return LookupFor(conditions.front()).Find(*key, order);
+    }
+    std::vector<std::uint32_t> rows = MatchingRows(conditions);
+    order.Sort(rows);
+    return rows;
+}
+
+/// In stored order.
+std::vector<std::uint32_t> OpenTable::MatchingRows(std::span<const Condition> conditions) {
     std::vector<std::uint32_t> rows;
     if (conditions.empty()) {
         store_.Scan([&](RowPointer where, const RowView&) { rows.push_back(where.Packed()); });
@@ -66,10 +84,8 @@ std::vector<std::uint32_t> OpenTable::Rows(std::span<const Condition> conditions
     }
     const Condition& first = conditions.front();
     if (!first.criterion.Key()) return rows;
-    const auto candidates = LookupFor(first).Find(*first.criterion.Key());
-    const bool certain = conditions.size() == 1 && IsNumeric(first.criterion.Kind());
-    if (certain) return {candidates.begin(), candidates.end()};
-    for (const std::uint32_t row : candidates) {
+    const Ordering stored(store_, {});
+    for (const std::uint32_t row : LookupFor(first).Find(*first.criterion.Key(), stored)) {
         const RowView view = store_.Read(RowPointer::FromPacked(row));
         const bool all = std::all_of(conditions.begin(), conditions.end(), [&](const Condition& c) {
             return c.criterion.Holds(store_.File(), view);
@@ -113,13 +129,13 @@ void OpenTable::Update(RowPointer row, std::span<const std::optional<Value>> val
     ++version_;
     const RowView before = store_.Read(row);
     for (auto& [column, lookup] : lookups_) {
-        if (values[column.first]) lookup.Remove(before);
+        if (lookup.DependsOn(values)) lookup.Remove(before);
     }
     store_.Update(row, values);
     indexes_.Apply(plan, row);
     const RowView after = store_.Read(row);
     for (auto& [column, lookup] : lookups_) {
-        if (values[column.first]) lookup.Add(after);
+        if (lookup.DependsOn(values)) lookup.Add(after);
     }
 }
 
@@ -145,7 +161,7 @@ void OpenTable::AfterRollback() {
     ++version_;
 }
 
-const Lookup& OpenTable::LookupFor(const Condition& condition) {
+Lookup& OpenTable::LookupFor(const Condition& condition) {
     const std::pair key{condition.position, condition.criterion.Kind()};
     const auto found = lookups_.find(key);
     if (found != lookups_.end()) return found->second;

@@ -40,7 +40,9 @@ class OpenTable {
     const TableDef& Def() const { return store_.Def(); }
     const TableDesign& Design() const { return design_; }
 
-    /// Packed pointers of the rows for which all conditions hold, in stored order.
+    /// Packed pointers of the rows for which all conditions hold, in that order.
+    std::vector<std::uint32_t> Rows(std::span<const Condition> conditions, const Ordering& order);
+    /// The same in stored order.
     std::vector<std::uint32_t> Rows(std::span<const Condition> conditions);
     /// The order of rows where a query gives none: the primary key's, or no order.
     std::vector<OrderColumn> NaturalOrder() const;
@@ -54,7 +56,8 @@ class OpenTable {
     std::uint64_t Version() const { return version_; }
 
   private:
-    const Lookup& LookupFor(const Condition& condition);
+    std::vector<std::uint32_t> MatchingRows(std::span<const Condition> conditions);
+    Lookup& LookupFor(const Condition& condition);
     void RequireSoundOnce();
     void CheckRelations(std::uint8_t side, const std::function<bool(std::size_t)>& touches) const;
 

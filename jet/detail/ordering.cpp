@@ -103,6 +103,21 @@ void Ordering::AppendBytes(Bytes& key, const RowView& row, const Term& term) con
     key.push_back(mask);
 }
 
+bool Ordering::Before(std::uint32_t row, std::uint32_t other) const {
+    const RowView one = table_->Read(RowPointer::FromPacked(row));
+    const RowView two = table_->Read(RowPointer::FromPacked(other));
+    for (const Term& term : terms_) {
+        const std::uint64_t a = NumberOf(one, term), b = NumberOf(two, term);
+        if (a != b) return a < b;
+    }
+    return row < other;
+}
+
+bool Ordering::SameAs(const Ordering& other) const {
+    return std::equal(terms_.begin(), terms_.end(), other.terms_.begin(), other.terms_.end(),
+                      [](const Term& a, const Term& b) { return a.column == b.column; });
+}
+
 bool Ordering::CanSearch(const Criterion& criterion, std::size_t position) const {
     return !terms_.empty() && terms_.front().column.position == position &&
            terms_.front().number == criterion.Kind();

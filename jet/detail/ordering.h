@@ -4,6 +4,7 @@
 #include "jet/detail/criterion.h"
 #include "jet/detail/table.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -15,6 +16,7 @@ namespace jet::detail {
 struct OrderColumn {
     std::size_t position = 0;  ///< in TableDef::columns
     bool descending = false;
+    bool operator==(const OrderColumn&) const = default;
 };
 
 /// Null comes first (descending: last), numbers and dates by their size, texts as indexes put them
@@ -27,6 +29,19 @@ class Ordering {
     bool Empty() const { return terms_.empty(); }
     /// Sorts packed row pointers.
     void Sort(std::vector<std::uint32_t>& rows) const;
+
+    /// Whether two rows can be compared for themselves: there are columns, and all are numbers.
+    bool CanCompare() const { return !terms_.empty() && allNumbers_; }
+    /// Whether one row comes before the other; equal ones go by their places in the file. Only
+    /// where CanCompare.
+    bool Before(std::uint32_t row, std::uint32_t other) const;
+    bool SameAs(const Ordering& other) const;
+    /// Whether the test holds for the position of one of its columns.
+    template <typename Test>
+    bool Uses(Test&& test) const {
+        return std::any_of(terms_.begin(), terms_.end(),
+                           [&](const Term& term) { return test(term.column.position); });
+    }
 
     /// The first of the sorted rows with this key in the first order column, found by halving; none
     /// when no row has it. Only where CanSearch.

@@ -3,7 +3,10 @@
 #include "jet/transaction.h"
 #include "ledger.h"
 
+#include <algorithm>
+#include <array>
 #include <gmock/gmock.h>
+#include <random>
 
 namespace jet::test {
 namespace {
@@ -550,6 +553,75 @@ TEST_F(Where, UnknownNamesAreToldApart) {
               ErrorNumber::TooFewParameters);
     EXPECT_EQ(FailureOf([&] { Open("SELECT Id FROM Innehav ORDER BY Saldo"); }),
               ErrorNumber::TooFewParameters);
+}
+
+/// Rows of one value are kept in the order in which they were asked for last. Whatever changes,
+/// they must be what a look at all rows gives.
+class RememberedOrder : public Ledger {
+  protected:
+    using Numbers = std::vector<std::array<std::int32_t, 2>>;
+    Numbers Of(std::int32_t holding, const std::string& order) {
+        return Open("SELECT XCord,YCord FROM Punkter WHERE KontoId = " + Value(holding).Text() +
+                    order)
+            ->Integers({0, 1});
+    }
+    Numbers Expected(std::int32_t holding, std::size_t by) {
+        Numbers rows;
+        for (const auto& row : Open("SELECT XCord,YCord,KontoId FROM Punkter")->Integers({0, 1, 2}))
+            if (row[2] == holding) rows.push_back({row[0], row[1]});
+        std::stable_sort(rows.begin(), rows.end(),
+                         [by](const auto& a, const auto& b) { return a[by] < b[by]; });
+        return rows;
+    }
+    void ExpectAll() {
+        for (const std::int32_t holding : {1, 2, 3}) {
+            EXPECT_EQ(Of(holding, " ORDER BY XCord"), Expected(holding, 0));
+            EXPECT_EQ(Of(holding, " ORDER BY YCord"), Expected(holding, 1));
+            EXPECT_EQ(Of(holding, "").size(), Expected(holding, 0).size());
+        }
+    }
+    void ChangeOne(std::mt19937& random) {
+        const auto points = Open("Punkter");
+        const auto number = [&](std::uint32_t below) {
+            return static_cast<std::int32_t>(random() % below);
+        };
+        if (points->Empty() || random() % 3 == 0)
+            return AddPoint(number(9), number(4), 1 + number(3));
+        points->MoveTo(number(static_cast<std::uint32_t>(points->RecordCount())));
+        if (random() % 3 == 0) return points->Delete();
+        points->Edit();
+        points->Set(random() % 2 == 0 ? "XCord" : "YCord", number(9));
+        if (random() % 4 == 0) points->Set("KontoId", 1 + number(3));
+        points->Update();
+    }
+};
+
+TEST_F(RememberedOrder, FollowsEveryChange) {
+    const Transaction quick(database);  // nothing need reach the disk
+    std::mt19937 random(5);
+    for (int step = 0; step < 300; ++step) {
+        ChangeOne(random);
+        ExpectAll();
+    }
+}
+
+TEST_F(RememberedOrder, IsForgottenWhenATransactionIsTakenBack) {
+    AddPoint(2, 1, 1);
+    AddPoint(1, 2, 1);
+    ExpectAll();
+    {
+        const Transaction taken(database);
+        AddPoint(0, 3, 1);
+        ExpectAll();
+    }
+    ExpectAll();
+}
+
+TEST_F(RememberedOrder, LeavesUnorderedRowsAsTheyAreStored) {
+    for (const std::int32_t day : {3, 1, 2}) AddPoint(day, 0, 1);
+    EXPECT_THAT(Of(1, " ORDER BY XCord"),
+                ElementsAre(ElementsAre(1, 0), ElementsAre(2, 0), ElementsAre(3, 0)));
+    EXPECT_THAT(Of(1, ""), ElementsAre(ElementsAre(3, 0), ElementsAre(1, 0), ElementsAre(2, 0)));
 }
 
 class BulkReading : public Ledger {};
