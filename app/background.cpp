@@ -3,7 +3,12 @@
 #include "app/frmPPM.h"
 #include "app/look.h"
 
+#include <QColor>
+#include <QEvent>
 #include <QPainter>
+#include <QPen>
+#include <QPointF>
+#include <QSize>
 
 namespace {
 

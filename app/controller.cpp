@@ -9,7 +9,10 @@
 
 #include <QListWidget>
 
+#include <cstdint>
 #include <memory>
+#include <string>
+#include <utility>
 
 namespace {
 

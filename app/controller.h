@@ -8,6 +8,7 @@
 #include <functional>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 class Error;
 class QListWidget;

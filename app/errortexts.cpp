@@ -5,6 +5,8 @@
 #include "base/number.h"
 #include "fundfile/texts.h"
 
+#include <cstdint>
+
 std::string UntrappedText(const Error& error) {
     return std::string(texts::FailureNumber) +
            PlainText(static_cast<std::int32_t>(error.Number())) + ": " +

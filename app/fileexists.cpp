@@ -1,5 +1,6 @@
 #include "app/fileexists.h"
 
+#include <exception>
 #include <filesystem>
 #include <fstream>
 #include <string>

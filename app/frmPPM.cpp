@@ -24,6 +24,10 @@
 #include "tools/log.h"
 #include "tools/outsideprograms.h"
 
+#include <cstdint>
+#include <utility>
+#include <vector>
+
 /// In order of construction; what one does in its constructor may use those above it.
 struct frmPPM::Controllers {
     explicit Controllers(frmPPM& window)

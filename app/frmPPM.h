@@ -11,9 +11,11 @@
 #include <QMainWindow>
 #include <Qt>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 struct Platform;
 class PrinterPage;

@@ -25,13 +25,18 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <string>
+#include <utility>
 
 namespace {
 

@@ -7,6 +7,10 @@
 #include "platform/caption.h"
 #include "platform/statuspanels.h"
 
+#include <QLabel>
+
+#include <string>
+
 namespace {
 
 constexpr int kLatestPrice = 4;

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QFontMetrics>
+#include <QIcon>
 #include <QMenuBar>
 #include <QPushButton>
 

@@ -5,6 +5,8 @@
 #include "fundfile/datasource.h"
 #include "fundfile/schema.h"
 
+#include <string>
+
 namespace {
 
 DataSource* Source(frmPPM& window, const char* name, const char* caption) {

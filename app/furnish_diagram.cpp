@@ -11,6 +11,13 @@
 #include "platform/tag.h"
 
 #include <QGroupBox>
+#include <QIcon>
+#include <QLabel>
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

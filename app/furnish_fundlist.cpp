@@ -10,10 +10,15 @@
 #include "platform/entryfield.h"
 #include "platform/tag.h"
 
+#include <QFrame>
 #include <QGroupBox>
+#include <QIcon>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <string_view>
 
 namespace {
 

@@ -7,10 +7,15 @@
 #include "platform/caption.h"
 #include "platform/datagrid.h"
 
+#include <QColor>
+#include <QFrame>
 #include <QGroupBox>
+#include <QLabel>
+#include <QPalette>
 #include <QPushButton>
 
 #include <array>
+#include <string_view>
 
 namespace {
 

@@ -9,6 +9,10 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 namespace {
 
 QAction* Item(QMenu* menu, const char* name, std::string_view caption) {

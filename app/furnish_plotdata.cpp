@@ -8,7 +8,10 @@
 #include "platform/entryfield.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QPushButton>
+
+#include <string_view>
 
 namespace {
 

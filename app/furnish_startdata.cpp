@@ -8,6 +8,7 @@
 #include "platform/caption.h"
 
 #include <QGroupBox>
+#include <QLabel>
 
 #include <array>
 

@@ -6,7 +6,11 @@
 #include "app/rules/texts.h"
 #include "platform/statuspanels.h"
 
+#include <QFont>
 #include <QFrame>
+#include <QLabel>
+
+#include <string_view>
 
 void FurnishHeading(frmPPM& window) {
     auto* band = window.panRubrik = Named(new QFrame(window.centralWidget()), "panRubrik");

@@ -6,6 +6,7 @@
 #include "platform/caption.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QListWidget>
 
 void FurnishTotals(frmPPM& window) {

@@ -2,6 +2,9 @@
 
 #include "platform/caption.h"
 
+#include <QColor>
+#include <QPalette>
+
 void Speak(QWidget* control, std::string_view name) {
     control->setAccessibleName(ToQt(name));
 }

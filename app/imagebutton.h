@@ -4,6 +4,8 @@
 
 #include <QToolButton>
 
+class QMouseEvent;
+
 class ImageButton final : public QToolButton {
     Q_OBJECT
 

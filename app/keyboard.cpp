@@ -8,6 +8,7 @@
 #include "platform/datagrid.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
 

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 

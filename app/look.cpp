@@ -1,6 +1,7 @@
 #include "app/look.h"
 
 #include <QListWidget>
+#include <QRgb>
 
 namespace look {
 

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QRgb>
 #include <QString>
 
 class QListWidget;

@@ -3,6 +3,7 @@
 #include "app/frmPPM.h"
 #include "app/rules/screenfactor.h"
 
+#include <QEvent>
 #include <QResizeEvent>
 
 #include <algorithm>

@@ -31,14 +31,19 @@
 #include "platform/tag.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QGroupBox>
+#include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
+#include <QRect>
 #include <QSignalBlocker>
 
 #include <chrono>
+#include <cstdint>
 #include <filesystem>
+#include <string_view>
 
 namespace {
 

@@ -1,6 +1,9 @@
 #include "app/swatch.h"
 
+#include <QPaintEvent>
 #include <QPainter>
+#include <QPen>
+#include <QRectF>
 
 Swatch::Swatch(QWidget* parent) : QWidget(parent) {}
 

@@ -4,6 +4,8 @@
 #include <QColor>
 #include <QWidget>
 
+class QPaintEvent;
+
 class Swatch final : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QColor fillColour READ FillColour WRITE SetFillColour)

@@ -1,7 +1,10 @@
 #include "app/valuelabel.h"
 
+#include <QEvent>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QPalette>
+#include <QRect>
 #include <QToolTip>
 
 ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {

@@ -4,6 +4,9 @@
 
 #include <QLabel>
 
+class QEvent;
+class QPaintEvent;
+
 class ValueLabel final : public QLabel {
     Q_OBJECT
 

@@ -17,7 +17,14 @@
 #include "platform/caption.h"
 #include "platform/printing.h"
 
+#include <QPainter>
+#include <QPointF>
+#include <QRectF>
+#include <QSizeF>
+#include <QTransform>
+
 #include <string>
+#include <vector>
 
 namespace {
 

@@ -13,10 +13,13 @@
 #include "fundfile/schema.h"
 #include "platform/caption.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+
+#include <string>
 
 CurveSelection::CurveSelection(frmPPM& ppm) : Controller(ppm) {
     On(window.imgColor, &ImageButton::MouseUp, [this] { imgColor_Click(); });

@@ -4,11 +4,23 @@
 #include "base/number.h"
 #include "diagram/strokepainter.h"
 
+#include <QColor>
+#include <QEvent>
+#include <QLineF>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPalette>
+#include <QPen>
+#include <QPointF>
+#include <QRectF>
+#include <QSize>
+#include <QSizePolicy>
+#include <QTransform>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 

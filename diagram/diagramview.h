@@ -7,12 +7,21 @@
 #include "diagram/rules/stroke.h"
 
 #include <QImage>
+#include <QLineF>
 #include <QPixmap>
+#include <QPointF>
+#include <QSize>
+#include <QTransform>
 #include <QWidget>
 
 #include <cstdint>
 #include <optional>
 #include <vector>
+
+class QEvent;
+class QMouseEvent;
+class QPaintEvent;
+class QPainter;
 
 /// One line of the fixed grid, as fractions of the picture; x1 ... y2 in pixels follow the
 /// picture's size.

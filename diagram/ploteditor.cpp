@@ -19,6 +19,10 @@
 #include <QLabel>
 
 #include <array>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -2,7 +2,13 @@
 
 #include "diagram/rules/labelplaces.h"
 
+#include <QColor>
 #include <QFontMetricsF>
+#include <QLineF>
+#include <QPen>
+#include <QPointF>
+#include <QPolygonF>
+#include <QRectF>
 
 #include <algorithm>
 #include <array>

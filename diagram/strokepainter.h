@@ -3,8 +3,11 @@
 
 #include "diagram/rules/stroke.h"
 
+#include <QColor>
 #include <QFont>
 #include <QPainter>
+#include <QPolygonF>
+#include <QRectF>
 #include <QTransform>
 
 #include <span>

@@ -23,13 +23,17 @@
 #include "platform/keystrokes.h"
 #include "platform/platform.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <array>
+#include <string>
+#include <utility>
 
 namespace {
 

@@ -17,9 +17,15 @@
 #include "platform/keystrokes.h"
 #include "platform/platform.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
+
+#include <cstdint>
+#include <optional>
+#include <string>
 
 namespace {
 

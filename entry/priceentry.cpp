@@ -23,8 +23,10 @@
 #include "platform/platform.h"
 #include "platform/statuspanels.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 

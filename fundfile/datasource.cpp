@@ -2,6 +2,9 @@
 
 #include "base/error.h"
 
+#include <QString>
+
+#include <cstdint>
 #include <utility>
 
 struct DataSource::State {

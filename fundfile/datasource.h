@@ -6,10 +6,13 @@
 
 #include <QObject>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+
+class QString;
 
 /// `dtaBasData`, `dtaPlott`, `dtaSQL`. One current row for everybody: code that moves it moves the
 /// grid. Calls on a source without a record set throw ObjectNotSet (91); the engine's errors pass

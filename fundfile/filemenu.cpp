@@ -18,11 +18,13 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 
 #include <filesystem>
+#include <utility>
 
 struct FileDialogTexts {
     std::string_view filter, title;

@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <map>
+#include <string_view>
 #include <system_error>
 #include <utility>
 

@@ -7,6 +7,9 @@
 #include "fundfile/wholefile.h"
 #include "jet/transaction.h"
 
+#include <cstdint>
+#include <memory>
+
 namespace {
 
 constexpr std::size_t kCopiedHoldingColumns = schema::holding::kSkala + 1;

@@ -7,7 +7,9 @@
 #include "fundfile/schema.h"
 
 #include <array>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <variant>
 

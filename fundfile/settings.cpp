@@ -2,8 +2,10 @@
 
 #include "base/error.h"
 
+#include <QMetaType>
 #include <QSettings>
 #include <QString>
+#include <QVariant>
 
 namespace {
 

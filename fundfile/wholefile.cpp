@@ -4,6 +4,7 @@
 #include "base/number.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <fcntl.h>
 #include <system_error>
 #include <unistd.h>

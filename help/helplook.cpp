@@ -1,5 +1,7 @@
 #include "help/helplook.h"
 
+#include <QRgb>
+
 namespace helplook {
 
 QPalette Palette() {

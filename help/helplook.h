@@ -3,6 +3,7 @@
 
 #include <QColor>
 #include <QPalette>
+#include <QRgb>
 #include <QString>
 
 namespace helplook {

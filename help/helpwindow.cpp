@@ -6,19 +6,31 @@
 #include "platform/caption.h"
 
 #include <QAction>
+#include <QColor>
+#include <QFont>
+#include <QFrame>
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QShortcut>
+#include <QSignalBlocker>
+#include <QSize>
+#include <QSizePolicy>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTextBrowser>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextEdit>
 #include <QToolBar>
 #include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <QUrl>
+#include <QVariant>
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include <QMainWindow>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 class QAction;

@@ -9,6 +9,9 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

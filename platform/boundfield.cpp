@@ -7,6 +7,8 @@
 
 #include <QKeyEvent>
 
+#include <utility>
+
 BoundField::BoundField(QWidget* parent) : EntryField(parent) {
     setReadOnly(true);
 }

@@ -7,6 +7,8 @@
 
 #include <string>
 
+class QFocusEvent;
+class QKeyEvent;
 class DataSource;
 
 /// Stores when it is left or when told to. Up and Down go to the neighbouring fields. An empty set

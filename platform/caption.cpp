@@ -10,6 +10,8 @@
 #include <QTextEdit>
 #include <QVariant>
 
+#include <type_traits>
+
 namespace {
 
 constexpr const char* kCaption = "caption";

@@ -3,6 +3,8 @@
 #include <QDate>
 #include <QTimer>
 
+#include <utility>
+
 namespace {
 
 class RunningPause final : public Clock::Pause {

@@ -5,18 +5,30 @@
 #include "platform/entryfield.h"
 #include "platform/keystrokes.h"
 
+#include <QAbstractItemDelegate>
+#include <QAbstractItemModel>
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QColor>
+#include <QEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPalette>
+#include <QPen>
+#include <QPointF>
+#include <QRect>
 #include <QScopedValueRollback>
+#include <QStyleOptionViewItem>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 namespace {
 

@@ -16,7 +16,9 @@
 
 class DataSource;
 class KeyStrokes;
+class QHideEvent;
 class QLabel;
+class QShowEvent;
 class QTableView;
 
 /// What a cell is about to become.

@@ -2,15 +2,19 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QColor>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QMenu>
 #include <QMimeData>
+#include <QPalette>
 
 #include <memory>
+#include <utility>
 
 namespace {
 

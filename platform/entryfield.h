@@ -8,6 +8,13 @@
 #include <optional>
 #include <set>
 
+class QContextMenuEvent;
+class QDropEvent;
+class QFocusEvent;
+class QInputMethodEvent;
+class QKeyEvent;
+class QMouseEvent;
+
 /// What becomes of a typed character: another one, itself, or nothing. Control keys come as their
 /// codes: 3 copy, 8 backspace, 22 paste, 24 cut.
 using CharacterFilter = std::function<std::optional<char32_t>(char32_t)>;

@@ -4,10 +4,13 @@
 #include "platform/caption.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QKeyEvent>
 #include <QWidget>
 
+#include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
 
 namespace {

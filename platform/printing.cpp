@@ -5,9 +5,15 @@
 #include "platform/dialogs.h"
 
 #include <QFontMetricsF>
+#include <QMarginsF>
+#include <QPageSize>
+#include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPen>
 #include <QPrinter>
+
+#include <utility>
 
 namespace {
 

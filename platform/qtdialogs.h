@@ -3,6 +3,11 @@
 
 #include "platform/dialogs.h"
 
+#include <optional>
+#include <string>
+
+class QPrinter;
+
 class QtDialogs final : public Dialogs {
   public:
     Answer Show(const Message& message) override;

@@ -13,6 +13,9 @@
 
 #include <QCoreApplication>
 
+#include <string>
+#include <utility>
+
 class RealPlatform {
   public:
     explicit RealPlatform(std::string programFolder)

@@ -5,6 +5,12 @@
 #include "fundfile/datasource.h"
 #include "platform/caption.h"
 
+#include <QVariant>
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
 namespace {
 
 std::string NumberText(double value, int decimals) {

@@ -7,6 +7,7 @@
 
 #include <QAbstractTableModel>
 #include <QPointer>
+#include <QVariant>
 
 #include <map>
 #include <optional>

@@ -5,8 +5,11 @@
 #include "platform/tag.h"
 
 #include <QEvent>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QResizeEvent>
+#include <QSizePolicy>
 
 class StatusPanels::Panel : public QLabel {
   public:

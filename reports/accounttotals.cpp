@@ -9,10 +9,13 @@
 #include "platform/caption.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QSignalBlocker>
+
+#include <cstdint>
 
 AccountTotals::AccountTotals(frmPPM& ppm) : Controller(ppm) {
     On(window.mnuTotal, &QAction::triggered, [this] { mnuTotal_Click(); });

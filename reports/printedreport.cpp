@@ -16,8 +16,10 @@
 #include <QImage>
 #include <QLabel>
 #include <QListWidget>
+#include <QRectF>
 
 #include <filesystem>
+#include <string_view>
 
 namespace {
 

@@ -15,10 +15,12 @@
 #include <QByteArray>
 #include <QCryptographicHash>
 #include <QFile>
+#include <QIODevice>
 #include <QSaveFile>
 #include <QString>
 
 #include <chrono>
+#include <cstdint>
 #include <exception>
 #include <filesystem>
 #include <functional>
@@ -26,6 +28,8 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

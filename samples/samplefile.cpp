@@ -17,6 +17,7 @@
 #include <chrono>
 #include <cmath>
 #include <map>
+#include <memory>
 #include <optional>
 
 namespace {

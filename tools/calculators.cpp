@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include <string>
+
 Calculators::Calculators(frmPPM& ppm) : Controller(ppm) {
     for (EntryField* box : {window.txtprcStart, window.txtprcNy}) {
         box->SetFilter(kPercentKeys);

@@ -9,6 +9,7 @@
 #include "tools/texts.h"
 
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>

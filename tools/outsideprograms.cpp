@@ -8,6 +8,8 @@
 
 #include <QAction>
 
+#include <string>
+
 OutsidePrograms::OutsidePrograms(frmPPM& ppm) : Controller(ppm) {
     On(window.mnuFLogg, &QAction::triggered, [this] { mnuFLogg_Click(); });
     On(window.mnuNotePad, &QAction::triggered, [this] { mnuNotePad_Click(); });

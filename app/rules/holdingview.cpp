@@ -5,6 +5,8 @@
 #include "base/number.h"
 #include "fundfile/rules/savedvalues.h"
 
+#include <optional>
+
 namespace {
 
 constexpr int kShareDecimals = 4;

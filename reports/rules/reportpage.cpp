@@ -9,6 +9,7 @@
 #include "reports/rules/texts.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <utility>
 

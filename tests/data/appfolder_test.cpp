@@ -2,7 +2,10 @@
 
 #include "tests/data/support.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 namespace {
 

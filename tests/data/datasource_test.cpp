@@ -9,7 +9,11 @@
 #include <QString>
 
 #include <chrono>
+#include <functional>
 #include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

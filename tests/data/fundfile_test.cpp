@@ -11,9 +11,17 @@
 #include <QFile>
 #include <QString>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

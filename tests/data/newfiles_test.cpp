@@ -6,7 +6,11 @@
 #include "fundfile/sources.h"
 #include "tests/data/support.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 namespace {
 

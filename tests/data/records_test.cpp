@@ -6,7 +6,12 @@
 #include "jet/transaction.h"
 #include "tests/data/support.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

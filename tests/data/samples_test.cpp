@@ -19,11 +19,16 @@
 #include <QString>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace {
 

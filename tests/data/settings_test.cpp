@@ -6,6 +6,8 @@
 #include <QString>
 
 #include <gtest/gtest.h>
+#include <string>
+#include <string_view>
 
 namespace {
 

@@ -8,16 +8,24 @@
 #include "platform/caption.h"
 
 #include <QAction>
+#include <QColor>
+#include <QFile>
+#include <QFont>
+#include <QIODevice>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QTextTable>
 #include <QTreeWidget>
+#include <QUrl>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 

@@ -6,6 +6,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <regex>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

@@ -2,8 +2,11 @@
 
 #include "tests/house/source.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 namespace {
 

@@ -5,6 +5,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <regex>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 

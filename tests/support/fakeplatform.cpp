@@ -3,8 +3,13 @@
 #include "base/error.h"
 #include "platform/caption.h"
 
+#include <QPrinter>
+
 #include <algorithm>
+#include <chrono>
 #include <gtest/gtest.h>
+#include <ostream>
+#include <utility>
 
 std::ostream& operator<<(std::ostream& out, const Message& message) {
     constexpr const char* kButtons[] = {"OK", "OK/Cancel", "Yes/No"};

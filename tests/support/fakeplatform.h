@@ -13,16 +13,21 @@
 #include "platform/screen.h"
 
 #include <QPointer>
+#include <QRect>
 #include <QTemporaryDir>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
+
+class QPrinter;
 
 std::ostream& operator<<(std::ostream& out, const Message& message);
 std::ostream& operator<<(std::ostream& out, const FileRequest& request);

@@ -1,6 +1,11 @@
 #include "tests/support/memoryrecords.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <utility>
+#include <variant>
 
 std::size_t MemoryRecords::FieldPosition(std::string_view name) const {
     const auto found = std::find_if(columns_.begin(), columns_.end(),

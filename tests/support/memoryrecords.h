@@ -5,9 +5,13 @@
 #include "base/number.h"
 #include "jet/recordset.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 class MemoryRecords final : public jet::RecordSet {

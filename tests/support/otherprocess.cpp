@@ -1,6 +1,7 @@
 #include "tests/support/otherprocess.h"
 
 #include <array>
+#include <exception>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>

@@ -4,10 +4,15 @@
 #include "platform/caption.h"
 #include "tests/support/memoryrecords.h"
 
+#include <QApplication>
 #include <QTest>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -6,14 +6,29 @@
 #include "platform/keystrokes.h"
 #include "tests/support/memoryrecords.h"
 
+#include <QApplication>
+#include <QColor>
+#include <QFont>
 #include <QHeaderView>
+#include <QImage>
 #include <QLineEdit>
+#include <QModelIndexList>
+#include <QPalette>
+#include <QPoint>
+#include <QRect>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <cmath>
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -3,11 +3,25 @@
 #include "base/error.h"
 #include "diagram/strokepainter.h"
 
+#include <QApplication>
+#include <QColor>
+#include <QEvent>
+#include <QFont>
+#include <QImage>
+#include <QLineF>
+#include <QMouseEvent>
+#include <QPoint>
+#include <QPolygonF>
+#include <QRect>
 #include <QSignalSpy>
+#include <QSize>
 #include <QTest>
+#include <QTransform>
 
 #include <gtest/gtest.h>
 #include <set>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace {

@@ -4,16 +4,21 @@
 #include "platform/caption.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
+#include <QColor>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPalette>
+#include <QPoint>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 

@@ -4,6 +4,10 @@
 
 #include "base/error.h"
 
+#include <QCoreApplication>
+#include <QEventLoop>
+
+#include <chrono>
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>

@@ -4,11 +4,14 @@
 #include "platform/caption.h"
 #include "tests/support/fakeplatform.h"
 
+#include <QColor>
 #include <QFile>
+#include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
 #include <QProcess>
+#include <QRectF>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 

@@ -3,13 +3,18 @@
 #include "base/error.h"
 #include "platform/caption.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
+#include <string>
+#include <string_view>
 
 namespace {
 

@@ -3,18 +3,29 @@
 #include "platform/caption.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QColor>
 #include <QColorDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QIODevice>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QMetaObject>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

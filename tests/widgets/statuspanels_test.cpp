@@ -3,9 +3,11 @@
 #include "base/error.h"
 #include "platform/caption.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 

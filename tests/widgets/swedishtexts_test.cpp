@@ -3,6 +3,8 @@
 #include "platform/caption.h"
 #include "platform/qtdialogs.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
@@ -15,7 +17,10 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
+#include <string>
+#include <vector>
 
 namespace {
 

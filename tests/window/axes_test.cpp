@@ -3,6 +3,8 @@
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QGroupBox>
+#include <QLabel>
 
 namespace {
 

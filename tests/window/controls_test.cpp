@@ -9,9 +9,13 @@
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QColor>
 #include <QGroupBox>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPalette>
 
 #include <set>
 

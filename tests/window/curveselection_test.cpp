@@ -4,9 +4,12 @@
 #include "fundfile/schema.h"
 #include "tests/window/windowtest.h"
 
+#include <QColor>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPalette>
 
+#include <chrono>
 #include <set>
 
 namespace {

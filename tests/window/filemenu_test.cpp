@@ -12,14 +12,17 @@
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
 #include <QTableView>
 
+#include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <span>
 
 namespace {
 

@@ -6,7 +6,11 @@
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QColor>
 #include <QGroupBox>
+#include <QImage>
+#include <QLabel>
+#include <QRect>
 
 namespace {
 

@@ -9,6 +9,8 @@
 #include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
 
+#include <QAbstractItemModel>
+#include <QApplication>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -16,6 +18,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 namespace {
 

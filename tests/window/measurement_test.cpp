@@ -1,6 +1,13 @@
 #include "base/daynumber.h"
 #include "tests/window/windowtest.h"
 
+#include <QApplication>
+#include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPoint>
+
 #include <cmath>
 
 namespace {

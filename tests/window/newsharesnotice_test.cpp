@@ -4,7 +4,10 @@
 #include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
 
+#include <QApplication>
+#include <QColor>
 #include <QGroupBox>
+#include <QPalette>
 #include <QTableView>
 
 namespace {

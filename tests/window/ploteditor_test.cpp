@@ -3,10 +3,14 @@
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QImage>
 #include <QLabel>
 #include <QTableView>
+
+#include <utility>
 
 namespace {
 

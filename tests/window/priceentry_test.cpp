@@ -5,10 +5,17 @@
 #include "tests/window/windowtest.h"
 
 #include <QClipboard>
+#include <QColor>
 #include <QGroupBox>
+#include <QGuiApplication>
+#include <QKeySequence>
+#include <QLabel>
+#include <QPalette>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace {
 

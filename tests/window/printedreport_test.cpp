@@ -3,14 +3,20 @@
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QByteArray>
+#include <QColor>
 #include <QFile>
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
+#include <QPointF>
 #include <QProcess>
+#include <QRectF>
 #include <QRegularExpression>
+#include <QSizeF>
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <iterator>
 #include <tuple>

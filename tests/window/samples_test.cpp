@@ -4,7 +4,10 @@
 #include "fundfile/datasource.h"
 #include "tests/window/windowtest.h"
 
+#include <QLabel>
+
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <sstream>
 

@@ -3,7 +3,11 @@
 #include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
 
+#include <QApplication>
 #include <QGroupBox>
+#include <QLabel>
+#include <QRect>
+#include <QSize>
 
 namespace {
 

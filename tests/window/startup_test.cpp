@@ -11,10 +11,18 @@
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QEvent>
 #include <QGroupBox>
+#include <QImage>
+#include <QLabel>
 #include <QMenu>
+#include <QPoint>
+#include <QSize>
+#include <QSysInfo>
 #include <QTableView>
 
+#include <chrono>
 #include <fstream>
 
 namespace {

@@ -4,10 +4,14 @@
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QColor>
 #include <QGroupBox>
+#include <QLabel>
+#include <QPalette>
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 namespace {
 

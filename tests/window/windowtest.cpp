@@ -4,7 +4,10 @@
 #include "jet/database.h"
 
 #include <QApplication>
+#include <QLabel>
+#include <QRect>
 
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>

@@ -2,7 +2,11 @@
 
 #include "base/error.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

@@ -1,6 +1,8 @@
 #include "app/rules/holdingview.h"
 
+#include <array>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 

@@ -1,6 +1,8 @@
 #include "app/rules/mnemonics.h"
 
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 using Captions = std::vector<std::string>;
 

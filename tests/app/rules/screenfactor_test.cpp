@@ -1,5 +1,6 @@
 #include "app/rules/screenfactor.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 
 namespace {

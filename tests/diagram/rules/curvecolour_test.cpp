@@ -1,6 +1,7 @@
 #include "diagram/rules/curvecolour.h"
 
 #include <cmath>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <limits>
 #include <vector>

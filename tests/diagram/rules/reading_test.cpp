@@ -3,7 +3,9 @@
 #include "base/daynumber.h"
 #include "base/error.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <optional>
 #include <string>
 #include <vector>
 

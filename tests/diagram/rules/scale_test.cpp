@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <limits>
 #include <vector>

@@ -3,7 +3,9 @@
 #include "base/daynumber.h"
 #include "base/error.h"
 
+#include <array>
 #include <chrono>
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>

@@ -1,6 +1,8 @@
 #include "entry/rules/cells.h"
 
 #include <gtest/gtest.h>
+#include <optional>
+#include <string_view>
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "base/error.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 
 namespace {
 

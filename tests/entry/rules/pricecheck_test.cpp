@@ -2,7 +2,10 @@
 
 #include "base/error.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <optional>
+#include <string_view>
 
 namespace {
 

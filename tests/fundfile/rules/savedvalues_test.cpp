@@ -3,6 +3,8 @@
 #include "base/number.h"
 
 #include <gtest/gtest.h>
+#include <optional>
+#include <string_view>
 
 namespace {
 

@@ -1,7 +1,10 @@
 #include "fundfile/rules/scaletext.h"
 
+#include <cstdint>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <string_view>
+#include <vector>
 
 namespace {
 

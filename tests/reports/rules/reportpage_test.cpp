@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <string_view>
+#include <vector>
 
 namespace {
 

@@ -2,8 +2,12 @@
 
 #include "base/error.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
 #include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

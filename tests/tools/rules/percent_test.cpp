@@ -3,6 +3,7 @@
 #include "base/error.h"
 
 #include <gtest/gtest.h>
+#include <string_view>
 
 namespace {
 
