@@ -1,6 +1,7 @@
 #include "jet/detail/indexkey.h"
 
 #include "base/error.h"
+#include "jet/detail/codepage.h"
 #include "jet/detail/textcodec.h"
 #include "jet/detail/textweights.h"
 
@@ -120,7 +121,7 @@ bool AppendText97(Bytes& key, std::string_view text) {
         if (accent != 0) lastAccented = accents.size();
     };
     for (char32_t character : KeyCharacters(text)) {
-        const auto byte = ToCodePage(character);
+        const auto byte = WesternCodePage().ToByte(character);
         if (!byte) return false;
         const Weight97& weight = WeightOf97(*byte);
         addCode(weight.code, weight.accent);
@@ -278,9 +279,10 @@ std::optional<Bytes> EncodeKey(std::span<const Value> values, std::span<const Ke
 
 std::optional<char32_t> CharacterWithoutWeight(std::string_view text, TextOrder order) {
     for (char32_t character : KeyCharacters(text)) {
-        const bool known = order == TextOrder::General     ? WeightOf(character) != nullptr
-                           : order == TextOrder::General97 ? ToCodePage(character).has_value()
-                                                           : false;
+        const bool known = order == TextOrder::General ? WeightOf(character) != nullptr
+                           : order == TextOrder::General97
+                               ? WesternCodePage().ToByte(character).has_value()
+                               : false;
         if (!known) return character;
     }
     return std::nullopt;

@@ -1,6 +1,7 @@
 #include "jet/detail/textcodec.h"
 
-#include <algorithm>
+#include "jet/detail/codepage.h"
+
 #include <array>
 
 namespace jet::detail {
@@ -8,14 +9,7 @@ namespace jet::detail {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD, kLargestCharacter = 0x10FFFF, kByteOrderMark = 0xFEFF;
-constexpr std::uint16_t kWesternCodePage = 1252;
 constexpr std::size_t kShortestCompressed = 3;
-
-/// The characters of the bytes 80 to 9F; all other bytes are the character of the same number.
-constexpr std::array<char16_t, 32> kUpperControls{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 bool IsSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit <= 0xDFFF;
@@ -59,6 +53,13 @@ void ForEachUnit(ByteView stored, Put&& put) {
 void AppendUnit(std::vector<std::uint8_t>& bytes, char32_t unit) {
     bytes.push_back(static_cast<std::uint8_t>(unit));
     bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
+}
+
+/// In a code page that is not known only its ASCII half is sure.
+std::optional<std::uint8_t> ToByte(std::uint16_t codePage, char32_t character) {
+    if (const CodePage* page = FindCodePage(codePage)) return page->ToByte(character);
+    if (character < 0x80) return static_cast<std::uint8_t>(character);
+    return std::nullopt;
 }
 
 [[noreturn]] void ThrowText(std::size_t at, const char* what) {
@@ -111,24 +112,13 @@ std::optional<char32_t> NextCharacter(std::string_view utf8, std::size_t& positi
     return character;
 }
 
-std::optional<std::uint8_t> ToCodePage(char32_t character) {
-    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
-        return static_cast<std::uint8_t>(character);
-    }
-    const auto found = std::find(kUpperControls.begin(), kUpperControls.end(), character);
-    if (found == kUpperControls.end()) return std::nullopt;
-    return static_cast<std::uint8_t>(0x80 + (found - kUpperControls.begin()));
-}
-
-char16_t FromCodePage(std::uint8_t byte) {
-    return byte >= 0x80 && byte < 0xA0 ? kUpperControls[byte - 0x80U] : byte;
-}
-
 std::string DecodeText(const TextForm& form, ByteView stored) {
     std::string text;
     text.reserve(stored.size());
     if (form.unit == 1) {
-        for (const std::uint8_t byte : stored) AppendUtf8(text, FromCodePage(byte));
+        const CodePage* known = FindCodePage(form.codePage);
+        const CodePage& page = known != nullptr ? *known : WesternCodePage();
+        for (const std::uint8_t byte : stored) AppendUtf8(text, page.FromByte(byte));
         return text;
     }
     char32_t high = 0;
@@ -165,9 +155,7 @@ std::vector<std::uint8_t> EncodeText(const TextForm& form, std::string_view utf8
         const auto character = NextCharacter(utf8, at);
         if (!character) ThrowText(start, "broken UTF-8");
         if (form.unit == 1) {
-            // What other code pages mean by their upper half is not known here.
-            const bool known = form.codePage == kWesternCodePage || *character < 0x80;
-            const auto byte = known ? ToCodePage(*character) : std::nullopt;
+            const auto byte = ToByte(form.codePage, *character);
             if (!byte) ThrowText(start, "a character that the file's code page lacks");
             bytes.push_back(*byte);
         } else if (*character >= 0x10000) {

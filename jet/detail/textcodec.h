@@ -19,7 +19,7 @@ struct TextForm {
 };
 
 /// Stored bytes as UTF-8. Never fails: a lone surrogate becomes U+FFFD, an odd last byte is
-/// dropped.
+/// dropped, and a code page that is not known is read as windows-1252.
 std::string DecodeText(const TextForm& form, ByteView stored);
 /// The text's characters as UTF-16 code units (Jet 4) or code page bytes widened (Jet 3): what
 /// index keys are made of. Nothing is replaced.
@@ -38,10 +38,5 @@ std::size_t StoredLength(const TextForm& form, ByteView uncompressed);
 /// Reads one character of UTF-8 and moves `position` past it; nothing for broken UTF-8.
 std::optional<char32_t> NextCharacter(std::string_view utf8, std::size_t& position);
 void AppendUtf8(std::string& text, char32_t character);
-
-/// The byte of windows-1252 for a character and back; the five open bytes stand for U+0081, 8D, 8F,
-/// 90, 9D.
-std::optional<std::uint8_t> ToCodePage(char32_t character);
-char16_t FromCodePage(std::uint8_t byte);
 
 }  // namespace jet::detail

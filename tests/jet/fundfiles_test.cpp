@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <map>
 #include <sstream>
@@ -321,6 +322,39 @@ TEST(FundFiles, KeepAForeignTableByteForByte) {
     }
     EXPECT_EQ(ReadWith({"mdb-json", path.string(), "Anteckningar"}), before);
     EXPECT_FALSE(before.empty());
+}
+
+TEST(FundFiles, KeepTheirOwnCodePage) {
+    SKIP_WITHOUT_SAMPLES();
+    const ScratchFolder folder;
+    const std::filesystem::path path = folder / "polsk.mdb";
+    std::filesystem::copy_file(*Samples() / "fundfiles" / "access97.mdb", path);
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all);
+    {
+        // 1252 becomes 1250: the header is masked, so its bytes are turned, not set.
+        constexpr std::streamoff kCodePage = 0x3C;
+        std::fstream bytes(path, std::ios::in | std::ios::out | std::ios::binary);
+        const char turned = static_cast<char>(bytes.seekg(kCodePage).get() ^ 0xE4 ^ 0xE2);
+        bytes.seekp(kCodePage).put(turned);
+    }
+    {
+        const auto database = Database::Open(path);
+        const auto holdings = database->OpenRecordSet("FONDDATA");
+        holdings->Edit();
+        holdings->Set(kAccount, "Łódź 97");
+        holdings->Update();
+        EXPECT_EQ(holdings->Field(kAccount).Text(), "Łódź 97");
+        holdings->Edit();
+        EXPECT_THROW(
+            {
+                holdings->Set(kAccount, "Ån");
+                holdings->Update();
+            },
+            Error);
+        EXPECT_THAT(database->Verify(), IsEmpty());
+    }
+    EXPECT_THAT(ReadWith({"env", "MDB_JET3_CHARSET=CP1250", "mdb-json", path.string(), "FONDDATA"}),
+                testing::HasSubstr("Łódź 97"));
 }
 
 TEST(FundFiles, OpenASavedQueryAsItsTable) {
