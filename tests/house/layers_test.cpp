@@ -55,7 +55,8 @@ bool IsQt(std::string_view include) {
 }
 
 bool IsSystem(std::string_view include) {
-    return include.ends_with(".h>");
+    // <iconv.h> knows the code pages and touches nothing outside.
+    return include.ends_with(".h>") && include != "<iconv.h>";
 }
 
 std::string Unquoted(std::string_view include) {
