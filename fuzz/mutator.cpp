@@ -33,9 +33,17 @@ class Mutation {
         return static_cast<std::uint32_t>(random_() % std::max<std::size_t>(limit, 1));
     }
     std::size_t Pages() const { return size_ / pageSize_; }
+    bool HoldsObjects(std::size_t page) const {
+        constexpr std::size_t kOwner = 4;
+        constexpr std::uint8_t kDataPage = 1, kObjects = 2;
+        const std::uint8_t* bytes = data_ + page * pageSize_;
+        return page == kObjects || (bytes[0] == kDataPage && bytes[kOwner] == kObjects);
+    }
     std::size_t Place() {
-        // The header page is checked first and small; most of the work is behind it.
-        const std::size_t page = Below(40) == 0 ? 0 : 1 + Below(Pages() - 1);
+        // The header page is checked first and small, and damage to the list of objects hides all
+        // tables: most of the work is behind them.
+        std::size_t page = Below(40) == 0 ? 0 : 1 + Below(Pages() - 1);
+        if (HoldsObjects(page) && Below(8) != 0) page = 1 + Below(Pages() - 1);
         const std::array<std::size_t, 4> spans{32, 128, 1024, pageSize_};
         return page * pageSize_ + Below(spans[Below(spans.size())]);
     }
@@ -123,6 +131,24 @@ class Mutation {
 };
 
 }  // namespace
+
+/// The first file with a page of the second.
+extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* first, std::size_t firstSize,
+                                                 const std::uint8_t* second, std::size_t secondSize,
+                                                 std::uint8_t* out, std::size_t maxSize,
+                                                 unsigned seed) {
+    const std::size_t pageSize = firstSize > 0x14 && first[0x14] == 0 ? 2048 : 4096;
+    std::size_t size = std::min(firstSize, maxSize);
+    std::memcpy(out, first, size);
+    if (size < 3 * pageSize || secondSize < 3 * pageSize) return size;
+    std::minstd_rand random(seed);
+    const std::size_t pages = size / pageSize, from = 1 + random() % (secondSize / pageSize - 1);
+    const bool append = random() % 4 == 0 && (pages + 1) * pageSize <= maxSize;
+    const std::size_t to = append ? pages : 1 + random() % (pages - 1);
+    if (append) size = (pages + 1) * pageSize;
+    std::memcpy(out + to * pageSize, second + from * pageSize, pageSize);
+    return size;
+}
 
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
                                                std::size_t maxSize, unsigned seed) {

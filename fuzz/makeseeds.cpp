@@ -1,0 +1,505 @@
+// Writes the fuzzer's starting files: as few pages as a file can have, each with another part of
+// the format, in both versions. Whole files of other programs have thirty pages and more before
+// the first row, and a fuzzer then spends its time there.
+//
+//   makeseeds FOLDER
+
+#include "jet/detail/btree.h"
+#include "jet/detail/catalog.h"
+#include "jet/detail/datapage.h"
+#include "jet/detail/indexpage.h"
+#include "jet/detail/table.h"
+#include "jet/detail/tabledef.h"
+#include "jet/detail/tableindexes.h"
+#include "jet/detail/usagemap.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace {
+
+using namespace jet;
+using namespace jet::detail;
+
+constexpr std::uint16_t kCodePage = 1252, kOtherCollation = 1053;
+constexpr std::int16_t kTableObject = 1, kQueryObject = 5, kLinkedObject = 6;
+
+struct Column {
+    std::string name;
+    ColumnType type = ColumnType::Long;
+    std::uint16_t length = 4;
+    std::uint8_t flags = 0;
+    std::uint16_t collation = kGeneralCollation;
+};
+
+struct Index {
+    std::vector<std::size_t> columns;
+    IndexKind kind = IndexKind::Normal;
+    std::uint8_t flags = 0;
+    bool descending = false;
+};
+
+bool IsVariable(ColumnType type) {
+    return type == ColumnType::Text || type == ColumnType::Binary || type == ColumnType::Memo ||
+           type == ColumnType::Ole;
+}
+
+std::vector<ColumnDef> ColumnsOf(const std::vector<Column>& wanted) {
+    std::vector<ColumnDef> columns;
+    std::uint16_t fixedEnd = 0, variables = 0;
+    for (const Column& from : wanted) {
+        ColumnDef& column = columns.emplace_back();
+        column.name = from.name;
+        column.typeCode = static_cast<std::uint8_t>(from.type);
+        column.number = column.ordinal = static_cast<std::uint16_t>(columns.size() - 1);
+        column.length = from.length;
+        column.collation = from.collation;
+        column.codePage = kCodePage;
+        column.variableNumber = variables;
+        column.extra = column.IsText() ? kExtraCompressed : std::uint8_t{0};
+        column.flags = static_cast<std::uint8_t>(from.flags | kColumnUpdatable);
+        if (IsVariable(from.type)) {
+            ++variables;
+            continue;
+        }
+        column.flags |= kColumnFixed;
+        column.fixedOffset = fixedEnd;
+        if (from.type != ColumnType::Boolean) {
+            fixedEnd = static_cast<std::uint16_t>(fixedEnd + from.length);
+        }
+    }
+    return columns;
+}
+
+/// A file under construction. It has a list of objects, but no other system table until one is
+/// asked for.
+class Seed {
+  public:
+    explicit Seed(const Layout& layout) : layout_(layout), file_(PageFile::New(layout)) {
+        for (int page = 0; page < 3; ++page) file_->AppendPage();
+        WriteHeader();
+        WriteGlobalMap();
+        PlaceTable(kSystemObjectsPage, ObjectColumns(), {}, kSystemTable);
+    }
+
+    const Layout& Format() const { return layout_; }
+    PageFile& File() { return *file_; }
+
+    std::uint32_t AddTable(const std::string& name, const std::vector<Column>& columns,
+                           const std::vector<Index>& indexes) {
+        const std::uint32_t page = AllocatePage(*file_);
+        PlaceTable(page, columns, indexes, kUserTable);
+        AddObject(page, name, kTableObject, 0);
+        return page;
+    }
+
+    void AddObject(std::uint32_t id, const std::string& name, std::int16_t type,
+                   std::uint32_t flags) {
+        Add(kSystemObjectsPage,
+            {static_cast<std::int32_t>(id), name, type, static_cast<std::int32_t>(flags)});
+    }
+
+    RowPointer Add(std::uint32_t page, std::vector<Value> values) {
+        TableStore store(*file_, page);
+        TableIndexes indexes(store);
+        store.FillAutonumbers(values);
+        const IndexPlan plan = indexes.PlanInsert(values);
+        const RowPointer row = store.Insert(values);
+        indexes.Apply(plan, row);
+        return row;
+    }
+
+    /// Gives one column of a row another value.
+    void Change(std::uint32_t page, RowPointer row, std::size_t column, Value value) {
+        TableStore store(*file_, page);
+        TableIndexes indexes(store);
+        std::vector<std::optional<Value>> values(store.Def().columns.size());
+        values[column] = std::move(value);
+        const IndexPlan plan = indexes.PlanUpdate(row, values);
+        store.Update(row, values);
+        indexes.Apply(plan, row);
+    }
+
+    void Delete(std::uint32_t page, RowPointer row) {
+        TableStore store(*file_, page);
+        TableIndexes indexes(store);
+        indexes.Erase(row);
+        store.Delete(row);
+    }
+
+  private:
+    static std::vector<Column> ObjectColumns() {
+        return {
+            {"Id"}, {"Name", ColumnType::Text, 128}, {"Type", ColumnType::Integer, 2}, {"Flags"}};
+    }
+
+    void WriteHeader() {
+        const ByteSpan page = file_->EditPage(0);
+        constexpr std::string_view kSignature = "Standard Jet DB";
+        PutU32(page, 0, 0x00000100);
+        std::copy(kSignature.begin(), kSignature.end(), page.begin() + 4);
+        PutU32(page, 0x14, layout_.formatByte);
+        PutU32(page, 0x18, RowPointer{1, 0}.Packed());
+        PutU32(page, 0x1C, RowPointer{1, 1}.Packed());
+        PutU32(page, 0x20, kSystemObjectsPage);
+        PutU16(page, 0x3C, kCodePage);
+        PutU16(page, layout_.collation, kGeneralCollation);
+        MaskHeader(layout_, page);
+    }
+
+    void WriteGlobalMap() {
+        FormatDataPage(*file_, 1, 1);
+        std::vector<std::uint8_t> map(layout_.inlineMapRow, 0xFF);
+        std::fill_n(map.begin(), 5, std::uint8_t{0});
+        map[5] = 0xF8;  // the first three pages are used
+        AddRow(*file_, 1, map);
+        AddRow(*file_, 1, EmptyInlineMap(layout_));
+    }
+
+    /// Maps are handed out from shared pages.
+    RowPointer NextMap() {
+        constexpr std::uint8_t kMapsOfPage = 12;
+        if (mapPage_ == 0 || nextMap_ == kMapsOfPage) {
+            mapPage_ = AllocateMapPage(*file_, kMapsOfPage);
+            nextMap_ = 0;
+        }
+        return {mapPage_, nextMap_++};
+    }
+
+    void PlaceTable(std::uint32_t page, const std::vector<Column>& columns,
+                    const std::vector<Index>& indexes, std::uint8_t type) {
+        TableDef def;
+        def.page = page;
+        def.type = type;
+        def.columns = ColumnsOf(columns);
+        def.maxColumns = static_cast<std::uint16_t>(columns.size());
+        def.variableCount = static_cast<std::uint16_t>(
+            std::count_if(def.columns.begin(), def.columns.end(),
+                          [](const ColumnDef& column) { return !column.Fixed(); }));
+        def.ownedMap = NextMap();
+        def.freeMap = NextMap();
+        for (const Index& index : indexes) PlaceIndex(def, index);
+        for (const ColumnDef& column : def.columns) {
+            if (column.IsLongValue()) {
+                def.longValueMaps.push_back({column.number, NextMap(), NextMap()});
+            }
+        }
+        WriteTableDef(*file_, page, BuildTableDef(layout_, kCodePage, def));
+    }
+
+    void PlaceIndex(TableDef& def, const Index& wanted) {
+        RealIndex index;
+        for (const std::size_t position : wanted.columns) {
+            index.columns.push_back({def.columns[position].number, position, wanted.descending});
+        }
+        index.flags = wanted.flags;
+        index.map = NextMap();
+        index.root = AllocatePage(*file_);
+        IndexPage::EmptyLeaf(def.page).Write(*file_, index.root);
+        UsageMap(*file_, index.map).Add(index.root);
+        LogicalIndex logical;
+        logical.number = logical.real = static_cast<std::uint32_t>(def.realIndexes.size());
+        logical.name = "i" + Decimal(logical.number);
+        logical.kind = wanted.kind;
+        if (wanted.kind == IndexKind::Foreign) {
+            logical.side = 1;
+            logical.otherTable = def.page;
+            logical.otherIndex = 0;
+        }
+        def.logicalIndexes.push_back(std::move(logical));
+        def.realIndexes.push_back(std::move(index));
+    }
+
+    const Layout& layout_;
+    std::unique_ptr<PageFile> file_;
+    std::uint32_t mapPage_ = 0;
+    std::uint8_t nextMap_ = 0;
+};
+
+// --- what the files hold
+// ------------------------------------------------------------------------------------
+
+void Numbers(Seed& seed) {
+    const std::uint32_t page =
+        seed.AddTable("T",
+                      {{"Id", ColumnType::Long, 4, kColumnAutonumber},
+                       {"Flag", ColumnType::Boolean, 1},
+                       {"B", ColumnType::Byte, 1},
+                       {"I", ColumnType::Integer, 2},
+                       {"C", ColumnType::Currency, 8},
+                       {"S", ColumnType::Single, 4},
+                       {"D", ColumnType::Double, 8},
+                       {"When", ColumnType::Date, 8}},
+                      {{{0}, IndexKind::Primary, kIndexUnique | kIndexRequired},
+                       {{3, 4}, IndexKind::Normal, 0, true},
+                       {{5, 6, 7, 1, 2}, IndexKind::Normal, kIndexIgnoreNulls}});
+    for (int i = 0; i < 4; ++i) {
+        std::vector<Value> row{Value(),
+                               i % 2 == 0,
+                               static_cast<std::uint8_t>(200 + i),
+                               static_cast<std::int16_t>(1 - i),
+                               Currency{12345 - 10000 * i},
+                               0.5F - static_cast<float>(i),
+                               1.25 - i,
+                               Date{36526.5 + i}};
+        if (i == 3) std::fill(row.begin() + 2, row.end(), Value());
+        seed.Add(page, row);
+    }
+}
+
+void Texts(Seed& seed) {
+    const auto length = static_cast<std::uint16_t>(50 * seed.Format().textUnit);
+    const std::uint32_t page =
+        seed.AddTable("T",
+                      {{"A", ColumnType::Text, length},
+                       {"B", ColumnType::Text, length, 0, kOtherCollation},
+                       {"C", ColumnType::Text, length},
+                       {"Id"}},
+                      {{{0}, IndexKind::Primary, kIndexUnique | kIndexRequired},
+                       {{1}, IndexKind::Normal, kIndexIgnoreNulls},
+                       {{2, 3}, IndexKind::Normal, 0, true}});
+    // The second index has entries by hand: this engine makes no keys of an order it does not know.
+    const std::vector<std::string> texts{"Ångström", "a-b 'c", "été 12,5", "\xE2\x82\xAC x", ""};
+    std::int32_t id = 0;
+    for (const std::string& text : texts) {
+        seed.Add(page, {text, Value(), id % 2 == 0 ? Value(text) : Value(), id});
+        ++id;
+    }
+}
+
+void UnknownOrder(Seed& seed) {
+    const auto length = static_cast<std::uint16_t>(20 * seed.Format().textUnit);
+    const std::uint32_t page =
+        seed.AddTable("T", {{"A", ColumnType::Text, length, 0, kOtherCollation}, {"Id"}},
+                      {{{0}, IndexKind::Normal, 0}});
+    TableStore store(seed.File(), page);
+    TableIndexes indexes(store);
+    for (std::uint8_t i = 0; i < 4; ++i) {
+        const RowPointer row =
+            store.Insert(std::vector<Value>{std::string(1, static_cast<char>('a' + i)), i * 7});
+        indexes.Tree(0).Insert(Bytes{0x7F, static_cast<std::uint8_t>(0x60 + 2 * i), 1, 0}, row);
+    }
+}
+
+void LongValues(Seed& seed) {
+    const std::uint32_t page = seed.AddTable(
+        "T", {{"Id"}, {"M", ColumnType::Memo, 0}, {"O", ColumnType::Ole, 0}}, {{{0}}});
+    const std::size_t pageSize = seed.Format().pageSize;
+    for (const std::size_t size : {std::size_t{5}, std::size_t{300}, pageSize + 500}) {
+        const auto id = static_cast<std::int32_t>(size);
+        seed.Add(page, {id, std::string(size, 'm'), Value()});
+        seed.Add(page, {-id, Value(), Bytes(size, 7)});
+    }
+}
+
+void OtherTypes(Seed& seed) {
+    const std::uint32_t page =
+        seed.AddTable("T",
+                      {{"G", ColumnType::Guid, 16, kColumnGuidAutonumber},
+                       {"N", ColumnType::Numeric, 17},
+                       {"B", ColumnType::Binary, 50}},
+                      {{{0}, IndexKind::Primary, kIndexUnique | kIndexRequired},
+                       {{1}, IndexKind::Normal, kIndexUnique},
+                       {{2, 0}}});
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        Guid guid;
+        guid.bytes.fill(static_cast<std::uint8_t>(0x40 + i));
+        seed.Add(page, {guid, Numeric{i == 1, {0, 0, 0, 1000 + i}, 0},
+                        Bytes(7 * i, static_cast<std::uint8_t>(i))});
+    }
+}
+
+/// Rows that outgrew their page, that came back, and that are gone.
+void MovedRows(Seed& seed) {
+    const auto length = static_cast<std::uint16_t>(250 * seed.Format().textUnit);
+    const std::uint32_t page = seed.AddTable(
+        "T", {{"Id"}, {"A", ColumnType::Text, length}, {"B", ColumnType::Text, length}}, {{{0}}});
+    const std::string large(240, 'x');
+    std::vector<RowPointer> rows;
+    for (std::int32_t i = 0; i < 6; ++i) rows.push_back(seed.Add(page, {i, large, "s"}));
+    for (const std::size_t i : {0U, 1U, 2U, 3U}) seed.Change(page, rows[i], 2, large);
+    seed.Change(page, rows[3], 1, "back");
+    seed.Delete(page, rows[1]);
+    seed.Delete(page, rows[5]);
+}
+
+/// An index of two levels: long keys fill a leaf with few rows.
+void Tree(Seed& seed) {
+    constexpr std::uint16_t kLength = 250;
+    const std::uint32_t page =
+        seed.AddTable("T", {{"Id", ColumnType::Integer, 2}, {"K", ColumnType::Binary, kLength}},
+                      {{{1}, IndexKind::Normal, kIndexUnique}});
+    const auto perLeaf = static_cast<std::int16_t>(seed.Format().IndexRoom() / (kLength + 40));
+    for (std::int16_t i = 0; i < 2 * perLeaf + 2; ++i) {
+        Bytes key(kLength, static_cast<std::uint8_t>(i * 37));
+        key.back() = static_cast<std::uint8_t>(i);
+        seed.Add(page, {i, key});
+    }
+}
+
+/// Short keys that begin alike, for the shared beginning of a page's entries, and many of one
+/// value.
+void EqualKeys(Seed& seed) {
+    const std::uint32_t page = seed.AddTable("T", {{"Id"}, {"K"}}, {{{0}}, {{1}}});
+    for (std::int32_t i = 0; i < 12; ++i) seed.Add(page, {i / 4, 70000 + i % 2});
+}
+
+void Relations(Seed& seed) {
+    const std::uint32_t page =
+        seed.AddTable("T", {{"Id"}, {"Other"}},
+                      {{{0}, IndexKind::Primary, kIndexUnique | kIndexRequired},
+                       {{1}, IndexKind::Foreign, kIndexIgnoreNulls}});
+    seed.Add(page, {1, Value()});
+    seed.Add(page, {2, 1});
+    seed.AddObject(0, "Away", kLinkedObject, 0);
+}
+
+void Queries(Seed& seed) {
+    const std::uint32_t page = seed.AddTable("T", {{"Id"}, {"N", ColumnType::Text, 40}}, {{{0}}});
+    for (std::int32_t i = 0; i < 3; ++i) seed.Add(page, {i, "n"});
+    const std::uint32_t queries = seed.AddTable("MSysQueries",
+                                                {{"ObjectId"},
+                                                 {"Attribute", ColumnType::Byte, 1},
+                                                 {"Order", ColumnType::Binary, 20},
+                                                 {"Name1", ColumnType::Text, 100},
+                                                 {"Expression", ColumnType::Text, 200},
+                                                 {"Flag", ColumnType::Integer, 2}},
+                                                {});
+    const auto part = [&](std::int32_t query, std::uint8_t attribute, const std::string& name,
+                          const std::string& expression, std::int16_t flag) {
+        seed.Add(queries, {query, attribute, Bytes{0, attribute}, name, expression, flag});
+    };
+    constexpr std::uint8_t kKind = 1, kOptions = 3, kSource = 5, kOutput = 6, kWhere = 8,
+                           kOrder = 11;
+    seed.AddObject(0x1001, "Q", kQueryObject, 0);
+    part(0x1001, kKind, "", "", 1);
+    part(0x1001, kSource, "T", "", 0);
+    part(0x1001, kOutput, "Number", "T.Id", 0);
+    part(0x1001, kOutput, "", "[N]", 0);
+    part(0x1001, kWhere, "", "(((T.Id)>=1)) And [N]='n'", 0);
+    part(0x1001, kOrder, "D", "T.Id", 0);
+    seed.AddObject(0x1002, "Q2", kQueryObject, 0);
+    part(0x1002, kKind, "", "", 1);
+    part(0x1002, kOptions, "", "", 1);
+    part(0x1002, kSource, "Q", "", 0);
+    part(0x1002, kWhere, "", "Number Is Not Null", 0);
+}
+
+/// Usage maps of the other form: a row of references to pages of bits.
+void ReferenceMaps(Seed& seed) {
+    const std::uint32_t page = seed.AddTable("T", {{"Id"}}, {{{0}}});
+    for (std::int32_t i = 0; i < 3; ++i) seed.Add(page, {i});
+    PageFile& file = seed.File();
+    const TableDef def = ReadTableDef(file, page);
+    for (const RowPointer map : {def.ownedMap, def.realIndexes[0].map, RowPointer{1, 0}}) {
+        const bool global = map.page == 1;
+        const std::vector<std::uint32_t> pages = UsageMap(file, map).Pages();
+        const std::uint32_t bits = AllocatePage(file);
+        const ByteSpan bytes = file.EditPage(bits);
+        PutU32(bytes, 0, 0x00000100 | kMapPage);
+        const auto put = [&](std::uint32_t set) {
+            bytes[4 + set / 8] |= static_cast<std::uint8_t>(1U << (set % 8));
+        };
+        for (const std::uint32_t set : pages) put(set);
+        if (global) {
+            for (auto set = static_cast<std::uint32_t>(file.PageCount()); set < 400; ++set)
+                put(set);
+        }
+        std::vector<std::uint8_t> row(RowAt(file, map).size(), 0);
+        row[0] = 1;
+        PutU32(row, 1, bits);
+        ReplaceRow(file, map, row, 0);
+    }
+}
+
+/// Many columns, some dropped since: rows of another shape than the definition's, and in the older
+/// version offsets beyond a byte.
+void ManyColumns(Seed& seed) {
+    std::vector<Column> columns;
+    for (int i = 0; i < 9; ++i) {
+        columns.push_back({"t" + Decimal(static_cast<unsigned>(i)), ColumnType::Text, 200});
+        columns.push_back({"n" + Decimal(static_cast<unsigned>(i))});
+    }
+    const std::uint32_t page = seed.AddTable("T", columns, {});
+    std::vector<Value> row;
+    for (int i = 0; i < 9; ++i) {
+        row.emplace_back(std::string(static_cast<std::size_t>(60 - 5 * i), 'c'));
+        row.emplace_back(i % 3 == 0 ? Value() : Value(i));
+    }
+    seed.Add(page, row);
+    seed.Add(page, std::vector<Value>(row.size()));
+    PageFile& file = seed.File();
+    TableDef def = ReadTableDef(file, page);
+    def.columns.erase(def.columns.begin() + 3);
+    def.columns.erase(def.columns.begin() + 8);
+    WriteTableDef(file, page, BuildTableDef(seed.Format(), kCodePage, def));
+    std::erase(row, row[3]);
+    TableStore(file, page).Insert(std::vector<Value>(def.columns.size()));
+}
+
+void TwoTables(Seed& seed) {
+    for (const char* name : {"A", "B"}) {
+        const std::uint32_t page = seed.AddTable(
+            name, {{"Id", ColumnType::Long, 4, kColumnAutonumber}, {"M", ColumnType::Memo, 0}},
+            {{{0}, IndexKind::Primary, kIndexUnique | kIndexRequired}});
+        for (std::size_t i = 0; i < 3; ++i) seed.Add(page, {Value(), std::string(40 * i, 'm')});
+    }
+}
+
+void NoTables(Seed&) {}
+
+struct Kind {
+    const char* name;
+    void (*fill)(Seed&);
+};
+
+constexpr Kind kKinds[] = {{"numbers", Numbers},
+                           {"texts", Texts},
+                           {"unknownorder", UnknownOrder},
+                           {"longvalues", LongValues},
+                           {"othertypes", OtherTypes},
+                           {"movedrows", MovedRows},
+                           {"tree", Tree},
+                           {"equalkeys", EqualKeys},
+                           {"relations", Relations},
+                           {"queries", Queries},
+                           {"referencemaps", ReferenceMaps},
+                           {"manycolumns", ManyColumns},
+                           {"twotables", TwoTables},
+                           {"notables", NoTables}};
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    if (count != 2) {
+        std::fputs("usage: makeseeds FOLDER\n", stderr);
+        return 2;
+    }
+    const std::filesystem::path folder = std::filesystem::absolute(arguments[1]);
+    const char* at = "";
+    try {
+        for (const Kind& kind : kKinds) {
+            at = kind.name;
+            for (const Layout* layout : {&kJet3, &kJet4}) {
+                Seed seed(*layout);
+                kind.fill(seed);
+                const char* version = layout == &kJet3 ? "3" : "4";
+                seed.File().SaveAs(folder / (std::string(kind.name) + version + ".mdb"));
+            }
+        }
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", at, error.what());
+        return 1;
+    }
+    return 0;
+}
