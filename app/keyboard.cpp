@@ -84,8 +84,13 @@ ShownPanels Keyboard::Shown() const {
             .curvesButton = window.imgGrafNr->isVisible()};
 }
 
+/// Until the start-up pause has ended there is no panel that a key could serve.
+bool Keyboard::Waits() const {
+    return window.panControl->isHidden();
+}
+
 bool Keyboard::Form_KeyPress(const QKeyEvent& event) {
-    if ((event.modifiers() & kCommandKeys) != Qt::NoModifier) return false;
+    if (Waits() || (event.modifiers() & kCommandKeys) != Qt::NoModifier) return false;
     char32_t typed = 0;
     if (event.key() == Qt::Key_Escape) typed = 27;
     const std::u32string text = ToCodePoints(FromQt(event.text()));
@@ -97,7 +102,7 @@ bool Keyboard::Form_KeyPress(const QKeyEvent& event) {
 }
 
 void Keyboard::Form_KeyUp(const QKeyEvent& event) {
-    if ((event.modifiers() & kCommandKeys) != Qt::NoModifier) return;
+    if (Waits() || (event.modifiers() & kCommandKeys) != Qt::NoModifier) return;
     if (const auto key = FunctionKeyOf(event.key())) Act(OnKeyUp(*key, Shown()));
 }
 

@@ -20,6 +20,7 @@ class Keyboard : Controller {
     /// True swallows the key.
     bool Form_KeyPress(const QKeyEvent& event);
     void Form_KeyUp(const QKeyEvent& event);
+    bool Waits() const;
     ShownPanels Shown() const;
     void Act(KeyAction action);
 

@@ -33,7 +33,6 @@ struct FileDialogTexts {
 namespace {
 
 constexpr std::string_view kExtension = "*.mdb";
-constexpr std::string_view kStartTag = "Start";
 
 constexpr FileDialogTexts kNew{fundtexts::FundFiles, fundtexts::NewTitle};
 constexpr FileDialogTexts kOpen{fundtexts::FundFiles, fundtexts::OpenTitle};
@@ -87,12 +86,13 @@ void FileMenu::mnuNew_Click() {
 
 void FileMenu::mnuOpen_Click() {
     CommonDialog& dialog = *window.CmDialog;
-    const bool choosesStartFile = dialog.tag == kStartTag;
+    const bool choosesStartFile = window.markers.ChoosingStartFile();
     SetUpDialog(choosesStartFile ? kStartFile : kOpen);
     dialog.flags = CommonDialog::kFileMustExist;
     dialog.ShowOpen();
     if (choosesStartFile) {
-        dialog.tag.clear();  // first: the next use is an ordinary one even if storing fails
+        // First: the next use is an ordinary one even if storing fails.
+        window.markers.StopChoosingStartFile();
         StoreStartFile();
         return;
     }
@@ -223,7 +223,7 @@ bool FileMenu::AskTwice(const std::string& path) {
 }
 
 void FileMenu::mnuStartFile_Click() {
-    window.CmDialog->tag = kStartTag;
+    window.markers.StartChoosingStartFile();
     mnuOpen_Click();
 }
 

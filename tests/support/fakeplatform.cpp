@@ -47,6 +47,11 @@ ScriptedDialogs::FileStep& ScriptedDialogs::FileStep::Pick(std::string path) {
     return *this;
 }
 
+ScriptedDialogs::FileStep& ScriptedDialogs::FileStep::Meanwhile(std::function<void()> look) {
+    dialogs_.script_.at(at_ - dialogs_.taken_).look = std::move(look);
+    return *this;
+}
+
 ScriptedDialogs::Step ScriptedDialogs::Expect(std::string_view text, Buttons buttons, Icon icon,
                                               DefaultButton defaultButton) {
     Expectation expected;
@@ -139,6 +144,7 @@ std::string ScriptedDialogs::PickFile(const FileRequest& request) {
         EXPECT_EQ(request.choice, expected->file.choice);
         EXPECT_EQ(request.title, expected->file.title);
     }
+    if (expected->look) expected->look();
     return expected->path;
 }
 

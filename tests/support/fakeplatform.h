@@ -55,6 +55,8 @@ class ScriptedDialogs final : public Dialogs {
         explicit FileStep(ScriptedDialogs& dialogs, std::size_t at) : dialogs_(dialogs), at_(at) {}
         FileStep& Pick(std::string path);
         FileStep& Cancel() { return Pick(""); }
+        /// Runs while the dialog is open, before it is answered.
+        FileStep& Meanwhile(std::function<void()> look);
 
       private:
         ScriptedDialogs& dialogs_;

@@ -75,8 +75,8 @@ class FileMenuTest : public WindowTest {
     void Delete(const std::string& pick) {
         outside.dialogs.ExpectFile(FileChoice::Open, "        Raderar denna fil").Pick(pick);
     }
-    void StartFile(const std::string& pick) {
-        outside.dialogs.ExpectFile(OpenRequest("      StartFil skall vara..")).Pick(pick);
+    ScriptedDialogs::FileStep StartFile(const std::string& pick) {
+        return outside.dialogs.ExpectFile(OpenRequest("      StartFil skall vara..")).Pick(pick);
     }
     void AskedToDelete(const std::string& path, Answer first, Answer second) {
         outside.dialogs.Expect(kDeleteFirst, Buttons::YesNo, Icon::Question, DefaultButton::Second)
@@ -291,6 +291,7 @@ TEST_F(OpenTest, AnEmptyFileOpensIntoTheEntryOfTheFirstFund) {
     Open(In("Db0.dat"));
     Window().mnuOpen->trigger();
     EXPECT_EQ(Window().lstFonder->count(), 0);
+    EXPECT_TRUE(Window().picDiagram->Drawings().empty());
     EXPECT_FALSE(Window().panBasData->isHidden());
     EXPECT_TRUE(Window().panListFonder->isHidden());
     EXPECT_EQ(Caption(Window().lblRecCount), "as it was");
@@ -597,6 +598,20 @@ TEST_P(StartFileTest, IsAlwaysTheSameWhateverWasPicked) {
 
 INSTANTIATE_TEST_SUITE_P(Picks, StartFileTest,
                          testing::Values("annan.mdb", "Vimmels_exempel.mdb", ""));
+
+TEST_F(FileMenuTest, WhileTheStartFileIsChosenDialogAndListAreMarkedAndThenAsBefore) {
+    ChooseFund(1);
+    std::string dialog, list;
+    StartFile("").Meanwhile([&] {
+        dialog = Window().CmDialog->tag;
+        list = Tag(Window().panListFonder);
+    });
+    Window().mnuStartFile->trigger();
+    EXPECT_EQ(dialog, "Start");
+    EXPECT_EQ(list, "Start");
+    EXPECT_EQ(Window().CmDialog->tag, "");
+    EXPECT_EQ(Tag(Window().panListFonder), "idxY") << "zooming goes on with the fund's own scale";
+}
 
 TEST_F(FileMenuTest, TheStartFileTakesEffectAtTheNextStartOnly) {
     ChooseFund(1);

@@ -94,6 +94,22 @@ TEST_F(KeyboardTest, EscapeInTheHoldingsGridGoesBackToTheDiagram) {
     EXPECT_EQ(Caption(Window().cmdPPMData), "&PPM Data");
 }
 
+TEST_F(KeyboardTest, KeysDoNothingUntilTheStartUpPauseHasEnded) {
+    Create();
+    Show();
+    const int top = Window().ScaleTop;
+    for (const Qt::Key key :
+         {Qt::Key_F11, Qt::Key_Left, Qt::Key_F8, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Escape}) {
+        Press(key);
+    }
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+    EXPECT_EQ(Month(), "2025-04-01");
+    EXPECT_EQ(Window().ScaleTop, top);
+    PassPause();
+    Press(Qt::Key_F11);
+    EXPECT_FALSE(Window().panListFonder->isVisible()) << "F11 closes the list that came up";
+}
+
 TEST_F(KeyboardTest, KeysOfOtherWindowsAreNotSeen) {
     QWidget other;
     other.show();

@@ -46,7 +46,8 @@ class ToolsTest : public WindowTest {
     }
     std::string Translate(const char* text) {
         ShowCalculators();
-        SetCaption(Window().txtTranslate, text);
+        SetCaption(Window().txtTranslate, "");
+        Fill(Window().txtTranslate, text);
         Click(Window().cmdTranslate);
         return Caption(Window().txtTranslate);
     }
@@ -102,14 +103,22 @@ TEST_F(ToolsTest, ProgramsThatCannotBeStartedGiveOnlyTheirMessage) {
     EXPECT_FALSE(fs::exists(LogPath()));
 }
 
-TEST_F(ToolsTest, PercentOfTheChange) {
+TEST_F(ToolsTest, ARiseAndAFallAreShownWithTwoBlanksBeforeTheSign) {
+    EXPECT_EQ(Percent("200", "300"), "50  %");
     EXPECT_EQ(Percent("200", "250"), "25  %");
     EXPECT_EQ(Percent("200", "150"), "-25  %");
-    EXPECT_EQ(Percent("3", "4"), "33  %");
-    EXPECT_EQ(Percent("8", "9"), "12  %") << "12,5 goes to the even number";
 }
 
-TEST_F(ToolsTest, PercentOfNothingLeavesTheAnswer) {
+TEST_F(ToolsTest, APercentageIsRoundedToTheNearestWholeNumber) {
+    EXPECT_EQ(Percent("3", "4"), "33  %");
+}
+
+TEST_F(ToolsTest, AHalfPercentGoesToTheEvenNumber) {
+    EXPECT_EQ(Percent("8", "9"), "12  %");
+    EXPECT_EQ(Percent("200", "203"), "2  %");
+}
+
+TEST_F(ToolsTest, AStartValueOfZeroLeavesTheAnswerAsItWas) {
     EXPECT_EQ(Percent("200", "250"), "25  %");
     EXPECT_EQ(Percent("0", "9"), "25  %");
 }
@@ -153,10 +162,18 @@ TEST_F(ToolsTest, BoxesShowTheirFocusByColour) {
     }
 }
 
-TEST_F(ToolsTest, DatesAndDayNumbersAreTranslated) {
+TEST_F(ToolsTest, ADateBecomesItsDayNumberAndTheDateAgain) {
     EXPECT_EQ(Translate("2006-02-24"), "38772");
-    EXPECT_EQ(Translate("38772"), "2006-02-24");
+    Click(Window().cmdTranslate);
+    EXPECT_EQ(Caption(Window().txtTranslate), "2006-02-24");
+}
+
+TEST_F(ToolsTest, DayZeroIsTheThirtiethOfDecember1899) {
     EXPECT_EQ(Translate("0"), "1899-12-30");
+}
+
+TEST_F(ToolsTest, ADateWithATimeOfDayGoesToTheNearestDay) {
+    EXPECT_EQ(Translate("2006-02-24 13:30"), "38773");
 }
 
 TEST_F(ToolsTest, TextThatIsNeitherDateNorNumberStaysAsItIs) {

@@ -19,6 +19,27 @@ TEST(Translated, TurnsDatesIntoDayNumbersAndBack) {
     for (const auto& row : rows) EXPECT_EQ(Translated(row.text), row.translated) << row.text;
 }
 
+TEST(Translated, RoundsATimeOfDayToTheNearestDayAHalfToTheEvenOne) {
+    const struct {
+        std::string_view text, translated;
+    } rows[] = {
+        {"2006-02-24 11:59", "38772"},    {"2006-02-24 12:00", "38772"},
+        {"2006-02-25 12:00", "38774"},    {"2006-02-24 12:00:01", "38773"},
+        {" 06/2/24  23:59:59 ", "38773"}, {"2006-02-24 0:00", "38772"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Translated(row.text), row.translated) << row.text;
+}
+
+TEST(Translated, RefusesATimeThatIsNone) {
+    for (const std::string_view text :
+         {"2006-02-24 24:00", "2006-02-24 12", "2006-02-24 12:60", "2006-02-24 1:2:3:4",
+          "2006-02-24 :30", "2006-02-24 -1:30", "12:00", "i dag 12:00"}) {
+        Skipping skip;
+        skip([&] { Translated(text); });
+        EXPECT_EQ(skip.Number(), ErrorNumber::TypeMismatch) << text;
+    }
+}
+
 TEST(Translated, RefusesWhatIsNeitherDateNorNumber) {
     for (const std::string_view text : {"", "abc", "2006-02-30", "24 februari"}) {
         Skipping skip;
