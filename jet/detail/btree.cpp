@@ -196,57 +196,50 @@ bool BTree::Insert(ByteView key, RowPointer row) {
 
 bool BTree::Erase(ByteView key, RowPointer row) {
     const Bytes entry = MakeEntry(key, row);
-    Path path = Descend(entry);
-    Step& leaf = path.back();
-    IndexPage& content = leaf.content;
-    if (leaf.position >= content.Count() || !Same(content.Entry(leaf.position), entry)) {
-        return false;
-    }
-    content.Erase(leaf.position);
-    leaf.changed = true;
-    if (content.Count() == 0 && path.size() > 1) {
-        RemovePage(path);
-        return true;
-    }
-    if (content.Count() > 0 && leaf.position == content.Count()) {
-        LastEntryChanged(path, path.size() - 1, content.Entry(content.Count() - 1));
-    }
-    Settle(path);
-    return true;
+    return EraseInLeaf({&entry, 1}) == 1;
 }
 
 std::vector<Bytes> BTree::EraseAll(std::vector<Bytes> entries) {
-    std::sort(entries.begin(), entries.end());
+    if (!std::is_sorted(entries.begin(), entries.end(), EntryBelow)) {
+        std::sort(entries.begin(), entries.end(), EntryBelow);
+    }
     std::vector<Bytes> missing;
     for (std::size_t i = 0; i < entries.size();) {
         const std::size_t erased = EraseInLeaf(std::span(entries).subspan(i));
         i += erased;
         if (erased > 0) continue;
-        if (!Erase(KeyOf(entries[i]), RowOf(entries[i]))) missing.push_back(entries[i]);
+        missing.push_back(entries[i]);
         ++i;
     }
     return missing;
 }
 
-/// Takes out as many of the first entries as are in one leaf, but not the leaf's last entry: that
-/// one changes the pages above. Returns how many.
+/// Takes out as many of the first entries as are in one leaf; returns how many.
 std::size_t BTree::EraseInLeaf(std::span<const Bytes> sorted) {
     Path path = Descend(sorted.front());
     Step& leaf = path.back();
-    Bytes entry;
-    std::size_t erased = 0;
-    while (erased < sorted.size()) {
-        const std::size_t at = leaf.content.LowerBound(sorted[erased]);
-        if (at + 1 >= leaf.content.Count()) break;
-        leaf.content.Entry(at, entry);
-        if (!Same(entry, sorted[erased])) break;
-        leaf.content.Erase(at);
-        ++erased;
+    IndexPage& content = leaf.content;
+    std::vector<std::size_t> places;
+    std::size_t at = leaf.position;
+    while (places.size() < sorted.size() && at < content.Count()) {
+        const Bytes& wanted = sorted[places.size()];
+        if (!content.IsEntry(at, wanted)) at = content.LowerBound(wanted);
+        const bool afterTheLast = places.empty() || at > places.back();
+        if (at >= content.Count() || !afterTheLast || !content.IsEntry(at, wanted)) break;
+        places.push_back(at++);
     }
-    if (erased == 0) return 0;
+    if (places.empty()) return 0;
+    content.Erase(places);
     leaf.changed = true;
+    if (content.Count() == 0 && path.size() > 1) {
+        RemovePage(path);
+        return places.size();
+    }
+    if (content.Count() > 0 && places.back() >= content.Count()) {
+        LastEntryChanged(path, path.size() - 1, content.Entry(content.Count() - 1));
+    }
     Settle(path);
-    return erased;
+    return places.size();
 }
 
 Bytes BTree::EraseByRowPointer(RowPointer row) {

@@ -141,9 +141,6 @@ inline void PutF32(ByteSpan bytes, std::size_t offset, float number) {
 inline void PutF64(ByteSpan bytes, std::size_t offset, double number) {
     PutU64(bytes, offset, std::bit_cast<std::uint64_t>(number));
 }
-inline void PutU24BE(ByteSpan bytes, std::size_t offset, std::uint32_t number) {
-    PutBigEndian(bytes, offset, number, 3);
-}
 inline void PutU32BE(ByteSpan bytes, std::size_t offset, std::uint32_t number) {
     PutBigEndian(bytes, offset, number, 4);
 }

@@ -94,6 +94,33 @@ void DeleteRow(PageFile& file, RowPointer where) {
     ReplaceRow(file, where, {}, kSlotDeleted);
 }
 
+void DeleteRows(PageFile& file, std::uint32_t page, std::span<const std::uint8_t> rows) {
+    if (rows.empty()) return;
+    const DataPage before(file, page);
+    // Every slot is looked at before a byte moves: in a damaged page one may lie anywhere.
+    std::vector<Slot> slots;
+    for (std::size_t row = rows.front(); row < before.SlotCount(); ++row) {
+        slots.push_back(before.At(row));
+    }
+    CheckRange(before.SlotCount(), rows.back(), 1, page);
+    const ByteSpan bytes = file.EditPage(page);
+    std::size_t shift = 0, gone = 0, row = rows.front();
+    for (const Slot& slot : slots) {
+        const bool goes = gone < rows.size() && rows[gone] == row;
+        if (goes) {
+            ++gone;
+            shift += slot.Length();
+        } else {
+            std::memmove(&bytes[0] + slot.start + shift, &bytes[0] + slot.start, slot.Length());
+        }
+        PutU16(
+            bytes, file.Format().slots + kSlotSize * row,
+            static_cast<std::uint16_t>((slot.start + shift) | (goes ? kSlotDeleted : slot.flags)));
+        ++row;
+    }
+    StoreFreeBytes(file, page);
+}
+
 ByteView RowAt(const PageFile& file, RowPointer where) {
     return DataPage(file, where.page).Row(where.row);
 }

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 
 namespace jet::detail {
 
@@ -89,6 +90,8 @@ bool CanResizeRow(const PageFile& file, RowPointer where, std::size_t length);
 void ReplaceRow(PageFile& file, RowPointer where, ByteView row, std::uint16_t flags);
 /// Squeezes the row to nothing and marks its slot deleted; the row number stays taken.
 void DeleteRow(PageFile& file, RowPointer where);
+/// The same for many rows of one page, each moved once at most. `rows` are ascending.
+void DeleteRows(PageFile& file, std::uint32_t page, std::span<const std::uint8_t> rows);
 /// The bytes of a row that something points to (hidden slots included), checked.
 ByteView RowAt(const PageFile& file, RowPointer where);
 /// The same to write to, in its present length.

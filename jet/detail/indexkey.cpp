@@ -216,8 +216,9 @@ bool AppendTextInOrder(Bytes& key, std::string_view text, const KeyColumn& colum
     return true;
 }
 
-/// False when the key is not known.
-bool Append(Bytes& key, const Value& value, const KeyColumn& column) {
+}  // namespace
+
+bool AppendKey(Bytes& key, const Value& value, const KeyColumn& column) {
     if (column.type == ColumnType::Boolean) {
         const bool yes = !value.IsNull() && Get<bool>(value);
         key.push_back(column.descending ? kValueDescending : kValueAscending);
@@ -252,7 +253,10 @@ bool Append(Bytes& key, const Value& value, const KeyColumn& column) {
     }
 }
 
-}  // namespace
+void AppendLongKey(Bytes& key, std::int32_t value, bool descending) {
+    key.push_back(descending ? kValueDescending : kValueAscending);
+    AppendSigned(key, descending ? ~value : value);
+}
 
 bool Indexable(ColumnType type) {
     return type != ColumnType::Ole && type != ColumnType::LargeBinary;
@@ -270,9 +274,11 @@ std::optional<Bytes> EncodeKey(std::span<const Value> values, std::span<const Ke
     if (values.size() != columns.size()) {
         throw Error{ErrorNumber::InvalidProcedureCall, "index key: not one value for each column"};
     }
+    constexpr std::size_t kUsualPart = 12;
     Bytes key;
+    key.reserve(kUsualPart * columns.size());
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        if (!Append(key, values[i], columns[i])) return std::nullopt;
+        if (!AppendKey(key, values[i], columns[i])) return std::nullopt;
     }
     return key;
 }

@@ -37,6 +37,11 @@ std::optional<Bytes> EncodeKey(const Value& value, const KeyColumn& column);
 /// known.
 std::optional<Bytes> EncodeKey(std::span<const Value> values, std::span<const KeyColumn> columns);
 
+/// The same, at the end of `key`; false when the bytes are not known, `key` is then of no use.
+bool AppendKey(Bytes& key, const Value& value, const KeyColumn& column);
+/// The same for a whole number of 32 bits, without any Value: for many rows.
+void AppendLongKey(Bytes& key, std::int32_t value, bool descending);
+
 /// The key bytes of a null: the start byte alone.
 std::uint8_t NullKey(const KeyColumn& column);
 

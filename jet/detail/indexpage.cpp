@@ -51,10 +51,13 @@ bool EntryBelow(ByteView a, ByteView b) {
 }
 
 Bytes MakeEntry(ByteView key, RowPointer row) {
-    Bytes entry(key.begin(), key.end());
-    entry.resize(key.size() + kRowPointerSize);
-    PutU24BE(entry, key.size(), row.page);
-    PutU8(entry, key.size() + 3, row.row);
+    Bytes entry;
+    entry.reserve(key.size() + kRowPointerSize);
+    entry.insert(entry.end(), key.begin(), key.end());
+    for (const std::uint32_t shift : {16U, 8U, 0U}) {
+        entry.push_back(static_cast<std::uint8_t>(row.page >> shift));
+    }
+    entry.push_back(row.row);
     return entry;
 }
 
@@ -124,6 +127,14 @@ void IndexPage::Entry(std::size_t i, Bytes& into) const {
     into.assign(prefix_.begin(), prefix_.end());
     into.insert(into.end(), suffix.begin(), suffix.end());
     if (!leaf_) into.resize(into.size() - kChildSize);
+}
+
+bool IndexPage::IsEntry(std::size_t i, ByteView wanted) const {
+    const ByteView rest = SortedPart(i);
+    return wanted.size() == prefix_.size() + rest.size() &&
+           std::equal(prefix_.begin(), prefix_.end(), wanted.begin()) &&
+           std::equal(rest.begin(), rest.end(),
+                      wanted.begin() + static_cast<std::ptrdiff_t>(prefix_.size()));
 }
 
 Bytes IndexPage::Entry(std::size_t i) const {
@@ -209,6 +220,25 @@ void IndexPage::Erase(std::size_t i) {
                     suffixes_.begin() + static_cast<std::ptrdiff_t>(begin + size));
     ends_.erase(ends_.begin() + static_cast<std::ptrdiff_t>(i));
     for (std::size_t k = i; k < Count(); ++k) ends_[k] -= static_cast<std::uint32_t>(size);
+}
+
+void IndexPage::Erase(std::span<const std::size_t> ascending) {
+    Bytes suffixes;
+    suffixes.reserve(suffixes_.size());
+    std::vector<std::uint32_t> ends;
+    ends.reserve(ends_.size());
+    auto gone = ascending.begin();
+    for (std::size_t i = 0; i < Count(); ++i) {
+        if (gone != ascending.end() && *gone == i) {
+            ++gone;
+            continue;
+        }
+        const ByteView suffix = Suffix(i);
+        suffixes.insert(suffixes.end(), suffix.begin(), suffix.end());
+        ends.push_back(static_cast<std::uint32_t>(suffixes.size()));
+    }
+    suffixes_ = std::move(suffixes);
+    ends_ = std::move(ends);
 }
 
 void IndexPage::ReplaceKey(std::size_t i, ByteView entry) {

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace jet::detail {
@@ -41,6 +42,7 @@ class IndexPage {
     /// Entry i without a node's child: key bytes and row pointer.
     Bytes Entry(std::size_t i) const;
     void Entry(std::size_t i, Bytes& into) const;
+    bool IsEntry(std::size_t i, ByteView wanted) const;
     /// The first entry that is not below `wanted` (which may be the beginning of an entry).
     std::size_t LowerBound(ByteView wanted) const;
 
@@ -53,6 +55,7 @@ class IndexPage {
     void Insert(std::size_t i, ByteView entry);                       ///< leaf
     void Insert(std::size_t i, ByteView entry, std::uint32_t child);  ///< node
     void Erase(std::size_t i);
+    void Erase(std::span<const std::size_t> ascending);
     void ReplaceKey(std::size_t i, ByteView entry);  ///< node: the child stays
     /// Node: the last entry's child becomes the tail.
     void MakeLastTail();

@@ -55,6 +55,31 @@ void Lookup::Remove(const RowView& row) {
     if (group.rows.empty()) groups_.erase(found);
 }
 
+void Lookup::Remove(std::span<const std::uint32_t> rows) {
+    constexpr std::size_t kFew = 8;
+    if (rows.size() <= kFew) {
+        for (const std::uint32_t row : rows) Remove(table_->Read(RowPointer::FromPacked(row)));
+        return;
+    }
+    std::vector<std::uint32_t> sorted(rows.begin(), rows.end());
+    std::sort(sorted.begin(), sorted.end());
+    std::vector<std::uint64_t> numbers;
+    for (const std::uint32_t row : sorted) {
+        const auto number = NumberOf(table_->Read(RowPointer::FromPacked(row)));
+        if (number && (numbers.empty() || numbers.back() != *number)) numbers.push_back(*number);
+    }
+    std::sort(numbers.begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    for (const std::uint64_t number : numbers) {
+        const auto found = groups_.find(number);
+        if (found == groups_.end()) continue;
+        std::erase_if(found->second.rows, [&](std::uint32_t row) {
+            return std::binary_search(sorted.begin(), sorted.end(), row);
+        });
+        if (found->second.rows.empty()) groups_.erase(found);
+    }
+}
+
 bool Lookup::DependsOn(std::span<const std::optional<Value>> values) const {
     return values[position_] || std::any_of(orders_.begin(), orders_.end(), [&](const auto& order) {
                return order->Uses([&](std::size_t column) { return values[column].has_value(); });

@@ -29,6 +29,7 @@ class Lookup {
     /// To be told of a row that came, and of one that is about to go or change.
     void Add(const RowView& row);
     void Remove(const RowView& row);
+    void Remove(std::span<const std::uint32_t> rows);  ///< packed pointers; many at once
     /// Whether a row that gets these new values must be removed before and added after.
     bool DependsOn(std::span<const std::optional<Value>> values) const;
 

@@ -146,13 +146,8 @@ void OpenTable::Delete(std::span<const std::uint32_t> rows) {
     if (!rows.empty()) CheckRelations(kReferenced, [](std::size_t) { return true; });
     ++version_;
     indexes_.Erase(rows);
-    // From the end, where taking a row out of its page, or out of a list, moves the fewest others.
-    std::for_each(rows.rbegin(), rows.rend(), [&](std::uint32_t packed) {
-        const RowPointer row = RowPointer::FromPacked(packed);
-        const RowView view = store_.Read(row);
-        for (auto& [column, lookup] : lookups_) lookup.Remove(view);
-        store_.Delete(row);
-    });
+    for (auto& [column, lookup] : lookups_) lookup.Remove(rows);
+    store_.Delete(rows);
 }
 
 void OpenTable::AfterRollback() {

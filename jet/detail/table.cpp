@@ -35,7 +35,10 @@ Guid RandomGuid() {
 }  // namespace
 
 TableStore::TableStore(PageFile& file, std::uint32_t definitionPage)
-    : file_(&file), def_(ReadTableDef(file, definitionPage)) {}
+    : file_(&file), def_(ReadTableDef(file, definitionPage)) {
+    hasLongValues_ = std::any_of(def_.columns.begin(), def_.columns.end(),
+                                 [](const ColumnDef& column) { return column.IsLongValue(); });
+}
 
 void TableStore::Reload() {
     std::string name = std::move(def_.name);
@@ -171,6 +174,37 @@ void TableStore::Delete(RowPointer where) {
     StoreRowCount(*file_, def_, def_.rowCount == 0 ? 0 : def_.rowCount - 1);
 }
 
+void TableStore::Delete(std::span<const std::uint32_t> rows) {
+    std::vector<std::uint32_t> plain;
+    for (const std::uint32_t packed : rows) {
+        if (IsPlain(RowPointer::FromPacked(packed))) {
+            plain.push_back(packed);
+        } else {
+            Delete(RowPointer::FromPacked(packed));
+        }
+    }
+    std::sort(plain.begin(), plain.end());
+    std::vector<std::uint8_t> ofPage;
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        const RowPointer row = RowPointer::FromPacked(plain[i]);
+        ofPage.push_back(row.row);
+        const bool last =
+            i + 1 == plain.size() || RowPointer::FromPacked(plain[i + 1]).page != row.page;
+        if (!last) continue;
+        DropRows(row.page, ofPage);
+        ofPage.clear();
+    }
+    const auto gone = static_cast<std::uint32_t>(plain.size());
+    if (gone > 0) StoreRowCount(*file_, def_, def_.rowCount - std::min(def_.rowCount, gone));
+}
+
+/// Whether the row's bytes in its own slot are all there is of it.
+bool TableStore::IsPlain(RowPointer where) const {
+    if (hasLongValues_ || !IsOurs(where.page)) return false;
+    const DataPage page(*file_, where.page);
+    return where.row < page.SlotCount() && page.At(where.row).flags == 0;
+}
+
 void TableStore::CheckCount(std::size_t count) const {
     if (count == def_.columns.size()) return;
     throw Error{ErrorNumber::InvalidProcedureCall,
@@ -219,6 +253,12 @@ void TableStore::DropRow(RowPointer where) {
     DeleteRow(*file_, where);
     deletedHere_.insert(where.page);
     NoteFreeSpace(where.page);
+}
+
+void TableStore::DropRows(std::uint32_t page, std::span<const std::uint8_t> rows) {
+    DeleteRows(*file_, page, rows);
+    deletedHere_.insert(page);
+    NoteFreeSpace(page);
 }
 
 void TableStore::NoteFreeSpace(std::uint32_t page) {

@@ -56,6 +56,8 @@ class TableStore {
     void Update(RowPointer where, std::span<const std::optional<Value>> values);
     /// Takes the row, its overflow place and its long values away.
     void Delete(RowPointer where);
+    /// Many at once (packed pointers): each page is put in order once.
+    void Delete(std::span<const std::uint32_t> rows);
 
   private:
     /// Where a row's bytes are: the slot itself, or the end of its pointer.
@@ -72,6 +74,8 @@ class TableStore {
     RowPointer AddSomewhere(ByteView row, std::uint16_t flags);
     void PutBack(RowPointer where, const Place& place, ByteView row);
     void DropRow(RowPointer where);
+    void DropRows(std::uint32_t page, std::span<const std::uint8_t> rows);
+    bool IsPlain(RowPointer where) const;
     void Refresh(std::uint32_t page);
     void NoteFreeSpace(std::uint32_t page);
     void KeepCounter(const ColumnDef& column, const Value& value);
@@ -79,6 +83,7 @@ class TableStore {
 
     PageFile* file_;
     TableDef def_;
+    bool hasLongValues_ = false;
     std::unordered_set<std::uint32_t>
         deletedHere_;  ///< pages on which rows were deleted since opening
 };

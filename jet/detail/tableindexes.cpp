@@ -136,6 +136,33 @@ TableIndexes::RowKey TableIndexes::KeyFromRow(std::size_t realIndex, const RowVi
     return KeyFromValues(realIndex, KeyValues(realIndex, row));
 }
 
+TableIndexes::KeyState TableIndexes::KeyFromRow(std::size_t realIndex, const RowView& row,
+                                                Bytes& into) const {
+    const TableDef& def = table_->Def();
+    const RealIndex& index = def.realIndexes[realIndex];
+    into.clear();
+    bool known = true, allNull = true;
+    for (std::size_t i = 0; i < index.columns.size(); ++i) {
+        const ColumnDef& column = def.columns[index.columns[i].position];
+        const KeyColumn& form = columns_[realIndex][i];
+        if (form.type == ColumnType::Long) {
+            const auto number = DecodeLong(column, row);
+            if (number) {
+                AppendLongKey(into, *number, form.descending);
+            } else {
+                into.push_back(NullKey(form));
+            }
+            allNull = allNull && !number;
+            continue;
+        }
+        const Value value = DecodeColumn(table_->File(), column, row);
+        known = AppendKey(into, value, form) && known;
+        allNull = allNull && value.IsNull();
+    }
+    if (allNull && index.IgnoreNulls()) return KeyState::Absent;
+    return known ? KeyState::Known : KeyState::Unknown;
+}
+
 TableIndexes::Parts TableIndexes::PartsOf(std::size_t realIndex,
                                           std::span<const Value> keyValues) const {
     Parts parts;
@@ -314,21 +341,20 @@ void TableIndexes::Erase(RowPointer row) {
 
 void TableIndexes::Erase(std::span<const std::uint32_t> rows) {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-        std::vector<Bytes> entries;
         BTree tree = Tree(i);
+        std::vector<Bytes> entries;
+        std::vector<RowPointer> unknown;
+        Bytes key;
         for (const std::uint32_t packed : rows) {
             const RowPointer row = RowPointer::FromPacked(packed);
-            const RowKey key = KeyFromRow(i, table_->Read(row));
-            if (!key.present) continue;
-            if (key.key) {
-                entries.push_back(MakeEntry(*key.key, row));
-            } else {
-                tree.EraseByRowPointer(row);
-            }
+            const KeyState state = KeyFromRow(i, table_->Read(row), key);
+            if (state == KeyState::Known) entries.push_back(MakeEntry(key, row));
+            if (state == KeyState::Unknown) unknown.push_back(row);
         }
         for (const Bytes& missing : tree.EraseAll(std::move(entries))) {
-            tree.EraseByRowPointer(RowOf(missing));
+            unknown.push_back(RowOf(missing));
         }
+        for (const RowPointer row : unknown) tree.EraseByRowPointer(row);
     }
 }
 

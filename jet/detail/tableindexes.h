@@ -71,6 +71,9 @@ class TableIndexes {
         std::optional<Bytes> key;
     };
     RowKey KeyFromRow(std::size_t realIndex, const RowView& row) const;
+    /// The same into a buffer, whose bytes are the key when it is known: for many rows.
+    enum class KeyState : std::uint8_t { Absent, Known, Unknown };
+    KeyState KeyFromRow(std::size_t realIndex, const RowView& row, Bytes& into) const;
 
   private:
     struct BytesBelow {

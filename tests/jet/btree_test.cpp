@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <functional>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <map>
 #include <memory>
 #include <random>
@@ -208,6 +208,43 @@ TEST_P(RandomTree, HoldsWhatAnOrderedSetHolds) {
         if (HasFailure()) return;
     }
     EXPECT_GE(levels, parameters.levels);
+}
+
+/// A stretch of the tree, now and then with gaps, and entries that were never in it.
+TEST_P(RandomTree, LosesManyEntriesAtOnce) {
+    const TreeCase& parameters = GetParam();
+    TreeFile file(*parameters.layout);
+    BTree tree = file.Tree();
+    Random random(1147);
+    Model model;
+    const auto entry = [&](std::uint32_t page) {
+        return MakeEntry(parameters.key(random, *parameters.layout),
+                         {page, static_cast<std::uint8_t>(random() % 200)});
+    };
+    for (int round = 0; round < 12; ++round) {
+        while (model.size() < parameters.operations / 10) {
+            const Bytes added = entry(static_cast<std::uint32_t>(random() % 5000 + 1));
+            if (model.insert(added).second) tree.Insert(KeyOf(added), RowOf(added));
+        }
+        const std::vector<Bytes> all(model.begin(), model.end());
+        const std::size_t first = random() % all.size(), gap = 1 + random() % 3;
+        const std::size_t end = round % 4 == 3 ? all.size() : first + random() % all.size();
+        std::vector<Bytes> gone, absent;
+        for (std::size_t i = round % 4 == 3 ? 0 : first; i < std::min(end, all.size()); i += gap) {
+            gone.push_back(all[i]);
+            model.erase(all[i]);
+        }
+        for (std::uint32_t i = 0; i < 5; ++i) absent.push_back(entry(6000 + i));
+        std::sort(absent.begin(), absent.end());
+        gone.insert(gone.end(), absent.begin(), absent.end());
+        std::shuffle(gone.begin(), gone.end(), random);
+        EXPECT_EQ(tree.EraseAll(gone), absent);
+        ExpectEqual(file, model);
+        if (HasFailure()) return;
+    }
+    EXPECT_THAT(tree.EraseAll({model.begin(), model.end()}), testing::IsEmpty());
+    ExpectEqual(file, {});
+    EXPECT_EQ(ShapeCheck(file).PageCount(), 1U);
 }
 
 Bytes AnyLong(Random& random, const Layout&) {

@@ -62,6 +62,38 @@ TEST_P(DataPages, DeletingSqueezesARowAndKeepsTheNumbersOfOthers) {
     EXPECT_EQ(page.SlotCount(), 3u);
 }
 
+TEST_P(DataPages, LoseManyRowsAsIfOneAfterAnother) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 50; ++round) {
+        FormatDataPage(*file_, page_, 77);
+        std::vector<std::uint8_t> gone;
+        for (std::uint8_t row = 0; row < 40; ++row) {
+            const std::uint16_t flags = row % 7 == 3 ? kSlotHidden : 0;
+            AddRow(*file_, page_, Stored(random() % 40, row), flags);
+            if (flags == 0 && random() % 3 < 2) gone.push_back(row);
+        }
+        const ByteView page = file_->Page(page_);
+        const Stored before(page.begin(), page.end());
+        for (auto row = gone.rbegin(); row != gone.rend(); ++row) DeleteRow(*file_, {page_, *row});
+        const Stored expected(page.begin(), page.end());
+        const ByteSpan again = file_->EditPage(page_);
+        std::copy(before.begin(), before.end(), again.begin());
+        DeleteRows(*file_, page_, gone);
+        // What lies in the free room does not matter.
+        const std::size_t lowest = DataPage(*file_, page_).At(39).start;
+        const auto rows = static_cast<std::ptrdiff_t>(lowest);
+        EXPECT_TRUE(std::equal(page.begin() + rows, page.end(), expected.begin() + rows));
+        const auto head = static_cast<std::ptrdiff_t>(GetParam()->slots + kSlotSize * 40);
+        EXPECT_TRUE(std::equal(page.begin(), page.begin() + head, expected.begin()));
+    }
+}
+
+TEST_P(DataPages, LoseNoRowWhenOneOfManyIsNotThere) {
+    for (std::uint8_t i = 0; i < 3; ++i) AddRow(*file_, page_, Stored(10, i));
+    EXPECT_THROW(DeleteRows(*file_, page_, std::vector<std::uint8_t>{1, 3}), Error);
+    EXPECT_EQ(Row(1), Stored(10, 1));
+}
+
 TEST_P(DataPages, GiveOutNoMoreRowNumbersThanAByteHolds) {
     while (DataPage(*file_, page_).HasRoomFor(0)) AddRow(*file_, page_, {}, kSlotDeleted);
     EXPECT_EQ(DataPage(*file_, page_).SlotCount(), 255u);

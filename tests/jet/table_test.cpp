@@ -3,6 +3,7 @@
 #include "jet/detail/catalog.h"
 #include "memoryfile.h"
 
+#include <algorithm>
 #include <map>
 #include <random>
 
@@ -83,6 +84,55 @@ TEST_P(Tables, ADeletedRowIsGoneAlsoWhenItHadMoved) {
         EXPECT_FALSE(table_->Exists(row));
         EXPECT_THROW(table_->Read(row), Error);
     }
+}
+
+TEST_P(Tables, LoseManyRowsAtOnceMovedOnesAndLongOnesToo) {
+    std::vector<RowPointer> rows;
+    for (int i = 0; i < 200; ++i)
+        rows.push_back(Add("kort", std::string(i % 9 == 0 ? 6000 : 0, 'm')));
+    for (std::size_t i = 0; i < rows.size(); i += 5) SetText(rows[i], std::string(250, 'l'));
+    std::vector<std::uint32_t> gone;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (i % 3 != 0) gone.push_back(rows[i].Packed());
+    }
+    std::shuffle(gone.begin(), gone.end(), std::mt19937(2));
+    table_->Delete(gone);
+    EXPECT_EQ(Count(), rows.size() - gone.size());
+    EXPECT_EQ(table_->Def().rowCount, rows.size() - gone.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        EXPECT_EQ(table_->Exists(rows[i]), i % 3 == 0);
+        if (i % 3 != 0) continue;
+        EXPECT_EQ(table_->Field(rows[i], 1), Value(i % 5 == 0 ? std::string(250, 'l') : "kort"));
+    }
+}
+
+TEST_P(Tables, OfPlainRowsLoseManyAtOnce) {
+    TableStore plain(*file_, jettest::AddTable(*file_, {{"Nr", ColumnType::Long, 4, 0},
+                                                        {"Text", ColumnType::Text, 200}}));
+    const auto add = [&](std::int32_t number, std::size_t length) {
+        return plain.Insert(std::vector<Value>{number, std::string(length, 't')});
+    };
+    std::vector<RowPointer> rows;
+    for (std::int32_t i = 0; i < 500; ++i) rows.push_back(add(i, 3));
+    std::vector<std::optional<Value>> longer(2);
+    longer[1] = std::string(90, 'l');
+    for (std::size_t i = 0; i < rows.size(); i += 7) plain.Update(rows[i], longer);
+    std::vector<std::uint32_t> gone;
+    for (std::size_t i = 0; i < rows.size(); i += 2) gone.push_back(rows[i].Packed());
+    plain.Delete(gone);
+    EXPECT_EQ(plain.Def().rowCount, 250u);
+    std::size_t left = 0;
+    plain.Scan([&](RowPointer where, const RowView&) {
+        ++left;
+        EXPECT_EQ(plain.Field(where, 0).Integer() % 2, 1);
+    });
+    EXPECT_EQ(left, 250u);
+    for (const std::uint32_t page : plain.DataPages()) {
+        const DataPage content(*file_, page);
+        EXPECT_EQ(content.StoredFreeBytes(), content.FreeBytes());
+    }
+    for (std::int32_t i = 0; i < 100; ++i) add(1000 + i, 3);
+    for (const std::uint32_t row : gone) EXPECT_FALSE(plain.Exists(RowPointer::FromPacked(row)));
 }
 
 TEST_P(Tables, APointerToADeletedRowNeverLeadsToANewOne) {
