@@ -233,7 +233,9 @@ void RecordingPrograms::Start(std::string_view commandLine) {
 
 std::unique_ptr<PrinterPage> PdfPrinting::Begin(std::string_view documentName) {
     if (cancel) return nullptr;
-    if (broken) throw Error{ErrorNumber::PrinterError, "the printer is broken"};
+    // Its file cannot be made: the failure is the real page's own.
+    if (broken)
+        return PdfPage(FromQt(folder_.filePath(QStringLiteral("missing/page.pdf"))), documentName);
     files.push_back(FromQt(folder_.filePath(QStringLiteral("page%1.pdf").arg(files.size() + 1))));
     return PdfPage(files.back(), documentName);
 }
