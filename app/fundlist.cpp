@@ -249,6 +249,7 @@ void FundList::DrawOnAllScale() {
 }
 
 void FundList::mnuAll_Click() {
+    if (!LeaveHoldings()) return;
     std::string marks = Caption(window.lblGrafNr);
     for (int i = 0; i < window.lstFonder->count(); ++i) {
         marks = AddCurveMark(marks, FromQt(window.lstFonder->item(i)->text()));
@@ -271,6 +272,7 @@ void FundList::mnuAll_Click() {
 }
 
 void FundList::imgScreen_Click() {
+    if (!LeaveHoldings()) return;
     window.dtaBasData->Refresh();
     if (window.dtaBasData->Empty()) return;
     window.ReadCurveList();
@@ -298,6 +300,13 @@ void FundList::ShowHoldings() {
     window.imgColor->hide();
     window.imgGrafNr->hide();
     window.DBGrid->setFocus();
+}
+
+/// Curves that are asked for come out from behind the grid. False when a row there has to be
+/// corrected first.
+bool FundList::LeaveHoldings() {
+    if (window.panBasData->isVisible()) ShowDiagram();
+    return !window.panBasData->isVisible();
 }
 
 void FundList::ShowDiagram() {

@@ -35,6 +35,7 @@ class FundList : Controller {
     void ShowView(const HoldingView& view);
     void ShowStatus(const StatusTexts& texts);
     void ShowHoldings();
+    bool LeaveHoldings();
     void ShowDiagram();
     void DrawOnAllScale();
 };

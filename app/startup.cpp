@@ -81,10 +81,13 @@ StartUp::StartUp(frmPPM& ppm) : Controller(ppm) {
     // same.
     OnEvent(&window, QEvent::Show, activated);
     OnEvent(&window, QEvent::WindowActivate, activated);
-    OnEvent(&window, QEvent::Close, [this](QEvent&) {
-        Run([this] { StoreWhatIsTyped(); });
-        Unload();
-        return false;
+    OnEvent(&window, QEvent::Close, [this](QEvent& event) {
+        if (StoreWhatIsTyped()) {
+            Unload();
+            return false;
+        }
+        event.ignore();
+        return true;
     });
     On(window.mnuAvbryt, &QAction::triggered, [this] { window.close(); });
 }
@@ -219,11 +222,16 @@ void StartUp::ResetPanels() {
     window.picDiagram->setFocus();
 }
 
-/// Leaving a field or a row stores it; closing the window leaves them all.
-void StartUp::StoreWhatIsTyped() {
+/// Leaving a field or a row stores it; closing the window leaves them all. False when a row cannot
+/// be stored: the user has been told why, and the window stays for him to correct it or to press
+/// Esc.
+bool StartUp::StoreWhatIsTyped() {
     if (QWidget* focused = window.focusWidget()) focused->clearFocus();
-    window.DBGrid->StoreRow();
-    window.GridPlott->StoreRow();
+    bool stored = true;
+    for (DataGrid* grid : {window.DBGrid, window.GridPlott}) {
+        Run([&] { stored = grid->StoreRow() && stored; });
+    }
+    return stored;
 }
 
 void StartUp::Unload() {

@@ -25,7 +25,7 @@ class StartUp : Controller {
     void InitialiseScales();
     void ShowTwelveMonths();
     void ShowFileName();
-    void StoreWhatIsTyped();
+    bool StoreWhatIsTyped();
 
     std::unique_ptr<Clock::Pause> Timer1_;  ///< `Timer1`, the start-up pause
     std::string notice_;  ///< why the file can only be read; shown when the window has come up

@@ -2,10 +2,13 @@
 
 #include "app/imagebutton.h"
 #include "app/swatch.h"
+#include "entry/texts.h"
 #include "fundfile/datasource.h"
+#include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QColor>
 #include <QGroupBox>
 #include <QImage>
@@ -288,6 +291,30 @@ TEST_F(FundListTest, HoldingsButtonShowsTheGridAndBack) {
     EXPECT_FALSE(Window().cmdNyOk->isVisible());
     EXPECT_FALSE(Window().cmdNyAndel->isHidden());
     EXPECT_TRUE(Window().mnuPrint->isEnabled());
+}
+
+TEST_F(FundListTest, CurvesThatAreAskedForComeOutFromBehindTheGrid) {
+    StartWith(TwoHoldings());
+    Click(Window().cmdPPMData);
+    Window().mnuAll->trigger();
+    EXPECT_FALSE(Window().panBasData->isVisible());
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 2U);
+    Click(Window().cmdPPMData);
+    Click(Window().imgScreen);
+    EXPECT_FALSE(Window().panBasData->isVisible());
+    EXPECT_EQ(Caption(Window().cmdPPMData), "&PPM Data");
+}
+
+TEST_F(FundListTest, ARowToCorrectKeepsTheGridBeforeTheCurves) {
+    StartWith(TwoHoldings());
+    Click(Window().cmdPPMData);
+    Window().DBGrid->setFocus();
+    Window().DBGrid->MoveToNewRow();
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("N"));
+    outside.dialogs.Expect(texts::PriceMissing);
+    Window().mnuAll->trigger();
+    EXPECT_TRUE(Window().panBasData->isVisible());
+    EXPECT_TRUE(Window().DBGrid->RowTyped());
 }
 
 TEST_F(FundListTest, EmptyFileHasNoNewSharesButton) {

@@ -3,6 +3,7 @@
 #include "app/fileexists.h"
 #include "app/imagebutton.h"
 #include "base/daynumber.h"
+#include "entry/texts.h"
 #include "fundfile/datasource.h"
 #include "fundfile/texts.h"
 #include "platform/boundfield.h"
@@ -341,6 +342,24 @@ TEST_F(StartUpTest, ClosingStoresAnAccountFieldThatIsTyped) {
     CloseWindow();
     Start();
     EXPECT_EQ(Holding(0, 10), "Nytt namn");
+}
+
+TEST_F(StartUpTest, ARowThatCannotBeStoredKeepsTheWindowOpenUntilItIsGivenUp) {
+    MakeFile(TwoHoldings());
+    Start();
+    Click(Window().cmdPPMData);
+    Window().DBGrid->setFocus();
+    Window().DBGrid->MoveToNewRow();
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("N"));
+    outside.dialogs.Expect(texts::PriceMissing);
+    Window().mnuAvbryt->trigger();
+    EXPECT_TRUE(Window().isVisible());
+    ASSERT_NE(Window().FundDb, nullptr);
+    EXPECT_EQ(Window().DBGrid->CellText(2, 0), "N");
+    Press(Qt::Key_Escape);
+    CloseWindow();
+    EXPECT_FALSE(Window().isVisible());
+    EXPECT_EQ(Window().FundDb, nullptr);
 }
 
 TEST_F(StartUpTest, QuitClosesTheWindow) {
