@@ -3,6 +3,7 @@
 
 #include "base/error.h"
 #include "jet/detail/engine.h"
+#include "jet/detail/keyset.h"
 #include "jet/detail/pagefile.h"
 #include "jet/detail/queryplan.h"
 #include "jet/detail/table.h"
@@ -86,15 +87,39 @@ void ReadTable(Engine& engine, const std::string& name) {
     }
 }
 
-std::optional<RowPointer> FirstRow(const TableStore& store) {
-    std::optional<RowPointer> first;
+/// What record sets do: rows in a query's order, and the first with a value.
+void FindRows(Engine& engine, const std::string& name) {
+    OpenTable& table = engine.Table(name);
+    constexpr std::size_t kMostColumns = 3;
+    const auto& columns = table.Def().columns;
+    for (std::size_t i = 0; i < columns.size() && i < kMostColumns; ++i) {
+        const std::string field = "[" + columns[i].name + "]";
+        const char* const literal = columns[i].IsText() ? "'yÅäö'" : "5";
+        Try([&] {
+            Keyset rows(PlanSource(engine, "SELECT * FROM [" + name + "] ORDER BY " + field));
+            rows.Find(PlanCriterion(engine, table, field + " = " + literal));
+            const std::string where = "] WHERE " + field + " = " + literal;
+            table.Rows(PlanDelete(engine, "DELETE FROM [" + name + where).conditions);
+        });
+    }
+}
+
+std::vector<std::uint32_t> FirstRows(const TableStore& store) {
+    constexpr std::size_t kMost = 8;
+    std::vector<std::uint32_t> rows;
     Try([&] {
         store.Scan([&](RowPointer where, const RowView&) {
-            first = where;
-            return false;
+            rows.push_back(where.Packed());
+            return rows.size() < kMost;
         });
     });
-    return first;
+    return rows;
+}
+
+std::optional<RowPointer> FirstRow(const TableStore& store) {
+    const auto rows = FirstRows(store);
+    if (rows.empty()) return std::nullopt;
+    return RowPointer::FromPacked(rows.front());
 }
 
 /// Below the check that a table is sound: damaged tables too must not bring the engine down.
@@ -137,6 +162,11 @@ void WriteUnchecked(PageFile& file, std::uint32_t page) {
             store.Delete(*row);
         });
     }
+    statement([&] {
+        const auto rows = FirstRows(store);
+        indexes.Erase(rows);
+        store.Delete(rows);
+    });
 }
 
 void WriteChecked(Engine& engine, const std::string& name) {
@@ -145,12 +175,18 @@ void WriteChecked(Engine& engine, const std::string& name) {
     for (const ColumnDef& column : table.Def().columns) {
         values.push_back(column.Autonumber() ? Value() : SampleValue(column, 5));
     }
-    engine.Statement([&] { return table.Insert(values); });
-    const auto row = FirstRow(table.Store());
-    if (!row) return;
+    Try([&] { engine.Statement([&] { return table.Insert(values); }); });
+    const auto rows = FirstRows(table.Store());
+    if (rows.empty()) return;
+    Try([&] {
+        engine.Statement([&] {
+            table.Update(RowPointer::FromPacked(rows.front()),
+                         std::vector<std::optional<Value>>(values.begin(), values.end()));
+            return true;
+        });
+    });
     engine.Statement([&] {
-        const std::uint32_t packed = row->Packed();
-        table.Delete({&packed, 1});
+        table.Delete(rows);
         return true;
     });
 }
@@ -172,9 +208,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto tables = engine->Objects().UserTables();
     for (std::size_t i = 0; i < tables.size() && i < kMostTables; ++i) {
         Try([&] { ReadTable(*engine, tables[i].name); });
+        Try([&] { FindRows(*engine, tables[i].name); });
     }
     for (const std::string& query : engine->Objects().QueryNames()) {
-        Try([&] { PlanSource(*engine, query); });
+        Try([&] { Keyset(PlanSource(*engine, query)).Rows(); });
     }
     for (std::size_t i = 0; i < tables.size() && i < 2; ++i) {
         Try([&] { WriteChecked(*engine, tables[i].name); });

@@ -85,9 +85,10 @@ std::vector<ColumnDef> ColumnsOf(const std::vector<Column>& wanted) {
 /// asked for.
 class Seed {
   public:
-    explicit Seed(const Layout& layout) : layout_(layout), file_(PageFile::New(layout)) {
+    Seed(const Layout& layout, std::uint16_t codePage)
+        : layout_(layout), file_(PageFile::New(layout)) {
         for (int page = 0; page < 3; ++page) file_->AppendPage();
-        WriteHeader();
+        WriteHeader(codePage);
         WriteGlobalMap();
         PlaceTable(kSystemObjectsPage, ObjectColumns(), {}, kSystemTable);
     }
@@ -143,7 +144,7 @@ class Seed {
             {"Id"}, {"Name", ColumnType::Text, 128}, {"Type", ColumnType::Integer, 2}, {"Flags"}};
     }
 
-    void WriteHeader() {
+    void WriteHeader(std::uint16_t codePage) {
         const ByteSpan page = file_->EditPage(0);
         constexpr std::string_view kSignature = "Standard Jet DB";
         PutU32(page, 0, 0x00000100);
@@ -152,7 +153,7 @@ class Seed {
         PutU32(page, 0x18, RowPointer{1, 0}.Packed());
         PutU32(page, 0x1C, RowPointer{1, 1}.Packed());
         PutU32(page, 0x20, kSystemObjectsPage);
-        PutU16(page, 0x3C, kCodePage);
+        PutU16(page, 0x3C, codePage);
         PutU16(page, layout_.collation, kGeneralCollation);
         MaskHeader(layout_, page);
     }
@@ -347,6 +348,35 @@ void Tree(Seed& seed) {
     }
 }
 
+/// A leaf so full that the next key splits it.
+void FullLeaf(Seed& seed) {
+    const auto length = static_cast<std::uint16_t>(100 * seed.Format().textUnit);
+    const std::uint32_t page =
+        seed.AddTable("T", {{"Id"}, {"K", ColumnType::Text, length}}, {{{1}}});
+    const std::uint32_t root = ReadTableDef(seed.File(), page).realIndexes[0].root;
+    constexpr std::size_t kLong = 90, kEntryBeside = 12;
+    for (std::int32_t i = 0;; ++i) {
+        const std::size_t room = IndexPage::StatedFreeBytes(seed.File(), root);
+        if (room < kEntryBeside) return;
+        const std::size_t size = std::min(kLong, room - kEntryBeside);
+        // Keys that begin differently, for they share no bytes.
+        seed.Add(page, {i, std::string(size, static_cast<char>('a' + i % 26))});
+    }
+}
+
+/// Two leaves, of which the first has one entry, that of the first row.
+void ThinLeaf(Seed& seed) {
+    Tree(seed);
+    const std::uint32_t page = Catalog(seed.File()).FindTable("T")->page;
+    const auto order = [&] {
+        TableStore store(seed.File(), page);
+        return TableIndexes(store).InOrder(0).value();
+    };
+    const std::uint32_t root = ReadTableDef(seed.File(), page).realIndexes[0].root;
+    const std::uint32_t first = IndexPage::Read(seed.File(), root).Child(0);
+    while (IndexPage::Read(seed.File(), first).Count() > 1) seed.Delete(page, order()[1]);
+}
+
 /// Short keys that begin alike, for the shared beginning of a page's entries, and many of one
 /// value.
 void EqualKeys(Seed& seed) {
@@ -461,15 +491,20 @@ void NoTables(Seed&) {}
 struct Kind {
     const char* name;
     void (*fill)(Seed&);
+    std::uint16_t codePage = kCodePage;
 };
 
 constexpr Kind kKinds[] = {{"numbers", Numbers},
                            {"texts", Texts},
+                           {"greektexts", Texts, 1253},
+                           {"japanesetexts", Texts, 932},
                            {"unknownorder", UnknownOrder},
                            {"longvalues", LongValues},
                            {"othertypes", OtherTypes},
                            {"movedrows", MovedRows},
                            {"tree", Tree},
+                           {"fullleaf", FullLeaf},
+                           {"thinleaf", ThinLeaf},
                            {"equalkeys", EqualKeys},
                            {"relations", Relations},
                            {"queries", Queries},
@@ -491,7 +526,7 @@ int main(int count, char** arguments) {
         for (const Kind& kind : kKinds) {
             at = kind.name;
             for (const Layout* layout : {&kJet3, &kJet4}) {
-                Seed seed(*layout);
+                Seed seed(*layout, kind.codePage);
                 kind.fill(seed);
                 const char* version = layout == &kJet3 ? "3" : "4";
                 seed.File().SaveAs(folder / (std::string(kind.name) + version + ".mdb"));
