@@ -1,6 +1,7 @@
 #include "jet/detail/btree.h"
 
 #include "base/error.h"
+#include "jet/detail/indexview.h"
 #include "jet/detail/layout.h"
 #include "jet/detail/usagemap.h"
 
@@ -180,6 +181,7 @@ bool BTree::Insert(ByteView key, RowPointer row) {
     if (entry.size() + kChildSize > file_->Format().IndexRoom()) {
         throw Error{ErrorNumber::FieldTooLong, "index key of " + Decimal(key.size()) + " bytes"};
     }
+    if (const std::optional<bool> isNew = InsertInPlace(entry)) return *isNew;
     Path path = Descend(entry);
     Step& leaf = path.back();
     const std::size_t at = leaf.position;
@@ -192,6 +194,31 @@ bool BTree::Insert(ByteView key, RowPointer row) {
     if (at + 1 == leaf.content.Count()) LastEntryChanged(path, path.size() - 1, entry);
     Settle(path);
     return isNew;
+}
+
+/// Adds an entry where one leaf alone changes, and says whether its key is new; else nothing
+/// happens.
+std::optional<bool> BTree::InsertInPlace(ByteView entry) {
+    std::uint32_t page = root_;
+    bool rightmost = true;
+    for (std::size_t depth = 0; depth < kDeepest; ++depth) {
+        const auto view = IndexPageView::Of(*file_, table_, page);
+        if (!view) return std::nullopt;
+        if (view->IsLeaf()) {
+            const auto place = view->LowerBound(entry);
+            // A new last entry of a leaf is repeated in the nodes above, but for their tails.
+            if (view->IsPastTheLast(place) && !rightmost) return std::nullopt;
+            const auto beside = view->KeyIsBeside(place, entry);
+            if (!beside || !view->HasRoomAt(place, entry)) return std::nullopt;
+            view->Insert(*file_, place, entry);
+            return !*beside;
+        }
+        const auto way = view->ChildFor(entry);
+        if (!way) return std::nullopt;
+        rightmost = rightmost && way->isTail;
+        page = way->page;
+    }
+    return std::nullopt;
 }
 
 bool BTree::Erase(ByteView key, RowPointer row) {

@@ -9,6 +9,7 @@
 #include "jet/value.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -95,6 +96,7 @@ class BTree {
     Path Descend(ByteView wanted) const;
     Step LastLeafBelow(std::uint32_t page) const;
     IndexPage ReadPage(std::uint32_t page) const;
+    std::optional<bool> InsertInPlace(ByteView entry);
     bool KeyIsBeside(const Step& leaf, ByteView key) const;
     std::size_t EraseInLeaf(std::span<const Bytes> sorted);
     static void LastEntryChanged(Path& path, std::size_t level, ByteView entry);

@@ -518,6 +518,61 @@ TEST_P(Tree, WithAPageOfAnotherTableIsRefused) {
     EXPECT_THROW(tree_.First(), Error);
 }
 
+/// Whatever a page holds: an entry is added, or refused; the sanitizers see what else there is.
+TEST_P(Tree, WithDamagedPagesTakesOrRefusesEntries) {
+    Random random(99);
+    const Layout& layout = *GetParam();
+    for (int round = 0; round < 400; ++round) {
+        TreeFile file(layout);
+        BTree tree = file.Tree();
+        for (std::uint8_t row = 0; row < 150; ++row) {
+            tree.Insert(TextKey(RandomText(random, 20), layout), {7, row});
+        }
+        const std::uint32_t pages = file.file->PageCount();
+        for (int flip = 0; flip < 3; ++flip) {
+            const std::uint32_t page = kTable + 1 + random() % (pages - kTable - 1);
+            const std::size_t spans[] = {layout.indexMask, layout.indexEntries, layout.pageSize};
+            file.file->EditPage(page)[random() % spans[random() % 3]] =
+                static_cast<std::uint8_t>(random());
+        }
+        for (std::uint8_t row = 0; row < 30; ++row) {
+            try {
+                UndoScope scope(*file.file);
+                tree.Insert(TextKey(RandomText(random, 20), layout), {8, row});
+                scope.Commit();
+            } catch (const Error&) {
+                continue;
+            }
+        }
+    }
+}
+
+/// Entries that share much are stored with a prefix, which may reach into the row pointer.
+TEST_P(Tree, KnowsAKeyThatIsThereBelowALongPrefix) {
+    const Bytes key = TextKey(std::string(120, 'x'), *GetParam());
+    for (std::uint8_t row = 0; row < 60; row = static_cast<std::uint8_t>(row + 2)) {
+        EXPECT_EQ(tree_.Insert(key, {9, row}), row == 0);
+    }
+    for (std::uint8_t row = 1; row < 60; row = static_cast<std::uint8_t>(row + 2)) {
+        EXPECT_FALSE(tree_.Insert(key, {9, row}));
+    }
+    EXPECT_EQ(tree_.Find(key).size(), 60U);
+    ShapeCheck check(file_);
+    EXPECT_EQ(check.Entries().size(), 60U);
+}
+
+/// Only the first entry of a page is stored whole: a new first one changes the page from its start.
+TEST_P(Tree, TakesANewFirstEntryOfAPackedPage) {
+    const Layout& layout = *GetParam();
+    const auto key = [&](char last) { return TextKey(std::string(150, 'x') + last, layout); };
+    Model model;
+    for (const char last : std::string("mnopqrstuvwxyzlkjihgfedcba")) {
+        EXPECT_TRUE(tree_.Insert(key(last), {9, static_cast<std::uint8_t>(last)}));
+        model.insert(MakeEntry(key(last), {9, static_cast<std::uint8_t>(last)}));
+        ExpectEqual(file_, model);
+    }
+}
+
 TEST(IndexPage, PacksEntriesOnlyWhenTheyDoNotFitOtherwise) {
     TreeFile file(kJet4);
     BTree tree = file.Tree();
