@@ -223,6 +223,7 @@ void IndexPage::Erase(std::size_t i) {
 }
 
 void IndexPage::Erase(std::span<const std::size_t> ascending) {
+    if (ascending.size() == 1) return Erase(ascending.front());
     Bytes suffixes;
     suffixes.reserve(suffixes_.size());
     std::vector<std::uint32_t> ends;

@@ -62,7 +62,7 @@ void Lookup::Remove(std::span<const std::uint32_t> rows) {
         return;
     }
     std::vector<std::uint32_t> sorted(rows.begin(), rows.end());
-    std::sort(sorted.begin(), sorted.end());
+    if (!std::is_sorted(sorted.begin(), sorted.end())) std::sort(sorted.begin(), sorted.end());
     std::vector<std::uint64_t> numbers;
     for (const std::uint32_t row : sorted) {
         const auto number = NumberOf(table_->Read(RowPointer::FromPacked(row)));
@@ -73,8 +73,14 @@ void Lookup::Remove(std::span<const std::uint32_t> rows) {
     for (const std::uint64_t number : numbers) {
         const auto found = groups_.find(number);
         if (found == groups_.end()) continue;
+        auto next = sorted.cbegin();  // rows mostly come in the same order here and there
         std::erase_if(found->second.rows, [&](std::uint32_t row) {
-            return std::binary_search(sorted.begin(), sorted.end(), row);
+            if (next == sorted.cend() || *next != row) {
+                next = std::lower_bound(sorted.cbegin(), sorted.cend(), row);
+            }
+            const bool gone = next != sorted.cend() && *next == row;
+            if (gone) ++next;
+            return gone;
         });
         if (found->second.rows.empty()) groups_.erase(found);
     }

@@ -183,7 +183,7 @@ void TableStore::Delete(std::span<const std::uint32_t> rows) {
             Delete(RowPointer::FromPacked(packed));
         }
     }
-    std::sort(plain.begin(), plain.end());
+    if (!std::is_sorted(plain.begin(), plain.end())) std::sort(plain.begin(), plain.end());
     std::vector<std::uint8_t> ofPage;
     for (std::size_t i = 0; i < plain.size(); ++i) {
         const RowPointer row = RowPointer::FromPacked(plain[i]);
