@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <numeric>
+#include <utility>
 
 namespace {
 
@@ -17,24 +17,77 @@ LabelBox Inside(LabelBox box, const LabelBox& area) {
     return box;
 }
 
-/// The labels in groups whose horizontal extents overlap, directly or through others.
-std::vector<Indexes> Columns(const std::vector<LabelBox>& boxes) {
-    Indexes byLeft(boxes.size());
-    std::iota(byLeft.begin(), byLeft.end(), std::size_t{0});
-    std::stable_sort(byLeft.begin(), byLeft.end(), [&](std::size_t one, std::size_t other) {
-        return boxes[one].left < boxes[other].left;
-    });
-    std::vector<Indexes> columns;
-    double right = 0;
-    for (const std::size_t index : byLeft) {
-        if (columns.empty() || boxes[index].left >= right) {
-            columns.emplace_back();
-            right = boxes[index].Right();
-        }
-        columns.back().push_back(index);
-        right = std::max(right, boxes[index].Right());
+/// Labels that stand over each other, and the room across that they take.
+struct Group {
+    Indexes members;
+    double left = 0, right = 0;
+    std::size_t columns = 1;
+    double columnWidth = 0;
+};
+
+double Largest(const std::vector<LabelBox>& boxes, const Indexes& members, double LabelBox::*size) {
+    double largest = 0;
+    for (const std::size_t index : members) largest = std::max(largest, boxes[index].*size);
+    return largest;
+}
+
+/// Where most of the labels want to stand.
+double MiddleLeft(const std::vector<LabelBox>& boxes, const Indexes& members) {
+    std::vector<double> lefts;
+    for (const std::size_t index : members) lefts.push_back(boxes[index].left);
+    const auto middle = lefts.begin() + static_cast<std::ptrdiff_t>(lefts.size() / 2);
+    std::nth_element(lefts.begin(), middle, lefts.end());
+    return *middle;
+}
+
+/// Labels too many for the area's height get several columns, if it is wide enough for them.
+Group GroupOf(const std::vector<LabelBox>& boxes, Indexes members, const LabelBox& area) {
+    Group group{std::move(members)};
+    group.left = boxes[group.members.front()].left;
+    group.right = boxes[group.members.front()].Right();
+    for (const std::size_t index : group.members) {
+        group.left = std::min(group.left, boxes[index].left);
+        group.right = std::max(group.right, boxes[index].Right());
     }
-    return columns;
+    const double height = Largest(boxes, group.members, &LabelBox::height);
+    const auto rows = static_cast<std::size_t>(std::max(1.0, std::floor(area.height / height)));
+    const std::size_t columns = (group.members.size() + rows - 1) / rows;
+    group.columnWidth = Largest(boxes, group.members, &LabelBox::width) * kColumnGap;
+    const double width = static_cast<double>(columns) * group.columnWidth;
+    if (columns == 1 || width > area.width) return group;
+    group.columns = columns;
+    group.left =
+        std::max(std::min(MiddleLeft(boxes, group.members), area.Right() - width), area.left);
+    group.right = group.left + width;
+    return group;
+}
+
+/// The labels in groups that do not reach into each other. What is joined may need more columns and
+/// reach the next group, so the joining goes on until nothing changes.
+std::vector<Group> Groups(const std::vector<LabelBox>& boxes, const LabelBox& area) {
+    std::vector<Group> groups;
+    for (std::size_t index = 0; index < boxes.size(); ++index) {
+        groups.push_back(GroupOf(boxes, {index}, area));
+    }
+    for (bool joined = true; joined;) {
+        joined = false;
+        std::stable_sort(groups.begin(), groups.end(), [](const Group& one, const Group& other) {
+            return one.left < other.left;
+        });
+        std::vector<Group> apart;
+        for (Group& group : groups) {
+            if (apart.empty() || group.left >= apart.back().right) {
+                apart.push_back(std::move(group));
+                continue;
+            }
+            Indexes members = std::move(apart.back().members);
+            members.insert(members.end(), group.members.begin(), group.members.end());
+            apart.back() = GroupOf(boxes, std::move(members), area);
+            joined = true;
+        }
+        groups = std::move(apart);
+    }
+    return groups;
 }
 
 /// Labels that touch each other and move as one.
@@ -84,25 +137,18 @@ void SpreadDown(std::vector<LabelBox>& boxes, const Indexes& byTop, const LabelB
 }
 
 /// Labels that are too many for one column stand in several, in turn.
-void SpreadColumn(std::vector<LabelBox>& boxes, Indexes byTop, const LabelBox& area) {
+void Spread(std::vector<LabelBox>& boxes, const Group& group, const LabelBox& area) {
+    Indexes byTop = group.members;
+    std::sort(byTop.begin(), byTop.end());
     std::stable_sort(byTop.begin(), byTop.end(), [&](std::size_t one, std::size_t other) {
         return boxes[one].top < boxes[other].top;
     });
-    double width = 0, left = area.Right();
-    for (const std::size_t index : byTop) {
-        width = std::max(width, boxes[index].width * kColumnGap);
-        left = std::min(left, boxes[index].left);
-    }
-    const double columns = std::ceil(TotalHeight(boxes, byTop) / area.height);
-    if (columns <= 1 || columns * width > area.width) return SpreadDown(boxes, byTop, area);
-
-    left = std::max(std::min(left, area.Right() - columns * width), area.left);
-    const auto count = static_cast<std::size_t>(columns);
-    for (std::size_t column = 0; column < count; ++column) {
+    if (group.columns == 1) return SpreadDown(boxes, byTop, area);
+    for (std::size_t column = 0; column < group.columns; ++column) {
         Indexes members;
-        for (std::size_t n = column; n < byTop.size(); n += count) members.push_back(byTop[n]);
-        for (const std::size_t index : members) {
-            boxes[index].left = left + static_cast<double>(column) * width;
+        for (std::size_t n = column; n < byTop.size(); n += group.columns) {
+            members.push_back(byTop[n]);
+            boxes[byTop[n]].left = group.left + static_cast<double>(column) * group.columnWidth;
         }
         SpreadDown(boxes, members, area);
     }
@@ -113,6 +159,6 @@ void SpreadColumn(std::vector<LabelBox>& boxes, Indexes byTop, const LabelBox& a
 std::vector<LabelBox> PlaceLabels(std::span<const LabelBox> wanted, const LabelBox& area) {
     std::vector<LabelBox> boxes;
     for (const LabelBox& box : wanted) boxes.push_back(Inside(box, area));
-    for (const Indexes& column : Columns(boxes)) SpreadColumn(boxes, column, area);
+    for (const Group& group : Groups(boxes, area)) Spread(boxes, group, area);
     return boxes;
 }
