@@ -118,6 +118,12 @@ void frmPPM::ReadCurveList() {
 void frmPPM::SelectCurves(std::vector<std::int32_t> kontoIds) {
     controllers_->fundList.SelectCurves(std::move(kontoIds));
 }
+bool frmPPM::StoreTypedRows() {
+    return controllers_->fundList.StoreTypedRows();
+}
+bool frmPPM::LeaveHoldingsGrid() {
+    return controllers_->fundList.LeaveHoldingsGrid();
+}
 void frmPPM::RefreshFundSummary(float startPrice, float newPrice) {
     controllers_->fundSummary.RefreshFundSummary(startPrice, newPrice);
 }

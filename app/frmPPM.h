@@ -38,6 +38,8 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     void ClearFundPanel();                                         // FundList
     void ReadCurveList();                                          // FundList: the stored list
     void SelectCurves(std::vector<std::int32_t> kontoIds);         // FundList
+    bool StoreTypedRows();                                         // FundList
+    bool LeaveHoldingsGrid();                                      // FundList
     void RefreshFundSummary(float startPrice, float newPrice);     // FundSummary
     void SetVerticalScale(std::int32_t bottom, std::int32_t top);  // Axes
     void AdvanceOneMonth();                                        // Axes

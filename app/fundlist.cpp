@@ -62,8 +62,15 @@ FundList::FundList(frmPPM& ppm) : Controller(ppm) {
     OnEvent(window.lstFonder, QEvent::KeyPress, [this](QEvent& event) {
         return lstFonder_KeyDown(static_cast<const QKeyEvent&>(event));
     });
+    // The panels of the left column take turns: the list that is asked for stands over the others.
+    OnEvent(window.panListFonder, QEvent::Show, [this](QEvent&) {
+        window.panListFonder->raise();
+        return false;
+    });
     On(window.mnuAll, &QAction::triggered, [this] { mnuAll_Click(); });
-    On(window.imgScreen, &ImageButton::MouseUp, [this] { imgScreen_Click(); });
+    On(window.imgScreen, &ImageButton::MouseUp, [this] {
+        if (LeaveHoldingsGrid()) imgScreen_Click();
+    });
     On(window.cmdPPMData, &QPushButton::clicked, [this] { cmdPPMData_Click(); });
 }
 
@@ -249,7 +256,7 @@ void FundList::DrawOnAllScale() {
 }
 
 void FundList::mnuAll_Click() {
-    if (!LeaveHoldings()) return;
+    if (!LeaveHoldingsGrid()) return;
     std::string marks = Caption(window.lblGrafNr);
     for (int i = 0; i < window.lstFonder->count(); ++i) {
         marks = AddCurveMark(marks, FromQt(window.lstFonder->item(i)->text()));
@@ -272,7 +279,6 @@ void FundList::mnuAll_Click() {
 }
 
 void FundList::imgScreen_Click() {
-    if (!LeaveHoldings()) return;
     window.dtaBasData->Refresh();
     if (window.dtaBasData->Empty()) return;
     window.ReadCurveList();
@@ -302,16 +308,19 @@ void FundList::ShowHoldings() {
     window.DBGrid->setFocus();
 }
 
-/// Curves that are asked for come out from behind the grid. False when a row there has to be
-/// corrected first.
-bool FundList::LeaveHoldings() {
+bool FundList::StoreTypedRows() {
+    return window.DBGrid->StoreRow() && window.GridPlott->StoreRow();
+}
+
+bool FundList::LeaveHoldingsGrid() {
+    if (!StoreTypedRows()) return false;
     if (window.panBasData->isVisible()) ShowDiagram();
-    return !window.panBasData->isVisible();
+    return true;
 }
 
 void FundList::ShowDiagram() {
     // A row that may not be stored yet stays on the screen for correction.
-    if (!window.DBGrid->StoreRow()) return;
+    if (!StoreTypedRows()) return;
     SetCaption(window.cmdPPMData, texts::ToHoldings);
     window.cmdFondList->setEnabled(true);
     SetCaption(window.txtValue, "");

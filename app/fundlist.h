@@ -22,6 +22,12 @@ class FundList : Controller {
     void ReadCurveList();
     /// These curves, and the automatic scale that takes them all in.
     void SelectCurves(std::vector<std::int32_t> kontoIds);
+    /// Rows that are still being typed in a grid are stored. False when one cannot be: the user has
+    /// been told why and corrects it first.
+    bool StoreTypedRows();
+    /// The diagram is wanted: typed rows are stored and the holdings grid gives way to it. False
+    /// when a row cannot be stored.
+    bool LeaveHoldingsGrid();
     void imgScreen_Click();
     void cmdPPMData_Click();
 
@@ -35,7 +41,6 @@ class FundList : Controller {
     void ShowView(const HoldingView& view);
     void ShowStatus(const StatusTexts& texts);
     void ShowHoldings();
-    bool LeaveHoldings();
     void ShowDiagram();
     void DrawOnAllScale();
 };

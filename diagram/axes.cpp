@@ -60,6 +60,7 @@ void Axes::MoveWindow(WindowMove move) {
 }
 
 void Axes::Scroll(WindowMove move) {
+    if (!window.StoreTypedRows()) return;
     window.ResetPanels();
     MoveWindow(move);
     Redraw();

@@ -50,6 +50,7 @@ bool CurveSelection::ColourModeShown() const {
 }
 
 void CurveSelection::imgColor_Click() {
+    if (!window.LeaveHoldingsGrid()) return;
     if (ColourModeShown()) {
         EndColourMode();
     } else {
@@ -78,6 +79,7 @@ void CurveSelection::EndColourMode() {
 }
 
 void CurveSelection::imgGrafNr_Click() {
+    if (!window.LeaveHoldingsGrid()) return;
     if (window.panListFonder->isHidden()) {
         StartSelection();
     } else {

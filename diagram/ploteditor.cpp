@@ -53,8 +53,7 @@ PlotEditor::PlotEditor(frmPPM& ppm) : Controller(ppm) {
 
 void PlotEditor::mnuPEdit_Click() {
     // The holdings grid would stand over the panel.
-    if (window.panBasData->isVisible()) window.cmdPPMData_Click();
-    if (window.panBasData->isVisible()) return;
+    if (!window.LeaveHoldingsGrid()) return;
     window.dtaPlott->Refresh();
     window.panPlottData->show();
     window.panPlottData->raise();

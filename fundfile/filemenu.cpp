@@ -97,7 +97,8 @@ void FileMenu::mnuOpen_Click() {
         return;
     }
     if (dialog.fileName.empty()) return;
-    if (StoreTypedRows()) SwitchTo(dialog.fileName);
+    // A row that is still being typed belongs to the file that is open now.
+    if (window.StoreTypedRows()) SwitchTo(dialog.fileName);
 }
 
 /// The file to start with is always the same one, whatever the dialog gave.
@@ -176,18 +177,12 @@ void FileMenu::ShowFundList() {
                                        std::string(fundtexts::Rows));
 }
 
-/// A row that is still being typed belongs to the file that is open now. False when it cannot be
-/// stored: the user has been told why and corrects it first.
-bool FileMenu::StoreTypedRows() {
-    return window.DBGrid->StoreRow() && window.GridPlott->StoreRow();
-}
-
 void FileMenu::mnuSaveAs_Click() {
     SetUpDialog(kSaveAs);
     window.CmDialog->flags = CommonDialog::kAskBeforeOverwriting;
     window.CmDialog->ShowSave();
     const std::string path = window.CmDialog->fileName;
-    if (path.empty() || !StoreTypedRows()) return;
+    if (path.empty() || !window.StoreTypedRows()) return;
     try {
         SaveCopy(*window.dtaBasData, *window.dtaPlott, Template(), path);
     } catch (const Error& error) {

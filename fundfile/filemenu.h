@@ -27,7 +27,6 @@ class FileMenu : Controller {
     void ShowOpenedFile();
     void ShowFirstFundEntry();
     void ShowFundList();
-    bool StoreTypedRows();
     bool AskTwice(const std::string& path);
     void Complain(std::string_view failed, const std::string& path, const Error& error);
     std::string Template() const;

@@ -41,6 +41,7 @@ std::vector<std::string> AccountTotals::AccountNames() {
 }
 
 void AccountTotals::mnuTotal_Click() {
+    if (!window.LeaveHoldingsGrid()) return;
     // No account is chosen by filling the list, and the first key press leads to its first line.
     const QSignalBlocker quiet(window.lstTotal);
     window.lstTotal->clear();

@@ -61,6 +61,7 @@ PrintedReport::PrintedReport(frmPPM& ppm) : Controller(ppm) {
 }
 
 void PrintedReport::mnuPrint_Click() {
+    if (!window.LeaveHoldingsGrid()) return;
     try {
         PrintReport();
     } catch (const Error& error) {

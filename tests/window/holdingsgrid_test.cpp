@@ -1,4 +1,5 @@
 #include "app/errortexts.h"
+#include "app/imagebutton.h"
 #include "base/error.h"
 #include "entry/texts.h"
 #include "fundfile/datasource.h"
@@ -10,6 +11,7 @@
 #include "tests/window/windowtest.h"
 
 #include <QAbstractItemModel>
+#include <QAction>
 #include <QApplication>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -525,6 +527,62 @@ TEST_F(HoldingsGridTest, EscGivesUpWhatIsTypedInAnAccountField) {
     EXPECT_EQ(Holding(0, kNamn), "Premiepension");
 }
 
+struct Command {
+    const char* name;
+    void (*run)(frmPPM& window);
+};
+class CommandsDuringTyping : public HoldingsGridTest,
+                             public ::testing::WithParamInterface<Command> {
+  protected:
+    void SetUp() override { StartWith(TwoHoldings()); }
+};
+
+TEST_P(CommandsDuringTyping, StoreTheRowAndGoBackToTheDiagram) {
+    TypeCell(1, Kurs, "60");
+    GetParam().run(Window());
+    EXPECT_EQ(Holding(1, kKursKr), "60");
+    EXPECT_FALSE(Window().panBasData->isVisible());
+}
+
+TEST_P(CommandsDuringTyping, WaitUntilTheRowIsComplete) {
+    TypeNewRow({"Nykomling"});
+    outside.dialogs.Expect(texts::PriceMissing);
+    GetParam().run(Window());
+    EXPECT_TRUE(Window().panBasData->isVisible());
+    EXPECT_EQ(Cell(2, Fond), "Nykomling");
+    EXPECT_FALSE(Window().panTotal->isVisible());
+    EXPECT_TRUE(outside.printing.files.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, CommandsDuringTyping,
+    ::testing::Values(Command{"Screen",
+                              [](frmPPM& window) {
+                                  QTest::mouseClick(window.imgScreen, Qt::LeftButton);
+                              }},
+                      Command{"AllCurves", [](frmPPM& window) { window.mnuAll->trigger(); }},
+                      Command{"Totals", [](frmPPM& window) { window.mnuTotal->trigger(); }},
+                      Command{"PlotData", [](frmPPM& window) { window.mnuPEdit->trigger(); }}),
+    [](const auto& parameter) { return parameter.param.name; });
+
+TEST_F(HoldingsGridTest, PrintingStoresTheRowThatIsTyped) {
+    StartWith(TwoHoldings());
+    TypeCell(1, Kurs, "60");
+    QImage(8, 8, QImage::Format_RGB32).save(ToQt((Folder() / "Grid.dib").string()), "BMP");
+    Window().mnuPrint->trigger();
+    EXPECT_EQ(Holding(1, kKursKr), "60");
+    EXPECT_EQ(outside.printing.files.size(), 1U);
+}
+
+TEST_F(HoldingsGridTest, PrintingWaitsUntilTheRowIsComplete) {
+    StartWith(TwoHoldings());
+    TypeNewRow({"Nykomling"});
+    outside.dialogs.Expect(texts::PriceMissing);
+    Window().mnuPrint->trigger();
+    EXPECT_TRUE(outside.printing.files.empty());
+    EXPECT_EQ(Cell(2, Fond), "Nykomling");
+}
+
 TEST_F(HoldingsGridTest, TheOpenHoldingIsCurrentAgainBehindTheGrid) {
     MakeFile(ThreeHoldings());
     Start();
@@ -679,6 +737,7 @@ TEST_F(HoldingsGridTest, DeletingTheOpenHoldingClearsThePanel) {
     ExpectDeleteQuestion(Answer::Yes);
     DeleteRow(1);
     EXPECT_EQ(FraData(0), "");
+    EXPECT_TRUE(Window().panBasData->isVisible());
     EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{1});
 }
 

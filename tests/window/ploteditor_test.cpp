@@ -1,3 +1,4 @@
+#include "app/imagebutton.h"
 #include "fundfile/datasource.h"
 #include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
@@ -153,6 +154,37 @@ TEST_F(PlotEditorTest, EscClosesThePanelAndGivesUpTheRow) {
     Key(Qt::Key_Escape);
     EXPECT_FALSE(Window().panPlottData->isVisible());
     EXPECT_EQ(PointsOf(1)[0].day, 38718);
+}
+
+TEST_F(PlotEditorTest, ScrollingTheDiagramStoresTheRowThatIsTyped) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Go(0, YCord);
+    Keys("7");
+    Click(Window().Image4);
+    EXPECT_EQ(PointsOf(1)[0].value, 7);
+    EXPECT_FALSE(Window().panPlottData->isVisible());
+}
+
+TEST_F(PlotEditorTest, ARowThatCannotBeStoredKeepsThePanelOpen) {
+    StartWith({With({{38718, 0}})});
+    const std::int32_t start = Window().WindowStartDay;
+    Open();
+    Keys("abc");
+    outside.dialogs.Expect("13  i dtaPlott");
+    Click(Window().Image4);
+    EXPECT_TRUE(Window().panPlottData->isVisible());
+    EXPECT_EQ(Grid().CellText(0, XCord), "abc");
+    EXPECT_EQ(Window().WindowStartDay, start);
+}
+
+TEST_F(PlotEditorTest, OpeningItOnceMoreStoresTheRowThatIsTyped) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Go(0, YCord);
+    Keys("7");
+    Open();
+    EXPECT_EQ(PointsOf(1)[0].value, 7);
 }
 
 TEST_F(PlotEditorTest, AMinusSignCanBeTyped) {
