@@ -16,11 +16,14 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <string_view>
 
 namespace {
+
+constexpr QChar kFigureSpace(0x2007);
 
 ImageButton* Image(frmPPM& window, const char* name, const QString& icon, const TwipRect& rect,
                    std::string_view spoken, std::string_view tip) {
@@ -33,6 +36,19 @@ ImageButton* Image(frmPPM& window, const char* name, const QString& icon, const 
     Tip(button, tip);
     return button;
 }
+
+/// The blank in front of a one-digit number is drawn as wide as a digit, so that the numbers line
+/// up.
+class FundLines final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant& value, const QLocale& /*locale*/) const override {
+        QString line = value.toString();
+        if (line.startsWith(u' ')) line[0] = kFigureSpace;
+        return line;
+    }
+};
 
 QLabel* Hint(QWidget* parent, const char* name) {
     auto* label = Named(new QLabel(parent), name);
@@ -69,6 +85,7 @@ void FurnishFundList(frmPPM& window) {
     window.layout.AlsoScale(
         [list](const Scaling& scaling) { list->setSpacing(Pixels(15 * scaling.down) - 1); });
     window.lstFonder->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    window.lstFonder->setItemDelegate(new FundLines(window.lstFonder));
     window.lstFonder->setTextElideMode(Qt::ElideRight);
     window.lstFonder->setUniformItemSizes(true);
     look::SetTextColour(*window.lstFonder, look::kListGreen);

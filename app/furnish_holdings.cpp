@@ -19,9 +19,10 @@
 
 namespace {
 
-constexpr float kAccountTop = 3615;
-constexpr float kBottomTop = 4350;
-constexpr float kBottomHeight = 1320;
+constexpr float kAccountTop = 3570;
+constexpr float kBottomTop = 4290;
+constexpr float kBottomHeight = 1380;
+constexpr int kFirstNumber = 3;  // of the boxes for a new shares notice
 
 constexpr std::string_view kGridHelp =
     "Fond, Fond Nr, Datum och Kurs Kr skall fyllas i. Fond Nr skrivs helst med 7 tecken: tre "
@@ -105,16 +106,17 @@ void FurnishNewShares(frmPPM& window) {
     for (int i = 0; i < static_cast<int>(kBoxes.size()); ++i) {
         const Box& box = kBoxes[static_cast<std::size_t>(i)];
         window.lblNyAndel[i] = Named(Heading(frame, box.heading), "lblNyAndel", i);
-        Placed(window, window.lblNyAndel[i], {left, 420, box.width, 240}, kSmallPoints);
+        Placed(window, window.lblNyAndel[i], {left, 450, box.width, 240}, kSmallPoints);
         auto* field = window.txtNyAndel[i] = Named(new BoundField(frame), "txtNyAndel", i);
-        Placed(window, field, {left, 675, box.width, 345});
+        Placed(window, field, {left, 705, box.width, 345});
+        if (i >= kFirstNumber) field->setAlignment(Qt::AlignRight);
         Speak(field, box.heading);
         Tip(field, box.tip);
         field->hide();
         left += box.width + 60;
     }
     window.cmdNyOk = Named(new QPushButton(ToQt("&Ok"), window.panBasData), "cmdNyOk");
-    Placed(window, window.cmdNyOk, {10620, kBottomTop + 645, 1020, 405});
+    Placed(window, window.cmdNyOk, {10620, kBottomTop + 675, 1020, 405});
     Speak(window.cmdNyOk, "Spara de nya andelarna");
     window.cmdNyOk->hide();
 }
@@ -128,7 +130,7 @@ void FurnishHoldings(frmPPM& window) {
     panel->hide();
 
     window.DBGrid = Named(new DataGrid(panel), "DBGrid");
-    Placed(window, window.DBGrid, {120, 375, 11520, 3165}, kTextPoints, Letters::Grid);
+    Placed(window, window.DBGrid, {120, 375, 11520, 3120}, kTextPoints, Letters::Grid);
     Speak(window.DBGrid, "Innehav");
     FurnishAccountFields(window);
     FurnishGridHelp(window);

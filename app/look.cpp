@@ -51,12 +51,12 @@ QPushButton { background: #FFFFFF; color: #1B2B36; border: 1px solid #9DB0BC; bo
               padding: 1px 8px; }
 QPushButton:hover { background: #EAF3F8; border-color: #1F5C7D; }
 QPushButton:pressed { background: #D3E4EE; }
-QPushButton:focus { border: 2px solid #1F5C7D; padding: 0 7px; }
+QPushButton:focus { border: 2px solid #1F5C7D; padding: 0 7px; outline: none; }
 QPushButton:disabled { background: #EEF2F4; color: #8A99A3; border-color: #CDD7DD; }
 QToolButton { background: #FFFFFF; border: 1px solid #9DB0BC; border-radius: 4px; }
 QToolButton:hover { background: #EAF3F8; border-color: #1F5C7D; }
 QToolButton:pressed { background: #D3E4EE; }
-QToolButton:focus { border: 2px solid #1F5C7D; }
+QToolButton:focus { border: 2px solid #1F5C7D; outline: none; }
 QListWidget#lstFonder { background: #1C2E3A; padding: 3px 2px; border: 1px solid #12202A; border-radius: 3px; }
 QTableView { selection-background-color: #1F5C7D; selection-color: #FFFFFF; }
 StatusPanels { background: #F7F9FA; border-top: 1px solid #B4C2CB; }

@@ -24,7 +24,7 @@ inline constexpr QRgb kBandQuietText = 0xFFCFDEE7;
 inline constexpr QRgb kListGround = 0xFF1C2E3A;
 inline constexpr QRgb kListChosen = 0xFF3A647C;
 inline constexpr QRgb kListGreen = 0xFF80FF80;   ///< the list while prices are typed
-inline constexpr QRgb kListCurves = 0xFFFFE08A;  ///< the list while curves or a colour are chosen
+inline constexpr QRgb kListCurves = 0xFFFFE08A;  ///< the list while curves are chosen
 
 /// A light palette of its own, whatever the desktop's is.
 QPalette WindowPalette();

@@ -1,6 +1,6 @@
 #pragma once
-// A label for one value: a text too long for it is cut with "..." where it is shown, and stands
-// whole in the tooltip.
+// A label for one value: a text too long for it is written smaller; one that is still too long is
+// cut with "..." and stands whole in the tooltip.
 
 #include <QLabel>
 
@@ -18,5 +18,6 @@ class ValueLabel final : public QLabel {
     bool event(QEvent* event) override;
 
   private:
-    bool Fits() const;
+    /// The label's font, smaller where the text needs it.
+    QFont FittingFont() const;
 };

@@ -49,6 +49,8 @@ void BoundField::Reload() {
     });
     setReadOnly(row_ < 0);
     setText(shown_);
+    // A text longer than the box shows its beginning.
+    setCursorPosition(0);
 }
 
 // The same row with other values keeps what is being typed; another row shows its own.

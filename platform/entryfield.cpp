@@ -23,6 +23,8 @@ constexpr QColor kRestingBack(239, 239, 222);
 // A dark desktop theme would put light text on these light grounds.
 constexpr QColor kText(16, 16, 32);
 constexpr QColor kFaintText(96, 96, 104);
+constexpr QColor kChosenGround(31, 92, 125);
+constexpr QColor kChosenText(255, 255, 255);
 
 constexpr char32_t kCopyCode = 3, kPasteCode = 22, kCutCode = 24;
 
@@ -187,5 +189,7 @@ void EntryField::ShowFocus(bool focused) {
     colours.setColor(QPalette::Base, focused ? kFocusedBack : kRestingBack);
     colours.setColor(QPalette::Text, kText);
     colours.setColor(QPalette::PlaceholderText, kFaintText);
+    colours.setColor(QPalette::Highlight, kChosenGround);
+    colours.setColor(QPalette::HighlightedText, kChosenText);
     setPalette(colours);
 }

@@ -4,6 +4,7 @@
 #include "base/number.h"
 #include "diagram/rules/curvecolour.h"
 #include "diagram/rules/scale.h"
+#include "entry/rules/cells.h"
 #include "entry/rules/pricecheck.h"
 #include "fundfile/fundfile.h"
 #include "fundfile/rules/holding.h"
@@ -104,7 +105,7 @@ std::string SavedValuesOf(const Holding& holding) {
     before.bokfortDatum = holding.days.front();
     before.fondandelar = holding.sample->shares;
     before.kursKr = holding.sample->startPrice;
-    before.vardeKr = holding.sample->shares * holding.sample->startPrice;
+    before.vardeKr = RowValue(holding.sample->shares, holding.sample->startPrice);
     return SavedValuesText(before);
 }
 
@@ -136,7 +137,7 @@ void AddHolding(jet::RecordSet& records, const Holding& holding, const SampleAcc
                 jet::Date{static_cast<double>(holding.days[since])});
     records.Set(schema::holding::kFondandelar, holding.SharesNow());
     records.Set(schema::holding::kKursKr, price);
-    records.Set(schema::holding::kVardeKr, holding.SharesNow() * price);
+    records.Set(schema::holding::kVardeKr, RowValue(holding.SharesNow(), price).value());
     records.Set(schema::holding::kAndel, holding.andel);
     SetAccount(records, account);
     records.Set(schema::holding::kPlottFarg, ColourValue(NewCurveColour(holding.kontoId)));

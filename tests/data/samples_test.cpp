@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "diagram/rules/curvecolour.h"
 #include "diagram/rules/scale.h"
+#include "entry/rules/cells.h"
 #include "entry/rules/pricecheck.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
@@ -167,7 +168,7 @@ TEST_P(SampleFile, SummaryTextsAgreeWithTheLastPoint) {
         EXPECT_EQ(row.senasteDag, last.day);
         const double value = row.fondandelar.value() * ParseDouble(latest[1]);
         EXPECT_EQ(row.kursVarde, IsSummaryRow(row) ? "-" : PlainText(RoundHalfEven(value)));
-        EXPECT_EQ(row.vardeKr, row.fondandelar.value() * row.kursKr.value());
+        EXPECT_EQ(row.vardeKr, RowValue(row.fondandelar, row.kursKr));
     }
 }
 
