@@ -279,7 +279,6 @@ void FundList::mnuAll_Click() {
 }
 
 void FundList::imgScreen_Click() {
-    if (!LeaveHoldingsGrid()) return;
     window.dtaBasData->Refresh();
     if (window.dtaBasData->Empty()) return;
     window.ReadCurveList();

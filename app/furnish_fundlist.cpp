@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStyleOptionViewItem>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
@@ -43,10 +44,10 @@ class FundLines final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    QString displayText(const QVariant& value, const QLocale& /*locale*/) const override {
-        QString line = value.toString();
-        if (line.startsWith(u' ')) line[0] = kFigureSpace;
-        return line;
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (option->text.startsWith(u' ')) option->text[0] = kFigureSpace;
     }
 };
 

@@ -138,7 +138,8 @@ class Pages {
     }
 
     void AddHeading() {
-        Add(kLeftCm, kTitleTopCm, report_.title, kTitleFont);
+        const double room = paper_.widthCm - kRightMarginCm - kLeftCm;
+        Add(kLeftCm, kTitleTopCm, Fitted(report_.title, room, kTitleFont), kTitleFont);
         Add(kTodayLeftCm, kTodayTopCm, report_.today, kLabelFont);
         if (const auto day = LatestDay(report_.holdings)) {
             const std::string date = DateText(*day);
@@ -176,10 +177,13 @@ class Pages {
         if (yCm_ + lines * measure_.LineCm(font_) <= bottom) return;
         pages_.emplace_back();
         yCm_ = kNextPageTopCm;
-        Add(kLeftCm, kNextPageHeadingCm, report_.title, kPageNumberFont);
         const std::string number = PlainText(static_cast<std::int64_t>(pages_.size()));
-        const double width = measure_.TextCm(kPageNumberFont, number);
-        Add(paper_.widthCm - kLeftCm - width, kNextPageHeadingCm, number, kPageNumberFont);
+        const double numberLeft =
+            paper_.widthCm - kLeftCm - measure_.TextCm(kPageNumberFont, number);
+        const double room = numberLeft - kLeftCm - measure_.TextCm(kPageNumberFont, " ");
+        Add(kLeftCm, kNextPageHeadingCm, Fitted(report_.title, room, kPageNumberFont),
+            kPageNumberFont);
+        Add(numberLeft, kNextPageHeadingCm, number, kPageNumberFont);
     }
 
     void AddLine(const TableLine& line) {
@@ -189,17 +193,17 @@ class Pages {
             const double right =
                 last ? paper_.widthCm - kRightMarginCm
                      : measure_.ColumnCm(font_, line[i + 1].column) - measure_.TextCm(font_, " ");
-            Add(left, yCm_, Fitted(line[i].text, right - left), font_);
+            Add(left, yCm_, Fitted(line[i].text, right - left, font_), font_);
         }
         Skip(1);
     }
 
-    std::string Fitted(const std::string& text, double widthCm) const {
-        if (measure_.TextCm(font_, text) <= widthCm) return text;
+    std::string Fitted(const std::string& text, double widthCm, ReportFont font) const {
+        if (measure_.TextCm(font, text) <= widthCm) return text;
         std::string shorter = text;
         do {
             shorter = Left(shorter, Length(shorter) - 1);
-        } while (!shorter.empty() && measure_.TextCm(font_, shorter + "..") > widthCm);
+        } while (!shorter.empty() && measure_.TextCm(font, shorter + "..") > widthCm);
         return shorter + "..";
     }
 

@@ -107,13 +107,13 @@ TEST_F(AxesTest, TheScrollButtonsMoveAQuarterWithTheLeftAndAYearWithTheRightButt
 
 TEST_F(AxesTest, AYearAheadOverALeapDayMovesElevenMonths) {
     ShowFrom("2004-01-01");
-    Window().Image5_MouseUp(Qt::RightButton);
+    Click(Window().Image5, Qt::RightButton);
     EXPECT_EQ(ShownFrom(), "2004-12-01");
 }
 
 TEST_F(AxesTest, AYearAheadAfterTheLeapDayMovesTwelveMonths) {
     ShowFrom("2004-03-01");
-    Window().Image5_MouseUp(Qt::RightButton);
+    Click(Window().Image5, Qt::RightButton);
     EXPECT_EQ(ShownFrom(), "2005-03-01");
 }
 

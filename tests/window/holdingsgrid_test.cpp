@@ -136,6 +136,15 @@ TEST_F(HoldingsGridTest, TheHelpTextIsTakenAwayByAClickAndComesBackWithTheGrid) 
     EXPECT_TRUE(Window().txtGrid->isVisible());
 }
 
+TEST_F(HoldingsGridTest, TheAccountFieldsSayWhatTheyAreFor) {
+    StartWith(TwoHoldings());
+    EXPECT_EQ(FromQt(Window().txtKontoNr->toolTip()), "Ej Obligatorisk uppgift  ");
+    EXPECT_EQ(FromQt(Window().txtPnr->toolTip()), "Ej Obligatorisk uppgift  ");
+    EXPECT_EQ(FromQt(Window().txtNamn->toolTip()),
+              "Det här fältet bör du alltid fylla i. Obs du måste marker en rad ovan    ");
+    EXPECT_EQ(Caption(Window().panBasData), "PPM Start Data");
+}
+
 // ---- Keys ----
 
 TEST_F(HoldingsGridTest, EnterInANumericColumnMovesOneCellToTheRight) {
@@ -336,7 +345,10 @@ TEST_F(HoldingsGridTest, ANewHoldingIsListedAndDrawnAtOnce) {
     EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{3});
     const auto drawings = Window().picDiagram->Drawings();
     ASSERT_EQ(drawings.size(), 1U);
-    EXPECT_EQ(drawings[0].label.empty(), false);
+    EXPECT_EQ(drawings[0].label, "3");
+    EXPECT_TRUE(drawings[0].line.empty());
+    // One above the point of 0 % on the booking day, 2026-03-02.
+    EXPECT_EQ(drawings[0].labelAt, (Point{46083.0 - Window().WindowStartDay, 1}));
 }
 
 TEST_F(HoldingsGridTest, AfterANewHoldingTheRowThatWasGoneToIsCurrent) {

@@ -1,4 +1,5 @@
 #include "base/daynumber.h"
+#include "base/number.h"
 #include "tests/window/windowtest.h"
 
 #include <QApplication>
@@ -42,6 +43,11 @@ class MeasurementTest : public WindowTest {
     }
     std::string Date() { return Caption(Window().lblXCord); }
     std::string Value() { return Caption(Window().lblYCord); }
+    /// The amount that is shown; 0 where none is.
+    double Kronor() {
+        const std::string value = Value();
+        return value.ends_with(" kr") ? ParseDouble(value.substr(0, value.size() - 3)) : 0;
+    }
 };
 
 TEST_F(MeasurementTest, APressAtDayAHundredShowsItsDate) {
@@ -91,10 +97,8 @@ TEST_F(MeasurementTest, TheRightButtonWithAFundShowsKronor) {
     PressAt(At(100, 5), Qt::RightButton);
     ASSERT_TRUE(Value().ends_with(" kr")) << Value();
     EXPECT_EQ(Value().find('.'), std::string::npos);
-    std::string number = Value().substr(0, Value().size() - 3);
-    EXPECT_EQ(number.size() - number.find(','), 3U) << "two decimals";
-    number.replace(number.find(','), 1, ".");
-    EXPECT_NEAR(std::stod(number), 100 + at.y, 0.006);
+    EXPECT_EQ(Value().size() - Value().find(','), 6U) << "two decimals";
+    EXPECT_NEAR(Kronor(), 100 + at.y, 0.006);
 }
 
 TEST_F(MeasurementTest, TheLeftButtonWithAFundShowsPercent) {
@@ -123,6 +127,50 @@ TEST_F(MeasurementTest, OutsideOnTheOtherSidesTheLabelsAreBlank) {
         EXPECT_EQ(Date(), "") << at.x() << " " << at.y();
         EXPECT_EQ(Value(), "");
     }
+}
+
+TEST_F(MeasurementTest, AfterScrollingTheDateIsThatOfTheShownMonths) {
+    Press(Qt::Key_Left);
+    ASSERT_EQ(FormatDay(Window().WindowStartDay), "2005-10-01");
+    PressAt(At(100, 5));
+    EXPECT_EQ(Date(), "9  januari 2006");
+    MoveTo(At(0, 5));
+    EXPECT_EQ(Date(), "1  oktober 2005");
+    MoveTo(QPoint(Picture().width() - 1, 50));
+    EXPECT_EQ(Date(), "30  september 2006") << "the last day of the twelve months";
+}
+
+TEST_F(MeasurementTest, AfterZoomingTheValueIsThatOfTheShownScale) {
+    ChooseFund(0);
+    for (int n = 0; n < 3; ++n) Type("-");
+    ASSERT_EQ(Picture().UserScale(), (ScaleRange{60, -40}));
+    PressAt(At(100, 50));
+    EXPECT_EQ(Value(), "50 %");
+    MoveTo(At(100, -35), Qt::RightButton);
+    EXPECT_NEAR(Kronor(), 65, 0.5);
+    MoveTo(QPoint(100, -3));
+    EXPECT_EQ(Value(), "") << "above the scale";
+}
+
+TEST_F(MeasurementTest, AfterZoomingBackTheFormerScaleCountsAgain) {
+    ChooseFund(0);
+    Type("-");
+    Type("+");
+    ASSERT_EQ(Picture().UserScale(), (ScaleRange{15, -10}));
+    PressAt(At(100, 10));
+    MoveTo(At(100, 10));
+    EXPECT_EQ(Value(), "10 %");
+}
+
+TEST_F(MeasurementTest, AHoldingWithSavedValuesIsMeasuredFromItsStartPrice) {
+    auto holdings = TwoHoldings();
+    holdings[1].sparadeVarden = "2025-04-01¶10¶400¶4000¶";
+    MakeFile(holdings);
+    Start();
+    ChooseFund(1);
+    const Point at = Picture().ToUser(At(100, 20));
+    PressAt(At(100, 20), Qt::RightButton);
+    EXPECT_NEAR(Kronor(), 400 + 4 * at.y, 0.006);
 }
 
 TEST_F(MeasurementTest, OtherButtonsDoNothing) {

@@ -220,6 +220,40 @@ TEST_F(NewSharesTest, EscClosesTheRowAndStoresNothing) {
     EXPECT_EQ(Caption(&Box(Kurs)), "100");
 }
 
+TEST_F(NewSharesTest, TheWholeNoticeIsEnteredWithTheKeyboardAlone) {
+    StartWith("x");
+    outside.dialogs
+        .Expect(texts::AskNewShares, Buttons::YesNo, Icon::Information, DefaultButton::Second)
+        .Answer(Answer::Yes);
+    Window().cmdNyAndel->setFocus();
+    Key(Qt::Key_Space);
+    for (const char* text : {"2026-02-16", "12.5", "80", "", "41"}) {
+        Keys(text);
+        Key(Qt::Key_Return);
+    }
+    ASSERT_EQ(QApplication::focusWidget(), Window().cmdNyOk);
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(RowClosed());
+    EXPECT_EQ(Holding(1, kBokfortDatum), "2026-02-16");
+    EXPECT_EQ(Holding(1, kFondandelar), "12.5");
+    EXPECT_EQ(Holding(1, kKursKr), "80");
+    EXPECT_EQ(Holding(1, kVardeKr), "1000");
+    EXPECT_EQ(Holding(1, kAndel), "41");
+}
+
+TEST_F(NewSharesTest, AValueLongerThanItsBoxShowsItsBeginning) {
+    std::vector<TestHolding> holdings(2);
+    holdings[1].vardeKr = 38584.0001488472;
+    MakeFile(holdings);
+    Start();
+    Click(Window().cmdPPMData);
+    QTableView& view = Window().DBGrid->View();
+    view.setCurrentIndex(view.model()->index(1, 0));
+    OpenRow();
+    EXPECT_EQ(Caption(&Box(Varde)), "38584,0001488472");
+    EXPECT_EQ(Box(Varde).cursorPosition(), 0);
+}
+
 TEST_F(NewSharesTest, LeavingABoxStoresNothingYet) {
     StartWith("x");
     OpenRow();

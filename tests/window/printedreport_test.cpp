@@ -145,6 +145,25 @@ class PrintedReportTest : public WindowTest {
         }
         return Read(outside.printing.files.back());
     }
+    /// The first page with 100 dots per centimetre.
+    QImage FirstPage() {
+        const QString pdf = ToQt(outside.printing.files.back());
+        const QString picture = pdf + QStringLiteral(".picture");
+        Output(QStringLiteral("pdftoppm"),
+               {QStringLiteral("-r"), QStringLiteral("254"), QStringLiteral("-singlefile"),
+                QStringLiteral("-png"), pdf, picture});
+        return QImage(picture + QStringLiteral(".png"));
+    }
+    static bool RedNear(const QImage& page, int x, int y) {
+        constexpr int kNear = 3;
+        for (int across = -kNear; across <= kNear; ++across) {
+            for (int down = -kNear; down <= kNear; ++down) {
+                const QColor at = page.pixelColor(x + across, y + down);
+                if (at.red() > 180 && at.green() < 100 && at.blue() < 100) return true;
+            }
+        }
+        return false;
+    }
     std::string Log() {
         std::ifstream file(Folder() / "FonderLogg.txt", std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
@@ -286,30 +305,47 @@ TEST_F(PrintedReportTest, TheDiagramIsDrawnInLinesOverTheGridPicture) {
     holdings[0].points = {{*ParseDate("2025-04-01"), 10}, {*ParseDate("2026-03-31"), 10}};
     StartWith(holdings);
     Print();
-    const QString pdf = ToQt(outside.printing.files.back());
-    const QString picture = pdf + QStringLiteral(".picture");
-    Output(QStringLiteral("pdftoppm"),
-           {QStringLiteral("-r"), QStringLiteral("254"), QStringLiteral("-singlefile"),
-            QStringLiteral("-png"), pdf, picture});
-    const QImage page(picture + QStringLiteral(".png"));
+    const QImage page = FirstPage();
     ASSERT_FALSE(page.isNull());
     // 100 dots per centimetre: the value 10 stands 9.2 - 10 x 7/25 = 6.4 cm from the top.
-    const auto redAt = [&](int x) {
-        for (int y = 637; y <= 643; ++y) {
-            const QColor at = page.pixelColor(x, y);
-            if (at.red() > 180 && at.green() < 100 && at.blue() < 100) return true;
-        }
-        return false;
-    };
-    for (const int x : {302, 700, 1200, 1790}) EXPECT_TRUE(redAt(x)) << x;
-    EXPECT_FALSE(redAt(290));
-    EXPECT_FALSE(redAt(1815));
+    for (const int x : {302, 700, 1200, 1790}) EXPECT_TRUE(RedNear(page, x, 640)) << x;
+    EXPECT_FALSE(RedNear(page, 290, 640));
+    EXPECT_FALSE(RedNear(page, 1815, 640));
     EXPECT_EQ(page.pixelColor(700, 800), QColor(240, 240, 240)) << "the grid picture lies under it";
     EXPECT_EQ(page.pixelColor(700, 480), QColor(255, 255, 255));
 
     const QString images =
-        QString::fromUtf8(Output(QStringLiteral("pdfimages"), {QStringLiteral("-list"), pdf}));
+        QString::fromUtf8(Output(QStringLiteral("pdfimages"),
+                                 {QStringLiteral("-list"), ToQt(outside.printing.files.back())}));
     EXPECT_EQ(images.count(QStringLiteral(" image ")), 1) << images.toStdString();
+}
+
+TEST_F(PrintedReportTest, PointsBeforeTheTwelveMonthsArePinnedToTheLeftMargin) {
+    auto holdings = Holdings(1, 1);
+    holdings[0].plottFarg = ColourValue({255, 0, 0});
+    holdings[0].skala = "1./15/-10";
+    holdings[0].points = {{*ParseDate("2024-04-01"), 0}, {*ParseDate("2025-02-28"), 10}};
+    StartWith(holdings);
+    Print();
+    const QImage page = FirstPage();
+    // 100 dots per centimetre: the line stands at 3.0 cm, from 9.2 cm up to 6.4 cm.
+    for (const int y : {645, 800, 915}) EXPECT_TRUE(RedNear(page, 300, y)) << y;
+    EXPECT_FALSE(RedNear(page, 300, 600));
+    for (const int x : {285, 320, 800}) EXPECT_FALSE(RedNear(page, x, 800)) << x;
+}
+
+TEST_F(PrintedReportTest, AScaleFrom45ToMinus30IsPrintedAtSevenSeventyFifthsOfACentimetre) {
+    auto holdings = Holdings(1, 1);
+    holdings[0].plottFarg = ColourValue({255, 0, 0});
+    holdings[0].skala = "1./45/-30";
+    holdings[0].points = {{*ParseDate("2025-04-01"), 30}, {*ParseDate("2026-03-31"), 30}};
+    StartWith(holdings);
+    Print();
+    const QImage page = FirstPage();
+    // 9.2 cm - 30 x 7/75 cm = 6.4 cm from the top.
+    EXPECT_TRUE(RedNear(page, 1000, 640));
+    EXPECT_FALSE(RedNear(page, 1000, 630));
+    EXPECT_FALSE(RedNear(page, 1000, 650));
 }
 
 TEST_F(PrintedReportTest, AfterwardsTheDiagramStandsThereAgain) {

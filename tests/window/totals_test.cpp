@@ -71,13 +71,31 @@ TEST_F(TotalsTest, AccountWithoutRowsShowsZero) {
               "Borta/Startvärde/0 kr/Senaste Totalvärde/0 kr/0 %");
 }
 
-TEST_F(TotalsTest, SummaryRowSpeaksForTheAccountInThePanelButNotInTheReport) {
+TEST_F(TotalsTest, NamesThatDifferOnlyInBlanksAroundThemAreOneAccount) {
+    StartWith({Row("Alfa", "1", "1", 1), Row("  Alfa", "1", "1", 1), Row("Alfa ", "1", "1", 1)});
+    EXPECT_EQ(Accounts(), std::vector<std::string>{"Alfa"});
+}
+
+TEST_F(TotalsTest, NamesThatDifferInLetterCaseAreTwoAccounts) {
+    StartWith({Row("Alfa", "1", "1", 1), Row("ALFA", "1", "1", 1)});
+    EXPECT_EQ(Accounts(), (std::vector<std::string>{"Alfa", "ALFA"}));
+}
+
+TEST_F(TotalsTest, SummaryRowAloneSpeaksForTheAccountInThePanel) {
     TestHolding summary = Row("A", "7 %", "-", 3);
     summary.fondNr = "999 999";
     summary.kursKr = 500;
     summary.senasteKurs = "2026-02-24:1234,5";
     StartWith({summary, Row("A", "9 %", "100", 50)});
     EXPECT_EQ(Choose(0), Panel("A", "500,00", "1234,50"));
+}
+
+TEST_F(TotalsTest, ReportSumsTheSummaryRowLikeAnyOther) {
+    TestHolding summary = Row("A", "7 %", "-", 3);
+    summary.fondNr = "999 999";
+    summary.kursKr = 500;
+    summary.senasteKurs = "2026-02-24:1234,5";
+    StartWith({summary, Row("A", "9 %", "100", 50)});
     EXPECT_EQ(Window().BuildAccountTotals("A"), "A/Startvärde/53 kr/Senaste Totalvärde/100 kr/8 %");
 }
 

@@ -226,6 +226,19 @@ TEST(ReportPage, CutsANameThatWouldRunIntoTheNextColumn) {
     EXPECT_NE(Find(pages, "Pensionsspar för Åke och Ö.."), nullptr);
 }
 
+TEST(ReportPage, CutsATitleThatIsWiderThanThePaper) {
+    Report report = ReportOf(60);
+    for (int i = 0; i < 12; ++i) report.title += "_med_ett_namn";
+    for (const PageItems& page : Pages(report)) {
+        for (const PageText& item : page.texts) {
+            EXPECT_LE(item.xCm + kMeasure.TextCm(item.font, item.text), 20.0) << item.text;
+            for (const PageText& other : page.texts) {
+                if (&other != &item) EXPECT_FALSE(Overlap(item, other)) << item.text;
+            }
+        }
+    }
+}
+
 TEST(ReportPage, TakesTheLargestFontThatFits) {
     EXPECT_EQ(TableFont(PaperSize{}, kMeasure).points, 9);
     EXPECT_EQ(TableFont(PaperSize{16.0, 29.7}, kMeasure).points, 7);
