@@ -25,10 +25,9 @@ constexpr float kBottomHeight = 1380;
 constexpr int kFirstNumber = 3;  // of the boxes for a new shares notice
 
 constexpr std::string_view kGridHelp =
-    "Fond, Fond Nr, Datum och Kurs Kr skall fyllas i. Fond Nr skrivs helst med 7 tecken: tre "
-    "siffror, blank, tre siffror, t ex 249 995. Utan Fond Nr blir det 999 999; en aktie får ett "
-    "påhittat nummer. Datum skrivs 2000-12-31 eller 01-12-31 (01/12/31 går också). Värde Kr är "
-    "låst: Fondandelar x Kurs Kr.\n"
+    "Fond, Fond Nr, Datum och Kurs Kr skall fyllas i. Fond Nr helst med 7 tecken (249 995); utan "
+    "nummer blir det 999 999, en aktie får ett påhittat. Datum: 2000-12-31, 01-12-31 eller "
+    "01/12/31. Värde Kr är låst: Fondandelar x Kurs Kr.\n"
     "Ny fond skrivs på sista raden, som är tom. Raden sparas när du går till en annan rad.\n"
     "Ändra: lägg upp fonden en gång till med nytt datum och radera den gamla.\n"
     "Radera: markera raden längst till vänster (eller <Skift+Blank>) och tryck <Delete>.";
@@ -68,7 +67,7 @@ void FurnishGridHelp(frmPPM& window) {
     help->setText(ToQt(kGridHelp));
     help->setWordWrap(true);
     help->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    help->setMargin(6);
+    help->setMargin(4);
     help->setAutoFillBackground(true);
     help->setFrameStyle(QFrame::Box | QFrame::Plain);
     QPalette colours = help->palette();
@@ -95,13 +94,13 @@ void FurnishNewShares(frmPPM& window) {
         std::string_view heading, tip;
         float width;
     };
-    static constexpr std::array<Box, 7> kBoxes = {{{"Fond", "", 2400},
-                                                   {"Fond Nr", "", 1020},
+    static constexpr std::array<Box, 7> kBoxes = {{{"Fond", "", 2220},
+                                                   {"Fond Nr", "", 960},
                                                    {"Nytt Datum", "Nytt Datum ", 1260},
-                                                   {"Nya Fondandelar", "Nya Fondandelar ", 1500},
-                                                   {"Ny Kurs Kr", "Ny Kurs Kr ", 1200},
-                                                   {"Nya värdet", "Nya värdet ", 1380},
-                                                   {"Ny Andel i %", "Ny Andel i % ", 1020}}};
+                                                   {"Nya Fondandelar", "Nya Fondandelar ", 1440},
+                                                   {"Ny Kurs Kr", "Ny Kurs Kr ", 1140},
+                                                   {"Nya värdet", "Nya värdet ", 1620},
+                                                   {"Ny Andel i %", "Ny Andel i % ", 1140}}};
     float left = 120;
     for (int i = 0; i < static_cast<int>(kBoxes.size()); ++i) {
         const Box& box = kBoxes[static_cast<std::size_t>(i)];

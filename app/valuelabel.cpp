@@ -1,17 +1,18 @@
 #include "app/valuelabel.h"
 
 #include <QEvent>
+#include <QFontMetrics>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QRect>
 #include <QToolTip>
 
-#include <algorithm>
+#include <array>
 
 namespace {
 
-constexpr double kSmallest = 0.75;  // of the label's own size; smaller is hard to read
+constexpr std::array kSizes = {1.0, 0.93, 0.86, 0.8, 0.75};  // smaller is hard to read
 
 }  // namespace
 
@@ -21,9 +22,10 @@ ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
 
 QFont ValueLabel::FittingFont() const {
     QFont fitting = font();
-    const double wanted = fontMetrics().horizontalAdvance(text());
-    const double share = contentsRect().width() / std::max(wanted, 1.0);
-    if (share < 1) fitting.setPointSizeF(fitting.pointSizeF() * std::max(share, kSmallest));
+    for (const double share : kSizes) {
+        fitting.setPointSizeF(font().pointSizeF() * share);
+        if (QFontMetrics(fitting, this).horizontalAdvance(text()) <= contentsRect().width()) break;
+    }
     return fitting;
 }
 

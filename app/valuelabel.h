@@ -2,6 +2,7 @@
 // A label for one value: a text too long for it is written smaller; one that is still too long is
 // cut with "..." and stands whole in the tooltip.
 
+#include <QFont>
 #include <QLabel>
 
 class QEvent;

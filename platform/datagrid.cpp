@@ -33,7 +33,7 @@
 namespace {
 
 constexpr int kRowHeaderWidth = 22;
-constexpr int kLeastColumnWidth = 36;
+constexpr int kLeastColumnWidth = 30;
 constexpr int kRowAir = 8;
 
 // Both colours of every pair, so that no desktop theme makes a cell unreadable.

@@ -11,9 +11,14 @@
 #include <QApplication>
 #include <QColor>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QImage>
 #include <QLabel>
+#include <QPoint>
 #include <QRect>
+#include <QToolTip>
+
+#include <utility>
 
 namespace {
 
@@ -94,6 +99,24 @@ TEST_F(FundListTest, ValueTooLongForItsPlaceIsCutOnlyWhereItIsShown) {
         for (int x = 0; x < between.width(); ++x) {
             ASSERT_EQ(between.pixel(x, y), between.pixel(0, 0));
         }
+    }
+}
+
+TEST_F(FundListTest, ValueALittleTooLongIsWrittenSmallerAndOnlyALongerOneNeedsATooltip) {
+    auto holdings = TwoHoldings();
+    holdings[1] = WithSavedValues();
+    for (const auto& [value, tip] :
+         {std::pair{38584.0001488472, ""}, std::pair{1234567.8e15, "1234567800000000000000"}}) {
+        holdings[1].vardeKr = value;
+        StartWith(holdings);
+        ChooseFund(1);
+        QLabel& label = *Window().lblFraData[8];
+        ASSERT_GT(label.fontMetrics().horizontalAdvance(label.text()), label.width());
+        const QPoint at = label.rect().center();
+        QHelpEvent help(QEvent::ToolTip, at, label.mapToGlobal(at));
+        QApplication::sendEvent(&label, &help);
+        EXPECT_EQ(FromQt(QToolTip::text()), tip);
+        QToolTip::hideText();
     }
 }
 
