@@ -40,12 +40,14 @@ std::optional<IndexPageView> IndexPageView::Of(const PageFile& file, std::uint32
 
 /// Prefix and end of the entries; false when they contradict each other.
 bool IndexPageView::Measure() {
+    constexpr std::uint64_t kEmptyEntry = 1;
+    if ((MaskWord(0) & kEmptyEntry) != 0) return false;
     end_ = LastEndUpTo(kWordBits * MaskWords() - 1);
-    if (end_ == 0) return childSize_ == 0;
     prefix_ = LittleEndian(page_, layout_->indexPrefix, layout_->indexPrefixSize, number_);
+    // A page that lost its last entry may have kept its prefix.
+    if (end_ == 0) return IsLeaf() && prefix_ == 0;
     const std::size_t first = EndAfter(0);  // the first entry is stored whole
-    const bool emptyEntry = (MaskWord(0) & 1) != 0;
-    return !emptyEntry && end_ <= layout_->IndexRoom() && first > prefix_ &&
+    return end_ <= layout_->IndexRoom() && first > prefix_ &&
            first > kRowPointerSize + childSize_ && (prefix_ == 0 || IsLeaf());
 }
 

@@ -561,6 +561,15 @@ TEST_P(Tree, KnowsAKeyThatIsThereBelowALongPrefix) {
     EXPECT_EQ(check.Entries().size(), 60U);
 }
 
+TEST_P(Tree, TakesAnEntryIntoAnEmptyPageThatKeptItsPrefix) {
+    const Layout& layout = *GetParam();
+    const ByteSpan page = file_.file->EditPage(tree_.Root());
+    PutLittleEndian(page, layout.indexPrefix, 40, layout.indexPrefixSize);
+    EXPECT_TRUE(tree_.Insert(LongKey(1), {9, 1}));
+    EXPECT_TRUE(tree_.Insert(LongKey(2), {9, 1}));
+    ExpectEqual(file_, {MakeEntry(LongKey(1), {9, 1}), MakeEntry(LongKey(2), {9, 1})});
+}
+
 /// Only the first entry of a page is stored whole: a new first one changes the page from its start.
 TEST_P(Tree, TakesANewFirstEntryOfAPackedPage) {
     const Layout& layout = *GetParam();
