@@ -1,22 +1,13 @@
 #pragma once
-// Where every control stands on the design size of 12000 x 9000 twips (15 twips to a logical
-// pixel), and how the whole follows another size. Knows no control by name: the furnish files place
-// their own.
+// Where every control stands on the design size, and how the whole follows another size. Knows no
+// control by name: the furnish files place their own.
+
+#include "app/rules/twips.h"
 
 #include <functional>
 #include <vector>
 
 class QWidget;
-
-struct TwipRect {
-    float left = 0, top = 0, width = 0, height = 0;
-    bool operator==(const TwipRect&) const = default;
-};
-
-// In twips.
-inline constexpr float kLayoutWidth = 12000;
-inline constexpr float kLayoutHeight = 9000;
-inline constexpr float kPixel = 15;
 
 /// The kinds of text that follow another size in their own ways.
 enum class Letters { Control, List, Grid };

@@ -14,13 +14,9 @@ namespace look {
 inline constexpr QRgb kGround = 0xFFE4EAED;
 inline constexpr QRgb kGroundThread = 0xFFDDE4E8;
 inline constexpr QRgb kPanel = 0xFFF7F9FA;
-inline constexpr QRgb kPanelEdge = 0xFFB4C2CB;
 inline constexpr QRgb kText = 0xFF1B2B36;
 inline constexpr QRgb kQuietText = 0xFF536673;
 inline constexpr QRgb kAccent = 0xFF1F5C7D;
-inline constexpr QRgb kBand = 0xFF234256;
-inline constexpr QRgb kBandText = 0xFFFFFFFF;
-inline constexpr QRgb kBandQuietText = 0xFFCFDEE7;
 inline constexpr QRgb kListGround = 0xFF1C2E3A;
 inline constexpr QRgb kListChosen = 0xFF3A647C;
 inline constexpr QRgb kListGreen = 0xFF80FF80;   ///< the list while prices are typed

@@ -7,9 +7,6 @@ namespace places {
 
 inline constexpr float kMenuHeight = 330;
 
-/// Everything under the menu bar.
-inline constexpr TwipRect kClient{0, 0, kLayoutWidth, kLayoutHeight - kMenuHeight};
-
 inline constexpr TwipRect kHeading{120, 90, 11760, 510};
 
 /// The column at the left: the fund list, the plot data and the totals take turns in it.

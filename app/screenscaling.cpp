@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr TwipsRect kDesign{0, 0, kLayoutWidth, kLayoutHeight};
+constexpr TwipRect kDesign{0, 0, kLayoutWidth, kLayoutHeight};
 constexpr float kLargestFont = 1.3F;
 
 }  // namespace
@@ -28,7 +28,7 @@ ScreenScaling::ScreenScaling(frmPPM& ppm) : Controller(ppm) {
 
 void ScreenScaling::ScaleToScreen(float factor) {
     factor_ = factor;
-    const TwipsRect scaled = ScaledWindow(kDesign, factor);
+    const TwipRect scaled = ScaledWindow(kDesign, factor);
     window.setMinimumSize(Pixels(scaled.width / 2), Pixels(scaled.height / 2));
     if (factor < 1.0F) window.move(Pixels(scaled.left), Pixels(scaled.top));
     unresized_ = QSize(Pixels(scaled.width), Pixels(scaled.height));

@@ -91,10 +91,6 @@ std::string FormatDayShort(std::int32_t number) {
     return FormatDay(number).substr(2);
 }
 
-std::string FormatMonthFirst(std::int32_t number) {
-    return FormatDay(number).substr(0, 8) + "01";
-}
-
 std::string FormatDayLong(std::int32_t number) {
     const year_month_day date = DateOf(number);
     return PlainText(std::int64_t{unsigned{date.day()}}) + "  " +

@@ -23,11 +23,10 @@ std::int32_t DayOfSerial(double serial);
 /// date.
 std::optional<std::int32_t> ParseDate(std::string_view text);
 
-std::string FormatDay(std::int32_t day);         ///< 2006-02-24
-std::string FormatDayShort(std::int32_t day);    ///< 06-02-24
-std::string FormatMonthFirst(std::int32_t day);  ///< 2006-02-01, whatever the day of the month
-std::string FormatDayLong(std::int32_t day);     ///< "24  februari 2006", two blanks after the day
-std::string DateText(std::int32_t day);          ///< "Fredag 24 Februari 2006"
+std::string FormatDay(std::int32_t day);       ///< 2006-02-24
+std::string FormatDayShort(std::int32_t day);  ///< 06-02-24
+std::string FormatDayLong(std::int32_t day);   ///< "24  februari 2006", two blanks after the day
+std::string DateText(std::int32_t day);        ///< "Fredag 24 Februari 2006"
 
 std::string_view WeekdayName(std::int32_t day);  ///< "fredag"
 std::string_view MonthName(

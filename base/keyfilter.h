@@ -8,15 +8,13 @@
 /// One field's filter. Characters are those that a key press types; the control keys type control
 /// characters (backspace 8, tab 9, Enter 13, Ctrl+C 3, Ctrl+V 22).
 struct KeyFilter {
-    std::u32string_view allowed;     ///< these pass; empty: every character passes unchanged
+    std::u32string_view allowed;     ///< these pass
     bool pointBecomesComma = false;  ///< "." passes as ","
 
     /// What is typed in place of `typed`; nothing if it is dropped.
     std::optional<char32_t> operator()(char32_t typed) const;
 };
 
-/// Names and other free text.
-inline constexpr KeyFilter kAnyKey{};
 /// The day's price.
 inline constexpr KeyFilter kPriceKeys{U"\x03\x08\x0D\x16,0123456789", true};
 /// The columns of the holdings grid after the first.

@@ -280,8 +280,3 @@ std::int32_t RoundHalfEven(double value) {
     const bool up = rest > 0.5 || (rest == 0.5 && odd);
     return Narrow(static_cast<std::int64_t>(below) + (up ? 1 : 0));
 }
-
-std::int32_t MulDivTrunc(std::int32_t value, std::int32_t factor, std::int32_t divisor) {
-    if (divisor == 0) throw Error{ErrorNumber::DivisionByZero, "division by zero"};
-    return Narrow(std::int64_t{value} * factor / divisor);
-}

@@ -41,7 +41,3 @@ std::string Fixed(double value, int decimals);
 /// The nearest whole number, an exact half to the even neighbour; Overflow (6) beyond 32 bits.
 std::int32_t RoundHalfEven(float value);
 std::int32_t RoundHalfEven(double value);
-
-/// value x factor / divisor, truncated toward zero; the product is not cut to 32 bits.
-/// DivisionByZero (11) or Overflow (6) where there is no answer.
-std::int32_t MulDivTrunc(std::int32_t value, std::int32_t factor, std::int32_t divisor);

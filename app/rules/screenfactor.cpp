@@ -25,20 +25,19 @@ float RowFontFactor(float factor, float large) {
 }  // namespace
 
 float ScreenWidthTwips(std::int32_t widthPixels, std::int32_t heightPixels) {
-    if (widthPixels <= 0 || heightPixels <= 0) return static_cast<float>(kDesignWidthTwips);
+    if (widthPixels <= 0 || heightPixels <= 0) return kLayoutWidth;
     const float fitting =
         std::min(static_cast<float>(widthPixels), static_cast<float>(heightPixels) * 4.0F / 3.0F);
-    return fitting * static_cast<float>(kTwipsPerPixel);
+    return fitting * kPixel;
 }
 
 float ScreenFactor(float screenWidthTwips) {
-    return screenWidthTwips / static_cast<float>(kDesignWidthTwips);
+    return screenWidthTwips / kLayoutWidth;
 }
 
-TwipsRect ScaledWindow(const TwipsRect& design, float factor) {
+TwipRect ScaledWindow(const TwipRect& design, float factor) {
     if (factor < kDesigned) {
-        return {0, 0, static_cast<float>(kDesignWidthTwips) * factor,
-                kSmallWindowHeightTwips * factor};
+        return {0, 0, kLayoutWidth * factor, kSmallWindowHeightTwips * factor};
     }
     return {design.left * factor, design.top * factor, design.width * factor,
             design.height * factor};

@@ -1,12 +1,9 @@
 #pragma once
 // How much larger or smaller than designed the window comes up, and its fonts with it.
 
-#include <cstdint>
+#include "app/rules/twips.h"
 
-/// The size the window is designed for.
-inline constexpr std::int32_t kDesignWidthTwips = 12000;
-inline constexpr std::int32_t kDesignHeightTwips = 9000;
-inline constexpr std::int32_t kTwipsPerPixel = 15;
+#include <cstdint>
 
 /// The width of the largest 4:3 area that the screen holds, so that a wide screen never pushes the
 /// window's lower edge out of sight. Logical pixels in; a screen without area counts as the
@@ -16,15 +13,10 @@ float ScreenWidthTwips(std::int32_t widthPixels, std::int32_t heightPixels);
 /// 1 means: nothing is scaled.
 float ScreenFactor(float screenWidthTwips);
 
-struct TwipsRect {
-    float left = 0, top = 0, width = 0, height = 0;
-    bool operator==(const TwipsRect&) const = default;
-};
-
 /// Where the window stands. A window on a smaller screen than designed fills its width from the
 /// upper left corner on and is a little lower than the proportion says, to leave room for a task
 /// bar.
-TwipsRect ScaledWindow(const TwipsRect& design, float factor);
+TwipRect ScaledWindow(const TwipRect& design, float factor);
 
 /// What font sizes are multiplied by: they shrink on smaller screens and grow by 1.3 at most.
 float FontFactor(float factor);

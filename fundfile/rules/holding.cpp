@@ -3,10 +3,6 @@
 #include "base/daynumber.h"
 #include "base/number.h"
 
-bool IsSummaryRow(const HoldingRow& row) {
-    return row.fondNr == kSummaryFondNr;
-}
-
 std::string Shown(std::optional<double> number) {
     return number ? PlainText(*number) : "";
 }

@@ -38,8 +38,6 @@ struct HoldingRow {
     bool operator==(const HoldingRow&) const = default;
 };
 
-bool IsSummaryRow(const HoldingRow& row);
-
 /// A column as it is shown without a format: plain text, a date as yyyy-mm-dd, nothing as "".
 std::string Shown(std::optional<double> number);
 std::string ShownDay(std::optional<std::int32_t> day);

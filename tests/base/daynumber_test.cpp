@@ -72,7 +72,6 @@ TEST(FormatDay, ShowsYearMonthAndDay) {
     EXPECT_EQ(FormatDay(38772), "2006-02-24");
     EXPECT_EQ(FormatDay(kFirstDay), "0100-01-01");
     EXPECT_EQ(FormatDayShort(38772), "06-02-24");
-    EXPECT_EQ(FormatMonthFirst(38772), "2006-02-01");
 }
 
 TEST(FormatDayLong, HasTwoBlanksAfterTheDay) {

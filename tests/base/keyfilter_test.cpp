@@ -50,12 +50,6 @@ TEST(KeyFilter, OfThePercentCalculatorDropsTheMinus) {
     EXPECT_EQ(kPercentKeys(U'\x16'), std::nullopt);
 }
 
-TEST(KeyFilter, OfFreeTextTakesEverything) {
-    EXPECT_EQ(kAnyKey(U'.'), U'.');
-    EXPECT_EQ(kAnyKey(U'ö'), U'ö');
-    EXPECT_EQ(AllPassing(kAnyKey).size(), 255U);
-}
-
 TEST(Indexed, CountsFromItsFirstElement) {
     Indexed<int, 1, 6> labels;
     EXPECT_EQ(labels.size(), 6U);

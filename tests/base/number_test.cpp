@@ -250,16 +250,4 @@ TEST(RoundHalfEven, OverflowsBeyond32Bits) {
     EXPECT_EQ(RoundHalfEven(-2147483648.5), std::numeric_limits<std::int32_t>::min());
 }
 
-TEST(MulDivTrunc, TruncatesTowardZero) {
-    EXPECT_EQ(MulDivTrunc(2, 15, 3), 10);
-    EXPECT_EQ(MulDivTrunc(-3, 11, 2), -16);
-    EXPECT_EQ(MulDivTrunc(-7, 1, 2), -3);
-    EXPECT_EQ(MulDivTrunc(2000000000, 3, 3), 2000000000);
-}
-
-TEST(MulDivTrunc, HasNoAnswerForSome) {
-    EXPECT_EQ(NumberOf([] { MulDivTrunc(1, 1, 0); }), ErrorNumber::DivisionByZero);
-    EXPECT_EQ(NumberOf([] { MulDivTrunc(2000000000, 3, 2); }), ErrorNumber::Overflow);
-}
-
 }  // namespace

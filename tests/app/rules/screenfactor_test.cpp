@@ -26,7 +26,7 @@ TEST(ScreenFactor, FollowsTheLargestFourToThreeArea) {
 }
 
 TEST(ScreenFactor, OfASmallScreenFillsItsWidth) {
-    const TwipsRect window = ScaledWindow({300, 150, 12000, 9000}, ScreenFactor(9600));
+    const TwipRect window = ScaledWindow({300, 150, 12000, 9000}, ScreenFactor(9600));
     EXPECT_FLOAT_EQ(window.width, 9600);
     EXPECT_FLOAT_EQ(window.height, 6840);
     EXPECT_EQ(window.left, 0.0F);
@@ -34,7 +34,7 @@ TEST(ScreenFactor, OfASmallScreenFillsItsWidth) {
 }
 
 TEST(ScreenFactor, OfALargeScreenScalesEverySide) {
-    const TwipsRect window = ScaledWindow({300, 150, 12000, 9000}, ScreenFactor(16000));
+    const TwipRect window = ScaledWindow({300, 150, 12000, 9000}, ScreenFactor(16000));
     EXPECT_FLOAT_EQ(window.left, 400);
     EXPECT_FLOAT_EQ(window.top, 200);
     EXPECT_FLOAT_EQ(window.width, 16000);

@@ -56,16 +56,6 @@ TEST(StartPrice, IsZeroWhenItIsMissingOrNoNumber) {
     EXPECT_EQ(StartPriceOf(row), 0.0F);
 }
 
-TEST(Holding, KnowsASummaryRowByItsNumber) {
-    HoldingRow row;
-    row.fondNr = "999 999";
-    EXPECT_TRUE(IsSummaryRow(row));
-    for (const char* number : {"999999", "999 998", " 999 999", ""}) {
-        row.fondNr = number;
-        EXPECT_FALSE(IsSummaryRow(row)) << number;
-    }
-}
-
 TEST(Holding, ShowsAColumnAsItIs) {
     EXPECT_EQ(Shown(12.5), "12,5");
     EXPECT_EQ(Shown(std::nullopt), "");
