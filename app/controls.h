@@ -23,6 +23,15 @@ class ImageButton;
 class StatusPanels;
 class Swatch;
 
+/// The panels of `staBar` that have a meaning.
+namespace statuspanel {
+inline constexpr int kFund = 2;
+inline constexpr int kStartPrice = 3;  ///< its tag holds the price as text
+inline constexpr int kLatestPrice = 4;
+inline constexpr int kChange = 5;
+inline constexpr int kValue = 6;
+}  // namespace statuspanel
+
 struct Controls {
     // Data sources and the dialog that remembers its settings
     DataSource* dtaBasData = nullptr;

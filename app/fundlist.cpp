@@ -141,11 +141,11 @@ void FundList::ShowView(const HoldingView& view) {
 }
 
 void FundList::ShowStatus(const StatusTexts& texts) {
-    window.staBar->SetText(2, texts.fund);
-    window.staBar->SetText(3, texts.startPrice);
-    window.staBar->SetText(4, texts.latestPrice);
-    window.staBar->SetText(5, texts.change);
-    window.staBar->SetText(6, texts.value);
+    window.staBar->SetText(statuspanel::kFund, texts.fund);
+    window.staBar->SetText(statuspanel::kStartPrice, texts.startPrice);
+    window.staBar->SetText(statuspanel::kLatestPrice, texts.latestPrice);
+    window.staBar->SetText(statuspanel::kChange, texts.change);
+    window.staBar->SetText(statuspanel::kValue, texts.value);
     window.markers.SetStartPrice(texts.startPriceTag);
 }
 

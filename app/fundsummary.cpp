@@ -13,9 +13,6 @@
 
 namespace {
 
-constexpr int kLatestPrice = 4;
-constexpr int kChange = 5;
-constexpr int kValue = 6;
 constexpr int kSharesNow = 7;
 constexpr int kShares = 2;
 
@@ -25,17 +22,18 @@ void FundSummary::RefreshFundSummary(float startPrice, float newPrice) {
     DataSource& row = *window.dtaBasData;
     StatusPanels& status = *window.staBar;
     window.ChangePercent = ChangeSinceStart(startPrice, newPrice);
-    status.SetText(kChange, ChangeText(window.ChangePercent));
+    status.SetText(statuspanel::kChange, ChangeText(window.ChangePercent));
 
     const std::string sharesNow = Caption(window.lblFraData[kSharesNow]);
     const std::string shares = Caption(window.lblFraData[kShares]);
-    status.SetText(kValue, CurrentValueText(row.Field(schema::holding::kFondNr).Text(),
-                                            SharesCaption(sharesNow, shares), newPrice));
+    status.SetText(statuspanel::kValue,
+                   CurrentValueText(row.Field(schema::holding::kFondNr).Text(),
+                                    SharesCaption(sharesNow, shares), newPrice));
     EditRow(row, [&](DataSource& edited) {
         edited.Set(schema::holding::kSenasteDag, window.TodayDay);
-        edited.Set(schema::holding::kSenasteKurs, status.Text(kLatestPrice));
-        edited.Set(schema::holding::kProcent, status.Text(kChange));
-        edited.Set(schema::holding::kKursVarde, status.Text(kValue));
+        edited.Set(schema::holding::kSenasteKurs, status.Text(statuspanel::kLatestPrice));
+        edited.Set(schema::holding::kProcent, status.Text(statuspanel::kChange));
+        edited.Set(schema::holding::kKursVarde, status.Text(statuspanel::kValue));
     });
     SetCaption(&window, UpdatedCaption(row.Field(schema::holding::kFond).Text(), window.TodayDay));
 }

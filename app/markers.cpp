@@ -21,7 +21,6 @@ constexpr std::string_view kCollecting = "1";
 constexpr std::string_view kColour = "2";
 constexpr std::string_view kOff = "0";
 constexpr std::string_view kHeld = "1";
-constexpr int kStartPricePanel = 3;
 
 }  // namespace
 
@@ -84,10 +83,10 @@ float Markers::StartPrice() const {
     return ParseSingle(StartPriceText());
 }
 std::string Markers::StartPriceText() const {
-    return controls_.staBar->Tag(kStartPricePanel);
+    return controls_.staBar->Tag(statuspanel::kStartPrice);
 }
 void Markers::SetStartPrice(std::string_view text) {
-    controls_.staBar->SetTag(kStartPricePanel, text);
+    controls_.staBar->SetTag(statuspanel::kStartPrice, text);
 }
 
 bool Markers::GridRedraws() const {

@@ -48,8 +48,6 @@
 namespace {
 
 constexpr std::chrono::milliseconds kStartUpPause{3000};
-constexpr std::int32_t kWeek = 7;
-constexpr std::int32_t kMonth = 30;
 constexpr std::int32_t kMonths = 12;
 
 std::string Setting(const frmPPM& window, std::string_view key) {
@@ -120,11 +118,11 @@ void StartUp::ReadSettings() {
         skip([&] { SaveSetting(window, settings::kStartPath, sample); });
         skip([&] { SaveSetting(window, settings::kStartX, "1"); });
     }
-    window.DayStep = 1;
+    window.DayStep = daystep::kDay;
     skip([&] { window.DayStep = ParseInteger(Setting(window, settings::kStartX)); });
     // A step back would never reach the end of a curve.
-    if (window.DayStep < 1) window.DayStep = 1;
-    if (window.DayStep == kWeek || window.DayStep == kMonth) {
+    if (window.DayStep < daystep::kDay) window.DayStep = daystep::kDay;
+    if (window.DayStep == daystep::kWeek || window.DayStep == daystep::kMonth) {
         SetCaption(window.mnuVeckor, texts::ShowDays);
         SetCaption(window.mnuMonth, texts::ShowDays);
     }

@@ -1,7 +1,6 @@
 #include "base/keyfilter.h"
 
 std::optional<char32_t> KeyFilter::operator()(char32_t typed) const {
-    if (allowed.empty()) return typed;
     if (typed == U'.' && pointBecomesComma) return U',';
     if (allowed.find(typed) == std::u32string_view::npos) return std::nullopt;
     return typed;

@@ -12,14 +12,6 @@
 #include <QAction>
 #include <QLabel>
 
-namespace {
-
-constexpr std::int32_t kDay = 1;
-constexpr std::int32_t kWeek = 7;
-constexpr std::int32_t kMonth = 30;
-
-}  // namespace
-
 Axes::Axes(frmPPM& ppm) : Controller(ppm) {
     On(window.Image4, &ImageButton::MouseUp, this, &Axes::Image4_MouseUp);
     On(window.Image5, &ImageButton::MouseUp, this, &Axes::Image5_MouseUp);
@@ -75,15 +67,15 @@ void Axes::Image5_MouseUp(Qt::MouseButton button) {
 }
 
 void Axes::mnuVeckor_Click() {
-    ToggleStep(kWeek);
+    ToggleStep(daystep::kWeek);
 }
 void Axes::mnuMonth_Click() {
-    ToggleStep(kMonth);
+    ToggleStep(daystep::kMonth);
 }
 
 void Axes::ToggleStep(std::int32_t days) {
-    const bool showsDays = window.DayStep != kWeek && window.DayStep != kMonth;
-    window.DayStep = showsDays ? days : kDay;
+    const bool showsDays = window.DayStep != daystep::kWeek && window.DayStep != daystep::kMonth;
+    window.DayStep = showsDays ? days : daystep::kDay;
     SetCaption(window.mnuVeckor, showsDays ? texts::ShowDays : texts::ShowWeeks);
     SetCaption(window.mnuMonth, showsDays ? texts::ShowDays : texts::ShowMonths);
     Redraw();

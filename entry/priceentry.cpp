@@ -34,8 +34,8 @@
 
 namespace {
 
-constexpr int kLatestPrice = 4;
-constexpr std::array kSummaryPanels = {4, 5, 6};
+constexpr std::array kSummaryPanels = {statuspanel::kLatestPrice, statuspanel::kChange,
+                                       statuspanel::kValue};
 constexpr int kDecimals = 2;
 
 }  // namespace
@@ -163,7 +163,7 @@ void PriceEntry::Store(const Entry& entry) {
         // Summary, point and scale are stored together or not at all.
         jet::Transaction transaction(window.FundDb);
         MoveToOpenHolding();
-        window.staBar->SetText(kLatestPrice, LatestPriceText(entry.text));
+        window.staBar->SetText(statuspanel::kLatestPrice, LatestPriceText(entry.text));
         window.RefreshFundSummary(window.markers.StartPrice(), entry.price);
         StoreDayPoint(entry.percent);
         if (widened) StoreScale(*widened);

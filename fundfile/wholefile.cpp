@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "base/number.h"
+#include "base/systemerror.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -13,26 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-ErrorNumber NumberOf(int code) {
-    switch (code) {
-        case ENOENT:
-        case ENOTDIR:
-            return ErrorNumber::PathNotFound;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case EISDIR:
-            return ErrorNumber::PermissionDenied;
-        case ENOSPC:
-        case EDQUOT:
-            return ErrorNumber::DiskFull;
-        default:
-            return ErrorNumber::DeviceIo;
-    }
-}
-
 [[noreturn]] void Fail(const std::error_code& code, const fs::path& path) {
-    throw Error{NumberOf(code.value()), path.string() + ": " + code.message()};
+    throw Error{NumberOfSystemError(code.value()), path.string() + ": " + code.message()};
 }
 
 void Sync(const fs::path& path) {

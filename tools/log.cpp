@@ -4,13 +4,13 @@
 #include "base/codepage.h"
 #include "base/daynumber.h"
 #include "base/error.h"
+#include "base/systemerror.h"
 #include "platform/clock.h"
 #include "platform/platform.h"
 #include "tools/texts.h"
 
 #include <cerrno>
 #include <cstdint>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -18,24 +18,6 @@
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-
-ErrorNumber NumberOfSystemError(int code) {
-    switch (code) {
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case EISDIR:
-            return ErrorNumber::PermissionDenied;
-        case ENOENT:
-        case ENOTDIR:
-            return ErrorNumber::PathNotFound;
-        case ENOSPC:
-        case EDQUOT:
-            return ErrorNumber::DiskFull;
-        default:
-            return ErrorNumber::DeviceIo;
-    }
-}
 
 }  // namespace
 
