@@ -15,10 +15,10 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <functional>
+#include <iostream>
 #include <memory>
 #include <optional>
 #include <string>
@@ -533,7 +533,7 @@ int main(int count, char** arguments) {
             }
         }
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s: %s\n", at, error.what());
+        std::cerr << at << ": " << error.what() << "\n";
         return 1;
     }
     return 0;
