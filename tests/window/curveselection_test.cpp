@@ -92,6 +92,7 @@ TEST_F(CurveSelectionTest, ACancelledColourChangesNothing) {
 }
 
 TEST_F(CurveSelectionTest, F12StartsTheChoiceOfCurves) {
+    SetCaption(Window().lblGrafNr, " 2.");
     Press(Qt::Key_F12);
     EXPECT_TRUE(ListShown());
     EXPECT_EQ(ListCaption(), "Välj Fonder att rita");

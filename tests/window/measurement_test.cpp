@@ -63,6 +63,14 @@ TEST_F(MeasurementTest, APressDrawsNoCrossHairYetAndMakesTheLabelsOpaque) {
     EXPECT_TRUE(Window().lblYCord->autoFillBackground());
 }
 
+TEST_F(MeasurementTest, PressingTheOtherButtonTooBeginsWithoutACrossHair) {
+    PressAt(At(100, 5));
+    MoveTo(At(120, 5));
+    ASSERT_TRUE(Picture().CrossHair().has_value());
+    PressAt(At(120, 5), Qt::RightButton);
+    EXPECT_FALSE(Picture().CrossHair().has_value());
+}
+
 TEST_F(MeasurementTest, TheCrossHairFollowsThePointer) {
     PressAt(At(100, 5));
     MoveTo(At(120, 5));

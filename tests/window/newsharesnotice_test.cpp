@@ -155,6 +155,7 @@ TEST_F(NewSharesTest, OkWritesTheNoticeOverTheHoldingAndKeepsTheOldValuesOnce) {
     EXPECT_TRUE(RowClosed());
     EXPECT_TRUE(Window().DBGrid->hasFocus());
     EXPECT_EQ(Window().DBGrid->CellText(1, Kurs), "123,4567");
+    for (int i = 0; i <= 6; ++i) EXPECT_EQ(Caption(&Box(i)), "") << i;
 
     OpenRow();
     Fill(Kurs, "200");
@@ -252,6 +253,17 @@ TEST_F(NewSharesTest, AValueLongerThanItsBoxShowsItsBeginning) {
     OpenRow();
     EXPECT_EQ(Caption(&Box(Varde)), "38584,0001488472");
     EXPECT_EQ(Box(Varde).cursorPosition(), 0);
+}
+
+TEST_F(NewSharesTest, EscGivesUpWhatIsTypedOnTheFirstRowToo) {
+    StartWith("x");
+    QTableView& view = Window().DBGrid->View();
+    view.setCurrentIndex(view.model()->index(0, 0));
+    OpenRow();
+    Fill(Kurs, "5");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Caption(&Box(Kurs)), "100");
+    EXPECT_EQ(Holding(0, kKursKr), "100");
 }
 
 TEST_F(NewSharesTest, LeavingABoxStoresNothingYet) {

@@ -1,5 +1,7 @@
 #include "app/imagebutton.h"
 #include "fundfile/datasource.h"
+#include "jet/database.h"
+#include "jet/recordset.h"
 #include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
 
@@ -62,6 +64,20 @@ TEST_F(PlotEditorTest, AnEmptyTableHasNoRows) {
     Open();
     EXPECT_EQ(Caption(Window().lblRecCount), "Listan innehåller 0 poster");
     EXPECT_EQ(Grid().View().model()->rowCount(), 1);
+}
+
+TEST_F(PlotEditorTest, ShowsThePointsThatCameSinceTheFileWasOpened) {
+    StartWith({With({{38718, 0}})});
+    const auto points = Window().FundDb->OpenRecordSet("PLOTTDATA");
+    points->AddNew();
+    points->Set(FondNr, "249 995");
+    points->Set(XCord, 38719);
+    points->Set(YCord, 3);
+    points->Set(KontoId, 1);
+    points->Update();
+    Open();
+    EXPECT_EQ(Caption(Window().lblRecCount), "Listan innehåller 2 poster");
+    EXPECT_EQ(Grid().CellText(1, XCord), "38719");
 }
 
 TEST_F(PlotEditorTest, BeginsInTheDayColumn) {

@@ -333,6 +333,25 @@ TEST_F(PriceEntryTest, OpeningTheListClearsTheFundPanelAndThePrice) {
     EXPECT_FALSE(Window().imgGrafNr->isVisible());
 }
 
+TEST_F(PriceEntryTest, ClosingTheListShowsTheModeButtons) {
+    ASSERT_TRUE(Window().panListFonder->isVisible());
+    ASSERT_FALSE(Window().imgColor->isVisible());
+    ASSERT_FALSE(Window().imgGrafNr->isVisible());
+    Click(Window().cmdFondList);
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+    EXPECT_TRUE(Window().imgColor->isVisible());
+    EXPECT_TRUE(Window().imgGrafNr->isVisible());
+}
+
+TEST_F(PriceEntryTest, OpeningTheListAfterAChoiceOfCurvesMakesItGreenAgain) {
+    Press(Qt::Key_F11);
+    Press(Qt::Key_F12);
+    ASSERT_NE(Window().lstFonder->palette().color(QPalette::Text), QColor(128, 255, 128));
+    Press(Qt::Key_F12);
+    Press(Qt::Key_F11);
+    EXPECT_EQ(Window().lstFonder->palette().color(QPalette::Text), QColor(128, 255, 128));
+}
+
 TEST_F(PriceEntryTest, FieldShowsItsFocusByColourAndShowsTheModeButtons) {
     const auto back = [&] { return Window().txtValue->palette().color(QPalette::Base); };
     EXPECT_EQ(back(), QColor(239, 239, 222));

@@ -1,5 +1,6 @@
 // The totals of an account, in the panel and as the report's line.
 
+#include "fundfile/datasource.h"
 #include "tests/window/windowtest.h"
 
 #include <QAction>
@@ -136,6 +137,34 @@ TEST_F(TotalsTest, ClickOnTheResultClearsIt) {
     Click(Window().lblTotal);
     EXPECT_EQ(Caption(Window().lblTotal), "");
     EXPECT_EQ(Choose(0), Panel("A", "100,00", "100,00")) << "choosing it again shows it again";
+}
+
+TEST_F(TotalsTest, OpenedAgainTheListIsFilledAnew) {
+    StartWith({Row("A", "7 %", "100", 100), Row("B", "7 %", "100", 100)});
+    Window().mnuTotal->trigger();
+    EXPECT_EQ(Accounts(), (std::vector<std::string>{"A", "B"}));
+}
+
+TEST_F(TotalsTest, FillingTheListLeavesTheFirstHoldingCurrent) {
+    StartWith({Row("A", "7 %", "100", 100), Row("B", "7 %", "100", 100)});
+    Window().dtaBasData->MoveLast();
+    Window().mnuTotal->trigger();
+    EXPECT_EQ(Window().dtaBasData->Position(), 0);
+}
+
+TEST_F(TotalsTest, AfterwardsTheQuerySourceIsEmpty) {
+    StartWith({Row("A", "7 %", "100", 100)});
+    Choose(0);
+    EXPECT_FALSE(Window().dtaSQL->IsAttached());
+    Window().BuildAccountTotals("A");
+    EXPECT_FALSE(Window().dtaSQL->IsAttached());
+}
+
+TEST_F(TotalsTest, ChoosingAnAccountShowsTheResult) {
+    StartWith({Row("A", "7 %", "100", 100)});
+    Window().lblTotal->hide();
+    Choose(0);
+    EXPECT_TRUE(Window().lblTotal->isVisible());
 }
 
 TEST_F(TotalsTest, EmptyFileHasNoAccounts) {

@@ -205,6 +205,18 @@ TEST(ReportPage, EndsWithTheTotalsOfEveryAccount) {
     EXPECT_GT(Find(pages, "Senaste Totalvärde")->yCm, Find(pages, "Startvärde")->yCm);
 }
 
+TEST(ReportPage, LeavesALineEmptyAfterEachAccount) {
+    Report report = ReportOf(1);
+    report.totals = {"Konto A/Startvärde/1 kr/Senaste Totalvärde/2 kr/3 %",
+                     "Konto B/Startvärde/1 kr/Senaste Totalvärde/2 kr/3 %"};
+    const auto pages = Pages(report);
+    const PageText* first = Find(pages, "Konto A");
+    const PageText* second = Find(pages, "Konto B");
+    ASSERT_NE(first, nullptr);
+    ASSERT_NE(second, nullptr);
+    EXPECT_NEAR(second->yCm - first->yCm, 3 * kMeasure.LineCm(first->font), 1e-9);
+}
+
 TEST(ReportPage, KeepsASlashInAnAccountsName) {
     Report report = ReportOf(1);
     report.totals = {"Barn/Spar/Startvärde/1 kr/Senaste Totalvärde/2 kr/100 %"};
