@@ -7,6 +7,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -79,7 +80,14 @@ inline std::uint32_t U32(ByteView bytes, std::size_t offset, std::uint32_t page 
     return static_cast<std::uint32_t>(LittleEndian(bytes, offset, 4, page));
 }
 inline std::uint64_t U64(ByteView bytes, std::size_t offset, std::uint32_t page = kNoPage) {
-    return LittleEndian(bytes, offset, 8, page);
+    CheckRange(bytes.size(), offset, sizeof(std::uint64_t), page);
+    if constexpr (std::endian::native == std::endian::little) {
+        std::uint64_t number = 0;
+        std::memcpy(&number, &bytes[offset], sizeof number);
+        return number;
+    } else {
+        return LittleEndian(bytes, offset, sizeof(std::uint64_t), page);
+    }
 }
 inline std::int16_t I16(ByteView bytes, std::size_t offset, std::uint32_t page = kNoPage) {
     return static_cast<std::int16_t>(U16(bytes, offset, page));
@@ -133,7 +141,12 @@ inline void PutU32(ByteSpan bytes, std::size_t offset, std::uint32_t number) {
     PutLittleEndian(bytes, offset, number, 4);
 }
 inline void PutU64(ByteSpan bytes, std::size_t offset, std::uint64_t number) {
-    PutLittleEndian(bytes, offset, number, 8);
+    CheckRange(bytes.size(), offset, sizeof number);
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(&bytes[offset], &number, sizeof number);
+    } else {
+        PutLittleEndian(bytes, offset, number, sizeof number);
+    }
 }
 inline void PutF32(ByteSpan bytes, std::size_t offset, float number) {
     PutU32(bytes, offset, std::bit_cast<std::uint32_t>(number));

@@ -188,8 +188,11 @@ void IndexPageView::Insert(PageFile& file, Place place, ByteView entry) const {
         std::uint64_t moved = behind[from] << shift;
         if (shift != 0) moved |= behind[from - 1] >> (kWordBits - shift);
         const std::size_t at = layout_->indexMask + sizeof(std::uint64_t) * word;
-        PutLittleEndian(bytes, at, before[word] | moved,
-                        std::min(sizeof(std::uint64_t), layout_->indexEntries - at));
+        if (at + sizeof(std::uint64_t) <= layout_->indexEntries) {
+            PutU64(bytes, at, before[word] | moved);
+        } else {
+            PutLittleEndian(bytes, at, before[word] | moved, layout_->indexEntries - at);
+        }
     }
     PutU16(bytes, kFreeOffset, static_cast<std::uint16_t>(layout_->IndexRoom() - end_ - count));
 }
