@@ -28,6 +28,7 @@
 #include <QEvent>
 #include <QEventLoop>
 #include <QGroupBox>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -171,7 +172,15 @@ void FundList::ClearFundPanel() {
 }
 
 bool FundList::lstFonder_KeyDown(const QKeyEvent& event) {
+    const bool onlyMoves = event.modifiers().testFlag(Qt::ControlModifier);
     switch (event.key()) {
+        case Qt::Key_Up:
+            return onlyMoves && MoveMark(-1);
+        case Qt::Key_Down:
+            return onlyMoves && MoveMark(1);
+        case Qt::Key_Space:
+            ChooseMarked();
+            return true;
         case Qt::Key_Left:
         case Qt::Key_Right:
             return true;  // they scroll the diagram
@@ -182,6 +191,21 @@ bool FundList::lstFonder_KeyDown(const QKeyEvent& event) {
         default:
             return false;
     }
+}
+
+/// To another line without choosing it: while curves are chosen every chosen line counts.
+bool FundList::MoveMark(int lines) {
+    QListWidget& list = *window.lstFonder;
+    const int row = list.currentRow() + lines;
+    if (row >= 0 && row < list.count()) list.setCurrentRow(row, QItemSelectionModel::NoUpdate);
+    return true;
+}
+
+void FundList::ChooseMarked() {
+    const QSignalBlocker quiet(window.lstFonder);
+    window.lstFonder->setCurrentRow(window.lstFonder->currentRow(),
+                                    QItemSelectionModel::ClearAndSelect);
+    OpenSelectedFund();
 }
 
 void FundList::lstFonder_Enter() {

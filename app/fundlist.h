@@ -33,6 +33,8 @@ class FundList : Controller {
 
   private:
     bool lstFonder_KeyDown(const QKeyEvent& event);
+    bool MoveMark(int lines);
+    void ChooseMarked();
     void lstFonder_Enter();
     void ChooseColour();
     void mnuAll_Click();

@@ -15,7 +15,10 @@
 #include <QIcon>
 #include <QLabel>
 #include <QListWidget>
+#include <QPainter>
+#include <QPalette>
 #include <QPushButton>
+#include <QStyle>
 #include <QStyleOptionViewItem>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
@@ -39,10 +42,21 @@ ImageButton* Image(frmPPM& window, const char* name, const QString& icon, const 
 }
 
 /// The blank in front of a one-digit number is drawn as wide as a digit, so that the numbers line
-/// up.
+/// up. The line that the keys stand on without choosing it has a frame.
 class FundLines final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        const bool marked = option.state.testFlag(QStyle::State_HasFocus);
+        if (!marked || option.state.testFlag(QStyle::State_Selected)) return;
+        painter->save();
+        painter->setPen(option.palette.color(QPalette::Text));
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+        painter->restore();
+    }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {

@@ -24,7 +24,6 @@
 #include "fundfile/texts.h"
 #include "jet/transaction.h"
 #include "platform/caption.h"
-#include "platform/datagrid.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/screen.h"
@@ -225,10 +224,8 @@ void StartUp::ResetPanels() {
 /// Esc.
 bool StartUp::StoreWhatIsTyped() {
     if (QWidget* focused = window.focusWidget()) focused->clearFocus();
-    bool stored = true;
-    for (DataGrid* grid : {window.DBGrid, window.GridPlott}) {
-        Run([&] { stored = grid->StoreRow() && stored; });
-    }
+    bool stored = false;
+    Run([&] { stored = window.StoreTypedRows(); });
     return stored;
 }
 

@@ -4,7 +4,12 @@
 #include "base/daynumber.h"
 #include "tests/window/windowtest.h"
 
+#include <QColor>
 #include <QGroupBox>
+#include <QImage>
+#include <QLabel>
+#include <QPalette>
+#include <QRect>
 
 namespace {
 
@@ -39,6 +44,46 @@ TEST_F(KeyboardTest, ArrowsInTheListNeverMoveTheSelection) {
     ChooseFund(1);
     PressIn(Window().lstFonder, Qt::Key_Left);
     EXPECT_EQ(Window().lstFonder->currentRow(), 1);
+}
+
+TEST_F(KeyboardTest, CurvesThatDoNotStandTogetherAreChosenWithoutTheMouse) {
+    MakeFile(ManyHoldings(6));
+    Start();
+    Press(Qt::Key_F11);  // closes the list and shows the buttons
+    Press(Qt::Key_F12);
+    ASSERT_EQ(Window().focusWidget(), Window().lstFonder);
+    Press(Qt::Key_Space);
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(Window().lstFonder, Qt::Key_Down, Qt::ControlModifier);
+    }
+    EXPECT_EQ(Caption(Window().lblGrafNr), " 1.") << "moving chooses nothing";
+    Press(Qt::Key_Space);
+    EXPECT_EQ(Caption(Window().lblGrafNr), " 1. 4.");
+    QTest::keyClick(Window().lstFonder, Qt::Key_Up, Qt::ControlModifier);
+    Press(Qt::Key_F12);
+    EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{1, 4}));
+}
+
+TEST_F(KeyboardTest, SpaceOpensTheLineThatTheMarkStandsOn) {
+    Window().lstFonder->setFocus();
+    QTest::keyClick(Window().lstFonder, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(FraData(0), "");
+    Press(Qt::Key_Space);
+    EXPECT_EQ(FraData(0), "468 024");
+    EXPECT_TRUE(Window().lstFonder->currentItem()->isSelected());
+}
+
+TEST_F(KeyboardTest, TheLineThatTheMarkStandsOnHasAFrame) {
+    QListWidget& list = *Window().lstFonder;
+    list.setFocus();
+    const auto corner = [&](int row) {
+        const QRect line = list.visualItemRect(list.item(row));
+        return list.viewport()->grab().toImage().pixelColor(line.topLeft());
+    };
+    const QColor before = corner(1);
+    QTest::keyClick(&list, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(corner(1), list.palette().color(QPalette::Text));
+    EXPECT_NE(corner(1), before);
 }
 
 TEST_F(KeyboardTest, KeysAreLeftAloneWhileAGridShows) {
