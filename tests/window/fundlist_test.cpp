@@ -240,8 +240,23 @@ TEST_F(FundListTest, ClearingEmptiesPanelStatusAndMarks) {
     ChooseFund(1);
     SetCaption(Window().lblXCord, "24  februari 2026");
     SetCaption(Window().lblYCord, "4 %");
+    SetCaption(Window().lblTotal, "summor");
+    SetCaption(Window().lblGrafNr, " 1.");
+    for (QWidget* shown :
+         {static_cast<QWidget*>(Window().panTotal), static_cast<QWidget*>(Window().txtGrid),
+          static_cast<QWidget*>(Window().lblGrafNr),
+          static_cast<QWidget*>(Window().lblPlottInfo)}) {
+        shown->show();
+    }
     Window().markers.StartCollectingCurves();
     Window().ClearFundPanel();
+    EXPECT_TRUE(Window().panTotal->isHidden());
+    EXPECT_TRUE(Window().txtGrid->isHidden());
+    EXPECT_TRUE(Window().lblGrafNr->isHidden());
+    EXPECT_TRUE(Window().lblPlottInfo->isHidden());
+    EXPECT_EQ(Caption(Window().lblTotal), "");
+    EXPECT_EQ(Caption(Window().lblGrafNr), "");
+    EXPECT_EQ(Caption(Window().fraStartData), "StartData ");
     EXPECT_EQ(Status(2), "Fond");
     EXPECT_EQ(Status(3), "Startkurs : ");
     EXPECT_EQ(Status(4), "Senaste : ");
@@ -307,6 +322,8 @@ TEST_F(FundListTest, HoldingsButtonShowsTheGridAndBack) {
     EXPECT_EQ(Caption(Window().txtValue), "");
     EXPECT_FALSE(Window().panListFonder->isVisible());
     EXPECT_TRUE(Window().cmdNyAndel->isEnabled());
+    Window().mnuPrint->setEnabled(false);
+    Window().cmdNyAndel->hide();
     Click(Window().cmdPPMData);
     EXPECT_FALSE(Window().panBasData->isVisible());
     EXPECT_EQ(Caption(Window().cmdPPMData), "&PPM Data");

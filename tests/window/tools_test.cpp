@@ -1,9 +1,11 @@
 // The log, the outside programs, the percent calculator and the date translator.
 
 #include "base/codepage.h"
+#include "platform/programs.h"
 #include "tests/window/windowtest.h"
 
 #include <QAction>
+#include <QByteArray>
 #include <QColor>
 #include <QGroupBox>
 #include <QLabel>
@@ -101,6 +103,23 @@ TEST_F(ToolsTest, ProgramsThatCannotBeStartedGiveOnlyTheirMessage) {
     outside.dialogs.Expect("Kunde inte hitta fil WinHelp32.exe");
     Window().mnuHelp->trigger();
     EXPECT_FALSE(fs::exists(LogPath()));
+}
+
+TEST_F(ToolsTest, WithNoEditorAndNoViewerReachableTheMenuEntriesShowOnlyTheirMessage) {
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", ToQt(Folder().string()).toUtf8());
+    DesktopPrograms programs;
+    Platform world{outside.dialogs, outside.clock,  outside.settings,   outside.printing,
+                   programs,        outside.screen, outside.keyStrokes, Folder().string()};
+    frmPPM window(world);
+    for (QAction* entry : {window.mnuFLogg, window.mnuNotePad}) {
+        outside.dialogs.Expect("Kunde inte hitta fil NotePad.exe");
+        entry->trigger();
+    }
+    outside.dialogs.Expect("Kunde inte hitta fil WinHelp32.exe");
+    window.mnuHelp->trigger();
+    EXPECT_FALSE(fs::exists(LogPath()));
+    qputenv("PATH", path);
 }
 
 TEST_F(ToolsTest, ARiseAndAFallAreShownWithTwoBlanksBeforeTheSign) {
