@@ -118,6 +118,9 @@ void frmPPM::ReadCurveList() {
 void frmPPM::SelectCurves(std::vector<std::int32_t> kontoIds) {
     controllers_->fundList.SelectCurves(std::move(kontoIds));
 }
+void frmPPM::DrawOnAllScale() {
+    controllers_->fundList.DrawOnAllScale();
+}
 bool frmPPM::StoreTypedRows() {
     return controllers_->fundList.StoreTypedRows();
 }
@@ -132,6 +135,9 @@ void frmPPM::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
 }
 void frmPPM::AdvanceOneMonth() {
     controllers_->axes.AdvanceOneMonth();
+}
+void frmPPM::ShowMonthsFrom(std::int32_t startDay) {
+    controllers_->axes.ShowMonthsFrom(startDay);
 }
 void frmPPM::PlotCurves() {
     controllers_->curves.PlotCurves();

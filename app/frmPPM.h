@@ -38,11 +38,13 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     void ClearFundPanel();                                         // FundList
     void ReadCurveList();                                          // FundList: the stored list
     void SelectCurves(std::vector<std::int32_t> kontoIds);         // FundList
+    void DrawOnAllScale();                                         // FundList: those curves
     bool StoreTypedRows();                                         // FundList
     bool LeaveHoldingsGrid();                                      // FundList
     void RefreshFundSummary(float startPrice, float newPrice);     // FundSummary
     void SetVerticalScale(std::int32_t bottom, std::int32_t top);  // Axes
     void AdvanceOneMonth();                                        // Axes
+    void ShowMonthsFrom(std::int32_t startDay);                    // Axes
     void PlotCurves();                                             // Curves
     void PrintCurves(PrinterPage& page);                           // Curves
     void ComputeFundScale(std::int32_t kontoId, bool replace);     // Curves

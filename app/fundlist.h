@@ -22,6 +22,8 @@ class FundList : Controller {
     void ReadCurveList();
     /// These curves, and the automatic scale that takes them all in.
     void SelectCurves(std::vector<std::int32_t> kontoIds);
+    /// Draws them on it.
+    void DrawOnAllScale();
     /// Rows that are still being typed in a grid are stored. False when one cannot be: the user has
     /// been told why and corrects it first.
     bool StoreTypedRows();
@@ -44,5 +46,4 @@ class FundList : Controller {
     void ShowStatus(const StatusTexts& texts);
     void ShowHoldings();
     void ShowDiagram();
-    void DrawOnAllScale();
 };

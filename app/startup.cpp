@@ -47,7 +47,6 @@
 namespace {
 
 constexpr std::chrono::milliseconds kStartUpPause{3000};
-constexpr std::int32_t kMonths = 12;
 
 std::string Setting(const frmPPM& window, std::string_view key) {
     return window.platform.settings.Get(settings::kApplication, settings::kStartUp, key);
@@ -154,9 +153,7 @@ void StartUp::Activate() {
     if (hasRows) skip([&] { InitialiseScales(); });
     window.FillFundList();
     window.ReadCurveList();
-    window.ScaleTop = window.AllScaleTop;
-    window.ScaleBottom = window.AllScaleBottom;
-    window.SetVerticalScale(window.ScaleBottom, window.ScaleTop);
+    window.DrawOnAllScale();
     if (window.lstFonder->count() == 1) {
         window.OpenSelectedFund();
         SetCaption(&window, texts::WindowCaption);
@@ -179,14 +176,7 @@ void StartUp::InitialiseScales() {
 }
 
 void StartUp::ShowTwelveMonths() {
-    for (int i = 1; i <= kMonths; ++i) {
-        const auto entry = static_cast<std::size_t>(window.CurrentMonth + i - 1);
-        SetCaption(window.lblMonth[i], window.MonthNames.at(entry));
-    }
-    window.WindowStartDay = FirstWindowStart(window.TodayDay);
-    const WindowLabels labels = LabelsOf(window.WindowStartDay, window.MonthNames);
-    SetCaption(window.lbLeftYear, labels.leftYear);
-    SetCaption(window.lblRightYear, labels.rightYear);
+    window.ShowMonthsFrom(FirstWindowStart(window.TodayDay));
     if (ShowsNextMonth(window.TodayDay)) window.AdvanceOneMonth();
 }
 

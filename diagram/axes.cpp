@@ -12,6 +12,8 @@
 #include <QAction>
 #include <QLabel>
 
+#include <string>
+
 Axes::Axes(frmPPM& ppm) : Controller(ppm) {
     On(window.Image4, &ImageButton::MouseUp, this, &Axes::Image4_MouseUp);
     On(window.Image5, &ImageButton::MouseUp, this, &Axes::Image5_MouseUp);
@@ -41,12 +43,14 @@ void Axes::AdvanceOneMonth() {
 }
 
 void Axes::MoveWindow(WindowMove move) {
-    const std::int32_t start = MovedStart(window.WindowStartDay, move);
-    const WindowLabels labels = LabelsOf(start, window.MonthNames);
-    window.WindowStartDay = start;
-    for (int month = 1; month <= 12; ++month) {
-        SetCaption(window.lblMonth[month], labels.months[static_cast<std::size_t>(month - 1)]);
-    }
+    ShowMonthsFrom(MovedStart(window.WindowStartDay, move));
+}
+
+void Axes::ShowMonthsFrom(std::int32_t startDay) {
+    const WindowLabels labels = LabelsOf(startDay, window.MonthNames);
+    window.WindowStartDay = startDay;
+    int month = 0;
+    for (const std::string& label : labels.months) SetCaption(window.lblMonth[++month], label);
     SetCaption(window.lbLeftYear, labels.leftYear);
     SetCaption(window.lblRightYear, labels.rightYear);
 }

@@ -19,6 +19,8 @@ class Axes : Controller {
     void SetVerticalScale(std::int32_t bottom, std::int32_t top);
     /// Moves and labels the months; draws nothing.
     void AdvanceOneMonth();
+    /// The twelve months from this first of a month on, labelled; draws nothing.
+    void ShowMonthsFrom(std::int32_t startDay);
 
     void Image4_MouseUp(Qt::MouseButton button);
     void Image5_MouseUp(Qt::MouseButton button);

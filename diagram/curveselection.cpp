@@ -127,9 +127,7 @@ void CurveSelection::EndSelection() {
 void CurveSelection::ShowSelection(const std::vector<std::int32_t>& curves) {
     window.ClearFundPanel();
     window.SelectCurves(curves);
-    window.ScaleTop = window.AllScaleTop;
-    window.ScaleBottom = window.AllScaleBottom;
-    window.SetVerticalScale(window.ScaleBottom, window.ScaleTop);
+    window.DrawOnAllScale();
 }
 
 void CurveSelection::StoreSelection(const std::vector<std::int32_t>& curves) {
