@@ -401,11 +401,7 @@ void BTree::Split(Path& path, std::size_t level) {
 std::size_t BTree::SplitPoint(const Step& step) const {
     const Layout& layout = file_->Format();
     const std::size_t count = step.content.Count();
-    const auto bothFit = [&](std::size_t n) {
-        IndexPage right = step.content;
-        const IndexPage left = right.SplitOff(n);
-        return left.Fits(layout) && right.Fits(layout);
-    };
+    const auto bothFit = [&](std::size_t n) { return step.content.FitsInTwo(layout, n); };
     const bool ascending = step.content.next == 0 && step.position + 1 >= count;
     if (ascending && bothFit(count - 1)) return count - 1;
     for (std::size_t away = 0; away < count; ++away) {

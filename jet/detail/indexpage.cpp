@@ -266,10 +266,11 @@ IndexPage IndexPage::SplitOff(std::size_t count) {
 }
 
 /// The prefix to store: none while the whole entries fit, else all that first and last share.
-std::size_t IndexPage::SharedPrefix(const Layout& layout) const {
+std::size_t IndexPage::SharedPrefix(const Layout& layout, Range range) const {
     // Nodes are stored whole, as engines do; one that came packed may stay so.
-    if (Count() < 2 || WholeSize() <= layout.IndexRoom() || (!leaf_ && !packed_)) return 0;
-    const ByteView first = Suffix(0), last = Suffix(Count() - 1);
+    const bool whole = range.Count() < 2 || WholeSize(range) <= layout.IndexRoom();
+    if (whole || (!leaf_ && !packed_)) return 0;
+    const ByteView first = Suffix(range.begin), last = Suffix(range.end - 1);
     const std::size_t shared = prefix_.size() + CommonLength(first, last);
     const std::size_t largest = layout.indexPrefixSize == 1 ? 0xFF : 0xFFFF;
     // The child pages of a node are no part of the order, so what first and last share says nothing
@@ -277,7 +278,7 @@ std::size_t IndexPage::SharedPrefix(const Layout& layout) const {
     const std::size_t keys = prefix_.size() + std::min(first.size(), last.size()) - 1;
     const std::size_t limit = leaf_ ? keys : prefix_.size();
     const std::size_t prefix = std::min({shared, largest, limit});
-    for (std::size_t i = 0; i < Count() && prefix > prefix_.size(); ++i) {
+    for (std::size_t i = range.begin; i < range.end && prefix > prefix_.size(); ++i) {
         // What first and last share, all share that stand between them; unless the page is damaged.
         const std::size_t beyond = prefix - std::min(prefix, prefix_.size());
         if (Suffix(i).size() <= beyond || !SharesStart(Suffix(i), first, beyond)) return 0;
@@ -285,14 +286,19 @@ std::size_t IndexPage::SharedPrefix(const Layout& layout) const {
     return prefix;
 }
 
-bool IndexPage::Fits(const Layout& layout) const {
-    const std::size_t prefix = SharedPrefix(layout);
-    return WholeSize() - (Count() < 2 ? 0 : prefix * (Count() - 1)) <= layout.IndexRoom();
+bool IndexPage::Fits(const Layout& layout, Range range) const {
+    const std::size_t saved =
+        SharedPrefix(layout, range) * (range.Count() < 2 ? 0 : range.Count() - 1);
+    return WholeSize(range) - saved <= layout.IndexRoom();
+}
+
+bool IndexPage::FitsInTwo(const Layout& layout, std::size_t count) const {
+    return Fits(layout, {0, count}) && Fits(layout, {count, Count()});
 }
 
 void IndexPage::Write(PageFile& file, std::uint32_t number) const {
     const Layout& layout = file.Format();
-    const std::size_t prefix = SharedPrefix(layout);
+    const std::size_t prefix = SharedPrefix(layout, {0, Count()});
     const ByteSpan page = file.EditPage(number);
     std::fill(page.begin(), page.end(), std::uint8_t{0});
     PutU8(page, 0, leaf_ ? kIndexLeaf : kIndexNode);

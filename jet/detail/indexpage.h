@@ -62,7 +62,9 @@ class IndexPage {
     /// Moves the first `count` entries into a page of their own, without links.
     IndexPage SplitOff(std::size_t count);
 
-    bool Fits(const Layout& layout) const;
+    bool Fits(const Layout& layout) const { return Fits(layout, {0, Count()}); }
+    /// Whether the first `count` entries and the others would fit, each in a page of their own.
+    bool FitsInTwo(const Layout& layout, std::size_t count) const;
     /// Puts the page there, whatever was there before. It must fit.
     void Write(PageFile& file, std::uint32_t page) const;
 
@@ -80,8 +82,16 @@ class IndexPage {
         const ByteView suffix = Suffix(i);
         return suffix.first(suffix.size() - (leaf_ ? 0 : std::min(kChildSize, suffix.size())));
     }
-    std::size_t WholeSize() const { return prefix_.size() * Count() + suffixes_.size(); }
-    std::size_t SharedPrefix(const Layout& layout) const;
+    /// Entries from `begin` to before `end`, as if they were a page.
+    struct Range {
+        std::size_t begin, end;
+        std::size_t Count() const { return end - begin; }
+    };
+    std::size_t WholeSize(Range range) const {
+        return prefix_.size() * range.Count() + Start(range.end) - Start(range.begin);
+    }
+    std::size_t SharedPrefix(const Layout& layout, Range range) const;
+    bool Fits(const Layout& layout, Range range) const;
     void ShortenPrefix(std::size_t length);
     void InsertWhole(std::size_t i, ByteView entry);
 

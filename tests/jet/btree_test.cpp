@@ -600,6 +600,28 @@ TEST(IndexPage, PacksEntriesOnlyWhenTheyDoNotFitOtherwise) {
     EXPECT_EQ(prefix(), 0);
 }
 
+TEST(IndexPage, KnowsWhetherItsPartsFitBeforeItIsSplit) {
+    Random random(8);
+    for (const Layout* layout : {&kJet3, &kJet4}) {
+        for (int round = 0; round < 20; ++round) {
+            const std::string start(random() % 120, 'x');
+            Model entries;
+            while (entries.size() < 60 + random() % 200) {
+                const Bytes key = TextKey(start + RandomText(random, 30), *layout);
+                entries.insert(MakeEntry(key, {9, static_cast<std::uint8_t>(random())}));
+            }
+            IndexPage page = IndexPage::EmptyLeaf(kTable);
+            for (const Bytes& entry : entries) page.Insert(page.Count(), entry);
+            for (std::size_t count = 1; count < page.Count(); ++count) {
+                IndexPage right = page;
+                const IndexPage left = right.SplitOff(count);
+                EXPECT_EQ(page.FitsInTwo(*layout, count),
+                          left.Fits(*layout) && right.Fits(*layout));
+            }
+        }
+    }
+}
+
 TEST(IndexPage, LooksAsARealEngineWritesIt) {
     TreeFile file(kJet4);
     BTree tree = file.Tree();
