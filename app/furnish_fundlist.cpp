@@ -15,6 +15,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QListWidget>
+#include <QModelIndex>
 #include <QPainter>
 #include <QPalette>
 #include <QPushButton>

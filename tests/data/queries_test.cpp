@@ -1,6 +1,7 @@
 #include "fundfile/queries.h"
 
 #include <gtest/gtest.h>
+#include <ostream>
 #include <string>
 
 struct QueryText {

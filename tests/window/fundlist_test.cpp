@@ -10,6 +10,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QColor>
+#include <QEvent>
 #include <QGroupBox>
 #include <QHelpEvent>
 #include <QImage>

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QImage>
 #include <QLabel>
+#include <QListView>
 #include <QPalette>
 #include <QRect>
 

@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QListWidget>
 
+#include <utility>
+
 namespace {
 
 constexpr std::int32_t kToday = 46342;  // 2026-11-16

@@ -4,6 +4,7 @@
 #include "base/number.h"
 #include "base/text.h"
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
