@@ -11,7 +11,9 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
+#include <QPoint>
 #include <QTableView>
+#include <QWidget>
 
 #include <utility>
 
@@ -66,8 +68,10 @@ TEST_F(PlotEditorTest, AnEmptyTableHasNoRows) {
     EXPECT_EQ(Grid().View().model()->rowCount(), 1);
 }
 
-TEST_F(PlotEditorTest, ShowsThePointsThatCameSinceTheFileWasOpened) {
+TEST_F(PlotEditorTest, OpenedAgainItShowsThePointsThatCameMeanwhile) {
     StartWith({With({{38718, 0}})});
+    Open();
+    Key(Qt::Key_Escape);
     const auto points = Window().FundDb->OpenRecordSet("PLOTTDATA");
     points->AddNew();
     points->Set(FondNr, "249 995");
@@ -220,6 +224,20 @@ TEST_F(PlotEditorTest, ADayThatIsNoNumberStaysTypedAndTheSourceSaysSo) {
     Key(Qt::Key_Down);
     EXPECT_EQ(Grid().CurrentRow(), 0);
     EXPECT_EQ(Grid().CellText(0, XCord), "abc");
+}
+
+TEST_F(PlotEditorTest, TheFundListThatIsAskedForStandsOverIt) {
+    StartWith({With({{38718, 0}})});
+    const auto onTop = [&] {
+        QWidget& client = *Window().centralWidget();
+        const QWidget* at = client.childAt(Window().lstFonder->mapTo(&client, QPoint(20, 60)));
+        return at != nullptr && Window().panListFonder->isAncestorOf(at);
+    };
+    Open();
+    EXPECT_FALSE(onTop());
+    Click(Window().cmdFondList);  // the list stood under the panel: it is closed, then opened
+    Click(Window().cmdFondList);
+    EXPECT_TRUE(onTop());
 }
 
 TEST_F(PlotEditorTest, OpenedFromTheHoldingsGridItTakesItsPlace) {
