@@ -99,6 +99,8 @@ void FindRows(Engine& engine, const std::string& name) {
             Keyset rows(PlanSource(engine, "SELECT * FROM [" + name + "] ORDER BY " + field));
             rows.Find(PlanCriterion(engine, table, field + " = " + literal));
             const std::string where = "] WHERE " + field + " = " + literal;
+            const std::string order = " ORDER BY [" + columns.back().name + "] DESC, " + field;
+            Keyset(PlanSource(engine, "SELECT * FROM [" + name + where + order)).Rows();
             table.Rows(PlanDelete(engine, "DELETE FROM [" + name + where).conditions);
         });
     }

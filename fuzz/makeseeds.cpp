@@ -416,13 +416,13 @@ void Queries(Seed& seed) {
     part(0x1001, kSource, "T", "", 0);
     part(0x1001, kOutput, "Number", "T.Id", 0);
     part(0x1001, kOutput, "", "[N]", 0);
-    part(0x1001, kWhere, "", "(((T.Id)>=1)) And [N]='n'", 0);
+    part(0x1001, kWhere, "", "((([T].[Id])=1) AND (T.N='n'))", 0);
     part(0x1001, kOrder, "D", "T.Id", 0);
     seed.AddObject(0x1002, "Q2", kQueryObject, 0);
     part(0x1002, kKind, "", "", 1);
     part(0x1002, kOptions, "", "", 1);
     part(0x1002, kSource, "Q", "", 0);
-    part(0x1002, kWhere, "", "Number Is Not Null", 0);
+    part(0x1002, kWhere, "", "[Number]=1", 0);
 }
 
 /// Usage maps of the other form: a row of references to pages of bits.
@@ -450,6 +450,28 @@ void ReferenceMaps(Seed& seed) {
         PutU32(row, 1, bits);
         ReplaceRow(file, map, row, 0);
     }
+}
+
+/// A map of free pages that ends where the file does, so that the next page lengthens it.
+void ShortGlobalMap(Seed& seed) {
+    const std::uint32_t page = seed.AddTable("T", {{"Id"}, {"M", ColumnType::Memo, 0}}, {{{0}}});
+    seed.Add(page, {1, std::string(300, 'm')});
+    PageFile& file = seed.File();
+    constexpr std::size_t kBits = 5;
+    std::vector<std::uint8_t> map(kBits + (file.PageCount() + 7) / 8, 0);
+    while (file.PageCount() % 8 != 0) AllocatePage(file);
+    ReplaceRow(file, {1, 0}, map, 0);
+}
+
+/// The same where the map has no room to grow, and becomes one of the other form.
+void FullGlobalMap(Seed& seed) {
+    ShortGlobalMap(seed);
+    PageFile& file = seed.File();
+    std::vector<std::uint8_t> map(RowAt(file, {1, 0}).begin(), RowAt(file, {1, 0}).end());
+    ReplaceRow(file, {1, 1}, std::vector<std::uint8_t>(map.size(), 0), 0);
+    const std::size_t free = DataPage(file, 1).FreeBytes();
+    constexpr std::size_t kSlotAndSome = 4;
+    AddRow(file, 1, std::vector<std::uint8_t>(free - kSlotAndSome, 0));
 }
 
 /// Many columns, some dropped since: rows of another shape than the definition's, and in the older
@@ -509,6 +531,8 @@ constexpr Kind kKinds[] = {{"numbers", Numbers},
                            {"relations", Relations},
                            {"queries", Queries},
                            {"referencemaps", ReferenceMaps},
+                           {"shortglobalmap", ShortGlobalMap},
+                           {"fullglobalmap", FullGlobalMap},
                            {"manycolumns", ManyColumns},
                            {"twotables", TwoTables},
                            {"notables", NoTables}};
