@@ -30,7 +30,7 @@ QString ToQt(const fs::path& path) {
 /// Links resolved, so that one file has one lock.
 fs::path RealPath(const fs::path& path) {
     std::error_code code;
-    const fs::path real = fs::canonical(path, code);
+    fs::path real = fs::canonical(path, code);
     if (path.empty() || code == std::errc::no_such_file_or_directory) {
         throw Error{ErrorNumber::FileNotFound, "there is no file " + path.string()};
     }

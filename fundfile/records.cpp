@@ -126,6 +126,7 @@ std::vector<HoldingRow> ReadHoldings(DataSource& holdings) {
     jet::RecordSet& records = holdings.Records();
     std::vector<HoldingRow> rows;
     const std::int32_t count = records.RecordCount();
+    rows.reserve(static_cast<std::size_t>(count));
     for (std::int32_t row = 0; row < count; ++row) {
         rows.push_back(
             HoldingFrom(records, [&](std::size_t position) { return records.At(row, position); }));

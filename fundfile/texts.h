@@ -38,6 +38,7 @@ inline constexpr std::string_view NotCopied = "Filen sparades inte";
 /// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be
 /// done. Errors that mean nothing to a user give the general sentence; the number belongs beside
 /// it.
+// NOLINTNEXTLINE(readability-function-size): a table, one line for each error
 constexpr std::string_view Explain(ErrorNumber number) {
     switch (number) {
         case ErrorNumber::FileNotFound:

@@ -35,7 +35,7 @@ std::shared_ptr<Database> FindOpen(const std::filesystem::path& path) {
         return database == nullptr || !database->IsOpen();
     });
     for (const std::weak_ptr<Database>& file : files) {
-        const auto database = file.lock();
+        auto database = file.lock();
         if (IsSameFile(database->Path(), path)) return database;
     }
     return nullptr;

@@ -70,7 +70,7 @@ std::optional<Command> DesktopEditor(const QStringList& files) {
 }
 
 std::optional<Command> Editor(const QStringList& files) {
-    if (const std::optional<Command> editor = DesktopEditor(files)) return editor;
+    if (std::optional<Command> editor = DesktopEditor(files)) return editor;
     for (const char* name : kKnownEditors) {
         const QString program = QStandardPaths::findExecutable(QString::fromLatin1(name));
         if (!program.isEmpty()) return Command{program, files};

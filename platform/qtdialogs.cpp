@@ -90,6 +90,7 @@ Answer QtDialogs::Show(const Message& message) {
 
     const std::vector<Choice> choices = Choices(message.buttons);
     std::vector<QPushButton*> buttons;
+    buttons.reserve(choices.size());
     for (const Choice& choice : choices) {
         buttons.push_back(box.addButton(ToQt(choice.caption), choice.role));
     }

@@ -437,7 +437,7 @@ struct BTree::Level {
     }
 };
 
-void BTree::Rebuild(std::vector<IndexEntry> entries) {
+void BTree::Rebuild(std::span<const IndexEntry> entries) {
     std::vector<Bytes> sorted;
     sorted.reserve(entries.size());
     for (const IndexEntry& entry : entries) sorted.push_back(MakeEntry(entry.key, entry.row));

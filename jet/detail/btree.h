@@ -65,7 +65,7 @@ class BTree {
     /// be computed.
     Bytes EraseByRowPointer(RowPointer row);
     /// Throws away all entries and builds the tree anew from these, in any order.
-    void Rebuild(std::vector<IndexEntry> entries);
+    void Rebuild(std::span<const IndexEntry> entries);
 
     /// Whether any entry has exactly this key; whether one of another row has it (the check before
     /// a unique insert).

@@ -50,7 +50,7 @@ char16_t Convert(iconv_t converter, unsigned number) {
 std::unique_ptr<const CodePage> Load(std::uint16_t number) {
     const std::string name = "CP" + Decimal(number);
     const iconv_t converter = iconv_open("UTF-16LE", name.c_str());
-    // iconv_open tells its failure by this value.
+    // iconv_open tells its failure by this value. NOLINTNEXTLINE(performance-no-int-to-ptr)
     if (converter == reinterpret_cast<iconv_t>(-1)) return nullptr;
     std::array<char16_t, 256> characters{};
     for (unsigned byte = 0; byte < 256; ++byte) characters[byte] = Convert(converter, byte);

@@ -20,7 +20,7 @@ namespace jet::detail {
 class FileImage {
   public:
     /// A multiple of both page sizes.
-    static constexpr std::size_t kChunkBytes = 256 * 1024;
+    static constexpr std::size_t kChunkBytes = std::size_t{256} * 1024;
 
     std::uint64_t Size() const { return size_; }
     /// Bytes that come into view hold what they held before; zero the first time.
