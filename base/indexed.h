@@ -18,7 +18,7 @@ class Indexed {
     T& operator[](int index) { return elements_[Offset(index)]; }
     const T& operator[](int index) const { return elements_[Offset(index)]; }
 
-    static constexpr std::size_t size() { return static_cast<std::size_t>(Last - First + 1); }
+    static constexpr std::size_t size() { return static_cast<std::size_t>(Last - First) + 1; }
     auto begin() { return elements_.begin(); }
     auto end() { return elements_.end(); }
     auto begin() const { return elements_.begin(); }
