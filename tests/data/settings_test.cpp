@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <gtest/gtest.h>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -49,18 +50,26 @@ TEST_F(UserSettingsTest, ASavedTextReplacesTheFormerOne) {
     EXPECT_EQ(Get(settings::kStartX), "1");
 }
 
-class UserSettingsText : public UserSettingsTest,
-                         public testing::WithParamInterface<std::string> {};
+struct SavedText {
+    std::string text;
+};
+
+void PrintTo(const SavedText& tested, std::ostream* out) {
+    *out << "\"" << tested.text << "\"";
+}
+
+class UserSettingsText : public UserSettingsTest, public testing::WithParamInterface<SavedText> {};
 
 TEST_P(UserSettingsText, ComesBackUnchanged) {
-    Save(settings::kStartPath, GetParam());
-    EXPECT_EQ(Get(settings::kStartPath), GetParam());
+    Save(settings::kStartPath, GetParam().text);
+    EXPECT_EQ(Get(settings::kStartPath), GetParam().text);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, UserSettingsText,
-                         testing::Values("", " ", "a, b,c", "C:\\Fonder\\x.mdb", "@Invalid()",
-                                         "\"quoted\"", "semi;colon = equals", "åäö ÅÄÖ é ¶ €",
-                                         "%USER% %41"));
+                         testing::Values(SavedText{""}, SavedText{" "}, SavedText{"a, b,c"},
+                                         SavedText{"C:\\Fonder\\x.mdb"}, SavedText{"@Invalid()"},
+                                         SavedText{"\"quoted\""}, SavedText{"semi;colon = equals"},
+                                         SavedText{"åäö ÅÄÖ é ¶ €"}, SavedText{"%USER% %41"}));
 
 TEST_F(UserSettingsTest, ApplicationsSectionsAndKeysAreKeptApart) {
     UserSettings store;

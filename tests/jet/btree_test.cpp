@@ -5,6 +5,7 @@
 #include "jet/detail/indexkey.h"
 #include "jet/detail/layout.h"
 #include "jet/detail/usagemap.h"
+#include "tests/jet/versions.h"
 
 #include <algorithm>
 #include <functional>
@@ -303,9 +304,7 @@ class Tree : public testing::TestWithParam<const Layout*> {
     BTree tree_ = file_.Tree();
 };
 
-INSTANTIATE_TEST_SUITE_P(Versions, Tree, testing::Values(&kJet3, &kJet4), [](const auto& tested) {
-    return tested.param->version == 3 ? std::string("Jet3") : std::string("Jet4");
-});
+INSTANTIATE_FOR_BOTH_VERSIONS(Tree);
 
 TEST_P(Tree, IsOneEmptyLeafAtFirst) {
     EXPECT_FALSE(tree_.First().Valid());

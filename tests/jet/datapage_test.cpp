@@ -1,6 +1,7 @@
 #include "jet/detail/datapage.h"
 
 #include "tests/jet/memoryfile.h"
+#include "tests/jet/versions.h"
 
 #include <random>
 
@@ -131,8 +132,7 @@ TEST_P(DataPages, RefuseARowThatDoesNotFit) {
     EXPECT_THROW(RowAt(*file_, {9999, 0}), Error);
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, DataPages, testing::Values(&kJet3, &kJet4),
-                         [](const auto& test) { return test.param == &kJet3 ? "Jet3" : "Jet4"; });
+INSTANTIATE_FOR_BOTH_VERSIONS(DataPages);
 
 TEST(DataPages, OfEverySampleFileHaveTheFreeBytesTheySay) {
     SKIP_WITHOUT_SAMPLES();

@@ -1,6 +1,7 @@
 #include "jet/detail/pagefile.h"
 
 #include "tests/jet/memoryfile.h"
+#include "tests/jet/versions.h"
 
 #include <functional>
 #include <sys/stat.h>
@@ -52,8 +53,7 @@ ErrorNumber Opening(const std::string& bytes) {
 }
 
 class Header : public testing::TestWithParam<const Layout*> {};
-INSTANTIATE_TEST_SUITE_P(Both, Header, testing::Values(&kJet3, &kJet4),
-                         [](const auto& test) { return test.param == &kJet3 ? "Jet3" : "Jet4"; });
+INSTANTIATE_FOR_BOTH_VERSIONS(Header);
 
 TEST_P(Header, OfASoundFileTellsItsTextForm) {
     const auto file = PageFile::FromImage(jettest::ImageOf(SmallFile(*GetParam())));

@@ -2,6 +2,7 @@
 
 #include "jet/detail/table.h"
 #include "memoryfile.h"
+#include "versions.h"
 
 #include <random>
 
@@ -225,7 +226,6 @@ TEST_P(EveryType, TheRoomOfAReplacedLongValueIsUsedAgain) {
     EXPECT_LE(file_->PageCount(), pages + 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, EveryType, testing::Values(&kJet3, &kJet4),
-                         [](const auto& test) { return test.param == &kJet3 ? "Jet3" : "Jet4"; });
+INSTANTIATE_FOR_BOTH_VERSIONS(EveryType);
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "jet/detail/catalog.h"
 #include "memoryfile.h"
+#include "versions.h"
 
 #include <algorithm>
 #include <map>
@@ -223,8 +224,7 @@ TEST_P(Tables, ADefinitionOfManyColumnsTakesSeveralPages) {
     EXPECT_EQ(def.FindColumn("EN GANSKA LÅNG KOLUMNRUBRIK 7")->number, 7);
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, Tables, testing::Values(&kJet3, &kJet4),
-                         [](const auto& test) { return test.param == &kJet3 ? "Jet3" : "Jet4"; });
+INSTANTIATE_FOR_BOTH_VERSIONS(Tables);
 
 TEST(Tables, OfSampleFilesHaveTheRowCountsTheySay) {
     SKIP_WITHOUT_SAMPLES();

@@ -1,6 +1,7 @@
 #include "jet/detail/usagemap.h"
 
 #include "tests/jet/memoryfile.h"
+#include "tests/jet/versions.h"
 
 #include <random>
 #include <set>
@@ -137,7 +138,6 @@ TEST_P(UsageMaps, PagesOutsideTheFileAreIgnored) {
     EXPECT_TRUE(map.Pages().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, UsageMaps, testing::Values(&kJet3, &kJet4),
-                         [](const auto& test) { return test.param == &kJet3 ? "Jet3" : "Jet4"; });
+INSTANTIATE_FOR_BOTH_VERSIONS(UsageMaps);
 
 }  // namespace

@@ -544,6 +544,11 @@ struct Command {
     const char* name;
     void (*run)(frmPPM& window);
 };
+
+void PrintTo(const Command& tested, std::ostream* out) {
+    *out << tested.name;
+}
+
 class CommandsDuringTyping : public HoldingsGridTest,
                              public ::testing::WithParamInterface<Command> {
   protected:
