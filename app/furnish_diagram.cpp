@@ -11,7 +11,6 @@
 #include "platform/tag.h"
 
 #include <QGroupBox>
-#include <QIcon>
 #include <QLabel>
 
 #include <array>
@@ -32,9 +31,9 @@ constexpr std::string_view kMonthNames =
     "Okt|"
     "Nov|Dec|Jan";
 
-QLabel* Label(frmPPM& window, const char* name, const TwipRect& rect, Qt::Alignment alignment,
-              std::string_view spoken, float points = kTextPoints) {
-    auto* label = Named(new QLabel(window.panDiagram), name);
+QLabel* Label(frmPPM& window, const TwipRect& rect, Qt::Alignment alignment,
+              std::string_view spoken, float points) {
+    auto* label = new QLabel(window.panDiagram);
     Placed(window, label, rect, points);
     label->setAlignment(alignment | Qt::AlignVCenter);
     Speak(label, spoken);
@@ -48,7 +47,7 @@ void FurnishScale(frmPPM& window) {
         const float line =
             kPicture.top + kPicture.height * static_cast<float>(kValues - i) / (kValues - 1);
         QLabel*& label = window.lblVertical[i];
-        label = Named(Label(window, "", {45, line - kLabelHeight / 2, 495, kLabelHeight},
+        label = Named(Label(window, {45, line - kLabelHeight / 2, 495, kLabelHeight},
                             Qt::AlignRight, "Procentskala", kSmallPoints),
                       "lblVertical", i);
         SetCaption(label, kCaptions[static_cast<std::size_t>(i - 1)]);
@@ -62,7 +61,7 @@ void FurnishMonths(frmPPM& window) {
     for (int i = 1; i <= kMonths; ++i) {
         const float left = kPicture.left + width * static_cast<float>(i - 1);
         QLabel*& label = window.lblMonth[i];
-        label = Named(Label(window, "", {left, top, width, kLabelHeight}, Qt::AlignHCenter, "Månad",
+        label = Named(Label(window, {left, top, width, kLabelHeight}, Qt::AlignHCenter, "Månad",
                             kSmallPoints),
                       "lblMonth", i);
         SetCaption(label, names[static_cast<std::size_t>(i - 1)]);
@@ -70,13 +69,9 @@ void FurnishMonths(frmPPM& window) {
     SetTag(window.lblMonth[1], kMonthNames);
 }
 
-ImageButton* Scroll(frmPPM& window, const char* name, const QString& icon, float left,
-                    std::string_view spoken, std::string_view tip) {
-    auto* button = Named(new ImageButton(window.panDiagram), name);
-    button->setIcon(QIcon(icon));
-    Placed(window, button, {left, 5340, 450, 330});
-    window.layout.AlsoScale(
-        [button](const Scaling&) { button->setIconSize(button->size() * 3 / 4); });
+ImageButton* Scroll(frmPPM& window, const QString& picture, float left, std::string_view spoken,
+                    std::string_view tip) {
+    auto* button = PictureButton(window, window.panDiagram, {left, 5340, 450, 330}, picture);
     button->setFocusPolicy(Qt::NoFocus);  // the arrow keys do the same everywhere
     Speak(button, spoken);
     Tip(button, tip);
@@ -101,17 +96,22 @@ void FurnishDiagram(frmPPM& window) {
     FurnishMonths(window);
 
     // Under the picture, so that they never stand on a curve.
-    window.lblXCord = Label(window, "lblXCord", {2460, 5340, 2280, 330}, Qt::AlignRight,
-                            "Datum vid hårkorset", 10);
-    window.lblYCord = Label(window, "lblYCord", {4860, 5340, 1380, 330}, Qt::AlignLeft,
-                            "Värde vid hårkorset", 10);
+    window.lblXCord =
+        Named(Label(window, {2460, 5340, 2280, 330}, Qt::AlignRight, "Datum vid hårkorset", 10),
+              "lblXCord");
+    window.lblYCord =
+        Named(Label(window, {4860, 5340, 1380, 330}, Qt::AlignLeft, "Värde vid hårkorset", 10),
+              "lblYCord");
 
-    window.lbLeftYear =
-        Label(window, "lbLeftYear", {1215, 5340, 1050, 330}, Qt::AlignLeft, "År till vänster", 10);
+    window.lbLeftYear = Named(
+        Label(window, {1215, 5340, 1050, 330}, Qt::AlignLeft, "År till vänster", 10), "lbLeftYear");
     window.lblRightYear =
-        Label(window, "lblRightYear", {6315, 5340, 1050, 330}, Qt::AlignRight, "År till höger", 10);
-    window.Image4 = Scroll(window, "Image4", QStringLiteral(":/icons/left.svg"), 615,
-                           "Bakåt i tiden", "Flytta vänster kvartal / år  <pil vänster> ");
-    window.Image5 = Scroll(window, "Image5", QStringLiteral(":/icons/right.svg"), 7515,
-                           "Framåt i tiden", "Flytta höger kvartal / år  <pil höger>   ");
+        Named(Label(window, {6315, 5340, 1050, 330}, Qt::AlignRight, "År till höger", 10),
+              "lblRightYear");
+    window.Image4 = Named(Scroll(window, QStringLiteral(":/icons/left.svg"), 615, "Bakåt i tiden",
+                                 "Flytta vänster kvartal / år  <pil vänster> "),
+                          "Image4");
+    window.Image5 = Named(Scroll(window, QStringLiteral(":/icons/right.svg"), 7515,
+                                 "Framåt i tiden", "Flytta höger kvartal / år  <pil höger>   "),
+                          "Image5");
 }

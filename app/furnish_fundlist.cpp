@@ -12,7 +12,6 @@
 
 #include <QFrame>
 #include <QGroupBox>
-#include <QIcon>
 #include <QLabel>
 #include <QListWidget>
 #include <QModelIndex>
@@ -30,13 +29,9 @@ namespace {
 
 constexpr QChar kFigureSpace(0x2007);
 
-ImageButton* Image(frmPPM& window, const char* name, const QString& icon, const TwipRect& rect,
-                   std::string_view spoken, std::string_view tip) {
-    auto* button = Named(new ImageButton(window.panControl), name);
-    button->setIcon(QIcon(icon));
-    Placed(window, button, rect);
-    window.layout.AlsoScale(
-        [button](const Scaling&) { button->setIconSize(button->size() * 3 / 4); });
+ImageButton* Image(frmPPM& window, const QString& picture, float left, std::string_view spoken,
+                   std::string_view tip) {
+    auto* button = PictureButton(window, window.panControl, {left, 1140, 420, 390}, picture);
     Speak(button, spoken);
     Tip(button, tip);
     return button;
@@ -133,15 +128,15 @@ void FurnishControlPanel(frmPPM& window) {
     QLabel* heading = Heading(panel, "Dagens k&urs, kr", window.txtValue);
     Placed(window, heading, {150, 645, 1590, 390});
 
-    window.imgScreen =
-        Image(window, "imgScreen", QStringLiteral(":/icons/screen.svg"), {150, 1140, 420, 390},
-              "Rita om diagrammet", "Visar de valda kurvorna igen  <F8>");
-    window.imgColor =
-        Image(window, "imgColor", QStringLiteral(":/icons/colour.svg"), {660, 1140, 420, 390},
-              "Färgknapp", "Färgknapp  Välj färg till Fondkurva  ");
-    window.imgGrafNr =
-        Image(window, "imgGrafNr", QStringLiteral(":/icons/curves.svg"), {1170, 1140, 420, 390},
-              "Diagramknapp", "Diagramknapp  Välj Fonder att visa      ");
+    window.imgScreen = Named(Image(window, QStringLiteral(":/icons/screen.svg"), 150,
+                                   "Rita om diagrammet", "Visar de valda kurvorna igen  <F8>"),
+                             "imgScreen");
+    window.imgColor = Named(Image(window, QStringLiteral(":/icons/colour.svg"), 660, "Färgknapp",
+                                  "Färgknapp  Välj färg till Fondkurva  "),
+                            "imgColor");
+    window.imgGrafNr = Named(Image(window, QStringLiteral(":/icons/curves.svg"), 1170,
+                                   "Diagramknapp", "Diagramknapp  Välj Fonder att visa      "),
+                             "imgGrafNr");
     for (ImageButton* button : {window.imgColor, window.imgGrafNr}) {
         SetTag(button, "0");
         button->hide();

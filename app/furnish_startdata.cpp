@@ -31,9 +31,10 @@ void FurnishStartData(frmPPM& window) {
 
     for (int i = 0; i < 2 * kColumns; ++i) {
         const auto column = static_cast<std::size_t>(i % kColumns);
+        const int row = i / kColumns;
         const float left = kColumnLefts[column];
         const float width = kColumnWidths[column];
-        const float top = 390 + kRowHeight * static_cast<float>(i / kColumns);
+        const float top = 390 + kRowHeight * static_cast<float>(row);
         QLabel* heading = window.lblFraHeading[i] = Named(Heading(frame, ""), "lblFraHeading", i);
         Placed(window, heading, {left, top, width, 240}, kSmallPoints);
         QLabel* value = window.lblFraData[i] = Named(new ValueLabel(frame), "lblFraData", i);

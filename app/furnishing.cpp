@@ -1,9 +1,12 @@
 #include "app/furnishing.h"
 
+#include "app/imagebutton.h"
 #include "platform/caption.h"
 
 #include <QColor>
+#include <QIcon>
 #include <QPalette>
+#include <QString>
 
 void Speak(QWidget* control, std::string_view name) {
     control->setAccessibleName(ToQt(name));
@@ -19,4 +22,14 @@ QLabel* Heading(QWidget* parent, std::string_view text, QWidget* buddy) {
     label->setPalette(palette);
     label->setBuddy(buddy);
     return label;
+}
+
+ImageButton* PictureButton(frmPPM& window, QWidget* panel, const TwipRect& rect,
+                           const QString& picture) {
+    auto* button = new ImageButton(panel);
+    button->setIcon(QIcon(picture));
+    Placed(window, button, rect);
+    window.layout.AlsoScale(
+        [button](const Scaling&) { button->setIconSize(button->size() * 3 / 4); });
+    return button;
 }

@@ -9,6 +9,9 @@
 
 #include <string_view>
 
+class ImageButton;
+class QString;
+
 inline constexpr float kSmallPoints = 8;
 inline constexpr float kTextPoints = 9;
 
@@ -38,3 +41,7 @@ void Tip(QWidget* control, std::string_view text);
 
 /// A label that names `buddy`; an "&" in `text` leads the keyboard there.
 QLabel* Heading(QWidget* parent, std::string_view text, QWidget* buddy = nullptr);
+
+/// A button whose picture takes three quarters of it, whatever its size.
+ImageButton* PictureButton(frmPPM& window, QWidget* panel, const TwipRect& rect,
+                           const QString& picture);

@@ -54,6 +54,16 @@ QRectF DiagramAreaCm() {
     return {onpage::kLeftCm, kTopCm, onpage::kCmPerDay * DiagramView::kDays, onpage::kHeightCm};
 }
 
+void PrintItems(PrinterPage& page, const PageItems& items) {
+    for (const PageLine& line : items.lines) {
+        page.DrawLine({line.x1Cm, line.y1Cm}, {line.x2Cm, line.y2Cm}, line.widthPoints);
+    }
+    for (const PageText& text : items.texts) {
+        page.SetFont(kReportFamily, text.font.points, text.font.bold);
+        page.PrintAt(text.xCm, text.yCm, text.text);
+    }
+}
+
 }  // namespace
 
 PrintedReport::PrintedReport(frmPPM& ppm) : Controller(ppm) {
@@ -93,16 +103,6 @@ void PrintedReport::PrintDiagram(PrinterPage& page) {
     page.DrawPicture(grid, DiagramAreaCm());
     page.SetFont(kReportFamily, kCurveFont.points, kCurveFont.bold);
     window.PrintCurves(page);
-}
-
-void PrintedReport::PrintItems(PrinterPage& page, const PageItems& items) {
-    for (const PageLine& line : items.lines) {
-        page.DrawLine({line.x1Cm, line.y1Cm}, {line.x2Cm, line.y2Cm}, line.widthPoints);
-    }
-    for (const PageText& text : items.texts) {
-        page.SetFont(kReportFamily, text.font.points, text.font.bold);
-        page.PrintAt(text.xCm, text.yCm, text.text);
-    }
 }
 
 ::Report PrintedReport::Contents() {

@@ -17,7 +17,6 @@ class PrintedReport : Controller {
   private:
     void mnuPrint_Click();
     void PrintReport();
-    void PrintItems(PrinterPage& page, const PageItems& items);
     void PrintDiagram(PrinterPage& page);
     ::Report Contents();
     std::vector<std::string> Totals();

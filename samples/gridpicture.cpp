@@ -21,10 +21,13 @@ constexpr std::array<Rgb, kInkCount> kInks = {Rgb{255, 255, 255}, Rgb{205, 205, 
 
 using Rows = std::vector<std::vector<std::uint8_t>>;
 
-void Fill(Rows& rows, std::uint32_t left, std::uint32_t top, std::uint32_t width,
-          std::uint32_t height, Ink ink) {
-    for (std::uint32_t y = top; y < top + height; ++y) {
-        for (std::uint32_t x = left; x < left + width; ++x) rows[y][x] = ink;
+struct Box {
+    std::uint32_t left, top, width, height;
+};
+
+void Fill(Rows& rows, const Box& box, Ink ink) {
+    for (std::uint32_t y = box.top; y < box.top + box.height; ++y) {
+        for (std::uint32_t x = box.left; x < box.left + box.width; ++x) rows[y][x] = ink;
     }
 }
 
@@ -32,13 +35,13 @@ Rows Draw() {
     Rows rows(kHeight, std::vector<std::uint8_t>(kWidth, kPaper));
     for (std::uint32_t month = 0; month <= kMonths; ++month) {
         const std::uint32_t x = month * (kWidth - kThin) / kMonths;
-        Fill(rows, x, 0, kThin, kHeight, month % kMonths == 0 ? kZeroLine : kMonthLine);
+        Fill(rows, {x, 0, kThin, kHeight}, month % kMonths == 0 ? kZeroLine : kMonthLine);
     }
     for (std::uint32_t band = 0; band <= kBands; ++band) {
         const bool zero = band == kZeroBand;
-        const std::uint32_t width = zero ? kThick : kThin;
-        const std::uint32_t y = band * (kHeight - width) / kBands;
-        Fill(rows, 0, y, kWidth, width, zero || band % kBands == 0 ? kZeroLine : kLine);
+        const std::uint32_t thickness = zero ? kThick : kThin;
+        const std::uint32_t y = band * (kHeight - thickness) / kBands;
+        Fill(rows, {0, y, kWidth, thickness}, zero || band % kBands == 0 ? kZeroLine : kLine);
     }
     return rows;
 }

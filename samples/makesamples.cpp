@@ -82,7 +82,9 @@ void WriteAll(const fs::path& path, const QByteArray& bytes) {
 
 void WriteStamp(const fs::path& folder, const Hashes& hashes) {
     std::string text;
-    for (const auto& [name, hash] : hashes) text += hash + "  " + name + "\n";
+    for (const auto& [name, hash] : hashes) {
+        text.append(hash).append("  ").append(name).append("\n");
+    }
     WriteAll(folder / kStamp, QByteArray::fromStdString(text));
 }
 

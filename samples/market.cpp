@@ -99,12 +99,11 @@ double Market::Movement(const Weights& weights, std::size_t day) const {
 }
 
 std::vector<double> Prices(const Market& market, const FundCharacter& character,
-                           std::size_t firstDay, std::size_t days, double startPrice,
-                           std::uint64_t seed) {
+                           std::size_t firstDay, double startPrice, std::uint64_t seed) {
     Random random(seed);
     std::vector<double> prices;
     double price = startPrice;
-    for (std::size_t day = firstDay; day < days; ++day) {
+    for (std::size_t day = firstDay; day < market.Days(); ++day) {
         if (day > firstDay) {
             price *= 1 + market.Movement(character.weights, day) +
                      character.yearlyGain / kDaysAYear +

@@ -17,6 +17,7 @@ using Weights = std::array<double, kFactorCount>;
 class Market {
   public:
     Market(std::uint64_t seed, std::size_t days);
+    std::size_t Days() const { return movements_.size(); }
     double Movement(const Weights& weights, std::size_t day) const;
 
   private:
@@ -32,5 +33,4 @@ struct FundCharacter {
 /// Prices in kronor with two decimals for the days from `firstDay` (an index) to the market's last,
 /// beginning at `startPrice`.
 std::vector<double> Prices(const Market& market, const FundCharacter& character,
-                           std::size_t firstDay, std::size_t days, double startPrice,
-                           std::uint64_t seed);
+                           std::size_t firstDay, double startPrice, std::uint64_t seed);

@@ -62,7 +62,7 @@ Holding Follow(const SampleHolding& sample, std::int32_t kontoId, const Market& 
     const auto first =
         std::lower_bound(days.begin(), days.end(), days.back() - sample.daysBack) - days.begin();
     holding.days.assign(days.begin() + first, days.end());
-    holding.prices = Prices(market, sample.character, static_cast<std::size_t>(first), days.size(),
+    holding.prices = Prices(market, sample.character, static_cast<std::size_t>(first),
                             sample.startPrice, seed + static_cast<std::uint64_t>(kontoId));
     for (const double price : holding.prices) {
         holding.percents.push_back(

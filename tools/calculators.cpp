@@ -13,10 +13,19 @@
 
 #include <string>
 
+namespace {
+
+void ShowTwoDecimals(EntryField& box) {
+    const std::string text = Caption(&box);
+    if (!text.empty()) SetCaption(&box, WithTwoDecimals(text));
+}
+
+}  // namespace
+
 Calculators::Calculators(frmPPM& ppm) : Controller(ppm) {
     for (EntryField* box : {window.txtprcStart, window.txtprcNy}) {
         box->SetFilter(kPercentKeys);
-        On(box, &EntryField::Left, [this, box] { ShowTwoDecimals(*box); });
+        On(box, &EntryField::Left, [box] { ShowTwoDecimals(*box); });
     }
     window.txtprcStart->SetEnter([this] {
         SetCaption(window.txtprcNy, "");
@@ -26,11 +35,6 @@ Calculators::Calculators(frmPPM& ppm) : Controller(ppm) {
     window.txtTranslate->SetEnter([] {});
     On(window.cmdPrc, &QPushButton::clicked, [this] { cmdPrc_Click(); });
     On(window.cmdTranslate, &QPushButton::clicked, [this] { cmdTranslate_Click(); });
-}
-
-void Calculators::ShowTwoDecimals(EntryField& box) {
-    const std::string text = Caption(&box);
-    if (!text.empty()) SetCaption(&box, WithTwoDecimals(text));
 }
 
 void Calculators::cmdPrc_Click() {

@@ -3,8 +3,6 @@
 
 #include "app/controller.h"
 
-class EntryField;
-
 class Calculators : Controller {
   public:
     explicit Calculators(frmPPM& window);
@@ -12,5 +10,4 @@ class Calculators : Controller {
   private:
     void cmdPrc_Click();
     void cmdTranslate_Click();
-    void ShowTwoDecimals(EntryField& box);
 };
