@@ -24,6 +24,7 @@
 #include <QListWidget>
 
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 struct FileDialogTexts {
@@ -39,6 +40,14 @@ constexpr FileDialogTexts kOpen{fundtexts::FundFiles, fundtexts::OpenTitle};
 constexpr FileDialogTexts kStartFile{fundtexts::FundFiles, fundtexts::StartFileTitle};
 constexpr FileDialogTexts kSaveAs{fundtexts::FundFiles, fundtexts::SaveAsTitle};
 constexpr FileDialogTexts kDelete{fundtexts::FilesToDelete, fundtexts::DeleteTitle};
+
+/// By whatever name: a link to a file is that file, and one that is missing is its path.
+bool IsSameFile(const std::filesystem::path& one, const std::filesystem::path& other) {
+    std::error_code code;
+    if (std::filesystem::equivalent(one, other, code)) return true;
+    const std::filesystem::path real = std::filesystem::weakly_canonical(one, code);
+    return !code && real == std::filesystem::weakly_canonical(other, code);
+}
 
 /// Windows are painted; keys and clicks wait, so that none arrives in the middle of a procedure.
 void LetPendingEventsRun() {
@@ -69,7 +78,7 @@ void FileMenu::mnuNew_Click() {
     window.CmDialog->flags = CommonDialog::kAskBeforeOverwriting;
     window.CmDialog->ShowSave();
     const std::string path = window.CmDialog->fileName;
-    if (path.empty()) return;
+    if (path.empty() || !MayBeReplaced(path, fundtexts::NotCreated)) return;
     try {
         CreateFundFile(Template(), path);
     } catch (const Error& error) {
@@ -182,7 +191,8 @@ void FileMenu::mnuSaveAs_Click() {
     window.CmDialog->flags = CommonDialog::kAskBeforeOverwriting;
     window.CmDialog->ShowSave();
     const std::string path = window.CmDialog->fileName;
-    if (path.empty() || !window.StoreTypedRows()) return;
+    if (path.empty() || !MayBeReplaced(path, fundtexts::NotCopied)) return;
+    if (!window.StoreTypedRows()) return;
     try {
         SaveCopy(*window.dtaBasData, *window.dtaPlott, Template(), path);
     } catch (const Error& error) {
@@ -222,9 +232,20 @@ void FileMenu::mnuStartFile_Click() {
     mnuOpen_Click();
 }
 
+/// Rows in the template would be rows in every new file, and a lost template the last new file.
+bool FileMenu::MayBeReplaced(const std::string& path, std::string_view failed) {
+    if (!IsSameFile(path, Template())) return true;
+    Complain(failed, path, fundtexts::IsTemplate);
+    return false;
+}
+
 void FileMenu::Complain(std::string_view failed, const std::string& path, const Error& error) {
+    Complain(failed, path, fundtexts::Explain(error.Number()));
+}
+
+void FileMenu::Complain(std::string_view failed, const std::string& path, std::string_view why) {
     window.platform.dialogs.Show(
-        {.text = fundtexts::Failure(failed, path, error.Number()), .icon = Icon::Exclamation});
+        {.text = fundtexts::Failure(failed, path, why), .icon = Icon::Exclamation});
 }
 
 std::string FileMenu::Template() const {

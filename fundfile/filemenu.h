@@ -28,7 +28,9 @@ class FileMenu : Controller {
     void ShowFirstFundEntry();
     void ShowFundList();
     bool AskTwice(const std::string& path);
+    bool MayBeReplaced(const std::string& path, std::string_view failed);
     void Complain(std::string_view failed, const std::string& path, const Error& error);
+    void Complain(std::string_view failed, const std::string& path, std::string_view why);
     std::string Template() const;
 
     std::string notice_;  ///< why the open file cannot be changed; "" when it can

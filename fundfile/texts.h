@@ -34,6 +34,8 @@ inline constexpr std::string_view Rows = " poster";
 inline constexpr std::string_view NotCreated = "Den nya filen skapades inte";
 inline constexpr std::string_view NotOpened = "Filen öppnades inte";
 inline constexpr std::string_view NotCopied = "Filen sparades inte";
+inline constexpr std::string_view IsTemplate =
+    "Filen är mallen som nya fondfiler görs av. Välj ett annat namn.";
 
 /// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be
 /// done. Errors that mean nothing to a user give the general sentence; the number belongs beside
@@ -129,10 +131,10 @@ inline std::string Explain(const FundFile& file) {
 }
 
 /// What a command could not do, with which file, and why.
-inline std::string Failure(std::string_view failed, std::string_view path, ErrorNumber number) {
+inline std::string Failure(std::string_view failed, std::string_view path, std::string_view why) {
     constexpr std::string_view kParagraph = "\r\n\r\n";
     return std::string(failed) + std::string(kParagraph) + std::string(path) +
-           std::string(kParagraph) + std::string(Explain(number));
+           std::string(kParagraph) + std::string(why);
 }
 
 }  // namespace fundtexts

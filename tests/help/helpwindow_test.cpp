@@ -236,6 +236,7 @@ TEST_F(HelpContents, ExplainsEveryMessage) {
                                 "Den nya filen skapades inte",
                                 "Filen öppnades inte",
                                 "Filen sparades inte",
+                                "Filen är mallen som nya fondfiler görs av.",
                                 "Kunde inte hitta fil NotePad.exe",
                                 "Kunde inte hitta fil WinHelp32.exe"}) {
         EXPECT_THAT(all, HasSubstr(message));

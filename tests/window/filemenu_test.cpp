@@ -194,6 +194,15 @@ TEST_F(FileMenuTest, ANewFileNeverReplacesTheOpenOne) {
     EXPECT_EQ(Faults(), std::vector<std::string>{});
 }
 
+TEST_F(FileMenuTest, ANewFileNeverReplacesTheTemplate) {
+    const std::string before = Contents(In("Db0.dat"));
+    New(In("Db0.dat"));
+    Told("Den nya filen skapades inte", In("Db0.dat"),
+         "Filen är mallen som nya fondfiler görs av. Välj ett annat namn.");
+    Window().mnuNew->trigger();
+    EXPECT_EQ(Contents(In("Db0.dat")), before);
+}
+
 TEST_F(FileMenuTest, ANewFileInAMissingFolderIsTold) {
     New(In("borta/ny.mdb"));
     Told("Den nya filen skapades inte", In("borta/ny.mdb"), "Mappen finns inte.");
@@ -473,6 +482,20 @@ TEST_F(FileMenuTest, ACopyNeverReplacesTheOpenFile) {
     Window().mnuSaveAs->trigger();
     ExpectStillOnSample();
     EXPECT_EQ(Faults(), std::vector<std::string>{});
+}
+
+TEST_F(FileMenuTest, ACopyNeverReplacesTheTemplateByWhateverName) {
+    const std::string before = Contents(In("Db0.dat"));
+    fs::create_symlink("Db0.dat", In("mall.mdb"));
+    fs::create_directory(In("undermapp"));
+    for (const std::string name : {"Db0.dat", "mall.mdb", "undermapp/../Db0.dat"}) {
+        SaveAs(In(name));
+        Told("Filen sparades inte", In(name),
+             "Filen är mallen som nya fondfiler görs av. Välj ett annat namn.");
+        Window().mnuSaveAs->trigger();
+        EXPECT_EQ(Contents(In("Db0.dat")), before);
+    }
+    ExpectStillOnSample();
 }
 
 TEST_F(FileMenuTest, AFailingCopyLeavesNothingBehind) {
