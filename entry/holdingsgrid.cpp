@@ -76,6 +76,8 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
     PrepareField(window.txtKontoNr, "{DOWN}");
     PrepareField(window.txtPnr, "{TAB}");
     PrepareField(window.txtNamn, "{TAB}");
+    // The fund panel names the account.
+    On(window.txtNamn, &BoundField::Stored, [this] { RefreshList(std::nullopt); });
     window.txtKontoNr->SetFilter(kAccountKeys);
     window.txtPnr->SetFilter(kAccountKeys);
     // The button must not take the focus from the grid before it knows whether the row may be left.
@@ -216,24 +218,28 @@ bool HoldingsGrid::DBGrid_BeforeUpdate() {
     row.kursKr = TypedNumber(kKursKr);
     switch (MissingIn(row)) {
         case Missing::Name:
-            Tell(texts::NameMissing);
-            return false;
+            return RefuseRow(texts::NameMissing);
         case Missing::Price:
-            Tell(texts::PriceMissing);
-            return false;
+            return RefuseRow(texts::PriceMissing);
         case Missing::Nothing:
             break;
     }
     // An old holding keeps its date, and with it its points; a new one is looked at when it is
     // stored.
     if (!grid.OnNewRow() && !ParseDate(grid.TypedText(FieldAt(kBokfortDatum)))) {
-        Tell(texts::DateMissing);
-        return false;
+        return RefuseRow(texts::DateMissing);
     }
     grid.TypeText(FieldAt(kFondNr), FundNumberOrDefault(grid.TypedText(FieldAt(kFondNr))));
     TypeValue();
     if (grid.OnNewRow()) TypeKontoId();
     return true;
+}
+
+/// What was typed stays for correction, and the keys go there, whatever the row was left for.
+bool HoldingsGrid::RefuseRow(std::string_view reason) {
+    Tell(reason);
+    window.DBGrid->setFocus();
+    return false;
 }
 
 /// A file in which the first column does not count by itself: the next identity is one more than

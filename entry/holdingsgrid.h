@@ -28,6 +28,7 @@ class HoldingsGrid : Controller {
     void DBGrid_BeforeColUpdate(CellChange& change);
     void DBGrid_AfterColUpdate(int column);
     bool DBGrid_BeforeUpdate();
+    bool RefuseRow(std::string_view reason);
     void DBGrid_AfterUpdate(bool isNew);
     bool DBGrid_BeforeDelete();
     void DeleteRowAndPoints();

@@ -71,8 +71,10 @@ bool BoundField::Store() {
     });
     if (!stored) source_->Guard([this] { source_->CancelUpdate(); });
     storing_ = false;
-    if (stored) Reload();
-    return stored;
+    if (!stored) return false;
+    Reload();
+    emit Stored();
+    return true;
 }
 
 void BoundField::keyPressEvent(QKeyEvent* event) {

@@ -29,6 +29,9 @@ class BoundField : public EntryField {
     bool Store();   ///< true when nothing is left to store
     void Reload();  ///< shows what is stored; forgets what was typed
 
+  signals:
+    void Stored();  ///< what was typed is in the file
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

@@ -15,6 +15,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QPainter>
 #include <QPalette>
 #include <QPen>
@@ -587,10 +588,11 @@ void DataGrid::MarkRow() {
 bool DataGrid::DeleteMarkedRow() {
     const std::optional<int> row = MarkedRow();
     if (!row || !state_->source) return false;
+    const bool isNew = state_->model->IsNewRow(*row);
+    if (!isNew) state_->MoveSource(*row);
+    if (!isNew && events.beforeRowDelete && !events.beforeRowDelete()) return false;
     state_->model->Forget();
-    if (state_->model->IsNewRow(*row)) return false;
-    state_->MoveSource(*row);
-    if (events.beforeRowDelete && !events.beforeRowDelete()) return false;
+    if (isNew) return false;
     const bool deleted = state_->source->Guard([this] {
         if (events.deleteRow) {
             events.deleteRow();
@@ -612,6 +614,8 @@ void DataGrid::ForwardEnter(int column) {
 
 void DataGrid::LeaveWithFocus(QWidget* from, QWidget* to) {
     if (from == nullptr || to == nullptr || !RowTyped()) return;
+    // A menu has the focus only for a while: what is chosen there tells whether the row is left.
+    if (qobject_cast<QMenuBar*>(to) != nullptr) return;
     const bool wasHere = from == this || isAncestorOf(from);
     const bool isHere = to == this || isAncestorOf(to);
     if (wasHere && !isHere && to->window() == window()) StoreRow();

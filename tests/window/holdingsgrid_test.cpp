@@ -17,6 +17,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
+#include <QMenuBar>
 #include <QTableView>
 
 #include <fstream>
@@ -398,6 +399,28 @@ TEST_F(HoldingsGridTest, ANewHoldingWithoutNameStaysForCorrection) {
     EXPECT_EQ(StoredRows(), 3);
 }
 
+TEST_F(HoldingsGridTest, ARowToCorrectKeepsTheFocusInTheGrid) {
+    StartWith(TwoHoldings());
+    TypeNewRow({"Nykomling", "123456", "2026-03-02", "4"});
+    outside.dialogs.Expect(texts::PriceMissing);
+    Window().txtNamn->setFocus();
+    EXPECT_TRUE(Grid().View().hasFocus());
+    TypeCell(2, Kurs, "25");
+    Window().txtNamn->setFocus();
+    EXPECT_EQ(StoredRows(), 3);
+    EXPECT_TRUE(Window().txtNamn->hasFocus());
+}
+
+TEST_F(HoldingsGridTest, AMenuOpensInTheMiddleOfARow) {
+    StartWith(TwoHoldings());
+    TypeNewRow({"Nykomling"});
+    Window().menuBar()->setFocus(Qt::MenuBarFocusReason);
+    EXPECT_TRUE(Window().menuBar()->hasFocus());
+    Grid().setFocus();
+    EXPECT_EQ(Cell(2, Fond), "Nykomling");
+    EXPECT_EQ(StoredRows(), 2);
+}
+
 class PricesNotAboveZero : public HoldingsGridTest,
                            public ::testing::WithParamInterface<const char*> {};
 
@@ -628,6 +651,21 @@ TEST_F(HoldingsGridTest, TheAccountFieldsShowAndStoreTheCurrentRow) {
     EXPECT_EQ(Holding(0, kNamn), "Premiepension");
 }
 
+TEST_F(HoldingsGridTest, ANewAccountNameShowsInTheFundPanel) {
+    MakeFile(TwoHoldings());
+    Start();
+    ChooseFund(1);
+    OpenGrid();
+    Go(1, Fond);
+    Window().txtNamn->setFocus();
+    Window().txtNamn->selectAll();
+    Keys("Barnens konto");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Holding(1, kNamn), "Barnens konto");
+    EXPECT_EQ(Caption(Window().fraStartData), "StartData  2. Kvarnbo Europa  Barnens konto");
+    EXPECT_EQ(Grid().CurrentRow(), 1);
+}
+
 TEST_F(HoldingsGridTest, AccountNumbersTakeDigitsCommaMinusAndPoint) {
     StartWith(TwoHoldings());
     for (BoundField* field : {Window().txtKontoNr, Window().txtPnr}) {
@@ -702,6 +740,29 @@ TEST_F(HoldingsGridTest, TheRowsIdentityIsInTheTagWhileItIsBeingDeleted) {
         .Meanwhile([&] { tag = Tag(Window().DBGrid); });
     DeleteRow(2);
     EXPECT_EQ(tag, "3");
+}
+
+TEST_F(HoldingsGridTest, NoKeepsWhatIsTypedInTheRow) {
+    StartWith(TwoHoldings());
+    TypeCell(1, Kurs, "77");
+    MarkRow(1);
+    ExpectDeleteQuestion(Answer::No);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Cell(1, Kurs), "77");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Holding(1, kKursKr), "77");
+}
+
+TEST_F(HoldingsGridTest, ARowIsDeletedWithWhatIsTypedInIt) {
+    StartWith(TwoHoldings());
+    TypeCell(1, Kurs, "77");
+    MarkRow(1);
+    ExpectDeleteQuestion(Answer::Yes);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(StoredRows(), 1);
+    EXPECT_FALSE(Grid().RowTyped());
+    EXPECT_EQ(Holding(0, kFond), "Vimmels Asien");
+    EXPECT_TRUE(Faults().empty());
 }
 
 TEST_F(HoldingsGridTest, TheLastHoldingIsNeverDeleted) {
