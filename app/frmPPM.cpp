@@ -151,6 +151,9 @@ void frmPPM::ComputeFundScale(std::int32_t kontoId, bool replace) {
 void frmPPM::WriteLogEntry(std::string_view entry) {
     controllers_->log.WriteLogEntry(entry);
 }
+void frmPPM::FillAccountList() {
+    controllers_->accountTotals.FillAccountList();
+}
 std::string frmPPM::BuildAccountTotals(std::string_view accountName) {
     return controllers_->accountTotals.BuildAccountTotals(accountName);
 }
@@ -181,7 +184,4 @@ void frmPPM::mnuPlus_Click() {
 }
 void frmPPM::mnuMinus_Click() {
     controllers_->axes.mnuMinus_Click();
-}
-void frmPPM::mnuTotal_Click() {
-    controllers_->accountTotals.mnuTotal_Click();
 }

@@ -49,6 +49,7 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     void PrintCurves(PrinterPage& page);                           // Curves
     void ComputeFundScale(std::int32_t kontoId, bool replace);     // Curves
     void WriteLogEntry(std::string_view entry);                    // Log
+    void FillAccountList();                                        // AccountTotals
     std::string BuildAccountTotals(std::string_view accountName);  // AccountTotals
 
     // Handlers that keys or other controllers run.
@@ -61,7 +62,6 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     void Image5_MouseUp(Qt::MouseButton button);  // Axes
     void mnuPlus_Click();                         // Axes
     void mnuMinus_Click();                        // Axes
-    void mnuTotal_Click();                        // AccountTotals
 
     Platform& platform;
     Layout layout;

@@ -63,11 +63,6 @@ FundList::FundList(frmPPM& ppm) : Controller(ppm) {
     OnEvent(window.lstFonder, QEvent::KeyPress, [this](QEvent& event) {
         return lstFonder_KeyDown(static_cast<const QKeyEvent&>(event));
     });
-    // The panels of the left column take turns: the list that is asked for stands over the others.
-    OnEvent(window.panListFonder, QEvent::Show, [this](QEvent&) {
-        window.panListFonder->raise();
-        return false;
-    });
     On(window.mnuAll, &QAction::triggered, [this] { mnuAll_Click(); });
     On(window.imgScreen, &ImageButton::MouseUp, [this] {
         if (LeaveHoldingsGrid()) imgScreen_Click();
@@ -319,6 +314,8 @@ void FundList::cmdPPMData_Click() {
 }
 
 void FundList::ShowHoldings() {
+    // A point that may not be stored yet stays on the screen for correction.
+    if (!StoreTypedRows()) return;
     const DataSource& holdings = *window.dtaBasData;
     window.cmdNyAndel->setEnabled(holdings.IsAttached() && !window.dtaBasData->Empty());
     window.panBasData->show();

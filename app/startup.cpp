@@ -39,6 +39,7 @@
 #include <QRect>
 #include <QSignalBlocker>
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
@@ -86,6 +87,27 @@ StartUp::StartUp(frmPPM& ppm) : Controller(ppm) {
         return true;
     });
     On(window.mnuAvbryt, &QAction::triggered, [this] { window.close(); });
+    for (QGroupBox* panel : SidePanels()) {
+        OnEvent(panel, QEvent::Show, [this, panel](QEvent&) {
+            SidePanel_Show(panel);
+            return false;
+        });
+    }
+}
+
+std::array<QGroupBox*, 3> StartUp::SidePanels() const {
+    return {window.panListFonder, window.panTotal, window.panPlottData};
+}
+
+/// The panels of the left column take turns: one that only stood behind another would still have
+/// the window's keys.
+void StartUp::SidePanel_Show(QGroupBox* shown) {
+    for (QGroupBox* panel : SidePanels()) {
+        if (panel == shown || panel->isHidden()) continue;
+        const QWidget* focused = window.focusWidget();
+        if (focused != nullptr && panel->isAncestorOf(focused)) window.picDiagram->setFocus();
+        panel->hide();
+    }
 }
 
 void StartUp::Load() {

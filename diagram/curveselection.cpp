@@ -40,6 +40,8 @@ void CurveSelection::panListFonder_Hide() {
     SetCaption(window.lblGrafNr, "");
     window.lblGrafNr->hide();
     window.lblPlottInfo->hide();
+    // The holdings grid, which hides the list too, blocks the button until it is left.
+    if (window.panBasData->isHidden()) window.cmdFondList->setEnabled(true);
     // The picture was cleared for the choice: without one, what was drawn before comes back.
     if (wipedInVain) window.PlotCurves();
 }

@@ -71,9 +71,12 @@ PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
         return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Tab && txtValue_Tab();
     });
     On(window.cmdFondList, &QPushButton::clicked, [this] { cmdFondList_Click(); });
+    // The button must not take the focus from a grid before it knows whether the row may be left.
+    window.cmdFondList->setFocusPolicy(Qt::TabFocus);
 }
 
 void PriceEntry::cmdFondList_Click() {
+    if (!window.StoreTypedRows()) return;
     if (window.panListFonder->isVisible()) {
         window.panListFonder->hide();
         window.lblGrafNr->hide();

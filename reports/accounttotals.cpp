@@ -42,14 +42,18 @@ std::vector<std::string> AccountTotals::AccountNames() {
 
 void AccountTotals::mnuTotal_Click() {
     if (!window.LeaveHoldingsGrid()) return;
-    // No account is chosen by filling the list, and the first key press leads to its first line.
-    const QSignalBlocker quiet(window.lstTotal);
-    window.lstTotal->clear();
-    for (const std::string& name : AccountNames()) window.lstTotal->addItem(ToQt(name));
+    FillAccountList();
     window.panTotal->show();
     window.panTotal->raise();
     window.lstTotal->setFocus();
     window.lstTotal->setCurrentRow(-1);
+}
+
+void AccountTotals::FillAccountList() {
+    // No account is chosen by filling the list, and the first key press leads to its first line.
+    const QSignalBlocker quiet(window.lstTotal);
+    window.lstTotal->clear();
+    for (const std::string& name : AccountNames()) window.lstTotal->addItem(ToQt(name));
 }
 
 std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName) {

@@ -13,11 +13,12 @@ class AccountTotals : Controller {
   public:
     explicit AccountTotals(frmPPM& window);
 
-    void mnuTotal_Click();
+    void FillAccountList();
     /// Errors pass to the caller.
     std::string BuildAccountTotals(std::string_view accountName);
 
   private:
+    void mnuTotal_Click();
     void lstTotal_Click();
     void lblTotal_Click();
     std::vector<std::string> AccountNames();

@@ -83,7 +83,7 @@ void PrintedReport::mnuPrint_Click() {
 }
 
 void PrintedReport::PrintReport() {
-    window.mnuTotal_Click();
+    window.FillAccountList();
     const auto page = window.platform.printing.Begin(Title());
     if (!page) return;
     const std::vector<PageItems> pages =

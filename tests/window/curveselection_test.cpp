@@ -4,6 +4,7 @@
 #include "fundfile/schema.h"
 #include "tests/window/windowtest.h"
 
+#include <QAction>
 #include <QColor>
 #include <QGroupBox>
 #include <QLabel>
@@ -220,6 +221,29 @@ TEST_F(CurveSelectionTest, EscEndsEitherModeForGood) {
         Press(Qt::Key_F11);  // opens the list for prices, and closes it: the buttons show again
         Press(Qt::Key_F11);
     }
+}
+
+TEST_F(CurveSelectionTest, WhateverEndsAModeLeavesThePriceButtonUsable) {
+    for (const Qt::Key key : {Qt::Key_F9, Qt::Key_F12}) {
+        Press(key);
+        EXPECT_FALSE(Window().cmdFondList->isEnabled());
+        Press(Qt::Key_F11);
+        EXPECT_FALSE(ListShown());
+        EXPECT_TRUE(Window().cmdFondList->isEnabled());
+        Press(key);
+        Window().mnuTotal->trigger();
+        EXPECT_FALSE(ListShown());
+        EXPECT_TRUE(Window().cmdFondList->isEnabled());
+    }
+}
+
+TEST_F(CurveSelectionTest, TheHoldingsGridEndsAModeAndBlocksThePriceButton) {
+    Press(Qt::Key_F9);
+    Click(Window().cmdPPMData);
+    EXPECT_EQ(ColourTag(), "0");
+    EXPECT_FALSE(Window().cmdFondList->isEnabled());
+    Click(Window().cmdPPMData);
+    EXPECT_TRUE(Window().cmdFondList->isEnabled());
 }
 
 TEST_F(CurveSelectionTest, TheKeysDoNothingWhileTheButtonsAreHidden) {

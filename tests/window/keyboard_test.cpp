@@ -92,7 +92,7 @@ TEST_F(KeyboardTest, KeysAreLeftAloneWhileAGridShows) {
     Press(Qt::Key_Left);
     EXPECT_EQ(Month(), "2025-04-01");
     Press(Qt::Key_F11);
-    EXPECT_TRUE(Window().panListFonder->isVisible());
+    EXPECT_FALSE(Window().panListFonder->isVisible());
 }
 
 TEST_F(KeyboardTest, F11OpensAndClosesTheFundList) {

@@ -235,9 +235,42 @@ TEST_F(PlotEditorTest, TheFundListThatIsAskedForStandsOverIt) {
     };
     Open();
     EXPECT_FALSE(onTop());
-    Click(Window().cmdFondList);  // the list stood under the panel: it is closed, then opened
     Click(Window().cmdFondList);
     EXPECT_TRUE(onTop());
+    EXPECT_FALSE(Window().panPlottData->isVisible());
+    Press(Qt::Key_F11);  // the window's keys are the list's again
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+}
+
+TEST_F(PlotEditorTest, ARowToCorrectKeepsItBeforeTheFundList) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Keys("abc");
+    outside.dialogs.Expect("13  i dtaPlott");
+    Click(Window().cmdFondList);
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+    EXPECT_EQ(Grid().CellText(0, XCord), "abc");
+}
+
+TEST_F(PlotEditorTest, ARowToCorrectKeepsItBeforeTheHoldingsGrid) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Keys("abc");
+    outside.dialogs.Expect("13  i dtaPlott");
+    Click(Window().cmdPPMData);
+    EXPECT_FALSE(Window().panBasData->isVisible());
+    EXPECT_EQ(Caption(Window().cmdPPMData), "&PPM Data");
+    EXPECT_EQ(Grid().CellText(0, XCord), "abc");
+}
+
+TEST_F(PlotEditorTest, TheFundListStoresTheRowThatIsTyped) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Go(0, YCord);
+    Keys("7");
+    Click(Window().cmdFondList);
+    EXPECT_EQ(PointsOf(1)[0].value, 7);
+    EXPECT_TRUE(Window().panListFonder->isVisible());
 }
 
 TEST_F(PlotEditorTest, OpenedFromTheHoldingsGridItTakesItsPlace) {

@@ -173,6 +173,23 @@ TEST_F(TotalsTest, EmptyFileHasNoAccounts) {
     EXPECT_TRUE(Window().panTotal->isVisible());
 }
 
+TEST_F(TotalsTest, TakesThePlaceOfTheFundListAndGivesItBack) {
+    StartWith({Row("A", "7 %", "100", 100), Row("B", "7 %", "100", 100)});
+    EXPECT_FALSE(Window().panListFonder->isVisible());
+    Press(Qt::Key_F11);
+    EXPECT_TRUE(Window().panListFonder->isVisible());
+    EXPECT_FALSE(Window().panTotal->isVisible());
+}
+
+TEST_F(TotalsTest, TakesThePlaceOfThePlotData) {
+    StartWith({Row("A", "7 %", "100", 100)});
+    Window().mnuPEdit->trigger();
+    EXPECT_FALSE(Window().panTotal->isVisible());
+    Window().mnuTotal->trigger();
+    EXPECT_FALSE(Window().panPlottData->isVisible());
+    EXPECT_TRUE(Window().panTotal->isVisible());
+}
+
 TEST_F(TotalsTest, EscapeClosesThePanel) {
     StartWith({Row("A", "7 %", "100", 100)});
     Choose(0);
