@@ -212,6 +212,8 @@ void FundList::lstFonder_Enter() {
     } else {
         OpenSelectedFund();
         window.txtValue->setFocus();
+        // What was typed for another fund may be stored for this one, but is not added to.
+        window.txtValue->selectAll();
     }
     window.markers.StopChoosingColour();
     // The mode is over and its instruction with it: the label stands there empty.

@@ -385,6 +385,18 @@ TEST_F(PriceEntryTest, AfterAStoredPriceTheNextFundIsOneKeyAway) {
     EXPECT_EQ(TodaysPoints(2).size(), 1U);
 }
 
+TEST_F(PriceEntryTest, APriceTypedForAnotherFundIsTypedOver) {
+    Window().lstFonder->setFocus();
+    Press(Qt::Key_Return);
+    Type("105");
+    Press(Qt::Key_Tab);
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Price(), "105") << "nothing typed is lost until something else is typed";
+    Type("55");
+    EXPECT_EQ(Price(), "55");
+}
+
 TEST_F(PriceEntryTest, PriceGoesToTheOpenFundWhereverTheCurrentRowStands) {
     ChooseFund(1);
     Window().dtaBasData->MoveFirst();
