@@ -368,13 +368,15 @@ void FullLeaf(Seed& seed) {
 void ThinLeaf(Seed& seed) {
     Tree(seed);
     const std::uint32_t page = Catalog(seed.File()).FindTable("T")->page;
-    const auto order = [&] {
+    const auto second = [&] {
         TableStore store(seed.File(), page);
-        return TableIndexes(store).InOrder(0).value();
+        TreeCursor at = TableIndexes(store).Tree(0).First();
+        at.Next();
+        return at.Row();
     };
     const std::uint32_t root = ReadTableDef(seed.File(), page).realIndexes[0].root;
     const std::uint32_t first = IndexPage::Read(seed.File(), root).Child(0);
-    while (IndexPage::Read(seed.File(), first).Count() > 1) seed.Delete(page, order()[1]);
+    while (IndexPage::Read(seed.File(), first).Count() > 1) seed.Delete(page, second());
 }
 
 /// Short keys that begin alike, for the shared beginning of a page's entries, and many of one

@@ -139,26 +139,11 @@ TreeCursor BTree::Last() const {
     return cursor;
 }
 
-bool BTree::Contains(ByteView key) const {
-    for (TreeCursor at = From(key); at.Valid() && BeginsWith(at.Entry(), key); at.Next()) {
-        if (at.Key().size() == key.size()) return true;
-    }
-    return false;
-}
-
 bool BTree::ContainsOther(ByteView key, RowPointer self) const {
     for (TreeCursor at = From(key); at.Valid() && BeginsWith(at.Entry(), key); at.Next()) {
         if (at.Key().size() == key.size() && at.Row() != self) return true;
     }
     return false;
-}
-
-std::vector<RowPointer> BTree::Find(ByteView prefix) const {
-    std::vector<RowPointer> rows;
-    for (TreeCursor at = From(prefix); at.Valid() && BeginsWith(at.Key(), prefix); at.Next()) {
-        rows.push_back(at.Row());
-    }
-    return rows;
 }
 
 /// Entries with the same key are neighbours, so the key is new unless a neighbour has it.
@@ -418,113 +403,6 @@ void BTree::CutChildLink(const IndexPage& left, const IndexPage& right) {
     if (ReadPage(last).IsLeaf()) return;
     Relink(last, file_->Format().indexNext, 0);
     Relink(first, file_->Format().indexPrevious, 0);
-}
-
-/// The pages of one level of a tree being built, with their numbers and last entries.
-struct BTree::Level {
-    struct Built {
-        IndexPage content;
-        std::uint32_t page = 0;
-        Bytes last;
-    };
-    std::vector<Built> pages;
-
-    void Link(std::size_t begin, std::size_t end) {
-        for (std::size_t i = begin + 1; i < end; ++i) {
-            pages[i].content.previous = pages[i - 1].page;
-            pages[i - 1].content.next = pages[i].page;
-        }
-    }
-};
-
-void BTree::Rebuild(std::span<const IndexEntry> entries) {
-    std::vector<Bytes> sorted;
-    sorted.reserve(entries.size());
-    for (const IndexEntry& entry : entries) sorted.push_back(MakeEntry(entry.key, entry.row));
-    std::sort(sorted.begin(), sorted.end(), EntryBelow);
-    DropAllButRoot();
-
-    Level level = BuildLeaves(sorted);
-    level.Link(0, level.pages.size());
-    while (level.pages.size() > 1) level = BuildParents(level);
-    level.pages.front().content.Write(*file_, root_);
-}
-
-void BTree::DropAllButRoot() {
-    if (map_.IsNull()) return;
-    for (std::uint32_t page : UsageMap(*file_, map_).Pages()) {
-        if (page == root_) continue;
-        const std::uint8_t type = U8(file_->Page(page), 0, page);
-        const bool ours =
-            (type == kIndexLeaf || type == kIndexNode) && U32(file_->Page(page), 4, page) == table_;
-        if (ours) {
-            DropPage(page);
-        } else {
-            UsageMap(*file_, map_).Remove(page);
-        }
-    }
-}
-
-BTree::Level BTree::BuildLeaves(const std::vector<Bytes>& sorted) {
-    Level level;
-    IndexPage leaf = IndexPage::EmptyLeaf(table_);
-    const Bytes* last = nullptr;
-    for (const Bytes& entry : sorted) {
-        if (last != nullptr && entry == *last) ThrowDamaged(root_, 0, "the same index entry twice");
-        leaf.Insert(leaf.Count(), entry);
-        if (!leaf.Fits(file_->Format())) {
-            leaf.Erase(leaf.Count() - 1);
-            if (leaf.Count() == 0) throw Error{ErrorNumber::FieldTooLong, "index key too long"};
-            level.pages.push_back({std::exchange(leaf, IndexPage::EmptyLeaf(table_)), 0, *last});
-            leaf.Insert(0, entry);
-        }
-        last = &entry;
-    }
-    level.pages.push_back({std::move(leaf), 0, last != nullptr ? *last : Bytes()});
-    NumberPages(level);
-    return level;
-}
-
-void BTree::NumberPages(Level& level) {
-    for (Level::Built& built : level.pages) {
-        built.page = level.pages.size() == 1 ? root_ : NewPage();
-    }
-}
-
-/// Writes the pages of a level and makes the nodes above them.
-BTree::Level BTree::BuildParents(Level& children) {
-    const auto nodeLevel = static_cast<std::uint8_t>(children.pages.front().content.level + 1);
-    std::vector<std::size_t> begins;
-    IndexPage trial = IndexPage::EmptyNode(table_, nodeLevel);
-    for (std::size_t i = 0; i < children.pages.size(); ++i) {
-        const Level::Built& child = children.pages[i];
-        trial.Insert(trial.Count(), child.last, child.page);
-        if (i != 0 && trial.Fits(file_->Format())) continue;
-        begins.push_back(i);
-        trial = IndexPage::EmptyNode(table_, nodeLevel);
-        trial.Insert(0, child.last, child.page);
-    }
-    // A node of one child is avoided where its neighbour has one to spare.
-    const std::size_t count = children.pages.size();
-    if (begins.size() > 1 && begins.back() == count - 1 &&
-        begins.back() - *(begins.end() - 2) > 2) {
-        --begins.back();
-    }
-    Level parents;
-    for (std::size_t group = 0; group < begins.size(); ++group) {
-        const std::size_t begin = begins[group];
-        const std::size_t end = group + 1 < begins.size() ? begins[group + 1] : count;
-        IndexPage node = IndexPage::EmptyNode(table_, nodeLevel);
-        for (std::size_t i = begin; i < end; ++i) {
-            node.Insert(node.Count(), children.pages[i].last, children.pages[i].page);
-        }
-        if (node.Count() > 1) node.MakeLastTail();
-        if (!children.pages.front().content.IsLeaf()) children.Link(begin, end);
-        parents.pages.push_back({std::move(node), 0, children.pages[end - 1].last});
-    }
-    for (const Level::Built& child : children.pages) child.content.Write(*file_, child.page);
-    NumberPages(parents);
-    return parents;
 }
 
 /// While the root has one child only, it becomes that child.

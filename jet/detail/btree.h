@@ -1,5 +1,5 @@
 #pragma once
-// One index tree: entries (key bytes + row pointer) found, walked, inserted, erased, rebuilt. Knows
+// One index tree: entries (key bytes + row pointer) found, walked, inserted, erased. Knows
 // no values and no rows; every edit is to stand inside PageFile::Begin and Commit.
 
 #include "jet/detail/bytes.h"
@@ -14,11 +14,6 @@
 #include <vector>
 
 namespace jet::detail {
-
-struct IndexEntry {
-    Bytes key;
-    RowPointer row;
-};
 
 /// A place among the entries of a tree. Good until the tree is edited. Checks as it goes that
 /// entries only grow (or shrink, backward) and that the walk ends; throws NotADatabase otherwise.
@@ -64,17 +59,9 @@ class BTree {
     /// Removes the row's entry by looking at all of them, and returns its key. For keys that cannot
     /// be computed.
     Bytes EraseByRowPointer(RowPointer row);
-    /// Throws away all entries and builds the tree anew from these, in any order.
-    void Rebuild(std::span<const IndexEntry> entries);
 
-    /// Whether any entry has exactly this key; whether one of another row has it (the check before
-    /// a unique insert).
-    bool Contains(ByteView key) const;
+    /// Whether an entry of another row has exactly this key: the check before a unique insert.
     bool ContainsOther(ByteView key, RowPointer self) const;
-    /// The rows of all entries whose key begins with `prefix`, in the index's order: with the whole
-    /// key, the rows that have it; with the keys of the first columns, the rows that are equal
-    /// there.
-    std::vector<RowPointer> Find(ByteView prefix) const;
 
     /// The first entry; the first one not below `wanted`; the last one.
     TreeCursor First() const;
@@ -108,11 +95,6 @@ class BTree {
     void Split(Path& path, std::size_t level);
     void CutChildLink(const IndexPage& left, const IndexPage& right);
     void CollapseRoot();
-    struct Level;
-    void DropAllButRoot();
-    Level BuildLeaves(const std::vector<Bytes>& sorted);
-    Level BuildParents(Level& children);
-    void NumberPages(Level& level);
     std::uint32_t NewPage();
     void DropPage(std::uint32_t page);
     void Relink(std::uint32_t page, std::size_t linkOffset, std::uint32_t to);

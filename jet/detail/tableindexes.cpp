@@ -367,23 +367,4 @@ void TableIndexes::EraseEntry(std::size_t realIndex, const std::optional<Bytes>&
     tree.EraseByRowPointer(row);
 }
 
-std::optional<std::vector<RowPointer>> TableIndexes::Find(std::size_t realIndex,
-                                                          std::span<const Value> leading) const {
-    const bool mayLackRows =
-        table_->Def().realIndexes.at(realIndex).IgnoreNulls() && AllNull(leading);
-    const auto prefix = EncodeKey(leading, std::span(columns_[realIndex]).first(leading.size()));
-    if (mayLackRows || !prefix) return std::nullopt;
-    return Tree(realIndex).Find(*prefix);
-}
-
-std::optional<std::vector<RowPointer>> TableIndexes::InOrder(std::size_t realIndex) const {
-    const bool unknown = std::any_of(
-        columns_[realIndex].begin(), columns_[realIndex].end(), [](const KeyColumn& column) {
-            const bool text = column.type == ColumnType::Text || column.type == ColumnType::Memo;
-            return !Indexable(column.type) || (text && column.order == TextOrder::Unknown);
-        });
-    if (unknown || table_->Def().realIndexes.at(realIndex).IgnoreNulls()) return std::nullopt;
-    return Tree(realIndex).Find({});
-}
-
 }  // namespace jet::detail

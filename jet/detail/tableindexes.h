@@ -51,14 +51,6 @@ class TableIndexes {
     void Erase(RowPointer row);
     void Erase(std::span<const std::uint32_t> rows);  ///< packed pointers; many at once
 
-    /// The rows that are equal to `leading` in the index's first columns, in the index's order;
-    /// nullopt when the index cannot tell (unknown sort order): then the table must be scanned.
-    std::optional<std::vector<RowPointer>> Find(std::size_t realIndex,
-                                                std::span<const Value> leading) const;
-    /// All rows in the index's order; nullopt when that order is not known, or rows are missing in
-    /// it (nulls ignored).
-    std::optional<std::vector<RowPointer>> InOrder(std::size_t realIndex) const;
-
     /// The columns of an index as the key encoder wants them.
     const std::vector<KeyColumn>& Columns(std::size_t realIndex) const {
         return columns_[realIndex];
