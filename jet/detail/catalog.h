@@ -78,7 +78,7 @@ struct CatalogObject {
     std::int16_t type = 1;
     std::uint32_t flags = 0;
     Bytes owner;
-    Date created;
+    Date created{};
 };
 std::vector<Value> ObjectRow(const TableDef& objects, const CatalogObject& object);
 

@@ -399,9 +399,9 @@ class CatalogWriter {
     CatalogWriter(PageFile& file, Date created)
         : objects_(file, kSystemObjectsPage), entries_(file, kSystemAcesPage), created_(created) {}
 
-    void AddObject(std::uint32_t id, std::uint32_t parent, const std::string& name,
-                   std::int16_t type, std::uint32_t flags, const Bytes& owner) {
-        objects_.Add(ObjectRow(objects_.Def(), {id, parent, name, type, flags, owner, created_}));
+    void AddObject(CatalogObject object) {
+        object.created = created_;
+        objects_.Add(ObjectRow(objects_.Def(), object));
     }
     void AddAccess(std::uint32_t object, const Bytes& sid, std::uint32_t mask, bool inheritable) {
         entries_.Add(AccessRow(entries_.Def(), {object, sid, mask, inheritable}));
@@ -413,16 +413,17 @@ class CatalogWriter {
 };
 
 void AddSystemRows(CatalogWriter& catalog) {
-    catalog.AddObject(kTablesContainer, kContainersParent, "Tables", kContainerType, kSystemObject,
-                      kEngine);
-    catalog.AddObject(kDatabases, kContainersParent, "Databases", kContainerType, kSystemObject,
-                      kEngine);
-    catalog.AddObject(kRelationships, kContainersParent, "Relationships", kContainerType,
-                      kSystemObject, kEngine);
-    catalog.AddObject(kDatabaseObject, kDatabases, "MSysDb", kDocumentType, kSystemObject, kAdmin);
+    catalog.AddObject(
+        {kTablesContainer, kContainersParent, "Tables", kContainerType, kSystemObject, kEngine});
+    catalog.AddObject(
+        {kDatabases, kContainersParent, "Databases", kContainerType, kSystemObject, kEngine});
+    catalog.AddObject({kRelationships, kContainersParent, "Relationships", kContainerType,
+                       kSystemObject, kEngine});
+    catalog.AddObject(
+        {kDatabaseObject, kDatabases, "MSysDb", kDocumentType, kSystemObject, kAdmin});
     for (const SystemTable& table : SystemTables()) {
-        catalog.AddObject(table.page, kTablesContainer, table.design.name, kTableType,
-                          kSystemObject, kEngine);
+        catalog.AddObject(
+            {table.page, kTablesContainer, table.design.name, kTableType, kSystemObject, kEngine});
     }
     struct Access {
         std::uint32_t object;
@@ -481,7 +482,7 @@ std::unique_ptr<PageFile> NewFile(std::span<const TableDesign> tables, Date crea
     constexpr std::uint32_t kAllRights = 0xFFEFF;
     for (TableDef& def : definitions) {
         PlaceTable(*file, AllocatePage(*file), def);
-        catalog.AddObject(def.page, kTablesContainer, def.name, kTableType, 0, kAdmin);
+        catalog.AddObject({def.page, kTablesContainer, def.name, kTableType, 0, kAdmin});
         catalog.AddAccess(def.page, kAdmin, kAllRights, false);
         catalog.AddAccess(def.page, kUsers, kAllRights, false);
     }

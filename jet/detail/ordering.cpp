@@ -30,7 +30,8 @@ void SortKeyed(std::vector<Keyed<Key>>& keyed, std::vector<std::uint32_t>& rows)
 
 }  // namespace
 
-Ordering::Ordering(const TableStore& table, std::vector<OrderColumn> columns) : table_(&table) {
+Ordering::Ordering(const TableStore& table, const std::vector<OrderColumn>& columns)
+    : table_(&table) {
     for (const OrderColumn& column : columns) {
         terms_.push_back({column, NumericKind(table.Def().columns[column.position])});
         if (!terms_.back().number) allNumbers_ = false;

@@ -24,7 +24,7 @@ struct OrderColumn {
 /// keep the order they had.
 class Ordering {
   public:
-    Ordering(const TableStore& table, std::vector<OrderColumn> columns);
+    Ordering(const TableStore& table, const std::vector<OrderColumn>& columns);
 
     bool Empty() const { return terms_.empty(); }
     /// Sorts packed row pointers.

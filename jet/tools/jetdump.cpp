@@ -205,6 +205,7 @@ void Dump(const char* path) {
     std::sort(tables.begin(), tables.end(),
               [](const auto& a, const auto& b) { return a.name < b.name; });
     std::vector<std::string> names;
+    names.reserve(tables.size());
     for (const auto& table : tables) names.push_back(table.name);
 
     std::string out = "{\"jet\":";

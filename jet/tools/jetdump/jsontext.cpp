@@ -40,31 +40,42 @@ void AppendScaled(std::string& out, bool negative, std::string digits, std::size
     out += '"';
 }
 
+/// A number taken apart: the digits that tell it from all others, the first in front of the point,
+/// and the power of ten.
+struct Scientific {
+    bool negative = false;
+    std::string digits;
+    int exponent = 0;
+};
+
+template <typename Float>
+Scientific TakenApart(Float number) {
+    char buffer[40];
+    const auto end =
+        std::to_chars(std::begin(buffer), std::end(buffer), number, std::chars_format::scientific)
+            .ptr;
+    std::string_view text(buffer, static_cast<std::size_t>(end - buffer));  // "-d.ddde+NN"
+    Scientific parts;
+    parts.negative = text.front() == '-';
+    if (parts.negative) text.remove_prefix(1);
+    const std::size_t mark = text.find('e');
+    for (const char c : text.substr(0, mark)) {
+        if (c != '.') parts.digits += c;
+    }
+    std::string_view power = text.substr(mark + 1);
+    if (power.front() == '+') power.remove_prefix(1);
+    std::from_chars(power.data(), power.data() + power.size(), parts.exponent);
+    return parts;
+}
+
 template <typename Float>
 void AppendFloating(std::string& out, Float number) {
     if (!std::isfinite(number)) {
         out += "null";
         return;
     }
-    char buffer[40];
-    const auto end =
-        std::to_chars(std::begin(buffer), std::end(buffer), number, std::chars_format::scientific)
-            .ptr;
-    // "-d.ddde+NN": taken apart into sign, digits and exponent.
-    std::string_view text(buffer, static_cast<std::size_t>(end - buffer));
-    if (text.front() == '-') {
-        out += '-';
-        text.remove_prefix(1);
-    }
-    const std::size_t mark = text.find('e');
-    std::string digits;
-    for (const char c : text.substr(0, mark)) {
-        if (c != '.') digits += c;
-    }
-    std::string_view power = text.substr(mark + 1);
-    if (power.front() == '+') power.remove_prefix(1);
-    int exponent = 0;
-    std::from_chars(power.data(), power.data() + power.size(), exponent);
+    const auto [negative, digits, exponent] = TakenApart(number);
+    if (negative) out += '-';
     if (number == 0) {
         out += '0';
         return;
