@@ -2,7 +2,10 @@
 
 #include "platform/dialogs.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <filesystem>
+#include <string_view>
 
 namespace {
 
@@ -12,13 +15,21 @@ std::string BareExtension(const std::string& extension) {
     return point == std::string::npos ? extension : extension.substr(point + 1);
 }
 
-std::string WithExtension(const std::string& path, const std::string& extension) {
-    if (path.empty() || extension.empty()) return path;
-    if (std::filesystem::path(path).has_extension()) return path;
-    return path + "." + extension;
+// A date or an abbreviation in a name has points too: "Kopia 2026.11.21", "Fonder f.d. Elsa".
+bool IsExtension(std::string_view ending) {
+    constexpr std::size_t kLongest = 5;  // with its point
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    return ending.size() > 1 && ending.size() <= kLongest &&
+           std::all_of(ending.begin() + 1, ending.end(), isLetter);
 }
 
 }  // namespace
+
+std::string WithExtension(const std::string& path, const std::string& extension) {
+    if (path.empty() || extension.empty()) return path;
+    if (IsExtension(std::filesystem::path(path).extension().string())) return path;
+    return path + "." + extension;
+}
 
 void CommonDialog::ShowOpen() {
     Show(FileChoice::Open);
@@ -39,5 +50,6 @@ void CommonDialog::Show(FileChoice choice) {
                            .fileName = fileName,
                            .askBeforeOverwriting = (flags & kAskBeforeOverwriting) != 0,
                            .mustExist = (flags & kFileMustExist) != 0});
-    if (!picked.empty()) fileName = WithExtension(picked, extension);
+    if (picked.empty()) return;
+    fileName = choice == FileChoice::Save ? WithExtension(picked, extension) : picked;
 }

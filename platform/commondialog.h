@@ -6,6 +6,9 @@
 class Dialogs;
 enum class FileChoice;
 
+/// A file whose name lacks the extension would not be found again in the open dialog.
+std::string WithExtension(const std::string& path, const std::string& extension);
+
 class CommonDialog {
   public:
     static constexpr int kAskBeforeOverwriting = 2;

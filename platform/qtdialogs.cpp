@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "platform/caption.h"
+#include "platform/commondialog.h"
 #include "platform/texts.h"
 
 #include <QApplication>
@@ -9,6 +10,7 @@
 #include <QColorDialog>
 #include <QDialog>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -114,8 +116,23 @@ std::string QtDialogs::PickFile(const FileRequest& request) {
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
     dialog.setDefaultSuffix(ToQt(request.defaultExtension));
     if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return "";
-    return FromQt(dialog.selectedFiles().constFirst());
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        const std::string picked = FromQt(dialog.selectedFiles().constFirst());
+        if (!saving) return picked;
+        const std::string path = WithExtension(picked, request.defaultExtension);
+        // The dialog has asked about the name that it was given.
+        if (path == picked || !request.askBeforeOverwriting || MayReplace(path)) return path;
+    }
+    return "";
+}
+
+bool QtDialogs::MayReplace(const std::string& path) {
+    const QFileInfo file(ToQt(path));
+    if (!file.exists()) return true;
+    return Show({.text = FromQt(file.fileName()) + std::string(texts::dialogs::kReplace),
+                 .buttons = Buttons::YesNo,
+                 .icon = Icon::Exclamation,
+                 .defaultButton = DefaultButton::Second}) == Answer::Yes;
 }
 
 std::optional<Rgb> QtDialogs::PickColour(Rgb shownFirst) {

@@ -14,4 +14,7 @@ class QtDialogs final : public Dialogs {
     std::string PickFile(const FileRequest& request) override;
     std::optional<Rgb> PickColour(Rgb shownFirst) override;
     bool PickPrinter(QPrinter& printer) override;
+
+  private:
+    bool MayReplace(const std::string& path);
 };

@@ -11,6 +11,8 @@ inline constexpr std::string_view kOk = "OK";
 inline constexpr std::string_view kCancel = "Avbryt";
 inline constexpr std::string_view kYes = "&Ja";
 inline constexpr std::string_view kNo = "&Nej";
+/// After a file's name.
+inline constexpr std::string_view kReplace = " finns redan.\r\nVill du ersätta den?";
 
 struct Translation {
     std::string_view english, swedish;

@@ -80,14 +80,26 @@ TEST_P(DefaultExtension, IsAddedWhereNoneIs) {
     EXPECT_EQ(dialog_.fileName, GetParam().expected);
 }
 
+TEST_F(CommonDialogTest, AFileThatIsOpenedKeepsItsName) {
+    dialog_.defaultExtension = "*.mdb";
+    dialogs_.ExpectFile(FileChoice::Open, "").Pick("/tmp/Kopia 2026.11.21");
+    dialog_.ShowOpen();
+    EXPECT_EQ(dialog_.fileName, "/tmp/Kopia 2026.11.21");
+}
+
 INSTANTIATE_TEST_SUITE_P(
     All, DefaultExtension,
-    ::testing::Values(Extension{"Pattern", "*.mdb", "/tmp/ny", "/tmp/ny.mdb"},
-                      Extension{"Bare", "mdb", "/tmp/ny", "/tmp/ny.mdb"},
-                      Extension{"ThereAlready", "*.mdb", "/tmp/ny.mdb", "/tmp/ny.mdb"},
-                      Extension{"Another", "*.mdb", "/tmp/ny.dat", "/tmp/ny.dat"},
-                      Extension{"PointInTheFolder", "*.mdb", "/tmp/a.b/ny", "/tmp/a.b/ny.mdb"},
-                      Extension{"None", "", "/tmp/ny", "/tmp/ny"}),
+    ::testing::Values(
+        Extension{"Pattern", "*.mdb", "/tmp/ny", "/tmp/ny.mdb"},
+        Extension{"Bare", "mdb", "/tmp/ny", "/tmp/ny.mdb"},
+        Extension{"ThereAlready", "*.mdb", "/tmp/ny.mdb", "/tmp/ny.mdb"},
+        Extension{"Another", "*.mdb", "/tmp/ny.dat", "/tmp/ny.dat"},
+        Extension{"PointInTheFolder", "*.mdb", "/tmp/a.b/ny", "/tmp/a.b/ny.mdb"},
+        Extension{"DateInTheName", "*.mdb", "/tmp/Kopia 2026.11.21", "/tmp/Kopia 2026.11.21.mdb"},
+        Extension{"PointInTheName", "*.mdb", "/tmp/Fonder f.d. Elsa", "/tmp/Fonder f.d. Elsa.mdb"},
+        Extension{"PointAtTheEnd", "*.mdb", "/tmp/Fonder.", "/tmp/Fonder..mdb"},
+        Extension{"Capitals", "*.mdb", "/tmp/NY.MDB", "/tmp/NY.MDB"},
+        Extension{"None", "", "/tmp/ny", "/tmp/ny"}),
     [](const auto& one) { return one.param.name; });
 
 }  // namespace

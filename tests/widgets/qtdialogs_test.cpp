@@ -196,6 +196,37 @@ TEST_F(PickFileTest, OverwritingIsAskedForOnlyWhenWished) {
     }
 }
 
+TEST_F(PickFileTest, ADateInANewNameIsNoExtension) {
+    const std::string picked =
+        Pick({.choice = FileChoice::Save, .defaultExtension = "mdb", .askBeforeOverwriting = true},
+             [](QFileDialog& dialog) { Enter(dialog, QStringLiteral("Kopia 2026.11.21")); });
+    EXPECT_EQ(picked, FromQt(Path("Kopia 2026.11.21.mdb")));
+}
+
+TEST_F(PickFileTest, NoToOverwritingTheCompletedNameGoesBackToTheChoice) {
+    QFile(Path("Kopia 2026.11.21.mdb")).open(QIODevice::WriteOnly);
+    std::string asked;
+    const auto answerNo = [&asked] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        asked = FromQt(box->text());
+        QTimer::singleShot(0, qApp, [] {
+            auto* again = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(again, nullptr);
+            again->reject();
+        });
+        box->reject();
+    };
+    const std::string picked =
+        Pick({.choice = FileChoice::Save, .defaultExtension = "mdb", .askBeforeOverwriting = true},
+             [&](QFileDialog& dialog) {
+                 QTimer::singleShot(0, qApp, answerNo);
+                 Enter(dialog, QStringLiteral("Kopia 2026.11.21"));
+             });
+    EXPECT_EQ(asked, "Kopia 2026.11.21.mdb finns redan.\nVill du ersätta den?");
+    EXPECT_EQ(picked, "");
+}
+
 TEST(PickColour, ShowsTheGivenColourFirstAndGivesTheChosenOne) {
     QtDialogs dialogs;
     QTimer::singleShot(0, qApp, [] {
