@@ -14,6 +14,7 @@
 #include <QPalette>
 #include <QPushButton>
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -67,7 +68,9 @@ void FurnishGridHelp(frmPPM& window) {
     help->setText(ToQt(kGridHelp));
     help->setWordWrap(true);
     help->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    help->setMargin(4);
+    window.layout.AlsoScale([help](const Scaling& scaling) {
+        help->setMargin(std::min(4, Pixels(30 * scaling.down)));
+    });
     help->setAutoFillBackground(true);
     help->setFrameStyle(QFrame::Box | QFrame::Plain);
     QPalette colours = help->palette();

@@ -52,6 +52,8 @@ QPushButton { background: #FFFFFF; color: #1B2B36; border: 1px solid #9DB0BC; bo
 QPushButton:hover { background: #EAF3F8; border-color: #1F5C7D; }
 QPushButton:pressed { background: #D3E4EE; }
 QPushButton:focus { border: 2px solid #1F5C7D; padding: 0 7px; outline: none; }
+QWidget#client QPushButton { padding: 1px 2px; }
+QWidget#client QPushButton:focus { padding: 0 1px; }
 QPushButton:disabled { background: #EEF2F4; color: #8A99A3; border-color: #CDD7DD; }
 QToolButton { background: #FFFFFF; border: 1px solid #9DB0BC; border-radius: 4px; }
 QToolButton:hover { background: #EAF3F8; border-color: #1F5C7D; }

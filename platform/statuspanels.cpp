@@ -11,6 +11,13 @@
 #include <QResizeEvent>
 #include <QSizePolicy>
 
+namespace {
+
+/// Beside a panel's text. Above and under it stands none: in a small window the text needs it all.
+constexpr int kAir = 3;
+
+}  // namespace
+
 class StatusPanels::Panel : public QLabel {
   public:
     using QLabel::QLabel;
@@ -35,7 +42,7 @@ class StatusPanels::Panel : public QLabel {
   private:
     void Elide() {
         const QString shown =
-            fontMetrics().elidedText(whole_, Qt::ElideRight, contentsRect().width() - 2 * margin());
+            fontMetrics().elidedText(whole_, Qt::ElideRight, contentsRect().width() - 2 * kAir);
         setText(shown);
         setToolTip(shown == whole_ ? QString() : whole_);
     }
@@ -45,13 +52,13 @@ class StatusPanels::Panel : public QLabel {
 
 StatusPanels::StatusPanels(int panels, QWidget* parent) : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(2, 2, 2, 2);
+    row->setContentsMargins(2, 0, 2, 0);
     row->setSpacing(2);
     for (int i = 0; i < panels; ++i) {
         auto* panel = new Panel(this);
         panel->setTextFormat(Qt::PlainText);
         panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        panel->setMargin(3);
+        panel->setIndent(kAir);
         panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         row->addWidget(panel, 1);
         panels_.push_back(panel);

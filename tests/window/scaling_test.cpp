@@ -6,8 +6,11 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QRect>
 #include <QSize>
+#include <QStyle>
+#include <QStyleOptionButton>
 
 namespace {
 
@@ -94,6 +97,28 @@ TEST_F(ScalingTest, FontsNeverGrowBeyondTheirLimit) {
     StartOn(3200, 2400);
     EXPECT_NEAR(Window().lblRubrik->font().pointSizeF(), 13 * 1.3, 0.01);
     EXPECT_LE(Window().lstFonder->font().pointSizeF(), 9 * 1.3 + 0.01);
+}
+
+TEST_F(ScalingTest, NoCaptionIsCutOffInTheSmallestWindow) {
+    for (const QSize screen : {QSize(640, 480), QSize(1024, 768)}) {
+        StartOn(screen.width(), screen.height());
+        Window().resize(Window().minimumSize());
+        for (QPushButton* button : Window().centralWidget()->findChildren<QPushButton*>()) {
+            QStyleOptionButton option;
+            option.initFrom(button);
+            const QRect room =
+                button->style()->subElementRect(QStyle::SE_PushButtonContents, &option, button);
+            const QString caption = button->text().remove(u'&');
+            EXPECT_LE(button->fontMetrics().horizontalAdvance(caption), room.width())
+                << button->objectName().toStdString();
+        }
+        const QLabel& help = *Window().txtGrid;
+        EXPECT_LE(help.heightForWidth(help.width()), help.height());
+        for (QLabel* panel : Window().staBar->findChildren<QLabel*>()) {
+            EXPECT_LE(panel->fontMetrics().tightBoundingRect(QStringLiteral("Åg")).height(),
+                      panel->contentsRect().height() - 2 * panel->margin());
+        }
+    }
 }
 
 TEST_F(ScalingTest, NothingLiesOutsideItsPanel) {
