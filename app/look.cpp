@@ -43,10 +43,10 @@ QFrame#panRubrik { background: #234256; border-radius: 4px; }
 QFrame#panRubrik QLabel { color: #FFFFFF; background: transparent; }
 QFrame#panRubrik QLabel#lblPanDatum { color: #CFDEE7; }
 QFrame#panControl { background: #F7F9FA; border: 1px solid #B4C2CB; border-radius: 4px; }
-QGroupBox { background: #F7F9FA; color: #1F4A63; border: 1px solid #B4C2CB; border-radius: 4px;
-            margin: 0; padding: 0; }
-QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left;
-                   left: 9px; top: 5px; color: #1F4A63; background: transparent; }
+QWidget#client QGroupBox { background: #F7F9FA; color: #1F4A63; border: 1px solid #B4C2CB;
+                           border-radius: 4px; margin: 0; padding: 0; }
+QWidget#client QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left;
+                                  left: 9px; top: 5px; color: #1F4A63; background: transparent; }
 QPushButton { background: #FFFFFF; color: #1B2B36; border: 1px solid #9DB0BC; border-radius: 4px;
               padding: 1px 8px; }
 QPushButton:hover { background: #EAF3F8; border-color: #1F5C7D; }

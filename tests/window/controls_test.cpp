@@ -11,11 +11,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QColor>
+#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPalette>
+#include <QVBoxLayout>
 
 #include <set>
 
@@ -126,6 +128,21 @@ TEST_F(ControlsTest, TextsAreReadableUnderADarkDesktopTheme) {
     }
     EXPECT_LT(Window().lstFonder->palette().color(QPalette::Base).lightness(), 64);
     QApplication::setPalette(before);
+}
+
+// The print dialog has frames of its own, with the room for their titles that the desktop gives.
+TEST_F(ControlsTest, TheWindowsFramesAreNotThoseOfItsDialogs) {
+    const auto lineUnderTitle = [](QWidget* parent) {
+        QDialog dialog(parent);
+        auto* frame = new QGroupBox(QStringLiteral("Skrivare"), &dialog);
+        auto* line = new QLabel(QStringLiteral("Namn"), frame);
+        (new QVBoxLayout(frame))->addWidget(line);
+        (new QVBoxLayout(&dialog))->addWidget(frame);
+        dialog.show();
+        QApplication::processEvents();
+        return line->mapTo(frame, line->rect().topLeft());
+    };
+    EXPECT_EQ(lineUnderTitle(&Window()), lineUnderTitle(nullptr));
 }
 
 TEST_F(ControlsTest, MonthLabelTagHoldsTwoYearsAndAJanuary) {
