@@ -8,9 +8,11 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -39,6 +41,9 @@ class SwedishTextsTest : public ::testing::Test {
         }
         for (const QLabel* label : dialog.findChildren<QLabel*>()) {
             captions.insert(FromQt(label->text().remove(u'&')));
+        }
+        for (const QGroupBox* frame : dialog.findChildren<QGroupBox*>()) {
+            captions.insert(FromQt(frame->title().remove(u'&')));
         }
         return captions;
     }
@@ -77,6 +82,33 @@ TEST_F(SwedishTextsTest, TheColourDialogIsSwedish) {
     const std::set<std::string> captions = Captions(dialog);
     for (const char* caption : {"Grundfärger", "Egna färger", "Röd:", "Avbryt"}) {
         EXPECT_TRUE(captions.contains(caption)) << caption;
+    }
+}
+
+TEST_F(SwedishTextsTest, ThePrintDialogIsSwedish) {
+    QPrinter printer;
+    QPrintDialog dialog(&printer);
+    dialog.show();
+    const std::set<std::string> captions = Captions(dialog);
+    for (const char* caption : {"Skriv ut", "Skrivare", "Skriv ut allt", "Sidor från", "Sidor"}) {
+        EXPECT_TRUE(captions.contains(caption)) << caption;
+    }
+    for (const char* caption : {"Print", "Printer", "Print all", "Pages from", "Pages"}) {
+        EXPECT_FALSE(captions.contains(caption)) << caption;
+    }
+}
+
+TEST_F(SwedishTextsTest, ThePageSetupIsSwedish) {
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    QPageSetupDialog dialog(&printer);
+    dialog.show();
+    const std::set<std::string> captions = Captions(dialog);
+    for (const char* caption : {"Papper", "Orientering", "Stående", "Sidlayout", "Sidordning:"}) {
+        EXPECT_TRUE(captions.contains(caption)) << caption;
+    }
+    for (const char* caption : {"Paper", "Orientation", "Portrait", "Page Layout"}) {
+        EXPECT_FALSE(captions.contains(caption)) << caption;
     }
 }
 
