@@ -14,6 +14,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QKeySequence>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
@@ -131,6 +132,7 @@ class DataGrid::Table : public QTableView {
   private:
     bool Passes(int column, const QKeyEvent& event) const;
     bool MarksRow(const QKeyEvent& event) const;
+    void PasteIntoCell(QKeyEvent* event);
 
     DataGrid& grid_;
 };
@@ -290,7 +292,16 @@ void DataGrid::Table::keyPressEvent(QKeyEvent* event) {
         edit(currentIndex(), AnyKeyPressed, event);
         return;
     }
+    if (event->matches(QKeySequence::Paste)) return PasteIntoCell(event);
     QTableView::keyPressEvent(event);
+}
+
+void DataGrid::Table::PasteIntoCell(QKeyEvent* event) {
+    if (!currentIndex().isValid() || !Passes(currentIndex().column(), *event)) return;
+    edit(currentIndex(), EditKeyPressed, event);
+    if (!grid_.state_->editor) return;
+    openedByTyping = true;
+    QApplication::sendEvent(grid_.state_->editor, event);
 }
 
 void DataGrid::Table::resizeEvent(QResizeEvent* event) {

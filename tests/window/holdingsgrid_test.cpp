@@ -13,7 +13,9 @@
 #include <QAbstractItemModel>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QImage>
 #include <QLabel>
@@ -304,6 +306,27 @@ TEST_F(HoldingsGridTest, AnOldRowWithoutDateIsNotStored) {
     EXPECT_EQ(Cell(0, Fond), "Nytt");
     EXPECT_EQ(Holding(0, kBokfortDatum), "2026-01-02");
     EXPECT_EQ(StoredRows(), 2);
+}
+
+TEST_F(HoldingsGridTest, ACopiedNameIsPastedIntoItsCell) {
+    StartWith(TwoHoldings());
+    Go(1, Fond);
+    QGuiApplication::clipboard()->setText(QStringLiteral("Inklistrad fond"));
+    Key(Qt::Key_V, Qt::ControlModifier);
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Holding(1, kFond), "Inklistrad fond");
+}
+
+TEST_F(HoldingsGridTest, NothingIsPastedIntoANumericColumn) {
+    StartWith(TwoHoldings());
+    for (const Column column : {Kurs, Varde}) {
+        Go(1, column);
+        QGuiApplication::clipboard()->setText(QStringLiteral("5"));
+        Key(Qt::Key_V, Qt::ControlModifier);
+        Key(Qt::Key_Up);
+    }
+    EXPECT_EQ(Holding(1, kKursKr), "50");
+    EXPECT_FALSE(Grid().RowTyped());
 }
 
 // ---- A new row ----
