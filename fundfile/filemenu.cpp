@@ -14,6 +14,7 @@
 #include "platform/commondialog.h"
 #include "platform/datagrid.h"
 #include "platform/dialogs.h"
+#include "platform/entryfield.h"
 #include "platform/platform.h"
 
 #include <QAction>
@@ -158,6 +159,7 @@ void FileMenu::ShowOpenedFile() {
     if (!window.panBasData->isHidden()) window.cmdPPMData_Click();
     window.ResetPanels();
     window.ClearFundPanel();
+    SetCaption(window.txtValue, "");
     if (window.dtaBasData->Empty()) {
         ShowFirstFundEntry();
     } else {

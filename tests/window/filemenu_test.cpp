@@ -256,6 +256,15 @@ TEST_F(OpenTest, NoFundIsChosenUntilTheUserChoosesOne) {
     }
 }
 
+TEST_F(OpenTest, APriceTypedForTheFormerFileIsGone) {
+    ChooseFund(0);
+    Window().txtValue->setFocus();
+    Type("105");
+    Open(In("annan.mdb"));
+    Window().mnuOpen->trigger();
+    EXPECT_EQ(Caption(Window().txtValue), "");
+}
+
 TEST_F(OpenTest, APriceGoesToTheFileThatWasOpened) {
     const std::string before = Contents(SamplePath());
     Open(In("annan.mdb"));
