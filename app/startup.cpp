@@ -221,6 +221,8 @@ void StartUp::Timer1_Timer() {
 }
 
 void StartUp::ResetPanels() {
+    // First: a hidden panel would hand its focus to the price field, which shows the mode buttons.
+    window.picDiagram->setFocus();
     window.panListFonder->hide();
     window.imgColor->hide();
     window.imgGrafNr->hide();
@@ -228,7 +230,6 @@ void StartUp::ResetPanels() {
     SetCaption(window.lblTotal, "");
     window.panPlottData->hide();
     window.cmdFondList->setEnabled(true);
-    window.picDiagram->setFocus();
 }
 
 /// Leaving a field or a row stores it; closing the window leaves them all. False when a row cannot

@@ -176,6 +176,15 @@ TEST_F(PlotEditorTest, EscClosesThePanelAndGivesUpTheRow) {
     EXPECT_EQ(PointsOf(1)[0].day, 38718);
 }
 
+TEST_F(PlotEditorTest, EscHidesTheModeButtonsHereToo) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Key(Qt::Key_Escape);
+    EXPECT_FALSE(Window().imgColor->isVisible());
+    EXPECT_FALSE(Window().imgGrafNr->isVisible());
+    EXPECT_TRUE(Window().picDiagram->hasFocus());
+}
+
 TEST_F(PlotEditorTest, ScrollingTheDiagramStoresTheRowThatIsTyped) {
     StartWith({With({{38718, 0}})});
     Open();
