@@ -249,10 +249,6 @@ std::string PointText(float value) {
     return Write(ToDecimal(value), '.');
 }
 
-std::string PointText(double value) {
-    return Write(ToDecimal(value), '.');
-}
-
 double WidenSingle(float value) {
     return ParseDouble(PointText(value));
 }

@@ -27,7 +27,6 @@ std::string PlainText(std::int64_t value);
 
 /// The same with a decimal point, for what programs read.
 std::string PointText(float value);
-std::string PointText(double value);
 
 /// The double that shows the same digits: 12,34 stays 12,34 and does not become
 /// 12,340000152587890625.

@@ -134,10 +134,6 @@ std::vector<HoldingRow> ReadHoldings(DataSource& holdings) {
     return rows;
 }
 
-std::vector<CurvePoint> ReadPoints(jet::Database& database, std::int32_t kontoId) {
-    return ReadPoints(*database.OpenRecordSet(queries::PointsOf(kontoId)));
-}
-
 std::vector<CurvePoint> ReadPoints(jet::RecordSet& dayAndValue) {
     const auto fast = [&] {
         std::vector<CurvePoint> points;

@@ -21,9 +21,8 @@ HoldingRow ReadHolding(DataSource& holdings);
 /// All rows in record order, without moving.
 std::vector<HoldingRow> ReadHoldings(DataSource& holdings);
 
-/// One holding's points in day order. Points without a day or a value are left out.
-std::vector<CurvePoint> ReadPoints(jet::Database& database, std::int32_t kontoId);
-/// The same from an open record set whose first two columns are XCord and YCord.
+/// The points of a record set whose first two columns are XCord and YCord, in its order. Points
+/// without a day or a value are left out.
 std::vector<CurvePoint> ReadPoints(jet::RecordSet& dayAndValue);
 /// Only the values, in stored order.
 std::vector<std::int32_t> ReadValues(jet::Database& database, std::int32_t kontoId);

@@ -17,6 +17,7 @@
 #include <cstring>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -166,7 +167,8 @@ void WriteUnchecked(PageFile& file, std::uint32_t page) {
     }
     if (const auto row = FirstRow(store)) {
         statement([&] {
-            indexes.Erase(*row);
+            const std::uint32_t packed = row->Packed();
+            indexes.Erase(std::span(&packed, 1));
             store.Delete(*row);
         });
     }

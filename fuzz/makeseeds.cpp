@@ -21,6 +21,7 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -134,7 +135,8 @@ class Seed {
     void Delete(std::uint32_t page, RowPointer row) {
         TableStore store(*file_, page);
         TableIndexes indexes(store);
-        indexes.Erase(row);
+        const std::uint32_t packed = row.Packed();
+        indexes.Erase(std::span(&packed, 1));
         store.Delete(row);
     }
 

@@ -84,7 +84,7 @@ class DataGrid : public QFrame {
     /// Asks, deletes the marked row, tells. False when nothing was deleted.
     bool DeleteMarkedRow();
 
-    QTableView& View() const;  ///< for layout and tests
+    QTableView& View() const;  ///< the table that shows the rows
 
   protected:
     void showEvent(QShowEvent* event) override;

@@ -5,11 +5,9 @@
 #include "platform/dialogs.h"
 
 #include <QFontMetricsF>
-#include <QMarginsF>
 #include <QPageSize>
 #include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QPen>
 #include <QPrinter>
 
@@ -31,7 +29,6 @@ struct PrinterPage::State {
     std::unique_ptr<QPagedPaintDevice> device;
     QPainter painter;  // after the device: it must end before the device goes
     double dotsPerCmX = 1, dotsPerCmY = 1;
-    QPointF position;  // centimetres
 
     QFontMetricsF Metrics() const { return QFontMetricsF(painter.font(), device.get()); }
 
@@ -40,13 +37,6 @@ struct PrinterPage::State {
         const bool failed = printer != nullptr && (printer->printerState() == QPrinter::Error ||
                                                    printer->printerState() == QPrinter::Aborted);
         if (failed || !painter.isActive()) Fail("the printer does not print");
-    }
-
-    void Draw(QPointF atCm, std::string_view text) {
-        Check();
-        const QFontMetricsF metrics = Metrics();
-        painter.drawText(QPointF(atCm.x() * dotsPerCmX, atCm.y() * dotsPerCmY + metrics.ascent()),
-                         ToQt(text));
     }
 };
 
@@ -87,10 +77,6 @@ double PrinterPage::ColumnCm(int column) const {
     return (column - 1) * state_->Metrics().averageCharWidth() / state_->dotsPerCmX;
 }
 
-QPointF PrinterPage::Position() const {
-    return state_->position;
-}
-
 void PrinterPage::SetFont(std::string_view family, double points, bool bold) {
     QFont font(ToQt(family));
     font.setPointSizeF(points);
@@ -98,25 +84,11 @@ void PrinterPage::SetFont(std::string_view family, double points, bool bold) {
     state_->painter.setFont(font);
 }
 
-void PrinterPage::MoveTo(double xCm, double yCm) {
-    state_->position = {xCm, yCm};
-}
-
-void PrinterPage::Print(std::string_view text) {
-    state_->Draw(state_->position, text);
-    state_->position = {0, state_->position.y() + LineHeightCm()};
-}
-
-void PrinterPage::PrintColumns(std::span<const ColumnText> line) {
-    for (const ColumnText& piece : line) {
-        state_->Draw({ColumnCm(piece.column), state_->position.y()}, piece.text);
-    }
-    state_->position = {0, state_->position.y() + LineHeightCm()};
-}
-
 void PrinterPage::PrintAt(double xCm, double yCm, std::string_view text) {
-    MoveTo(xCm, yCm);
-    Print(text);
+    state_->Check();
+    const QFontMetricsF metrics = state_->Metrics();
+    const QPointF baseline(xCm * state_->dotsPerCmX, yCm * state_->dotsPerCmY + metrics.ascent());
+    state_->painter.drawText(baseline, ToQt(text));
 }
 
 void PrinterPage::DrawLine(QPointF fromCm, QPointF toCm, double widthPoints) {
@@ -139,7 +111,6 @@ void PrinterPage::DrawPicture(const QImage& picture, QRectF areaCm) {
 void PrinterPage::NewPage() {
     state_->Check();
     if (!state_->device->newPage()) Fail("the printer takes no further page");
-    state_->position = {0, 0};
 }
 
 void PrinterPage::EndDocument() {
@@ -163,13 +134,4 @@ std::unique_ptr<PrinterPage> SystemPrinting::Begin(std::string_view documentName
     // Positions count from the paper's corner, not from the printable area's.
     printer->setFullPage(true);
     return std::make_unique<PrinterPage>(std::move(printer));
-}
-
-std::unique_ptr<PrinterPage> PdfPage(std::string_view path, std::string_view documentName) {
-    auto writer = std::make_unique<QPdfWriter>(ToQt(path));
-    writer->setTitle(ToQt(documentName));
-    writer->setResolution(600);
-    writer->setPageSize(QPageSize(QPageSize::A4));
-    writer->setPageMargins(QMarginsF(0, 0, 0, 0));
-    return std::make_unique<PrinterPage>(std::move(writer));
 }

@@ -1,5 +1,5 @@
 #pragma once
-// A printed page in centimetres: text at a position or in tab columns, lines, pictures, more pages.
+// A printed page in centimetres: texts, lines, pictures, more pages.
 
 #include <QFont>
 #include <QImage>
@@ -8,20 +8,11 @@
 #include <QTransform>
 
 #include <memory>
-#include <span>
-#include <string>
 #include <string_view>
 
 class Dialogs;
 class QPagedPaintDevice;
 class QPainter;
-
-/// A piece of a line that begins at a print column; column 1 is the left edge and every column is
-/// as wide as an average character of the current font.
-struct ColumnText {
-    int column = 1;
-    std::string text;
-};
 
 /// Positions and lengths are centimetres from the paper's upper left corner, at a text its upper
 /// left corner. Every call throws Error PrinterError when the device fails.
@@ -37,14 +28,11 @@ class PrinterPage {
     double HeightCm() const;
     double LineHeightCm() const;  ///< of the current font
     double TextWidthCm(std::string_view text) const;
-    double ColumnCm(int column) const;  ///< where a print column begins
-    QPointF Position() const;           ///< where the next Print goes
+    /// Where a print column begins: column 1 is the left edge, and every column is as wide as an
+    /// average character of the current font.
+    double ColumnCm(int column) const;
 
     void SetFont(std::string_view family, double points, bool bold);
-    void MoveTo(double xCm, double yCm);
-    /// Prints at the current position and moves to the beginning of the next line.
-    void Print(std::string_view text);
-    void PrintColumns(std::span<const ColumnText> line);
     void PrintAt(double xCm, double yCm, std::string_view text);
     /// Width in points; 0 is the thinnest line the device has.
     void DrawLine(QPointF fromCm, QPointF toCm, double widthPoints);
@@ -83,6 +71,3 @@ class SystemPrinting final : public Printing {
   private:
     Dialogs& dialogs_;
 };
-
-/// A page that becomes a PDF file. Throws Error PrinterError when the file cannot be written.
-std::unique_ptr<PrinterPage> PdfPage(std::string_view path, std::string_view documentName);

@@ -67,10 +67,6 @@ void RecordSetModel::SetDataSource(DataSource* source) {
     Reload();
 }
 
-DataSource* RecordSetModel::Source() const {
-    return source_;
-}
-
 void RecordSetModel::SetColumns(std::vector<GridColumn> columns) {
     columns_ = std::move(columns);
     Reload();
@@ -109,10 +105,6 @@ int RecordSetModel::rowCount(const QModelIndex& parent) const {
 
 int RecordSetModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(columns_.size());
-}
-
-int RecordSetModel::StoredRows() const {
-    return std::max(storedRows_, 0);
 }
 
 bool RecordSetModel::IsNewRow(int row) const {

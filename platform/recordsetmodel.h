@@ -38,7 +38,6 @@ class RecordSetModel : public QAbstractTableModel {
     explicit RecordSetModel(QObject* parent = nullptr);
 
     void SetDataSource(DataSource* source);
-    DataSource* Source() const;
     void SetColumns(std::vector<GridColumn> columns);
     const std::vector<GridColumn>& Columns() const;
     /// While asleep it has no rows and asks the data source nothing; waking starts again.
@@ -52,7 +51,6 @@ class RecordSetModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    int StoredRows() const;
     bool IsNewRow(int row) const;
     std::optional<int> TypedRow() const;  ///< the row that has typed cells not yet stored
     /// What was typed into a field of the row being typed; none where nothing was.

@@ -91,12 +91,4 @@ struct AccessEntry {
 };
 std::vector<Value> AccessRow(const TableDef& entries, const AccessEntry& entry);
 
-/// The owner and access entries a further table gets in a file that exists: those of another user
-/// table, else of the container "Tables".
-struct NewTableRights {
-    Bytes owner;
-    std::vector<AccessEntry> entries;  ///< object = 0: to be filled
-};
-NewTableRights RightsForNewTable(PageFile& file);
-
 }  // namespace jet::detail

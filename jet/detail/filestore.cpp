@@ -283,12 +283,6 @@ LoadedFile Load(const std::filesystem::path& path) {
     return loaded;
 }
 
-Fingerprint FingerprintOf(const std::filesystem::path& path) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) ThrowSystem("status of", path);
-    return FingerprintFrom(status);
-}
-
 bool CanReplace(const std::filesystem::path& path) {
     const fs::path target = Resolve(path);
     struct stat status {};

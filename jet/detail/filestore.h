@@ -57,9 +57,6 @@ std::filesystem::path Resolve(const std::filesystem::path& path);
 /// too large) and ChangedByOther (it was being written meanwhile).
 LoadedFile Load(const std::filesystem::path& path);
 
-/// Throws FileNotFound and the like.
-Fingerprint FingerprintOf(const std::filesystem::path& path);
-
 /// Whether a new version of the file could be put in its place: neither it nor its folder is
 /// write-protected.
 bool CanReplace(const std::filesystem::path& path);

@@ -283,15 +283,4 @@ std::optional<Bytes> EncodeKey(std::span<const Value> values, std::span<const Ke
     return key;
 }
 
-std::optional<char32_t> CharacterWithoutWeight(std::string_view text, TextOrder order) {
-    for (char32_t character : KeyCharacters(text)) {
-        const bool known = order == TextOrder::General ? WeightOf(character) != nullptr
-                           : order == TextOrder::General97
-                               ? WesternCodePage().ToByte(character).has_value()
-                               : false;
-        if (!known) return character;
-    }
-    return std::nullopt;
-}
-
 }  // namespace jet::detail

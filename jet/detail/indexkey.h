@@ -45,7 +45,4 @@ void AppendLongKey(Bytes& key, std::int32_t value, bool descending);
 /// The key bytes of a null: the start byte alone.
 std::uint8_t NullKey(const KeyColumn& column);
 
-/// The first character of `text` that has no known weight in `order`.
-std::optional<char32_t> CharacterWithoutWeight(std::string_view text, TextOrder order);
-
 }  // namespace jet::detail

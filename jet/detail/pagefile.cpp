@@ -255,10 +255,6 @@ void PageFile::Store() {
     throw Error{ErrorNumber::DeviceIo, "sync the folder of " + path_.string() + ": device failed"};
 }
 
-bool PageFile::ChangedOnDisk() const {
-    return fingerprint_ && FingerprintOf(path_) != *fingerprint_;
-}
-
 void PageFile::SaveAs(const std::filesystem::path& path) const {
     if (!ReplaceAtomically(path, image_, nullptr).folderSynced) {
         throw Error{ErrorNumber::DeviceIo,

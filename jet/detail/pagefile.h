@@ -74,8 +74,6 @@ class PageFile {
     /// Counts up with every EditPage, AppendPage and Rollback: lets caches notice that pages
     /// changed.
     std::uint64_t ChangeCount() const { return changeCount_; }
-    /// Whether the file on disk is still the one that was read or written last.
-    bool ChangedOnDisk() const;
 
     /// Writes all pages to `path` (a new file, or in the place of one). The object is not bound to
     /// it.

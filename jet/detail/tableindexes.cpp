@@ -332,13 +332,6 @@ void TableIndexes::Apply(const IndexPlan& plan, RowPointer row) {
     }
 }
 
-void TableIndexes::Erase(RowPointer row) {
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        const RowKey key = KeyFromRow(i, table_->Read(row));
-        if (key.present) EraseEntry(i, key.key, row);
-    }
-}
-
 void TableIndexes::Erase(std::span<const std::uint32_t> rows) {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         BTree tree = Tree(i);

@@ -34,7 +34,7 @@ struct IndexPlan {
 ///
 ///   insert:  plan = PlanInsert(values);         row = store.Insert(values);   Apply(plan, row);
 ///   update:  plan = PlanUpdate(row, values);    store.Update(row, values);    Apply(plan, row);
-///   delete:  Erase(row);                        store.Delete(row);
+///   delete:  Erase(rows);                       store.Delete(rows);
 class TableIndexes {
   public:
     explicit TableIndexes(TableStore& table);
@@ -47,9 +47,8 @@ class TableIndexes {
     IndexPlan PlanUpdate(RowPointer row, std::span<const std::optional<Value>> values);
     /// Makes the entries; counts distinct keys.
     void Apply(const IndexPlan& plan, RowPointer row);
-    /// Takes the row's entries away. The row must still be there.
-    void Erase(RowPointer row);
-    void Erase(std::span<const std::uint32_t> rows);  ///< packed pointers; many at once
+    /// Takes the entries of rows away, given as packed pointers. The rows must still be there.
+    void Erase(std::span<const std::uint32_t> rows);
 
     /// The columns of an index as the key encoder wants them.
     const std::vector<KeyColumn>& Columns(std::size_t realIndex) const {

@@ -136,17 +136,6 @@ std::string DecodeText(const TextForm& form, ByteView stored) {
     return text;
 }
 
-std::u16string DecodeUnits(const TextForm& form, ByteView stored) {
-    std::u16string units;
-    if (form.unit == 1) {
-        units.assign(stored.begin(), stored.end());
-        return units;
-    }
-    units.reserve(stored.size());
-    ForEachUnit(stored, [&](char16_t unit) { units += unit; });
-    return units;
-}
-
 std::vector<std::uint8_t> EncodeText(const TextForm& form, std::string_view utf8) {
     std::vector<std::uint8_t> bytes;
     bytes.reserve(utf8.size() * form.unit);

@@ -21,9 +21,6 @@ struct TextForm {
 /// Stored bytes as UTF-8. Never fails: a lone surrogate becomes U+FFFD, an odd last byte is
 /// dropped, and a code page that is not known is read as windows-1252.
 std::string DecodeText(const TextForm& form, ByteView stored);
-/// The text's characters as UTF-16 code units (Jet 4) or code page bytes widened (Jet 3): what
-/// index keys are made of. Nothing is replaced.
-std::u16string DecodeUnits(const TextForm& form, ByteView stored);
 
 /// UTF-8 as stored bytes, never compressed. Throws TypeMismatch for a character that the file
 /// cannot hold (outside its code page; broken UTF-8; U+FEFF in front).

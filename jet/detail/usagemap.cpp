@@ -266,10 +266,6 @@ void UsageMap::Remove(std::uint32_t page) {
     PutBit(EditBitsOfReference(*file_, mapPage), page % perPage, false);
 }
 
-void UsageMap::Clear() {
-    for (const std::uint32_t page : Pages()) Remove(page);
-}
-
 std::uint32_t AllocatePage(PageFile& file) {
     const std::optional<std::uint32_t> freed = file.TakeFreed();
     const std::uint32_t page = freed ? *freed : file.AppendPage();

@@ -24,7 +24,6 @@ class UsageMap {
     std::vector<std::uint32_t> Pages() const;
     void Add(std::uint32_t page);  ///< lengthens or converts the map as needed; may allocate pages
     void Remove(std::uint32_t page);  ///< nothing happens when it is not in the set
-    void Clear();                     ///< takes every page out; the form of the map stays
 
   private:
     void AddOutsideInlineRange(std::uint32_t page);

@@ -171,7 +171,7 @@ TEST(PlainText, OfInfinityOrNaNIsAnError) {
 
 TEST(PointText, HasADecimalPoint) {
     EXPECT_EQ(PointText(12.5F), "12.5");
-    EXPECT_EQ(PointText(-0.25), "-0.25");
+    EXPECT_EQ(PointText(-0.25F), "-0.25");
     EXPECT_EQ(PointText(3.0F), "3");
 }
 

@@ -352,7 +352,8 @@ TEST_P(SampleFundFile, OpensWithAllItsHoldingsAndPoints) {
               static_cast<std::int32_t>(testdata::MdbExport(path, "FONDDATA").size()));
     std::int32_t read = 0;
     for (; !holdings.Empty() && !holdings.Eof(); holdings.MoveNext()) {
-        read += static_cast<std::int32_t>(ReadPoints(*file.database, KontoIdOf(holdings)).size());
+        read += static_cast<std::int32_t>(
+            testdata::PointsOf(*file.database, KontoIdOf(holdings)).size());
     }
     EXPECT_EQ(read, points.RecordCount());
     EXPECT_EQ(read, static_cast<std::int32_t>(testdata::MdbExport(path, "PLOTTDATA").size()));

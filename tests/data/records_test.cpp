@@ -31,7 +31,7 @@ class RecordsTest : public testing::Test {
         AddPoint(points, {"123 456", day, percent, kontoId});
         points.Refresh();
     }
-    Points Read(std::int32_t kontoId) { return ReadPoints(*file.database, kontoId); }
+    Points Read(std::int32_t kontoId) { return testdata::PointsOf(*file.database, kontoId); }
 
     testdata::TemporaryFolder folder;
     testdata::fs::path path = folder / "a.mdb";

@@ -70,7 +70,7 @@ class SampleFile : public testing::TestWithParam<std::string> {
     void TearDown() override { CloseFundFile(file.database); }
 
     std::vector<CurvePoint> PointsOf(const HoldingRow& row) {
-        return ReadPoints(*file.database, row.kontoId);
+        return testdata::PointsOf(*file.database, row.kontoId);
     }
     /// Price and shares from which the percentages of a row start.
     static double StartOf(const HoldingRow& row) {
@@ -255,7 +255,7 @@ TEST(SampleFiles, AnotherDateMovesTheEndOfTheSeries) {
     const testdata::TemporaryFolder later;
     Make(later.Path(), 2027y / November / 20);  // a Saturday
     FundFile file = OpenFundFile(later / "Vimmels_exempel.mdb");
-    EXPECT_EQ(FormatDay(ReadPoints(*file.database, 1).back().day), "2027-11-19");
+    EXPECT_EQ(FormatDay(testdata::PointsOf(*file.database, 1).back().day), "2027-11-19");
     CloseFundFile(file.database);
 }
 

@@ -1,6 +1,7 @@
 #include "tests/data/support.h"
 
 #include "base/number.h"
+#include "fundfile/queries.h"
 #include "fundfile/rules/savedvalues.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
@@ -67,6 +68,10 @@ void MakeFundFile(const fs::path& path, int holdings, int points) {
     }
     transaction.Commit();
     file->Close();
+}
+
+std::vector<CurvePoint> PointsOf(jet::Database& database, std::int32_t kontoId) {
+    return ReadPoints(*database.OpenRecordSet(queries::PointsOf(kontoId)));
 }
 
 std::vector<std::string> MdbExport(const fs::path& path, std::string_view table) {

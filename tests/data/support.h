@@ -5,6 +5,7 @@
 #include "base/error.h"
 #include "fundfile/datasource.h"
 #include "fundfile/fundfile.h"
+#include "fundfile/records.h"
 #include "jet/database.h"
 #include "tests/support/otherprocess.h"
 
@@ -39,6 +40,9 @@ std::vector<fs::path> SampleFundFiles();
 /// A new fund file with `holdings` rows called Fond 1, Fond 2 ... and `points` points each.
 void MakeFundFile(const fs::path& path, int holdings, int points);
 void AddHolding(jet::RecordSet& records, std::string_view name);
+
+/// One holding's points in day order.
+std::vector<CurvePoint> PointsOf(jet::Database& database, std::int32_t kontoId);
 
 /// The rows of a table as mdb-export prints them, without its heading; each line one text.
 std::vector<std::string> MdbExport(const fs::path& path, std::string_view table);

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <random>
+#include <span>
 
 namespace {
 
@@ -63,7 +64,8 @@ void UseAll(const std::string& bytes) {
             if (!row) return;
             UndoScope scope(file);
             table.Update(*row, std::vector<std::optional<Value>>(table.Def().columns.size()));
-            indexes.Erase(*row);
+            const std::uint32_t packed = row->Packed();
+            indexes.Erase(std::span(&packed, 1));
             table.Delete(*row);
             scope.Commit();
         });

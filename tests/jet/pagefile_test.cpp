@@ -217,6 +217,13 @@ class OnDisk : public testing::Test {
             std::distance(jettest::fs::directory_iterator(folder_.Path()), {}));
     }
 
+    /// Another one when the file was replaced.
+    ino_t FileNumber() const {
+        struct stat status {};
+        EXPECT_EQ(::stat(path_.c_str(), &status), 0);
+        return status.st_ino;
+    }
+
     jet::test::ScratchFolder folder_;
     jettest::fs::path path_;
     std::string old_;
@@ -232,24 +239,22 @@ TEST_F(OnDisk, CommitStoresTheWholeFileAndLeavesNothingBeside) {
     expected[0x200] = static_cast<char>(expected[0x200] ^ 1);
     EXPECT_EQ(ReadText(path_), expected);
     EXPECT_EQ(FilesInFolder(), 1u);
-    EXPECT_FALSE(file->ChangedOnDisk());
 }
 
 TEST_F(OnDisk, CommitOfNothingLeavesTheFileAlone) {
     const auto file = PageFile::Open(path_);
-    const Fingerprint before = FingerprintOf(path_);
+    const auto before = FileNumber();
     file->Begin();
     file->Begin();
     file->Commit();
     file->Commit();
-    EXPECT_EQ(FingerprintOf(path_), before);
+    EXPECT_EQ(FileNumber(), before);
 }
 
 TEST_F(OnDisk, AFileThatAnotherProgramChangedIsNotOverwritten) {
     const auto file = PageFile::Open(path_);
     const std::string others = old_ + std::string(kJet4.pageSize, '\0');
     WriteText(path_, others);
-    EXPECT_TRUE(file->ChangedOnDisk());
     file->Begin();
     Change(*file);
     EXPECT_EQ(NumberOf([&] { file->Commit(); }), ErrorNumber::ChangedByOther);

@@ -299,12 +299,4 @@ TEST(Catalog, ReadsOrRefusesEverySavedQueryOfTheSamples) {
     EXPECT_GT(refused, 0u);
 }
 
-TEST(Catalog, ANewTableGetsTheRightsOfAnother) {
-    SKIP_WITHOUT_SAMPLES();
-    const auto file = PageFile::Open(jettest::Sample("liten"));
-    const NewTableRights rights = RightsForNewTable(*file);
-    EXPECT_EQ(rights.owner.size(), 2u);
-    EXPECT_FALSE(rights.entries.empty());
-}
-
 }  // namespace

@@ -7,6 +7,7 @@
 #include "jet/detail/verify.h"
 
 #include <gtest/gtest.h>
+#include <span>
 
 namespace jet::detail {
 namespace {
@@ -61,7 +62,8 @@ class TableIndexesTest : public testing::Test {
         indexes_->Apply(plan, row);
     }
     void Remove(RowPointer row) {
-        indexes_->Erase(row);
+        const std::uint32_t packed = row.Packed();
+        indexes_->Erase(std::span(&packed, 1));
         store_->Delete(row);
     }
 

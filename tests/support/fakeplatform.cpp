@@ -3,6 +3,9 @@
 #include "base/error.h"
 #include "platform/caption.h"
 
+#include <QMarginsF>
+#include <QPageSize>
+#include <QPdfWriter>
 #include <QPrinter>
 
 #include <algorithm>
@@ -229,6 +232,15 @@ void MemorySettings::Save(std::string_view application, std::string_view section
 void RecordingPrograms::Start(std::string_view commandLine) {
     if (missing) throw Error{ErrorNumber::FileNotFound, "nothing can be started"};
     started.emplace_back(commandLine);
+}
+
+std::unique_ptr<PrinterPage> PdfPage(std::string_view path, std::string_view documentName) {
+    auto writer = std::make_unique<QPdfWriter>(ToQt(path));
+    writer->setTitle(ToQt(documentName));
+    writer->setResolution(600);
+    writer->setPageSize(QPageSize(QPageSize::A4));
+    writer->setPageMargins(QMarginsF(0, 0, 0, 0));
+    return std::make_unique<PrinterPage>(std::move(writer));
 }
 
 std::unique_ptr<PrinterPage> PdfPrinting::Begin(std::string_view documentName) {

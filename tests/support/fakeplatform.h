@@ -154,6 +154,9 @@ class FixedScreen final : public Screen {
     QRect area{0, 0, 800, 600};
 };
 
+/// A page that becomes a PDF file. Throws Error PrinterError when the file cannot be written.
+std::unique_ptr<PrinterPage> PdfPage(std::string_view path, std::string_view documentName);
+
 /// Prints to PDF files in a folder of its own.
 class PdfPrinting final : public Printing {
   public:
