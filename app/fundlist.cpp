@@ -332,7 +332,12 @@ void FundList::ShowHoldings() {
 }
 
 bool FundList::StoreTypedRows() {
-    return window.DBGrid->StoreRow() && window.GridPlott->StoreRow();
+    for (DataGrid* grid : {window.DBGrid, window.GridPlott}) {
+        if (grid->StoreRow()) continue;
+        grid->setFocus();  // the row waits there for correction
+        return false;
+    }
+    return true;
 }
 
 bool FundList::LeaveHoldingsGrid() {

@@ -24,6 +24,7 @@
 #include "fundfile/texts.h"
 #include "jet/transaction.h"
 #include "platform/caption.h"
+#include "platform/datagrid.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/screen.h"
@@ -236,7 +237,11 @@ void StartUp::ResetPanels() {
 /// be stored: the user has been told why, and the window stays for him to correct it or to press
 /// Esc.
 bool StartUp::StoreWhatIsTyped() {
-    if (QWidget* focused = window.focusWidget()) focused->clearFocus();
+    // A grid keeps the focus: it stores its own row, and has it again if that fails.
+    QWidget* focused = window.focusWidget();
+    const bool inGrid =
+        window.DBGrid->isAncestorOf(focused) || window.GridPlott->isAncestorOf(focused);
+    if (focused != nullptr && !inGrid) focused->clearFocus();
     bool stored = false;
     Run([&] { stored = window.StoreTypedRows(); });
     return stored;

@@ -207,6 +207,20 @@ TEST_F(PlotEditorTest, ARowThatCannotBeStoredKeepsThePanelOpen) {
     EXPECT_EQ(Window().WindowStartDay, start);
 }
 
+TEST_F(PlotEditorTest, ARowThatKeepsTheWindowOpenHasTheFocus) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Keys("abc");
+    outside.dialogs.Expect("13  i dtaPlott");
+    CloseWindow();
+    EXPECT_TRUE(Window().isVisible());
+    EXPECT_TRUE(Grid().View().hasFocus());
+    EXPECT_FALSE(Window().imgColor->isVisible()) << "the price field never had the focus";
+    Keys("38720");
+    CloseWindow();
+    EXPECT_FALSE(Window().isVisible());
+}
+
 TEST_F(PlotEditorTest, OpeningItOnceMoreStoresTheRowThatIsTyped) {
     StartWith({With({{38718, 0}})});
     Open();
