@@ -38,6 +38,7 @@ bool BoundField::Changed() const {
 }
 
 void BoundField::Reload() {
+    const bool wasChosen = hasSelectedText() && selectedText() == text();
     row_ = -1;
     shown_.clear();
     // What cannot be read is empty: ten fields on a row would give ten message boxes.
@@ -51,6 +52,7 @@ void BoundField::Reload() {
     setText(shown_);
     // A text longer than the box shows its beginning.
     setCursorPosition(0);
+    if (wasChosen) selectAll();
 }
 
 // The same row with other values keeps what is being typed; another row shows its own.

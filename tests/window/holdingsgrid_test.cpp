@@ -674,6 +674,16 @@ TEST_F(HoldingsGridTest, TheAccountFieldsShowAndStoreTheCurrentRow) {
     EXPECT_EQ(Holding(0, kNamn), "Premiepension");
 }
 
+TEST_F(HoldingsGridTest, AnAccountFieldThatIsGoneToIsTypedOverAfterARowIsStoredToo) {
+    StartWith(TwoHoldings());
+    TypeCell(1, Fond, "Omdöpt");
+    Window().txtNamn->setFocus(Qt::TabFocusReason);
+    ASSERT_EQ(Holding(1, kFond), "Omdöpt");
+    Keys("Nytt");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Holding(1, kNamn), "Nytt");
+}
+
 TEST_F(HoldingsGridTest, ANewAccountNameShowsInTheFundPanel) {
     MakeFile(TwoHoldings());
     Start();
