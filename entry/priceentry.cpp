@@ -63,6 +63,7 @@ struct PriceEntry::Shown {
 PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
     EntryField& price = *window.txtValue;
     price.SetFilter(kPriceKeys);
+    price.SetPasteFilter(PastedPrice);
     price.BlockWhile([this] { return !window.markers.HoldingChosen(); });
     price.Swallow(Qt::Key_Delete);
     price.SetEnter([this] { Run([this] { txtValue_Enter(); }); });

@@ -1,5 +1,7 @@
 #include "platform/entryfield.h"
 
+#include "platform/caption.h"
+
 #include <QAction>
 #include <QClipboard>
 #include <QColor>
@@ -68,6 +70,10 @@ void EntryField::SetFilter(CharacterFilter filter) {
     filter_ = std::move(filter);
 }
 
+void EntryField::SetPasteFilter(TextFilter filter) {
+    pasteFilter_ = std::move(filter);
+}
+
 void EntryField::BlockWhile(std::function<bool()> blocked) {
     blocked_ = std::move(blocked);
 }
@@ -108,6 +114,13 @@ void EntryField::InsertFiltered(const QString& text) {
     if (!passed.isEmpty()) insert(passed);
 }
 
+void EntryField::InsertPasted(const QString& text) {
+    if (!pasteFilter_) return InsertFiltered(text);
+    if (isReadOnly() || Blocked()) return;
+    const QString passed = ToQt(pasteFilter_(FromQt(text)));
+    if (!passed.isEmpty()) insert(passed);
+}
+
 void EntryField::keyPressEvent(QKeyEvent* event) {
     const std::optional<char32_t> code = TypedCode(*event);
     if (swallowed_.contains(event->key())) return event->accept();
@@ -121,7 +134,7 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
     if (!code || !filter_ || IsEnter(*event)) return QLineEdit::keyPressEvent(event);
     event->accept();
     if (!Passes(*code)) return;
-    if (*code == kPasteCode) return InsertFiltered(QGuiApplication::clipboard()->text());
+    if (*code == kPasteCode) return InsertPasted(QGuiApplication::clipboard()->text());
     if (*code < 32) return QLineEdit::keyPressEvent(event);
     InsertFiltered(event->text());
 }
@@ -146,7 +159,7 @@ void EntryField::contextMenuEvent(QContextMenuEvent* event) {
     if (QAction* paste = FindPaste(*menu)) {
         paste->disconnect(this);
         connect(paste, &QAction::triggered, this,
-                [this] { InsertFiltered(QGuiApplication::clipboard()->text()); });
+                [this] { InsertPasted(QGuiApplication::clipboard()->text()); });
         if (Blocked()) paste->setEnabled(false);
     }
     menu->exec(event->globalPos());
@@ -156,7 +169,7 @@ void EntryField::dropEvent(QDropEvent* event) {
     if (!filter_ && !Blocked()) return QLineEdit::dropEvent(event);
     event->acceptProposedAction();
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
-    InsertFiltered(event->mimeData()->text());
+    InsertPasted(event->mimeData()->text());
 }
 
 void EntryField::mouseReleaseEvent(QMouseEvent* event) {
@@ -167,7 +180,7 @@ void EntryField::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
     deselect();
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
-    InsertFiltered(clipboard->text(QClipboard::Selection));
+    InsertPasted(clipboard->text(QClipboard::Selection));
 }
 
 void EntryField::focusInEvent(QFocusEvent* event) {

@@ -7,6 +7,8 @@
 #include <functional>
 #include <optional>
 #include <set>
+#include <string>
+#include <string_view>
 
 class QContextMenuEvent;
 class QDropEvent;
@@ -19,7 +21,11 @@ class QMouseEvent;
 /// codes: 3 copy, 8 backspace, 22 paste, 24 cut.
 using CharacterFilter = std::function<std::optional<char32_t>(char32_t)>;
 
-/// Typed, pasted, dropped and composed text goes through the same filter.
+/// What becomes of a text that is pasted or dropped.
+using TextFilter = std::function<std::string(std::string_view)>;
+
+/// Typed, pasted, dropped and composed text goes through the same filter, unless there is another
+/// one for pasted text.
 class EntryField : public QLineEdit {
     Q_OBJECT
 
@@ -27,6 +33,7 @@ class EntryField : public QLineEdit {
     explicit EntryField(QWidget* parent = nullptr);
 
     void SetFilter(CharacterFilter filter);
+    void SetPasteFilter(TextFilter filter);
     /// While it says true no key and no pasted text gets in.
     void BlockWhile(std::function<bool()> blocked);
     /// Enter is consumed and becomes this. Without it Enter does what it does in any text box.
@@ -53,9 +60,11 @@ class EntryField : public QLineEdit {
     QString Filtered(const QString& text) const;
     bool Passes(char32_t code) const;
     void InsertFiltered(const QString& text);
+    void InsertPasted(const QString& text);
     void ShowFocus(bool focused);
 
     CharacterFilter filter_;
+    TextFilter pasteFilter_;
     std::function<bool()> blocked_;
     std::function<void()> enter_;
     std::set<int> swallowed_;

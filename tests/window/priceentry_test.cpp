@@ -154,6 +154,28 @@ TEST_F(PriceEntryTest, TextThatIsNoPriceIsRefused) {
     EXPECT_EQ(Bytes(), before);
 }
 
+TEST_F(PriceEntryTest, APastedTextThatIsNoPriceIsRefused) {
+    ChooseFund(0);
+    Window().txtValue->setFocus();
+    const std::string before = Bytes();
+    for (const char* text : {"-105", "\u2212105", "10x5", "2026-11-20", "0"}) {
+        QGuiApplication::clipboard()->setText(ToQt(text));
+        QTest::keySequence(Window().txtValue, QKeySequence::Paste);
+        outside.dialogs.Expect("Felaktig inmatning");
+        Press(Qt::Key_Return);
+        EXPECT_EQ(Price(), "") << text;
+    }
+    EXPECT_EQ(Bytes(), before);
+}
+
+TEST_F(PriceEntryTest, APriceIsPastedWithoutTheWordsAroundIt) {
+    ChooseFund(0);
+    Window().txtValue->setFocus();
+    QGuiApplication::clipboard()->setText(QStringLiteral("Kurs: 112.50 kr\n"));
+    QTest::keySequence(Window().txtValue, QKeySequence::Paste);
+    EXPECT_EQ(Price(), "112,50");
+}
+
 TEST_F(PriceEntryTest, EmptyFieldDoesNothing) {
     ChooseFund(0);
     const std::string before = Bytes();
