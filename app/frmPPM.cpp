@@ -4,6 +4,7 @@
 #include "app/fundlist.h"
 #include "app/fundsummary.h"
 #include "app/furnish.h"
+#include "app/gridswitch.h"
 #include "app/keyboard.h"
 #include "app/screenscaling.h"
 #include "app/startup.h"
@@ -12,9 +13,12 @@
 #include "diagram/curveselection.h"
 #include "diagram/measurement.h"
 #include "diagram/ploteditor.h"
+#include "diagram/severalcurves.h"
+#include "entry/holdingdeletion.h"
 #include "entry/holdingsgrid.h"
 #include "entry/newsharesnotice.h"
 #include "entry/priceentry.h"
+#include "entry/sourcefailures.h"
 #include "fundfile/filemenu.h"
 #include "platform/commondialog.h"
 #include "platform/platform.h"
@@ -25,6 +29,7 @@
 #include "tools/outsideprograms.h"
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -41,10 +46,14 @@ struct frmPPM::Controllers {
           measurement(window),
           keyboard(window),
           fundList(window),
+          severalCurves(window),
+          gridSwitch(window),
           fundSummary(window),
           priceEntry(window),
           printedReport(window),
           holdingsGrid(window),
+          holdingDeletion(window),
+          sourceFailures(window),
           newSharesNotice(window),
           plotEditor(window),
           fileMenu(window),
@@ -62,10 +71,14 @@ struct frmPPM::Controllers {
     Measurement measurement;
     Keyboard keyboard;
     FundList fundList;
+    SeveralCurves severalCurves;
+    GridSwitch gridSwitch;
     FundSummary fundSummary;
     PriceEntry priceEntry;
     PrintedReport printedReport;
     HoldingsGrid holdingsGrid;
+    HoldingDeletion holdingDeletion;
+    SourceFailures sourceFailures;
     NewSharesNotice newSharesNotice;
     PlotEditor plotEditor;
     FileMenu fileMenu;
@@ -112,20 +125,23 @@ void frmPPM::OpenSelectedFund() {
 void frmPPM::ClearFundPanel() {
     controllers_->fundList.ClearFundPanel();
 }
+void frmPPM::RefreshFundList(std::optional<std::int32_t> toOpen) {
+    controllers_->fundList.RefreshFundList(toOpen);
+}
 void frmPPM::ReadCurveList() {
-    controllers_->fundList.ReadCurveList();
+    controllers_->severalCurves.ReadCurveList();
 }
 void frmPPM::SelectCurves(std::vector<std::int32_t> kontoIds) {
-    controllers_->fundList.SelectCurves(std::move(kontoIds));
+    controllers_->severalCurves.SelectCurves(std::move(kontoIds));
 }
 void frmPPM::DrawOnAllScale() {
-    controllers_->fundList.DrawOnAllScale();
+    controllers_->severalCurves.DrawOnAllScale();
 }
 bool frmPPM::StoreTypedRows() {
-    return controllers_->fundList.StoreTypedRows();
+    return controllers_->gridSwitch.StoreTypedRows();
 }
 bool frmPPM::LeaveHoldingsGrid() {
-    return controllers_->fundList.LeaveHoldingsGrid();
+    return controllers_->gridSwitch.LeaveHoldingsGrid();
 }
 void frmPPM::RefreshFundSummary(float startPrice, float newPrice) {
     controllers_->fundSummary.RefreshFundSummary(startPrice, newPrice);
@@ -162,10 +178,10 @@ void frmPPM::cmdFondList_Click() {
     controllers_->priceEntry.cmdFondList_Click();
 }
 void frmPPM::cmdPPMData_Click() {
-    controllers_->fundList.cmdPPMData_Click();
+    controllers_->gridSwitch.cmdPPMData_Click();
 }
 void frmPPM::imgScreen_Click() {
-    controllers_->fundList.imgScreen_Click();
+    controllers_->severalCurves.imgScreen_Click();
 }
 void frmPPM::imgColor_Click() {
     controllers_->curveSelection.imgColor_Click();

@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,11 +37,12 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     void FillFundList();                                           // FundList
     void OpenSelectedFund();                                       // FundList
     void ClearFundPanel();                                         // FundList
-    void ReadCurveList();                                          // FundList: the stored list
-    void SelectCurves(std::vector<std::int32_t> kontoIds);         // FundList
-    void DrawOnAllScale();                                         // FundList: those curves
-    bool StoreTypedRows();                                         // FundList
-    bool LeaveHoldingsGrid();                                      // FundList
+    void RefreshFundList(std::optional<std::int32_t> toOpen);      // FundList
+    void ReadCurveList();                                          // SeveralCurves: the stored list
+    void SelectCurves(std::vector<std::int32_t> kontoIds);         // SeveralCurves
+    void DrawOnAllScale();                                         // SeveralCurves: those curves
+    bool StoreTypedRows();                                         // GridSwitch
+    bool LeaveHoldingsGrid();                                      // GridSwitch
     void RefreshFundSummary(float startPrice, float newPrice);     // FundSummary
     void SetVerticalScale(std::int32_t bottom, std::int32_t top);  // Axes
     void AdvanceOneMonth();                                        // Axes
@@ -54,8 +56,8 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
 
     // Handlers that keys or other controllers run.
     void cmdFondList_Click();                     // PriceEntry
-    void cmdPPMData_Click();                      // FundList
-    void imgScreen_Click();                       // FundList
+    void cmdPPMData_Click();                      // GridSwitch
+    void imgScreen_Click();                       // SeveralCurves
     void imgColor_Click();                        // CurveSelection
     void imgGrafNr_Click();                       // CurveSelection
     void Image4_MouseUp(Qt::MouseButton button);  // Axes

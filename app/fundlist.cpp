@@ -1,8 +1,6 @@
 #include "app/fundlist.h"
 
-#include "app/editrow.h"
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
 #include "app/look.h"
 #include "app/rules/fundline.h"
 #include "app/rules/holdingview.h"
@@ -12,18 +10,17 @@
 #include "diagram/rules/curvecolour.h"
 #include "diagram/strokepainter.h"
 #include "fundfile/datasource.h"
+#include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
-#include "platform/boundfield.h"
 #include "platform/caption.h"
-#include "platform/datagrid.h"
 #include "platform/dialogs.h"
+#include "platform/entryfield.h"
 #include "platform/platform.h"
 #include "platform/statuspanels.h"
 
-#include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
@@ -37,7 +34,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 
 namespace {
 
@@ -52,10 +48,6 @@ std::int32_t KontoIdAt(jet::RecordSet& holdings, std::int32_t row) try {
     return kFallbackKontoId;
 }
 
-ScaleText ScaleTextOf(DataSource& holdings) {
-    return ParseScaleText(holdings.Field(schema::holding::kSkala).Text());
-}
-
 }  // namespace
 
 FundList::FundList(frmPPM& ppm) : Controller(ppm) {
@@ -63,11 +55,6 @@ FundList::FundList(frmPPM& ppm) : Controller(ppm) {
     OnEvent(window.lstFonder, QEvent::KeyPress, [this](QEvent& event) {
         return lstFonder_KeyDown(static_cast<const QKeyEvent&>(event));
     });
-    On(window.mnuAll, &QAction::triggered, [this] { mnuAll_Click(); });
-    On(window.imgScreen, &ImageButton::MouseUp, [this] {
-        if (LeaveHoldingsGrid()) imgScreen_Click();
-    });
-    On(window.cmdPPMData, &QPushButton::clicked, [this] { cmdPPMData_Click(); });
 }
 
 void FundList::FillFundList() {
@@ -166,6 +153,27 @@ void FundList::ClearFundPanel() {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
+/// The list holds the rows as they are now; a holding to open is shown in the panel and drawn. The
+/// row that was current stays so.
+void FundList::RefreshFundList(std::optional<std::int32_t> toOpen) {
+    DataSource& holdings = *window.dtaBasData;
+    const std::int32_t row = holdings.Position();
+    const bool panelShows = window.markers.HoldingChosen();
+    if (!toOpen && panelShows && !window.SelectedCurves.empty()) {
+        toOpen = window.SelectedCurves.front();
+    }
+    FillFundList();
+    if (toOpen && holdings.FindFirst(queries::KontoIdIs(*toOpen))) {
+        const QSignalBlocker quiet(window.lstFonder);
+        window.lstFonder->setCurrentRow(holdings.Position());
+        OpenSelectedFund();
+    } else if (panelShows) {
+        ClearFundPanel();
+        window.ReadCurveList();
+    }
+    if (!holdings.Empty()) holdings.MoveTo(std::min(row, holdings.RecordCount() - 1));
+}
+
 bool FundList::lstFonder_KeyDown(const QKeyEvent& event) {
     const bool onlyMoves = event.modifiers().testFlag(Qt::ControlModifier);
     switch (event.key()) {
@@ -241,122 +249,4 @@ void FundList::ChooseColour() {
     window.cmdFondList->setEnabled(true);
     window.picDiagram->Clear();
     window.PlotCurves();
-}
-
-void FundList::ReadCurveList() {
-    DataSource& holdings = *window.dtaBasData;
-    std::vector<std::int32_t> curves;
-    if (holdings.IsAttached() && !holdings.Empty()) {
-        holdings.MoveFirst();
-        curves = ScaleTextOf(holdings).curves;
-    }
-    // No more curves than there are lines in the list.
-    const auto lines = static_cast<std::size_t>(window.lstFonder->count());
-    if (curves.size() > lines) curves.resize(lines);
-    SelectCurves(std::move(curves));
-}
-
-void FundList::SelectCurves(std::vector<std::int32_t> kontoIds) {
-    DataSource& holdings = *window.dtaBasData;
-    std::int32_t top = 0;
-    for (const std::int32_t kontoId : kontoIds) {
-        if (!holdings.FindFirst(queries::KontoIdIs(kontoId))) continue;
-        top = std::max(top, ScaleTextOf(holdings).scale.top);
-    }
-    if (!kontoIds.empty()) holdings.MoveFirst();
-    const ScaleRange scale = top > 0 ? ScaleWithTop(top) : ScaleRange{};
-    window.SelectedCurves = std::move(kontoIds);
-    window.AllScaleTop = scale.top;
-    window.AllScaleBottom = scale.bottom;
-}
-
-void FundList::DrawOnAllScale() {
-    window.ScaleTop = window.AllScaleTop;
-    window.ScaleBottom = window.AllScaleBottom;
-    window.SetVerticalScale(window.ScaleBottom, window.ScaleTop);
-}
-
-void FundList::mnuAll_Click() {
-    if (!LeaveHoldingsGrid()) return;
-    std::string marks = Caption(window.lblGrafNr);
-    for (int i = 0; i < window.lstFonder->count(); ++i) {
-        marks = AddCurveMark(marks, FromQt(window.lstFonder->item(i)->text()));
-    }
-    SetCaption(window.lblGrafNr, marks);
-    window.lblPlottInfo->hide();
-    window.markers.StopCollectingCurves();
-    const std::vector<std::int32_t> curves = CurvesOfMarks(marks);
-    if (!curves.empty()) {
-        window.ClearFundPanel();
-        window.SelectCurves(curves);
-        DrawOnAllScale();
-    }
-    window.picDiagram->setFocus();
-    window.panListFonder->hide();
-    window.markers.ShowSeveralCurves();
-    window.mnuMinus_Click();
-    window.imgColor->hide();
-    window.imgGrafNr->hide();
-}
-
-void FundList::imgScreen_Click() {
-    window.dtaBasData->Refresh();
-    if (window.dtaBasData->Empty()) return;
-    window.ReadCurveList();
-    if (window.SelectedCurves.size() > 1) window.ClearFundPanel();
-    DrawOnAllScale();
-}
-
-void FundList::cmdPPMData_Click() {
-    if (window.panBasData->isVisible()) {
-        ShowDiagram();
-    } else {
-        ShowHoldings();
-    }
-}
-
-void FundList::ShowHoldings() {
-    // A point that may not be stored yet stays on the screen for correction.
-    if (!StoreTypedRows()) return;
-    const DataSource& holdings = *window.dtaBasData;
-    window.cmdNyAndel->setEnabled(holdings.IsAttached() && !window.dtaBasData->Empty());
-    window.panBasData->show();
-    window.panBasData->raise();
-    SetCaption(window.cmdPPMData, texts::ToDiagram);
-    window.cmdFondList->setEnabled(false);
-    SetCaption(window.txtValue, "");
-    window.panListFonder->hide();
-    window.imgColor->hide();
-    window.imgGrafNr->hide();
-    window.DBGrid->setFocus();
-}
-
-bool FundList::StoreTypedRows() {
-    for (DataGrid* grid : {window.DBGrid, window.GridPlott}) {
-        if (grid->StoreRow()) continue;
-        grid->setFocus();  // the row waits there for correction
-        return false;
-    }
-    return true;
-}
-
-bool FundList::LeaveHoldingsGrid() {
-    if (!StoreTypedRows()) return false;
-    if (window.panBasData->isVisible()) ShowDiagram();
-    return true;
-}
-
-void FundList::ShowDiagram() {
-    // A row that may not be stored yet stays on the screen for correction.
-    if (!StoreTypedRows()) return;
-    SetCaption(window.cmdPPMData, texts::ToHoldings);
-    window.cmdFondList->setEnabled(true);
-    SetCaption(window.txtValue, "");
-    window.ResetPanels();
-    window.cmdNyOk->hide();
-    window.fraNyAndel->hide();
-    for (BoundField* box : window.txtNyAndel) box->hide();
-    window.mnuPrint->setEnabled(true);
-    window.cmdNyAndel->setVisible(true);
-    window.panBasData->hide();
 }

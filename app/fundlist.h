@@ -1,11 +1,10 @@
 #pragma once
-// The fund list and the fund panel: choosing a line opens that holding and draws its curve. Also
-// the ways back to several curves, and the switch between the diagram and the holdings grid.
+// The fund list and the fund panel: choosing a line opens that holding and draws its curve.
 
 #include "app/controller.h"
 
 #include <cstdint>
-#include <vector>
+#include <optional>
 
 struct HoldingView;
 struct StatusTexts;
@@ -18,20 +17,8 @@ class FundList : Controller {
     void FillFundList();
     void OpenSelectedFund();
     void ClearFundPanel();
-    /// The curves of the several-curves view as the first holdings row lists them.
-    void ReadCurveList();
-    /// These curves, and the automatic scale that takes them all in.
-    void SelectCurves(std::vector<std::int32_t> kontoIds);
-    /// Draws them on it.
-    void DrawOnAllScale();
-    /// Rows that are still being typed in a grid are stored. False when one cannot be: the user has
-    /// been told why and corrects it first.
-    bool StoreTypedRows();
-    /// The diagram is wanted: typed rows are stored and the holdings grid gives way to it. False
-    /// when a row cannot be stored.
-    bool LeaveHoldingsGrid();
-    void imgScreen_Click();
-    void cmdPPMData_Click();
+    /// Fills the list anew after rows have changed, and opens a holding or the one that was open.
+    void RefreshFundList(std::optional<std::int32_t> toOpen);
 
   private:
     bool lstFonder_KeyDown(const QKeyEvent& event);
@@ -39,11 +26,8 @@ class FundList : Controller {
     void ChooseMarked();
     void lstFonder_Enter();
     void ChooseColour();
-    void mnuAll_Click();
     void CollectCurve();
     void MoveToSelected();
     void ShowView(const HoldingView& view);
     void ShowStatus(const StatusTexts& texts);
-    void ShowHoldings();
-    void ShowDiagram();
 };

@@ -1,8 +1,8 @@
 #include "app/fundsummary.h"
 
-#include "app/editrow.h"
 #include "app/frmPPM.h"
 #include "app/rules/summary.h"
+#include "fundfile/editrow.h"
 #include "fundfile/schema.h"
 #include "platform/caption.h"
 #include "platform/statuspanels.h"

@@ -1,6 +1,5 @@
 #include "diagram/curves.h"
 
-#include "app/editrow.h"
 #include "app/frmPPM.h"
 #include "base/error.h"
 #include "base/number.h"
@@ -8,6 +7,7 @@
 #include "diagram/strokepainter.h"
 #include "diagram/texts.h"
 #include "fundfile/datasource.h"
+#include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/rules/scaletext.h"

@@ -1,6 +1,5 @@
 #include "diagram/curveselection.h"
 
-#include "app/editrow.h"
 #include "app/frmPPM.h"
 #include "app/imagebutton.h"
 #include "app/look.h"
@@ -9,6 +8,7 @@
 #include "diagram/diagramview.h"
 #include "diagram/texts.h"
 #include "fundfile/datasource.h"
+#include "fundfile/editrow.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
 #include "platform/caption.h"

@@ -1,16 +1,16 @@
 #include "entry/holdingsgrid.h"
 
-#include "app/editrow.h"
 #include "app/frmPPM.h"
 #include "app/rules/holdingview.h"
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "base/number.h"
-#include "diagram/diagramview.h"
 #include "diagram/rules/curvecolour.h"
 #include "entry/rules/cells.h"
 #include "entry/texts.h"
+#include "fundfile/curvelist.h"
+#include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/rules/savedvalues.h"
@@ -19,7 +19,6 @@
 #include "jet/transaction.h"
 #include "platform/boundfield.h"
 #include "platform/datagrid.h"
-#include "platform/dialogs.h"
 #include "platform/keystrokes.h"
 #include "platform/platform.h"
 
@@ -28,10 +27,8 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSignalBlocker>
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <utility>
 
@@ -77,7 +74,7 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
     PrepareField(window.txtPnr, "{TAB}");
     PrepareField(window.txtNamn, "{TAB}");
     // The fund panel names the account.
-    On(window.txtNamn, &BoundField::Stored, [this] { RefreshList(std::nullopt); });
+    On(window.txtNamn, &BoundField::Stored, [this] { window.RefreshFundList(std::nullopt); });
     window.txtKontoNr->SetFilter(kAccountKeys);
     window.txtPnr->SetFilter(kAccountKeys);
     // The button must not take the focus from the grid before it knows whether the row may be left.
@@ -95,9 +92,6 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
         window.txtGrid->hide();
         return true;
     });
-    On(window.dtaBasData, &DataSource::Failed, this, &HoldingsGrid::dtaBasData_Error);
-    On(window.dtaPlott, &DataSource::Failed, this, &HoldingsGrid::dtaPlott_Error);
-    On(window.dtaSQL, &DataSource::Failed, this, &HoldingsGrid::dtaSQL_Error);
 }
 
 void HoldingsGrid::PrepareGrid() {
@@ -134,14 +128,6 @@ void HoldingsGrid::PrepareGrid() {
         return allowed;
     };
     grid.events.afterRowStore = [this](bool isNew) { Run([&] { DBGrid_AfterUpdate(isNew); }); };
-    grid.events.beforeRowDelete = [this] {
-        bool allowed = false;
-        Run([&] { allowed = DBGrid_BeforeDelete(); });
-        if (!allowed) window.markers.ForgetRowBeingDeleted();
-        return allowed;
-    };
-    grid.events.deleteRow = [this] { DeleteRowAndPoints(); };
-    grid.events.afterRowDelete = [this] { Run([&] { DBGrid_AfterDelete(); }); };
 }
 
 void HoldingsGrid::PrepareField(EntryField* field, std::string_view enterKeys) {
@@ -257,7 +243,7 @@ void HoldingsGrid::TypeKontoId() {
 
 void HoldingsGrid::DBGrid_AfterUpdate(bool isNew) {
     if (isNew) return CompleteNewHolding();
-    RefreshList(std::nullopt);
+    window.RefreshFundList(std::nullopt);
 }
 
 void HoldingsGrid::CompleteNewHolding() {
@@ -280,135 +266,17 @@ void HoldingsGrid::CompleteNewHolding() {
                                         .percent = 0,
                                         .kontoId = row.kontoId});
         }
-        WriteCurveList(ListedCurves());
+        WriteCurveList(holdings, ListedCurves(holdings));
         transaction.Commit();
     }
     window.dtaPlott->Refresh();
     window.dtaPlott->FindFirst(queries::KontoIdIs(row.kontoId));
     window.cmdNyAndel->setEnabled(true);
-    RefreshList(row.kontoId);
+    window.RefreshFundList(row.kontoId);
 }
 
 void HoldingsGrid::RemoveNewHolding() {
     Tell(texts::DateMissing);
     window.dtaBasData->Delete();
     window.dtaBasData->Refresh();
-}
-
-/// The list holds the rows as they are now; a holding to open is shown in the panel and drawn. The
-/// row that was current stays so.
-void HoldingsGrid::RefreshList(std::optional<std::int32_t> kontoIdToOpen) {
-    DataSource& holdings = *window.dtaBasData;
-    const std::int32_t row = holdings.Position();
-    const bool panelShows = window.markers.HoldingChosen();
-    if (!kontoIdToOpen && panelShows && !window.SelectedCurves.empty()) {
-        kontoIdToOpen = window.SelectedCurves.front();
-    }
-    window.FillFundList();
-    if (kontoIdToOpen && holdings.FindFirst(queries::KontoIdIs(*kontoIdToOpen))) {
-        const QSignalBlocker quiet(window.lstFonder);
-        window.lstFonder->setCurrentRow(holdings.Position());
-        window.OpenSelectedFund();
-    } else if (panelShows) {
-        window.ClearFundPanel();
-        window.ReadCurveList();
-    }
-    if (!holdings.Empty()) holdings.MoveTo(std::min(row, holdings.RecordCount() - 1));
-}
-
-std::vector<std::int32_t> HoldingsGrid::ListedCurves() {
-    if (window.dtaBasData->Empty()) return {};
-    return ParseScaleText(window.dtaBasData->Records().At(0, kSkala).Text()).curves;
-}
-
-void HoldingsGrid::WriteCurveList(const std::vector<std::int32_t>& curves) {
-    DataSource& holdings = *window.dtaBasData;
-    const std::int32_t before = holdings.Position();
-    const std::int32_t count = holdings.RecordCount();
-    for (std::int32_t row = 0; row < count; ++row) {
-        const std::string present = holdings.Records().At(row, kSkala).Text();
-        const std::string wanted =
-            row == 0 ? WithCurves(AsFirstRow(present), curves) : AsOtherRow(present);
-        if (wanted == present) continue;
-        holdings.MoveTo(row);
-        EditRow(holdings, [&](DataSource& edited) { edited.Set(kSkala, wanted); });
-    }
-    holdings.MoveTo(before);
-}
-
-// ---- A row is deleted ----
-
-bool HoldingsGrid::DBGrid_BeforeDelete() {
-    DataSource& holdings = *window.dtaBasData;
-    window.markers.SetRowBeingDeleted(KontoIdOf(holdings));
-    const Answer answer = window.platform.dialogs.Show({.text = std::string(texts::AskDelete),
-                                                        .buttons = Buttons::YesNo,
-                                                        .icon = Icon::Question,
-                                                        .defaultButton = DefaultButton::Second});
-    if (answer != Answer::Yes) return false;
-    if (holdings.RecordCount() == 1) {
-        Tell(texts::LastRow);
-        return false;
-    }
-    window.WriteLogEntry(DeletionEntry(ReadHolding(holdings), DateText(window.TodayDay)));
-    return true;
-}
-
-/// Row, points and the place of the curve list change together or not at all. The database is the
-/// open one, whatever file is to be started with.
-void HoldingsGrid::DeleteRowAndPoints() {
-    DataSource& holdings = *window.dtaBasData;
-    const std::int32_t kontoId = window.markers.RowBeingDeleted().value_or(KontoIdOf(holdings));
-    std::vector<std::int32_t> curves = ListedCurves();
-    std::erase(curves, kontoId);
-    try {
-        jet::Transaction transaction(window.FundDb);
-        holdings.Delete();
-        DeletePointsOf(*window.FundDb, kontoId);
-        WriteCurveList(curves);
-        transaction.Commit();
-    } catch (const Error&) {
-        window.markers.ForgetRowBeingDeleted();
-        Skipping skip;
-        skip([&] { holdings.Refresh(); });
-        throw;
-    }
-}
-
-void HoldingsGrid::DBGrid_AfterDelete() {
-    const std::optional<std::int32_t> deleted = window.markers.RowBeingDeleted();
-    window.markers.ForgetRowBeingDeleted();
-    window.dtaPlott->Refresh();
-    const bool wasOpen = window.markers.HoldingChosen() && !window.SelectedCurves.empty() &&
-                         window.SelectedCurves.front() == deleted;
-    if (wasOpen) window.ClearFundPanel();
-    RefreshList(std::nullopt);
-    if (window.dtaBasData->Empty()) window.cmdNyAndel->setEnabled(false);
-    if (wasOpen) return ShowStoredCurves();
-    if (deleted) std::erase(window.SelectedCurves, *deleted);
-    window.picDiagram->Clear();
-    window.PlotCurves();
-}
-
-/// The holding that was drawn is gone: the diagram shows the several-curves view.
-void HoldingsGrid::ShowStoredCurves() {
-    const std::int32_t row = window.dtaBasData->Position();
-    window.imgScreen_Click();
-    window.dtaBasData->MoveTo(row);
-}
-
-// ---- Data sources that fail ----
-
-void HoldingsGrid::dtaBasData_Error(int number) {
-    ShowSourceError(number, texts::BasDataFailed);
-}
-void HoldingsGrid::dtaPlott_Error(int number) {
-    ShowSourceError(number, texts::PlottFailed);
-}
-void HoldingsGrid::dtaSQL_Error(int number) {
-    ShowSourceError(number, texts::SqlFailed);
-}
-
-void HoldingsGrid::ShowSourceError(int number, std::string_view source) {
-    Tell(PlainText(static_cast<std::int32_t>(number)) + std::string(source));
 }

@@ -1,6 +1,5 @@
 #include "entry/newsharesnotice.h"
 
-#include "app/editrow.h"
 #include "app/frmPPM.h"
 #include "base/daynumber.h"
 #include "base/error.h"
@@ -8,6 +7,7 @@
 #include "base/number.h"
 #include "entry/rules/cells.h"
 #include "entry/texts.h"
+#include "fundfile/editrow.h"
 #include "fundfile/records.h"
 #include "fundfile/schema.h"
 #include "platform/boundfield.h"

@@ -1,6 +1,5 @@
 #include "entry/priceentry.h"
 
-#include "app/editrow.h"
 #include "app/frmPPM.h"
 #include "app/imagebutton.h"
 #include "app/look.h"
@@ -12,6 +11,7 @@
 #include "diagram/diagramview.h"
 #include "entry/rules/pricecheck.h"
 #include "entry/texts.h"
+#include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/rules/scaletext.h"

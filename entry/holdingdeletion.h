@@ -1,0 +1,15 @@
+#pragma once
+// The deletion of a holding with its points from the holdings grid.
+
+#include "app/controller.h"
+
+class HoldingDeletion : Controller {
+  public:
+    explicit HoldingDeletion(frmPPM& window);
+
+  private:
+    bool DBGrid_BeforeDelete();
+    void DeleteRowAndPoints();
+    void DBGrid_AfterDelete();
+    void ShowStoredCurves();
+};

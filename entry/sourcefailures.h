@@ -1,0 +1,17 @@
+#pragma once
+// Tells the user that a data source failed in what a grid or a field did with it.
+
+#include "app/controller.h"
+
+#include <string_view>
+
+class SourceFailures : Controller {
+  public:
+    explicit SourceFailures(frmPPM& window);
+
+  private:
+    void dtaBasData_Error(int number);
+    void dtaPlott_Error(int number);
+    void dtaSQL_Error(int number);
+    void ShowSourceError(int number, std::string_view source);
+};
