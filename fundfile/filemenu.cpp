@@ -183,6 +183,7 @@ void FileMenu::ShowFundList() {
     window.Activate();
     LetPendingEventsRun();
     window.panListFonder->show();
+    window.lstFonder->setFocus();
     SetCaption(window.lblRecCount, std::string(fundtexts::ListHolds) +
                                        PlainText(window.dtaPlott->RecordCount()) +
                                        std::string(fundtexts::Rows));

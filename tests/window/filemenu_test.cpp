@@ -256,6 +256,16 @@ TEST_F(OpenTest, NoFundIsChosenUntilTheUserChoosesOne) {
     }
 }
 
+TEST_F(OpenTest, TheListHasTheFocusAsAfterTheStart) {
+    EXPECT_EQ(Window().focusWidget(), Window().lstFonder);
+    Window().picDiagram->setFocus();
+    Open(In("annan.mdb"));
+    Window().mnuOpen->trigger();
+    EXPECT_EQ(Window().focusWidget(), Window().lstFonder);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Status(2), "Annan fond");
+}
+
 TEST_F(OpenTest, APriceTypedForTheFormerFileIsGone) {
     ChooseFund(0);
     Window().txtValue->setFocus();
