@@ -74,12 +74,18 @@ void FileMenu::SetUpDialog(const FileDialogTexts& texts) {
     dialog.fileName.clear();
 }
 
-void FileMenu::mnuNew_Click() {
-    SetUpDialog(kNew);
+/// Empty when the dialog was cancelled, or the user has been told why the file cannot be written.
+std::string FileMenu::FileToWrite(const FileDialogTexts& texts, std::string_view failed) {
+    SetUpDialog(texts);
     window.CmDialog->flags = CommonDialog::kAskBeforeOverwriting;
     window.CmDialog->ShowSave();
     const std::string path = window.CmDialog->fileName;
-    if (path.empty() || !MayBeReplaced(path, fundtexts::NotCreated)) return;
+    return path.empty() || MayBeReplaced(path, failed) ? path : "";
+}
+
+void FileMenu::mnuNew_Click() {
+    const std::string path = FileToWrite(kNew, fundtexts::NotCreated);
+    if (path.empty()) return;
     try {
         CreateFundFile(Template(), path);
     } catch (const Error& error) {
@@ -190,11 +196,8 @@ void FileMenu::ShowFundList() {
 }
 
 void FileMenu::mnuSaveAs_Click() {
-    SetUpDialog(kSaveAs);
-    window.CmDialog->flags = CommonDialog::kAskBeforeOverwriting;
-    window.CmDialog->ShowSave();
-    const std::string path = window.CmDialog->fileName;
-    if (path.empty() || !MayBeReplaced(path, fundtexts::NotCopied)) return;
+    const std::string path = FileToWrite(kSaveAs, fundtexts::NotCopied);
+    if (path.empty()) return;
     if (!window.StoreTypedRows()) return;
     try {
         SaveCopy(*window.dtaBasData, *window.dtaPlott, Template(), path);

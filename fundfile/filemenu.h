@@ -20,6 +20,7 @@ class FileMenu : Controller {
     void mnuStartFile_Click();
 
     void SetUpDialog(const FileDialogTexts& texts);
+    std::string FileToWrite(const FileDialogTexts& texts, std::string_view failed);
     void StoreStartFile();
     void SwitchTo(const std::string& path);
     void Bind(const std::string& path);

@@ -70,11 +70,11 @@ TEST(HelpSearch, DoesNotSeeTags) {
 }
 
 TEST(HelpSearch, ShowsTextAroundTheWord) {
-    const std::string long_text =
+    const std::string longText =
         "<h1>T</h1><p>Det första stycket handlar om något helt annat än det sökta. Här står ordet "
         "nålen mitt i en lång "
         "rad som går vidare långt efter att det som söktes har hittats.</p>";
-    const HelpBook book({{"a", "s", "T", long_text}});
+    const HelpBook book({{"a", "s", "T", longText}});
     const std::string extract = book.Search("nålen").front().extract;
     EXPECT_EQ(
         extract,
