@@ -15,8 +15,11 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QTreeView>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -80,6 +83,22 @@ QString QtFilter(const std::string& filter) {
     return filters.join(QStringLiteral(";;"));
 }
 
+/// The toolkit's own list of files is too narrow for what stands in it; a desktop's has none such.
+void WidenColumns(QFileDialog& dialog) {
+    auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (files == nullptr) return;
+    constexpr std::array kLetters = {28, 13, 16, 24};  // name, size, kind and day of a file
+    constexpr int kRoomBesideLetters = 48;
+    const int letter = files->fontMetrics().averageCharWidth();
+    int width = kRoomBesideLetters * letter;
+    for (int column = 0; column < static_cast<int>(kLetters.size()); ++column) {
+        const int room = kLetters[static_cast<std::size_t>(column)] * letter;
+        files->setColumnWidth(column, room);
+        width += room;
+    }
+    dialog.resize(std::max(dialog.width(), width), dialog.height());
+}
+
 }  // namespace
 
 Answer QtDialogs::Show(const Message& message) {
@@ -115,6 +134,7 @@ std::string QtDialogs::PickFile(const FileRequest& request) {
     dialog.setFileMode(request.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
     dialog.setDefaultSuffix(ToQt(request.defaultExtension));
+    WidenColumns(dialog);
     if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
         const std::string picked = FromQt(dialog.selectedFiles().constFirst());

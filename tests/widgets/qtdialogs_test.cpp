@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QIODevice>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +19,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 #include <algorithm>
 #include <functional>
@@ -157,6 +159,22 @@ TEST_F(PickFileTest, ShowsTitleFilterAndFolder) {
              EXPECT_EQ(dialog.directory().path(), folder_.path());
              dialog.reject();
          });
+}
+
+TEST_F(PickFileTest, SizeKindAndDayOfTheFilesAreReadableWhole) {
+    Pick({.choice = FileChoice::Open, .filter = "Access97 mdb|*.mdb"}, [&](QFileDialog& dialog) {
+        auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+        ASSERT_NE(files, nullptr);
+        const char* const texts[] = {"Vimmels_exempel.mdb", "999,99 MiB", "Mapp",
+                                     "2026-11-21 10:10:10"};
+        for (int column = 0; column < 4; ++column) {
+            const QString text = QString::fromUtf8(texts[column]);
+            EXPECT_GE(files->columnWidth(column), files->fontMetrics().horizontalAdvance(text))
+                << texts[column];
+        }
+        EXPECT_LE(files->header()->length(), files->viewport()->width());
+        dialog.reject();
+    });
 }
 
 TEST_F(PickFileTest, ACancelledChoiceIsEmpty) {
