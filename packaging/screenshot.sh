@@ -40,7 +40,7 @@ fi
 sleep 4
 last=
 for _ in $(seq 40); do
-    maim -i "$window" "$work/shot.png"
+    maim -u -i "$window" "$work/shot.png"
     sum=$(cksum <"$work/shot.png")
     [ "$sum" = "$last" ] && break
     last=$sum
