@@ -137,9 +137,9 @@ std::string QtDialogs::PickFile(const FileRequest& request) {
     WidenColumns(dialog);
     if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
-        const std::string picked = FromQt(dialog.selectedFiles().constFirst());
+        std::string picked = FromQt(dialog.selectedFiles().constFirst());
         if (!saving) return picked;
-        const std::string path = WithExtension(picked, request.defaultExtension);
+        std::string path = WithExtension(picked, request.defaultExtension);
         // The dialog has asked about the name that it was given.
         if (path == picked || !request.askBeforeOverwriting || MayReplace(path)) return path;
     }
