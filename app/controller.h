@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <string_view>
-#include <type_traits>
 #include <utility>
 
 class Error;

@@ -1,5 +1,6 @@
 #include "app/look.h"
 
+#include <QColor>
 #include <QListWidget>
 #include <QRgb>
 

@@ -2,7 +2,6 @@
 // Colours of the window. Both colours of every pair are given, so that no desktop theme can make
 // text unreadable.
 
-#include <QColor>
 #include <QPalette>
 #include <QRgb>
 #include <QString>

@@ -14,7 +14,6 @@
 #include <QTransform>
 #include <QWidget>
 
-#include <cstdint>
 #include <optional>
 #include <vector>
 

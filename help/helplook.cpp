@@ -1,5 +1,6 @@
 #include "help/helplook.h"
 
+#include <QColor>
 #include <QRgb>
 
 namespace helplook {

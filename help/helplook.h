@@ -1,7 +1,6 @@
 #pragma once
 // Colours and measures of the help viewer: a light page whatever the desktop's theme is.
 
-#include <QColor>
 #include <QPalette>
 #include <QRgb>
 #include <QString>

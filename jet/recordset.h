@@ -9,9 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 

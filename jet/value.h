@@ -3,7 +3,6 @@
 // number.
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>

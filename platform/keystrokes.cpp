@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <string>
-#include <utility>
 
 namespace {
 

@@ -1,7 +1,6 @@
 #pragma once
 // Starts outside programs by command line.
 
-#include <string>
 #include <string_view>
 
 class Programs {

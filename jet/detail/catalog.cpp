@@ -4,7 +4,6 @@
 #include "jet/detail/table.h"
 
 #include <algorithm>
-#include <set>
 
 namespace jet::detail {
 

@@ -7,7 +7,6 @@
 #include "jet/value.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -4,10 +4,8 @@
 #include "jet/detail/decimal.h"
 #include "jet/detail/names.h"
 
-#include <array>
 #include <charconv>
 #include <chrono>
-#include <cmath>
 #include <limits>
 
 namespace jet::detail {

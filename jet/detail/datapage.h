@@ -6,7 +6,6 @@
 #include "jet/detail/pagefile.h"
 
 #include <cstdint>
-#include <optional>
 #include <span>
 
 namespace jet::detail {

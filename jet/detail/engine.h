@@ -7,14 +7,12 @@
 #include "jet/detail/pagefile.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace jet::detail {
 

@@ -4,7 +4,6 @@
 
 #include "jet/detail/queryplan.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>

@@ -3,7 +3,6 @@
 #include "jet/detail/longvalue.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace jet::detail {
 

@@ -7,7 +7,6 @@
 #include "jet/detail/textcodec.h"
 #include "jet/value.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>

@@ -10,7 +10,6 @@
 #include "jet/value.h"
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <span>
 #include <type_traits>

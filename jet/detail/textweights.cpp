@@ -3,6 +3,7 @@
 #include "jet/detail/textweights.h"
 
 #include <algorithm>
+#include <array>
 
 namespace jet::detail {
 namespace {

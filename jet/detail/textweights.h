@@ -2,7 +2,6 @@
 // What each character weighs in the sort order "General", in the older (Jet 3) and the newer form
 // (Jet 4). Only the numbers; how they become a key is in indexkey.
 
-#include <array>
 #include <cstdint>
 
 namespace jet::detail {

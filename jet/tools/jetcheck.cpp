@@ -7,7 +7,6 @@
 
 #include <cstdio>
 #include <exception>
-#include <string>
 
 namespace {
 

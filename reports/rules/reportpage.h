@@ -6,7 +6,6 @@
 #include "fundfile/rules/holding.h"
 
 #include <array>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>

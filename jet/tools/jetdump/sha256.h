@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <string_view>
 
 /// The digest as 64 small hexadecimal digits.
 std::string Sha256(std::span<const std::uint8_t> bytes);
