@@ -4,6 +4,7 @@
 #include "app/imagebutton.h"
 #include "app/rules/fundline.h"
 #include "diagram/diagramview.h"
+#include "fundfile/curvelist.h"
 #include "fundfile/datasource.h"
 #include "fundfile/queries.h"
 #include "fundfile/rules/scaletext.h"
@@ -19,14 +20,6 @@
 #include <string>
 #include <utility>
 
-namespace {
-
-ScaleText ScaleTextOf(DataSource& holdings) {
-    return ParseScaleText(holdings.Field(schema::holding::kSkala).Text());
-}
-
-}  // namespace
-
 SeveralCurves::SeveralCurves(frmPPM& ppm) : Controller(ppm) {
     On(window.mnuAll, &QAction::triggered, [this] { mnuAll_Click(); });
     On(window.imgScreen, &ImageButton::MouseUp, [this] {
@@ -39,7 +32,7 @@ void SeveralCurves::ReadCurveList() {
     std::vector<std::int32_t> curves;
     if (holdings.IsAttached() && !holdings.Empty()) {
         holdings.MoveFirst();
-        curves = ScaleTextOf(holdings).curves;
+        curves = ListedCurves(holdings);
     }
     // No more curves than there are lines in the list.
     const auto lines = static_cast<std::size_t>(window.lstFonder->count());
@@ -52,7 +45,8 @@ void SeveralCurves::SelectCurves(std::vector<std::int32_t> kontoIds) {
     std::int32_t top = 0;
     for (const std::int32_t kontoId : kontoIds) {
         if (!holdings.FindFirst(queries::KontoIdIs(kontoId))) continue;
-        top = std::max(top, ScaleTextOf(holdings).scale.top);
+        const std::string skala = holdings.Field(schema::holding::kSkala).Text();
+        top = std::max(top, ParseScaleText(skala).scale.top);
     }
     if (!kontoIds.empty()) holdings.MoveFirst();
     const ScaleRange scale = top > 0 ? ScaleWithTop(top) : ScaleRange{};

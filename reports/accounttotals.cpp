@@ -46,11 +46,12 @@ void AccountTotals::mnuTotal_Click() {
     window.panTotal->show();
     window.panTotal->raise();
     window.lstTotal->setFocus();
+    // The first key press leads to the first line.
     window.lstTotal->setCurrentRow(-1);
 }
 
 void AccountTotals::FillAccountList() {
-    // No account is chosen by filling the list, and the first key press leads to its first line.
+    // No account is chosen by filling the list.
     const QSignalBlocker quiet(window.lstTotal);
     window.lstTotal->clear();
     for (const std::string& name : AccountNames()) window.lstTotal->addItem(ToQt(name));
