@@ -26,6 +26,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -259,6 +260,19 @@ TEST_F(HelpContents, ExplainsEveryKey) {
           "Ctrl+C", "Ctrl+V", "Backsteg", "Alt+A", "Alt+V", "Alt+H"}) {
         EXPECT_THAT(keys, HasSubstr(key));
     }
+}
+
+TEST_F(HelpContents, IsFoundByTheWordsASaverWouldUse) {
+    const HelpBook book = OpenHelp(HELP_FILE);
+    const auto first = [&](std::string_view query) {
+        const auto hits = book.Search(query);
+        return hits.empty() ? std::string() : book.Pages()[hits.front().page].id;
+    };
+    EXPECT_EQ(first("pris"), "kurs");
+    EXPECT_EQ(first("ångra"), "ratta-kurs");
+    EXPECT_EQ(first("säkerhetskopia"), "spara-som");
+    EXPECT_EQ(first("ny dator"), "trygghet");
+    EXPECT_EQ(first("uppgifter ligger"), "trygghet");
 }
 
 TEST_F(HelpContents, ExplainsEveryErrorNumberOfTheFile) {
