@@ -16,37 +16,45 @@ cleanup() {
 trap cleanup EXIT
 
 mkfifo "$work/display"
-Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+Xvfb -displayfd 3 -screen 0 "${size}x24" -noreset -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
 server=$!
-read -r -t 20 number <"$work/display"
+read -r -t 60 number <"$work/display"
 export DISPLAY=:$number XDG_CONFIG_HOME=$work/config QT_QPA_PLATFORM=xcb
 
 "$program" >"$work/log" 2>&1 &
 client=$!
+give_up() {
+    cat "$work/log" >&2
+    echo "$1" >&2
+    exit 1
+}
+
 # A search that meets a window in the moment it goes away fails: it is asked again.
 window=
-for _ in $(seq 300); do
-    window=$(xdotool search --onlyvisible --pid "$client" --name Kvarnbo 2>/dev/null | head -n 1) || true
-    [ -z "$window" ] || break
+limit=$((SECONDS + 60))
+until [ -n "$window" ]; do
+    kill -0 "$client" 2>/dev/null || give_up "the program ended by itself"
+    [ $SECONDS -lt $limit ] || give_up "the window did not come up"
     sleep 0.1
+    window=$(xdotool search --onlyvisible --pid "$client" --name Kvarnbo 2>/dev/null | head -n 1) || true
 done
-if [ -z "$window" ]; then
-    cat "$work/log" >&2
-    echo "the window did not come up" >&2
-    exit 1
-fi
 
-# The working panels show after a start-up pause of three seconds: wait past it, then for a still picture.
-sleep 4
-last=
-for _ in $(seq 40); do
+# The working panels show when a start-up pause of three seconds is over. So the picture is ready when it has changed
+# since the first one and then stood still; where it was ready in the first already, nothing changes for ten seconds.
+first= last= changed=
+still=$SECONDS
+limit=$((SECONDS + 60))
+while [ $SECONDS -lt $limit ]; do
     maim -u -i "$window" "$work/shot.png"
     sum=$(cksum <"$work/shot.png")
-    [ "$sum" = "$last" ] && break
+    [ -n "$first" ] || first=$sum
+    [ "$sum" = "$first" ] || changed=yes
+    [ "$sum" = "$last" ] || still=$SECONDS
     last=$sum
-    sleep 0.5
+    [ $((SECONDS - still)) -ge $([ -n "$changed" ] && echo 4 || echo 10) ] && break
+    sleep 0.3
 done
-kill -0 "$client" 2>/dev/null || { cat "$work/log" >&2; echo "the program ended by itself" >&2; exit 1; }
+kill -0 "$client" 2>/dev/null || give_up "the program ended by itself"
 mkdir -p "$(dirname "$picture")"
 cp "$work/shot.png" "$picture"
 echo "picture written: $picture"

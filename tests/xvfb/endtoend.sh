@@ -22,39 +22,37 @@ points_today() { mdb-export -H "$file" PLOTTDATA | awk -F, -v k="$konto" -v d="$
 
 start_screen
 start_program "$file"
-until_true 20 title_has "Kvarnbo" || fail "no title"
+until_true 60 title_has "Kvarnbo" || fail "no title"
 
-# The working panels show when the start-up pause of three seconds is over; before it F11 has nothing to open.
-sleep 4
+# The working panels show when the start-up pause is over, and with them the open list. F11 opens and closes it, so one
+# that comes too early or too late is made good by the next.
+open_first_holding() {
+    key F11
+    key Home Return
+    until_true 2 title_has "Senaste uppdatering"
+}
+until_true 90 open_first_holding || fail "no holding was opened; the title is '$(title)'"
 picture before
-
-# The list is open when the start-up pause is over, so the first F11 closes it and the second opens it.
-key F11 F11
-key Home
-key Return
-until_true 10 title_has "Senaste uppdatering" || fail "no holding was opened; the title is '$(title)'"
 xdotool type --delay 60 "${price/,/.}"
 key Return
 stored() { [ "$(points_today | wc -l)" = 1 ]; }
-until_true 20 stored || fail "no point of today in the file"
+until_true 60 stored || fail "no point of today in the file"
 yield=$(points_today)
 [ "$yield" = 25 ] || fail "the point is $yield percent, not 25"
-sleep 1
-picture after
-cmp -s "$work/before.png" "$work/after.png" && fail "the picture did not change"
+until_true 60 differs after before || fail "the picture did not change"
 
 # Esc hides the diagram button too; opening and closing the list brings it back, and with it F12.
 key Escape
 key F11 F11
 key F12
+until_true 60 differs choosing after || fail "no list to choose curves from"
 # The first line is the chosen one already: Down chooses the second, then the third.
 key Home Down Down
 picture choosing
 key F12
-sleep 1
-picture chosen
+until_true 60 differs chosen choosing || fail "the choice did not end"
 key alt+F4
-until_true 10 ended || fail "the program did not end"
+until_true 60 ended || fail "the program did not end"
 client=
 
 [ "$("$JETCHECK" "$file")" = OK ] || fail "the file is not sound: $("$JETCHECK" "$file")"

@@ -22,16 +22,26 @@ fail() {
     exit 1
 }
 
+# Without -noreset the screen forgets everything when its last client leaves: a search that comes and goes before the
+# window manager is there would take the manager with it.
 start_screen() {
     mkfifo "$work/display"
-    Xvfb -displayfd 3 -screen 0 "${1-1280x960}x24" -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
+    Xvfb -displayfd 3 -screen 0 "${1-1280x960}x24" -noreset -nolisten tcp 3>"$work/display" >/dev/null 2>&1 &
     server=$!
     local number
-    read -r -t 20 number <"$work/display" || fail "no virtual screen"
+    read -r -t 60 number <"$work/display" || fail "no virtual screen"
     export DISPLAY=:$number QT_QPA_PLATFORM=xcb XDG_CONFIG_HOME=$work/config XDG_DATA_HOME=$work/data
     unset WAYLAND_DISPLAY
     openbox >/dev/null 2>&1 &
     manager=$!
+    until_true 60 managed || fail "no window manager"
+}
+
+# A window manager tells that it is there through its own window, which the root names and which names itself.
+managed() {
+    local its
+    its=$(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | sed -n 's/.*# \(0x[0-9a-f]*\).*/\1/p')
+    [ -n "$its" ] && xprop -id "$its" _NET_SUPPORTING_WM_CHECK >/dev/null 2>&1
 }
 
 # start_program FILE: on that fund file, told through the settings as the program itself keeps them.
@@ -40,20 +50,20 @@ start_program() {
     printf '[StartUp]\nStartPath=%s\nStartX=1\n' "$1" >"$work/config/Kvarnbo/Kvarnbo.ini"
     "$program" >"$work/log" 2>&1 &
     client=$!
-    until_true 30 found_window || fail "the window did not come up"
-    xdotool windowactivate --sync "$window" 2>/dev/null || true
+    until_true 60 found_window || fail "the window did not come up"
+    xdotool windowactivate "$window"
+    until_true 60 active || fail "the window does not have the keys"
 }
 
-# until_true SECONDS COMMAND...: polls.
+# until_true SECONDS COMMAND...: asks again and again until the command says yes, or for so long. The time is a limit
+# for what never comes, so it may be generous: a busy machine takes many times as long as an idle one.
 until_true() {
-    local tries=$(($1 * 10))
+    local end=$((SECONDS + $1))
     shift
-    while [ $tries -gt 0 ]; do
-        "$@" && return 0
+    until "$@"; do
+        [ $SECONDS -lt $end ] || return 1
         sleep 0.1
-        tries=$((tries - 1))
     done
-    return 1
 }
 
 # A search that meets a window in the moment it goes away fails: it is asked again.
@@ -61,10 +71,13 @@ found_window() {
     window=$(xdotool search --onlyvisible --pid "$client" --name Kvarnbo 2>/dev/null | head -n 1)
     [ -n "$window" ]
 }
+active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
 title() { xdotool getwindowname "$window"; }
 title_has() { title | grep -qF -- "$1"; }
 title_lacks() { ! title_has "$1"; }
 key() { xdotool key --delay 60 "$@"; }
 picture() { maim -i "$window" "$work/$1.png"; }
+# differs NEW OLD: takes picture NEW and says whether it shows something else than picture OLD.
+differs() { picture "$1" && ! cmp -s "$work/$1.png" "$work/$2.png"; }
 still_running() { kill -0 "$client" 2>/dev/null; }
 ended() { ! still_running; }
