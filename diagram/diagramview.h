@@ -3,8 +3,8 @@
 // Knows nothing of funds, files or other controls; says where the mouse is pressed, moved and
 // released.
 
-#include "diagram/rules/scale.h"
 #include "diagram/rules/stroke.h"
+#include "fundfile/rules/scale.h"
 
 #include <QImage>
 #include <QLineF>

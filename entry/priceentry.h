@@ -3,7 +3,7 @@
 // day's point together with the holding's summary and scale.
 
 #include "app/controller.h"
-#include "diagram/rules/scale.h"
+#include "fundfile/rules/scale.h"
 
 #include <cstdint>
 #include <optional>

@@ -2,9 +2,9 @@
 // Points and holdings between the file's records and the program's own types, whatever numeric or
 // text types the file's columns have. Decides nothing about them.
 
-#include "diagram/rules/stroke.h"
 #include "fundfile/datasource.h"
 #include "fundfile/rules/holding.h"
+#include "fundfile/rules/point.h"
 #include "jet/database.h"
 
 #include <cstdint>

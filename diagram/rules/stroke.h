@@ -2,19 +2,14 @@
 // What is drawn of one holding's series: a line and a label, in days and percent or in centimetres.
 // Knows no painter and no window; strokepainter draws it.
 
-#include "diagram/rules/curvecolour.h"
-#include "diagram/rules/scale.h"
+#include "fundfile/rules/curvecolour.h"
+#include "fundfile/rules/point.h"
+#include "fundfile/rules/scale.h"
 
 #include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
-
-/// One stored point: a day number and a whole percentage.
-struct CurvePoint {
-    std::int32_t day = 0, value = 0;
-    bool operator==(const CurvePoint&) const = default;
-};
 
 struct Point {
     double x = 0, y = 0;

@@ -1,7 +1,7 @@
 #pragma once
 // Zoom in and out on the vertical scale: what is stored, and whether the picture follows.
 
-#include "diagram/rules/scale.h"
+#include "fundfile/rules/scale.h"
 
 /// A holding shown alone has its own automatic scale; the several-curves view has another.
 enum class CurveView { Single, Several };

@@ -20,11 +20,11 @@ std::string SavedValuesText(const HoldingRow& row) {
     return text;
 }
 
-float StartPriceOf(const HoldingRow& row) {
+double StartPriceOf(const HoldingRow& row) {
     const auto saved = ParseSavedValues(row.sparadeVarden);
-    const std::string price = saved ? saved->price : Shown(row.kursKr);
-    float start = 0;
+    if (!saved) return row.kursKr.value_or(0);
+    double start = 0;
     Skipping skip;
-    skip([&] { start = ParseSingle(price); });
+    skip([&] { start = ParseDouble(saved->price); });
     return start;
 }

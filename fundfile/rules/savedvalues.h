@@ -27,4 +27,4 @@ std::string SavedValuesText(const HoldingRow& row);
 
 /// The price that the percentages start from: the saved one if there is one, else KursKr. 0 when it
 /// is missing or no number.
-float StartPriceOf(const HoldingRow& row);
+double StartPriceOf(const HoldingRow& row);

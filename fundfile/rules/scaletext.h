@@ -2,7 +2,7 @@
 // The scale column: "15/-10", and in the first row of the table "1.2.5./15/-10", with the KontoIds
 // of the curves shown together in front.
 
-#include "diagram/rules/scale.h"
+#include "fundfile/rules/scale.h"
 
 #include <cstdint>
 #include <span>

@@ -2,7 +2,7 @@
 // Fund files for window tests: a few holdings with their points, written by the engine, and what is
 // in a file afterwards.
 
-#include "diagram/rules/stroke.h"
+#include "fundfile/rules/point.h"
 
 #include <cstdint>
 #include <filesystem>

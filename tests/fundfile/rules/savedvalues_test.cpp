@@ -43,17 +43,17 @@ TEST(SavedValues, MayMissTheirLastPilcrow) {
 
 TEST(StartPrice, IsTheSavedOneIfThereIsOne) {
     HoldingRow row = Row();
-    EXPECT_EQ(StartPriceOf(row), 268.62F);
+    EXPECT_EQ(StartPriceOf(row), 268.62);
     row.sparadeVarden = "2005-01-03¶10¶99,5¶995¶";
-    EXPECT_EQ(StartPriceOf(row), 99.5F);
+    EXPECT_EQ(StartPriceOf(row), 99.5);
 }
 
 TEST(StartPrice, IsZeroWhenItIsMissingOrNoNumber) {
     HoldingRow row = Row();
     row.kursKr.reset();
-    EXPECT_EQ(StartPriceOf(row), 0.0F);
+    EXPECT_EQ(StartPriceOf(row), 0.0);
     row.sparadeVarden = "2005-01-03¶10¶?¶995¶";
-    EXPECT_EQ(StartPriceOf(row), 0.0F);
+    EXPECT_EQ(StartPriceOf(row), 0.0);
 }
 
 TEST(Holding, ShowsAColumnAsItIs) {

@@ -1,4 +1,4 @@
-#include "diagram/rules/scale.h"
+#include "fundfile/rules/scale.h"
 
 #include "base/error.h"
 

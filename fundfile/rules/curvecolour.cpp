@@ -1,4 +1,4 @@
-#include "diagram/rules/curvecolour.h"
+#include "fundfile/rules/curvecolour.h"
 
 #include <algorithm>
 #include <array>
