@@ -2,12 +2,11 @@
 // A grid bound to a data source: it shows its rows, follows and moves its current row, and lets the
 // user add, change and delete rows. Knows nothing of what the columns mean.
 
+#include "platform/gridevents.h"
 #include "platform/recordsetmodel.h"
 
 #include <QFrame>
-#include <QPointer>
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,32 +15,9 @@
 class DataSource;
 class KeyStrokes;
 class QHideEvent;
-class QLabel;
+class QKeyEvent;
 class QShowEvent;
 class QTableView;
-
-/// What a cell is about to become.
-struct CellChange {
-    int column = 0;
-    std::string oldText = {};
-    std::string text = {};  ///< may be rewritten
-    bool cancel = false;    ///< true: the cell keeps its old text
-};
-
-/// Called in the order in which they stand here. An empty one is not called; a `bool` answer of
-/// false forbids.
-struct GridEvents {
-    std::function<bool(int column)> beforeCellEdit;
-    std::function<void(CellChange&)> beforeCellStore;
-    std::function<void(int column)> afterCellStore;
-    std::function<bool()>
-        beforeRowStore;  ///< the row is still typed: ask TypedText, complete with TypeText
-    std::function<void(bool isNew)> afterRowStore;
-    std::function<bool()> beforeRowDelete;  ///< the row is the data source's current one
-    std::function<void()> deleteRow;        ///< takes the place of the data source's plain Delete
-    std::function<void()> afterRowDelete;
-    std::function<void()> rowOrColumnChanged;
-};
 
 /// Keys: arrows move, typing or F2 edits, Esc gives up the cell, then the row; Shift+Space or
 /// Ctrl+Space marks the row as a click on its left edge does, Delete deletes the marked row, Tab
@@ -90,15 +66,11 @@ class DataGrid : public QFrame {
     void hideEvent(QHideEvent* event) override;
 
   private:
-    class CellDelegate;
-    class GuardedSelection;
-    class RowHeader;
-    class Table;
-    struct State;
+    void ConnectParts();
+    void RowHeaderPressed(int row);
+    void ForwardEnter();
+    void GiveUpRow(QKeyEvent* key);
 
-    void SetUpTable();
-    void ForwardEnter(int column);
-    void LeaveWithFocus(QWidget* from, QWidget* to);
-
-    std::unique_ptr<State> state_;
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
 };
