@@ -1,7 +1,8 @@
 #include "fundfile/appfolder.h"
 
 #include "base/error.h"
-#include "fundfile/wholefile.h"
+#include "base/path.h"
+#include "jet/copyfile.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -69,12 +70,8 @@ void Fill(const ProgramFolders& folders, const ProgramFile& file) {
         return;
     }
     if (!Exists(own) || (file.owner == Owner::Program && Contents(own) != Contents(source))) {
-        WholeFile(source, own).PutInPlace();
+        jet::CopyFile(source, own);
     }
-}
-
-std::string WithSeparator(const fs::path& folder) {
-    return (folder / "").string();
 }
 
 }  // namespace

@@ -4,7 +4,8 @@
 #include "fundfile/fundfile.h"
 #include "fundfile/rules/savedvalues.h"
 #include "fundfile/schema.h"
-#include "fundfile/wholefile.h"
+#include "jet/copyfile.h"
+#include "jet/database.h"
 #include "jet/transaction.h"
 
 #include <cstdint>
@@ -44,24 +45,16 @@ void CopyPoints(jet::RecordSet& from, jet::RecordSet& to) {
 void CreateFundFile(const std::filesystem::path& templateFile,
                     const std::filesystem::path& target) {
     CheckNotInUse(target);
-    WholeFile file(templateFile, target);
-    file.PutInPlace();
+    jet::CopyFile(templateFile, target);
 }
 
 void SaveCopy(DataSource& holdings, DataSource& points, const std::filesystem::path& templateFile,
               const std::filesystem::path& target) {
     CheckNotInUse(target);
-    WholeFile file(templateFile, target);
-    const std::shared_ptr<jet::Database> copy = jet::Database::Open(file.Path());
-    try {
-        jet::Transaction transaction(copy);
-        CopyHoldings(holdings.Records(), *copy->OpenRecordSet("FondData"));
-        CopyPoints(points.Records(), *copy->OpenRecordSet("PlottData"));
-        transaction.Commit();
-    } catch (const Error&) {
-        copy->Close();
-        throw;
-    }
-    copy->Close();
-    file.PutInPlace();
+    const std::shared_ptr<jet::Database> copy = jet::Database::LoadCopy(templateFile);
+    jet::Transaction transaction(copy);
+    CopyHoldings(holdings.Records(), *copy->OpenRecordSet("FondData"));
+    CopyPoints(points.Records(), *copy->OpenRecordSet("PlottData"));
+    transaction.Commit();
+    copy->SaveAs(target);
 }

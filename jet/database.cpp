@@ -1,6 +1,7 @@
 #include "jet/database.h"
 
 #include "base/error.h"
+#include "base/path.h"
 #include "jet/detail/engine.h"
 #include "jet/detail/filestore.h"
 #include "jet/detail/keysetrecordset.h"
@@ -21,24 +22,10 @@ std::vector<std::weak_ptr<Database>>& OpenFiles() {
     return files;
 }
 
-// Links are followed; a second name of the same file (a hard link) is known by device and inode.
-bool IsSameFile(const std::filesystem::path& open, const std::filesystem::path& wanted) {
-    if (open == wanted) return true;
-    std::error_code noSuchFile;
-    return std::filesystem::equivalent(open, wanted, noSuchFile) && !noSuchFile;
-}
-
-std::shared_ptr<Database> FindOpen(const std::filesystem::path& path) {
-    auto& files = OpenFiles();
-    std::erase_if(files, [](const std::weak_ptr<Database>& file) {
-        const auto database = file.lock();
-        return database == nullptr || !database->IsOpen();
-    });
-    for (const std::weak_ptr<Database>& file : files) {
-        auto database = file.lock();
-        if (IsSameFile(database->Path(), path)) return database;
+void RequireNotOpen(const std::filesystem::path& path) {
+    if (Database::FindOpen(path) != nullptr) {
+        throw Error{ErrorNumber::FileInUse, "file is open: " + path.string()};
     }
-    return nullptr;
 }
 
 Date Now() {
@@ -58,6 +45,24 @@ Database::~Database() {
     Close();
 }
 
+std::shared_ptr<Database> Database::FindOpen(const std::filesystem::path& path) {
+    auto& files = OpenFiles();
+    std::erase_if(files, [](const std::weak_ptr<Database>& file) {
+        const auto database = file.lock();
+        return database == nullptr || !database->IsOpen();
+    });
+    for (const std::weak_ptr<Database>& file : files) {
+        auto database = file.lock();
+        if (IsSameFile(database->Path(), path)) return database;
+    }
+    return nullptr;
+}
+
+std::shared_ptr<Database> Database::LoadCopy(const std::filesystem::path& path) {
+    auto file = detail::PageFile::FromImage(detail::Load(path).image);
+    return std::shared_ptr<Database>(new Database(std::make_unique<Engine>(std::move(file))));
+}
+
 std::shared_ptr<Database> Database::Open(const std::filesystem::path& path, Access access) {
     // An empty path would resolve to the current folder.
     if (path.empty()) throw Error{ErrorNumber::FileNotFound, "no file name"};
@@ -73,11 +78,8 @@ std::shared_ptr<Database> Database::Open(const std::filesystem::path& path, Acce
 
 void Database::Create(const std::filesystem::path& path, std::span<const TableDesign> tables,
                       std::optional<Date> created) {
-    const std::filesystem::path resolved = detail::Resolve(path);
-    if (FindOpen(resolved) != nullptr) {
-        throw Error{ErrorNumber::FileInUse, "file is open: " + path.string()};
-    }
-    detail::NewFile(tables, created.value_or(Now()))->SaveAs(resolved);
+    RequireNotOpen(path);
+    detail::NewFile(tables, created.value_or(Now()))->SaveAs(path);
 }
 
 std::shared_ptr<RecordSet> Database::OpenRecordSet(std::string_view source) {
@@ -95,8 +97,14 @@ std::int32_t Database::Execute(std::string_view sql) {
     });
 }
 
+void Database::SaveAs(const std::filesystem::path& path) const {
+    RequireNotOpen(path);
+    RequireOpen().File().SaveAs(path);
+}
+
 void Database::Close() noexcept {
     engine_.reset();
+    companion_.reset();
 }
 
 bool Database::IsOpen() const noexcept {

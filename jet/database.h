@@ -11,6 +11,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace jet {
@@ -31,6 +32,13 @@ class Database : public std::enable_shared_from_this<Database> {
     static std::shared_ptr<Database> Open(const std::filesystem::path& path,
                                           Access access = Access::ReadWrite);
 
+    /// The file when it is open in this process, by whatever name; null otherwise.
+    static std::shared_ptr<Database> FindOpen(const std::filesystem::path& path);
+
+    /// A copy of the file in memory, which is nobody else's: its edits reach the disk by SaveAs
+    /// alone. Throws what Open throws.
+    static std::shared_ptr<Database> LoadCopy(const std::filesystem::path& path);
+
     /// Writes a new file (Jet 4) with the given empty tables, whole and synced; an existing file is
     /// replaced. `created` is the date that the file's catalog says of every table; none = now
     /// (UTC). Throws DiskFull, DeviceIo, PermissionDenied, FileInUse when the file is open here,
@@ -48,6 +56,14 @@ class Database : public std::enable_shared_from_this<Database> {
 
     /// Runs a DELETE text and returns the number of rows deleted. All of it is stored, or nothing.
     std::int32_t Execute(std::string_view sql);
+
+    /// Writes the whole file to `path`, as Create does.
+    void SaveAs(const std::filesystem::path& path) const;
+
+    /// Keeps `companion`, a lock for instance, for as long as the file is open here. It replaces a
+    /// former one.
+    void Attach(std::shared_ptr<void> companion) { companion_ = std::move(companion); }
+    const std::shared_ptr<void>& Attached() const noexcept { return companion_; }
 
     /// Ends the use of the file for everybody who shares this object: later calls on it and on its
     /// record sets throw ObjectClosed. A transaction still open is rolled back.
@@ -82,6 +98,7 @@ class Database : public std::enable_shared_from_this<Database> {
     std::filesystem::path path_;
     bool readOnly_ = false;
     std::unique_ptr<detail::Engine> engine_;
+    std::shared_ptr<void> companion_;
 };
 
 }  // namespace jet

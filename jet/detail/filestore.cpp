@@ -1,5 +1,7 @@
 #include "jet/detail/filestore.h"
 
+#include "base/systemerror.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
@@ -18,36 +20,11 @@ namespace fs = std::filesystem;
 constexpr std::uint64_t kLargestFile = 1ULL << 31;
 constexpr int kLinkLimit = 40;
 
-ErrorNumber NumberOf(int code) {
-    switch (code) {
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            return ErrorNumber::DiskFull;
-        case EACCES:
-        case EPERM:
-            return ErrorNumber::PermissionDenied;
-        case EROFS:
-            return ErrorNumber::ReadOnly;
-        case ENOENT:
-            return ErrorNumber::FileNotFound;
-        case ENOTDIR:
-        case ELOOP:
-        case ENAMETOOLONG:
-            return ErrorNumber::PathNotFound;
-        case ETXTBSY:
-        case EBUSY:
-            return ErrorNumber::FileInUse;
-        default:
-            return ErrorNumber::DeviceIo;
-    }
-}
-
 /// Call it first thing after a failed system call.
 [[noreturn]] void ThrowSystem(const char* what, const fs::path& path) {
     const int code = errno;
-    throw Error{NumberOf(code), std::string(what) + " " + path.string() + ": " +
-                                    std::generic_category().message(code)};
+    throw Error{NumberOfSystemError(code), std::string(what) + " " + path.string() + ": " +
+                                               std::generic_category().message(code)};
 }
 
 /// An open file; closed when the scope ends.
@@ -312,6 +289,18 @@ Replaced ReplaceAtomically(const std::filesystem::path& path, const FileImage& i
     if (expected != nullptr) CheckUnchanged(target, *expected);
     file.RenameTo(target);
     return {fingerprint, SyncFolder(FolderOf(target))};
+}
+
+void SaveWhole(const FileImage& image, const std::filesystem::path& path) {
+    std::error_code code;
+    const fs::path folder = FolderOf(Resolve(path));
+    if (!fs::exists(folder, code)) {
+        throw Error{ErrorNumber::PathNotFound, "there is no folder " + folder.string()};
+    }
+    if (!ReplaceAtomically(path, image, nullptr).folderSynced) {
+        throw Error{ErrorNumber::DeviceIo,
+                    "sync the folder of " + path.string() + ": device failed"};
+    }
 }
 
 }  // namespace jet::detail

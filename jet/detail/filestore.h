@@ -76,4 +76,8 @@ struct Replaced {
 Replaced ReplaceAtomically(const std::filesystem::path& path, const FileImage& image,
                            const Fingerprint* expected);
 
+/// The same for a file that is of no use before it is safe: a folder that cannot be synced is
+/// DeviceIo, a folder that is not there PathNotFound.
+void SaveWhole(const FileImage& image, const std::filesystem::path& path);
+
 }  // namespace jet::detail

@@ -256,10 +256,7 @@ void PageFile::Store() {
 }
 
 void PageFile::SaveAs(const std::filesystem::path& path) const {
-    if (!ReplaceAtomically(path, image_, nullptr).folderSynced) {
-        throw Error{ErrorNumber::DeviceIo,
-                    "sync the folder of " + path.string() + ": device failed"};
-    }
+    SaveWhole(image_, path);
 }
 
 std::optional<std::uint32_t> PageFile::TakeFreed() {

@@ -8,14 +8,19 @@ TEST(NumberOfSystemError, TellsApartWhatUsersCanDoSomethingAbout) {
         int code;
         ErrorNumber number;
     } rows[] = {
-        {ENOENT, ErrorNumber::PathNotFound},
+        {ENOENT, ErrorNumber::FileNotFound},
         {ENOTDIR, ErrorNumber::PathNotFound},
+        {ELOOP, ErrorNumber::PathNotFound},
+        {ENAMETOOLONG, ErrorNumber::PathNotFound},
         {EACCES, ErrorNumber::PermissionDenied},
         {EPERM, ErrorNumber::PermissionDenied},
-        {EROFS, ErrorNumber::PermissionDenied},
+        {EROFS, ErrorNumber::ReadOnly},
         {EISDIR, ErrorNumber::PermissionDenied},
         {ENOSPC, ErrorNumber::DiskFull},
         {EDQUOT, ErrorNumber::DiskFull},
+        {EFBIG, ErrorNumber::DiskFull},
+        {EBUSY, ErrorNumber::FileInUse},
+        {ETXTBSY, ErrorNumber::FileInUse},
         {EIO, ErrorNumber::DeviceIo},
         {0, ErrorNumber::DeviceIo},
     };

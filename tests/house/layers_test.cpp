@@ -30,6 +30,11 @@ Layer LayerOf(std::string_view path) {
     return Layer::Program;
 }
 
+/// The little that the engine brings along instead of writing it twice.
+bool IsSharedWithTheEngine(std::string_view path) {
+    return path == "base/error.h" || path == "base/path.h" || path == "base/systemerror.h";
+}
+
 bool MayInclude(Layer from, std::string_view path) {
     const Layer to = LayerOf(path);
     switch (from) {
@@ -38,7 +43,7 @@ bool MayInclude(Layer from, std::string_view path) {
         case Layer::Rules:
             return to == Layer::Base || to == Layer::Rules;
         case Layer::Jet:
-            return to == Layer::Jet || path == "base/error.h";
+            return to == Layer::Jet || IsSharedWithTheEngine(path);
         case Layer::Data:
             return to == Layer::Base || to == Layer::Rules || to == Layer::Jet || to == Layer::Data;
         case Layer::Platform:
