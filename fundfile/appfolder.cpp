@@ -9,7 +9,9 @@
 #include <QStandardPaths>
 #include <QString>
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <fstream>
 #include <iterator>
 #include <string_view>
@@ -24,15 +26,13 @@ enum class Owner { Program, User };
 struct ProgramFile {
     std::string_view name;
     Owner owner;
-    bool required;  // the program's folder serves only if it holds it
 };
 
+constexpr std::string_view kTemplate = "Db0.dat";
 constexpr std::array kFiles = {
-    ProgramFile{"Db0.dat", Owner::Program, true},
-    ProgramFile{"Vimmels_exempel.mdb", Owner::User, true},
-    ProgramFile{"Rusken_Kina.mdb", Owner::User, true},
-    ProgramFile{"Grid.dib", Owner::Program, true},
-    ProgramFile{"Kvarnbo.hlp", Owner::Program, false},
+    ProgramFile{kTemplate, Owner::Program},      ProgramFile{"Vimmels_exempel.mdb", Owner::User},
+    ProgramFile{"Rusken_Kina.mdb", Owner::User}, ProgramFile{"Grid.dib", Owner::Program},
+    ProgramFile{"Kvarnbo.hlp", Owner::Program},
 };
 
 bool Exists(const fs::path& path) {
@@ -40,13 +40,22 @@ bool Exists(const fs::path& path) {
     return fs::is_regular_file(path, code);
 }
 
-bool HoldsTheFiles(const fs::path& folder) {
-    for (const ProgramFile& file : kFiles) {
-        if (file.required && !Exists(folder / file.name)) {
-            return false;
-        }
+bool IsFundFile(const fs::path& path) {
+    std::string ending = path.extension().string();
+    std::transform(ending.begin(), ending.end(), ending.begin(),
+                   [](unsigned char letter) { return static_cast<char>(std::tolower(letter)); });
+    return ending == ".mdb";
+}
+
+/// Fund files, log or notes: who finds them gone believes them lost.
+bool HoldsAnythingOfTheSavers(const fs::path& folder) {
+    if (Exists(folder / programfiles::kLog) || Exists(folder / programfiles::kNotes)) return true;
+    std::error_code code;
+    for (fs::directory_iterator entry(folder, code), end; !code && entry != end;
+         entry.increment(code)) {
+        if (IsFundFile(entry->path()) && Exists(entry->path())) return true;
     }
-    return true;
+    return false;
 }
 
 bool CanBeWritten(const fs::path& folder) {
@@ -63,7 +72,7 @@ fs::path Source(const ProgramFolders& folders, const ProgramFile& file) {
     return Exists(beside) ? beside : folders.installed / file.name;
 }
 
-void Fill(const ProgramFolders& folders, const ProgramFile& file) {
+void FillPersonal(const ProgramFolders& folders, const ProgramFile& file) {
     const fs::path source = Source(folders, file);
     const fs::path own = folders.personal / file.name;
     if (!Exists(source)) {
@@ -72,6 +81,27 @@ void Fill(const ProgramFolders& folders, const ProgramFile& file) {
     if (!Exists(own) || (file.owner == Owner::Program && Contents(own) != Contents(source))) {
         jet::CopyFile(source, own);
     }
+}
+
+/// What lies beside the program is never replaced, only what is missing is made again.
+void FillProgram(const ProgramFolders& folders, const ProgramFile& file) {
+    const fs::path source = folders.installed / file.name;
+    const fs::path own = folders.program / file.name;
+    if (!Exists(own) && Exists(source)) {
+        jet::CopyFile(source, own);
+    }
+}
+
+void FillAll(const ProgramFolders& folders,
+             void (*fill)(const ProgramFolders&, const ProgramFile&)) {
+    Skipping skip;
+    for (const ProgramFile& file : kFiles) {
+        skip([&] { fill(folders, file); });
+    }
+}
+
+bool IsInUse(const fs::path& folder) {
+    return CanBeWritten(folder) && (Exists(folder / kTemplate) || HoldsAnythingOfTheSavers(folder));
 }
 
 }  // namespace
@@ -84,19 +114,18 @@ ProgramFolders FindProgramFolders() {
 }
 
 std::string AppFolder(const ProgramFolders& folders) {
-    if (CanBeWritten(folders.program) && HoldsTheFiles(folders.program)) {
+    if (IsInUse(folders.program)) {
+        FillAll(folders, FillProgram);
         return WithSeparator(folders.program);
     }
     std::error_code code;
     fs::create_directories(folders.personal, code);
     if (!code) {
-        Skipping skip;
-        for (const ProgramFile& file : kFiles) {
-            skip([&] { Fill(folders, file); });
-        }
+        FillAll(folders, FillPersonal);
     }
     if (CanBeWritten(folders.personal)) {
         return WithSeparator(folders.personal);
     }
-    return WithSeparator(HoldsTheFiles(folders.installed) ? folders.installed : folders.program);
+    const bool isInstalled = Exists(folders.installed / kTemplate);
+    return WithSeparator(isInstalled ? folders.installed : folders.program);
 }

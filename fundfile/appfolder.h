@@ -4,6 +4,12 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
+
+namespace programfiles {
+inline constexpr std::string_view kLog = "FonderLogg.txt";
+inline constexpr std::string_view kNotes = "Anteckningar.txt";
+}  // namespace programfiles
 
 struct ProgramFolders {
     std::filesystem::path program;  ///< where the program file lies
@@ -16,10 +22,11 @@ struct ProgramFolders {
 /// program, the user's own folder is the system's place for a program's data.
 ProgramFolders FindProgramFolders();
 
-/// The program's folder when it can be written and holds the files; else the personal folder,
-/// filled with what is missing there. A template, picture or help file that differs from the
-/// installed one is renewed; the sample fund files are the user's from then on. Ends in the
-/// platform's separator.
+/// The program's folder when it can be written and holds the template or anything of the saver's: a
+/// fund file, the log, the notes. A file of the program's that is missing there is made again when
+/// it is installed, and done without otherwise. Else the personal folder, filled with what is
+/// missing there. A template, picture or help file that differs from the installed one is renewed;
+/// the sample fund files are the user's from then on. Ends in the platform's separator.
 ///
 /// Never throws: a personal folder that cannot be made leaves the folder with the installed copies.
 std::string AppFolder(const ProgramFolders& folders);

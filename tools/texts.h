@@ -1,12 +1,14 @@
 #pragma once
 // The Swedish texts, file names and command lines of the tools.
 
+#include "fundfile/appfolder.h"
+
 #include <string_view>
 
 namespace texts {
 
-inline constexpr std::string_view LogFile = "FonderLogg.txt";
-inline constexpr std::string_view NotesFile = "Anteckningar.txt";
+inline constexpr std::string_view LogFile = programfiles::kLog;
+inline constexpr std::string_view NotesFile = programfiles::kNotes;
 inline constexpr std::string_view HelpFile = "Kvarnbo.hlp";
 
 // Their trailing blanks, two and one, belong to the command lines.

@@ -83,6 +83,34 @@ TEST_F(AppFolderTest, CopiesOfProtectedFilesCanBeWritten) {
         fs::perms::none);
 }
 
+TEST_F(AppFolderTest, StaysWhenASampleWasDeleted) {
+    Put(folders.program, "beside");
+    testdata::WriteText(folders.program / "FonderLogg.txt", "what the saver did");
+    for (const char* sample : {"Rusken_Kina.mdb", "Vimmels_exempel.mdb"}) {
+        fs::remove(folders.program / sample);
+        EXPECT_EQ(AppFolder(folders), folders.program.string() + "/") << sample;
+        EXPECT_FALSE(fs::exists(folders.personal));
+    }
+}
+
+TEST_F(AppFolderTest, ADeletedSampleIsMadeAgainFromTheInstalledOneAndNothingElseIsTouched) {
+    Put(folders.program, "beside");
+    Put(folders.installed, "installed");
+    fs::remove(folders.program / "Vimmels_exempel.mdb");
+    AppFolder(folders);
+    EXPECT_EQ(testdata::BytesOf(folders.program / "Vimmels_exempel.mdb"), "installed");
+    EXPECT_EQ(testdata::BytesOf(folders.program / "Db0.dat"), "beside");
+}
+
+TEST_F(AppFolderTest, StaysWithAnythingOfTheSaversInIt) {
+    for (const char* own : {"FonderLogg.txt", "Anteckningar.txt", "mina.MDB"}) {
+        testdata::WriteText(folders.program / own, "the saver's");
+        EXPECT_EQ(AppFolder(folders), folders.program.string() + "/") << own;
+        fs::remove(folders.program / own);
+    }
+    EXPECT_EQ(AppFolder(folders), folders.personal.string() + "/");
+}
+
 TEST_F(AppFolderTest, AProtectedProgramFolderIsNotUsed) {
     Put(folders.program, "beside");
     fs::create_directories(folders.personal);
