@@ -4,10 +4,6 @@
 #include "base/number.h"
 #include "fundfile/schema.h"
 
-#include <QLockFile>
-
-#include <chrono>
-#include <map>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -15,17 +11,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A lock file that nobody finished writing is left behind by a crash; after this time nobody will.
-constexpr std::chrono::seconds kUnfinishedLockAge{10};
-
-fs::path LockPath(const fs::path& realPath) {
-    return fs::path(realPath) += ".lock";
-}
-
-QString ToQt(const fs::path& path) {
-    return QString::fromStdString(path.string());
-}
 
 /// Links resolved, so that one file has one lock.
 fs::path RealPath(const fs::path& path) {
@@ -40,77 +25,17 @@ fs::path RealPath(const fs::path& path) {
     return real;
 }
 
-struct Claim {
-    std::unique_ptr<QLockFile> lock;  // null: not ours
-    WriteRight right = WriteRight::Ours;
-    std::string owner;
-};
-
-std::string OwnerOf(const QLockFile& lock) {
-    qint64 process = 0;
-    QString host, application;
-    if (!lock.getLockInfo(&process, &host, &application)) {
-        return {};
-    }
-    return "process " + PlainText(std::int64_t{process}) + ", dator " + host.toStdString();
+FundFile Share(std::shared_ptr<jet::Database> database) {
+    const auto claim = std::static_pointer_cast<WriteClaim>(database->Attached());
+    FundFile file{std::move(database), claim->right, claim->owner, {}};
+    file.foreignLock = ForeignLockBeside(file.database->Path());
+    return file;
 }
 
-Claim ClaimWriting(const fs::path& realPath) {
-    auto lock = std::make_unique<QLockFile>(ToQt(LockPath(realPath)));
-    // A copy may be open for days: a lock is stale when its process is gone, never by its age ...
-    lock->setStaleLockTime(0);
-    if (lock->tryLock(0)) {
-        return {std::move(lock), WriteRight::Ours, {}};
-    }
-    if (lock->error() == QLockFile::LockFailedError && OwnerOf(*lock).empty()) {
-        // ... except where it names no process, since the machine stopped while it was written.
-        lock->setStaleLockTime(kUnfinishedLockAge);
-        if (lock->tryLock(0)) {
-            lock->setStaleLockTime(0);
-            return {std::move(lock), WriteRight::Ours, {}};
-        }
-    }
-    switch (lock->error()) {
-        case QLockFile::LockFailedError:
-            return {nullptr, WriteRight::OtherCopy, OwnerOf(*lock)};
-        case QLockFile::PermissionError:
-            return {nullptr, WriteRight::FolderProtected, {}};
-        default:
-            return {nullptr, WriteRight::CannotLock, {}};
-    }
-}
-
-/// One fund file that is open here. Its users share it through FundFile::database.
-struct Held {
-    std::shared_ptr<jet::Database> database;
-    Claim claim;
-};
-
-/// By real path. Ends when the program does; entries of files that nobody uses any more are empty.
-std::map<fs::path, std::weak_ptr<Held>>& OpenFiles() {
-    static std::map<fs::path, std::weak_ptr<Held>> files;
-    return files;
-}
-
-std::shared_ptr<Held> FindOpen(const fs::path& realPath) {
-    const auto found = OpenFiles().find(realPath);
-    if (found == OpenFiles().end()) {
-        return nullptr;
-    }
-    std::shared_ptr<Held> held = found->second.lock();
-    if (held && held->database->IsOpen()) {
-        return held;
-    }
-    if (held) {
-        held->claim.lock.reset();  // closed behind our back; its last users no longer write
-    }
-    OpenFiles().erase(found);
-    return nullptr;
-}
-
-FundFile Share(const std::shared_ptr<Held>& held) {
-    return {std::shared_ptr<jet::Database>(held, held->database.get()), held->claim.right,
-            held->claim.owner};
+/// Null when it is not open here as a fund file.
+std::shared_ptr<jet::Database> FindOpen(const fs::path& realPath) {
+    std::shared_ptr<jet::Database> open = jet::Database::FindOpen(realPath);
+    return open && open->Attached() ? open : nullptr;
 }
 
 void CheckColumns(jet::Database& database, std::string_view source, std::size_t needed) {
@@ -149,25 +74,24 @@ void RequireFundFile(jet::Database& database) {
 
 FundFile OpenFundFile(const fs::path& path) {
     const fs::path realPath = RealPath(path);
-    if (const std::shared_ptr<Held> held = FindOpen(realPath)) {
-        return Share(held);
+    if (std::shared_ptr<jet::Database> open = FindOpen(realPath)) {
+        return Share(std::move(open));
     }
-    const auto held = std::make_shared<Held>();
-    held->claim =
-        ClaimWriting(realPath);  // first, so that nobody writes between reading and claiming
-    held->database = jet::Database::Open(
-        realPath, held->claim.lock ? jet::Access::ReadWrite : jet::Access::ReadOnly);
+    // First, so that nobody writes between reading and claiming.
+    const auto claim = std::make_shared<WriteClaim>(ClaimWriting(realPath));
+    std::shared_ptr<jet::Database> database =
+        jet::Database::Open(realPath, claim->lock ? jet::Access::ReadWrite : jet::Access::ReadOnly);
+    database->Attach(claim);
     try {
-        RequireFundFile(*held->database);
+        RequireFundFile(*database);
     } catch (const Error&) {
-        held->database->Close();
+        database->Close();
         throw;
     }
-    if (held->claim.lock && held->database->ReadOnly()) {
-        held->claim = {nullptr, WriteRight::FileProtected, {}};
+    if (claim->lock && database->ReadOnly()) {
+        *claim = {nullptr, WriteRight::FileProtected, {}};
     }
-    OpenFiles()[realPath] = held;
-    return Share(held);
+    return Share(std::move(database));
 }
 
 void CloseFundFile(std::shared_ptr<jet::Database>& database) noexcept {
@@ -175,14 +99,6 @@ void CloseFundFile(std::shared_ptr<jet::Database>& database) noexcept {
         return;
     }
     database->Close();
-    for (auto entry = OpenFiles().begin(); entry != OpenFiles().end(); ++entry) {
-        const std::shared_ptr<Held> held = entry->second.lock();
-        if (held && held->database.get() == database.get()) {
-            held->claim.lock.reset();
-            OpenFiles().erase(entry);
-            break;
-        }
-    }
     database.reset();
 }
 
@@ -192,7 +108,7 @@ void CheckNotInUse(const fs::path& path) {
     if (code) {
         return;  // what does not exist is not in use
     }
-    if (FindOpen(realPath) || ClaimWriting(realPath).right == WriteRight::OtherCopy) {
+    if (FindOpen(realPath) || IsHeldElsewhere(ClaimWriting(realPath))) {
         throw Error{ErrorNumber::FileInUse, path.string() + " is open"};
     }
 }
@@ -202,8 +118,8 @@ void DeleteFundFile(const fs::path& path) {
     if (FindOpen(realPath)) {
         throw Error{ErrorNumber::FileInUse, path.string() + " is open in this program"};
     }
-    const Claim claim = ClaimWriting(realPath);  // kept until the file is gone
-    if (claim.right == WriteRight::OtherCopy) {
+    const WriteClaim claim = ClaimWriting(realPath);  // kept until the file is gone
+    if (IsHeldElsewhere(claim)) {
         throw Error{ErrorNumber::FileInUse, path.string() + " is open in " + claim.owner};
     }
     if (!fs::is_regular_file(realPath)) {

@@ -1,34 +1,30 @@
 #pragma once
 // Opening a fund file: the database under the names the program uses, the check that it is a fund
-// file, and the right to write it, which one running copy has at a time. Shows no messages: texts.h
-// has them.
+// file, and how it was opened. Shows no messages: texts.h has them.
 
+#include "fundfile/writeright.h"
 #include "jet/database.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
-/// Whether the file may be written, and if not, why.
-enum class WriteRight : std::uint8_t {
-    Ours,             ///< no other running copy can write it while it is open here
-    OtherCopy,        ///< another running copy has it open
-    FileProtected,    ///< the file itself is write-protected
-    FolderProtected,  ///< its folder takes no new files: a protected folder or a read-only medium
-    CannotLock,       ///< the lock could not be stored beside the file, as on a full disk
-};
-
 struct FundFile {
     std::shared_ptr<jet::Database> database;
     WriteRight right = WriteRight::Ours;
-    std::string owner;  ///< OtherCopy: "process 4711, dator HALLA"; "" where that is not known
+    /// OtherCopy: "process 4711, dator HALLA"; OtherComputer: "dator HALLA"; "" where that is not
+    /// known.
+    std::string owner = {};
+    /// "fonder.ldb" when another database program's lock lies beside the file: it may have the file
+    /// open, or have left the lock behind.
+    std::string foreignLock = {};
 };
 
-/// Opens `path`, or gives the open one again when it is open here already. A file without the right
-/// to write opens for reading: its edits throw ReadOnly. The right ends when CloseFundFile is
-/// called or the last user of `database` lets go of it; a copy that died does not keep it.
+/// Opens `path`, or gives the open one again when it is open here already, by whatever name. A file
+/// without the right to write opens for reading: its edits throw ReadOnly. The right ends when
+/// CloseFundFile is called or the last user of `database` lets go of it; a copy that died does not
+/// keep it.
 ///
 /// Throws what jet::Database::Open throws; TableNotFound or FieldNotFound for a sound database that
 /// is no fund file.

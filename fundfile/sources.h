@@ -6,6 +6,7 @@
 #include "fundfile/fundfile.h"
 
 #include <filesystem>
+#include <memory>
 #include <string>
 
 struct FundSources {
@@ -19,3 +20,10 @@ struct FundSources {
 /// Tell the user when `right` is not WriteRight::Ours: fundtexts::Explain says it.
 FundFile OpenAndBind(const std::filesystem::path& path, const FundSources& sources,
                      const std::string& pointsQuery);
+
+/// The same in the place of `former`, which is closed once the other file is open: on an Error
+/// everything is as it was before. Null stands for none. A file that is opened once more is read
+/// anew, so it is closed first; if it can no longer be opened, `former` is null and the sources are
+/// bound to nothing.
+FundFile OpenInPlaceOf(std::shared_ptr<jet::Database>& former, const std::filesystem::path& path,
+                       const FundSources& sources, const std::string& pointsQuery);

@@ -37,6 +37,22 @@ inline constexpr std::string_view NotCopied = "Filen sparades inte";
 inline constexpr std::string_view IsTemplate =
     "Filen är mallen som nya fondfiler görs av. Välj ett annat namn.";
 
+inline constexpr std::string_view NotRemoved = "Filen raderades inte";
+inline constexpr std::string_view StartFileNotStored = "Valet av startfil sparades inte";
+inline constexpr std::string_view SettingsNotWritten =
+    "Programmets inställningar kan inte skrivas. Kvarnbo startar med samma fil som förut.";
+inline constexpr std::string_view LockNotBroken = "Låset togs inte över";
+
+// Receipts and notices in the status bar.
+inline constexpr std::string_view CopySaved = "Kopian är sparad : ";
+inline constexpr std::string_view StartsWith = "Nästa gång startar Kvarnbo med ";
+inline constexpr std::string_view MayBeOpenElsewhere =
+    " ligger bredvid filen : ett annat program kan ha den öppen";
+
+inline constexpr std::string_view TakeOver =
+    "\r\n\r\nÄr du säker på att Kvarnbo inte är igång där kan du ta över filen.\r\n\r\nVill du ta "
+    "över den ?";
+
 /// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be
 /// done. Errors that mean nothing to a user give the general sentence; the number belongs beside
 /// it.
@@ -124,6 +140,21 @@ inline std::string Explain(const FundFile& file) {
             return with("Filens mapp är skrivskyddad.");
         case WriteRight::CannotLock:
             return with("Filen kunde inte låsas för ändringar. Disken kan vara full.");
+        case WriteRight::OtherComputer:
+            return with("Filen är låst av Kvarnbo på en annan dator (" + file.owner +
+                        "). Den kan vara öppen där, eller så blev låset kvar efter ett avbrott.");
+        case WriteRight::StaleLock:
+            return with(
+                "En låsfil ligger kvar efter ett exemplar av Kvarnbo som inte längre är "
+                "igång, och filens mapp är skrivskyddad så att den inte kan tas bort.");
+        case WriteRight::FolderAtLock:
+            return with(
+                "En mapp har det namn som filens låsfil skall ha : filens namn och .lock. "
+                "Byt namn på mappen eller ta bort den.");
+        case WriteRight::OthersFile:
+            return with(
+                "Filen tillhör någon annan och ligger i en delad mapp där bara ägaren kan "
+                "ersätta den.");
         case WriteRight::Ours:
             break;
     }
@@ -135,6 +166,15 @@ inline std::string Failure(std::string_view failed, std::string_view path, std::
     constexpr std::string_view kParagraph = "\r\n\r\n";
     return std::string(failed) + std::string(kParagraph) + std::string(path) +
            std::string(kParagraph) + std::string(why);
+}
+
+/// What the window says in its own place while no file is open: which one could not be opened, why,
+/// and what to do.
+inline std::string NothingOpen(std::string_view path, ErrorNumber number) {
+    return "Fondfilen kunde inte öppnas :\n" + std::string(path) + "\n\n" +
+           std::string(Explain(number)) +
+           "\n\nÖppna en annan fondfil med Arkiv, Öppna, eller lägg upp en ny med Arkiv, Ny "
+           "Fondfil.";
 }
 
 }  // namespace fundtexts

@@ -170,6 +170,90 @@ TEST_F(FundFileTest, ALockThatIsJustBeingWrittenIsRespected) {
     EXPECT_EQ(file.owner, "");
 }
 
+TEST_F(FundFileTest, TwoNamesOfAFileAreOneFile) {
+    const fs::path second = folder / "andra.mdb";
+    fs::create_hard_link(path, second);
+    Open();
+    const FundFile again = OpenFundFile(second);
+    EXPECT_EQ(again.database.get(), file.database.get());
+    EXPECT_EQ(again.right, WriteRight::Ours);
+    EXPECT_FALSE(fs::exists(LockPath(second))) << "one file has one lock";
+    EXPECT_EQ(NumberOf([&] { CheckNotInUse(second); }), ErrorNumber::FileInUse);
+    EXPECT_EQ(NumberOf([&] { DeleteFundFile(second); }), ErrorNumber::FileInUse);
+    EXPECT_TRUE(fs::exists(second));
+}
+
+TEST_F(FundFileTest, AFolderWhereTheLockShouldStandIsToldAsThat) {
+    fs::create_directory(Lock());
+    fs::last_write_time(Lock(), fs::file_time_type::clock::now() - std::chrono::minutes(1));
+    Open();
+    EXPECT_EQ(file.right, WriteRight::FolderAtLock);
+    EXPECT_TRUE(file.database->ReadOnly());
+    EXPECT_TRUE(fs::is_directory(Lock()));
+}
+
+TEST_F(FundFileTest, TheLockOfAnotherComputerNamesItAndCanBeBroken) {
+    testdata::WriteText(Lock(), "4711\nkvarnbo\nHALLA\nffffffffffffffffffffffffffffffff\n\n");
+    Open();
+    EXPECT_EQ(file.right, WriteRight::OtherComputer);
+    EXPECT_EQ(file.owner, "dator HALLA");
+    EXPECT_NE(fundtexts::Explain(file).find("dator HALLA"), std::string::npos);
+    CloseFundFile(file.database);
+    EXPECT_EQ(NumberOf([&] { DeleteFundFile(path); }), ErrorNumber::FileInUse);
+    BreakLock(path);
+    Open();
+    EXPECT_EQ(file.right, WriteRight::Ours);
+}
+
+TEST_F(FundFileTest, AnotherProgramsLockBesideTheFileIsNamed) {
+    Open();
+    EXPECT_EQ(file.foreignLock, "");
+    CloseFundFile(file.database);
+    testdata::WriteText(folder / "fonder.ldb", "theirs");
+    Open();
+    EXPECT_EQ(file.foreignLock, "fonder.ldb");
+    EXPECT_EQ(file.right, WriteRight::Ours) << "it may be left behind";
+}
+
+/// What an ordinary user finds: the right, whether the file can be edited, and what lies in the
+/// folder afterwards.
+std::string FoundByAUser(const fs::path& path) {
+    testdata::Child user(
+        [path] {
+            const FundFile mine = OpenFundFile(path);
+            return PlainText(static_cast<std::int32_t>(mine.right)) + " " + mine.owner +
+                   (mine.database->ReadOnly() ? "read only" : "writable");
+        },
+        testdata::Child::As::OrdinaryUser);
+    return user.Run();
+}
+
+std::string Right(WriteRight right) {
+    return PlainText(static_cast<std::int32_t>(right)) + " ";
+}
+
+constexpr fs::perms kReadAndEnter =
+    fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec;
+
+TEST_F(FundFileTest, ADeadCopysLockInAProtectedFolderIsToldAsThat) {
+    OtherCopy other(path);
+    other.Die();
+    ASSERT_TRUE(fs::exists(Lock()));
+    fs::permissions(path, fs::perms::all);
+    fs::permissions(folder.Path(), kReadAndEnter);
+    EXPECT_EQ(FoundByAUser(path), Right(WriteRight::StaleLock) + "read only");
+    fs::permissions(folder.Path(), fs::perms::owner_all);
+}
+
+TEST_F(FundFileTest, SomebodyElsesFileInASharedFolderIsReadOnlyFromTheStart) {
+    fs::permissions(path, fs::perms::all);
+    fs::permissions(folder.Path(), fs::perms::all | fs::perms::sticky_bit);
+    EXPECT_EQ(FoundByAUser(path), Right(WriteRight::OthersFile) + "read only");
+    EXPECT_FALSE(fs::exists(Lock()));
+    fs::permissions(folder.Path(), fs::perms::all);
+    EXPECT_EQ(FoundByAUser(path), Right(WriteRight::Ours) + "writable");
+}
+
 TEST_F(FundFileTest, AWriteProtectedFileIsReadOnly) {
     fs::permissions(folder.Path(), fs::perms::all);
     fs::permissions(path, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
@@ -412,8 +496,10 @@ TEST(FundFileTexts, EveryReasonForReadingOnlyHasItsOwnText) {
     };
     EXPECT_EQ(text(WriteRight::Ours), "");
     const std::vector<std::string> texts = {
-        text(WriteRight::OtherCopy), text(WriteRight::FileProtected),
-        text(WriteRight::FolderProtected), text(WriteRight::CannotLock)};
+        text(WriteRight::OtherCopy),       text(WriteRight::FileProtected),
+        text(WriteRight::FolderProtected), text(WriteRight::CannotLock),
+        text(WriteRight::OtherComputer),   text(WriteRight::StaleLock),
+        text(WriteRight::FolderAtLock),    text(WriteRight::OthersFile)};
     for (std::size_t i = 0; i < texts.size(); ++i) {
         EXPECT_FALSE(texts[i].empty());
         EXPECT_EQ(std::count(texts.begin(), texts.end(), texts[i]), 1) << texts[i];

@@ -151,6 +151,59 @@ TEST_F(NewFilesTest, SavingACopyMovesNoCurrentRow) {
     EXPECT_TRUE(file.database->IsOpen());
 }
 
+TEST_F(NewFilesTest, ASecondNameOfTheOpenFileIsNeverReplaced) {
+    fs::create_hard_link(source, out / "andra.mdb");
+    EXPECT_EQ(NumberOf([&] { SaveCopy(holdings, points, templateFile, out / "andra.mdb"); }),
+              ErrorNumber::FileInUse);
+}
+
+TEST_F(NewFilesTest, AnotherFileTakesThePlaceOfTheOpenOne) {
+    CreateFundFile(templateFile, target);
+    const std::shared_ptr<jet::Database> former = file.database;
+    const FundFile other =
+        OpenInPlaceOf(file.database, target, {holdings, points}, queries::AllPoints());
+    EXPECT_FALSE(former->IsOpen());
+    EXPECT_EQ(file.database, nullptr);
+    EXPECT_EQ(holdings.RecordCount(), 0);
+    EXPECT_FALSE(fs::exists(LockPath(source)));
+    file = other;
+}
+
+TEST_F(NewFilesTest, AFileThatCannotBeOpenedLeavesTheOpenOneAsItWas) {
+    testdata::WriteText(target, "no database");
+    holdings.MoveTo(1);
+    EXPECT_EQ(NumberOf([&] {
+                  OpenInPlaceOf(file.database, target, {holdings, points}, queries::AllPoints());
+              }),
+              ErrorNumber::ForeignFormat);
+    ASSERT_NE(file.database, nullptr);
+    EXPECT_TRUE(file.database->IsOpen());
+    EXPECT_EQ(holdings.Position(), 1);
+    EXPECT_EQ(points.RecordCount(), 15);
+    EXPECT_TRUE(fs::exists(LockPath(source)));
+}
+
+TEST_F(NewFilesTest, TheOpenFileIsReadAnewWhenItIsOpenedOnceMore) {
+    CreateFundFile(templateFile, target);
+    fs::copy_file(target, source, fs::copy_options::overwrite_existing);  // by another program
+    const FundFile again =
+        OpenInPlaceOf(file.database, source, {holdings, points}, queries::AllPoints());
+    EXPECT_EQ(holdings.RecordCount(), 0);
+    EXPECT_EQ(again.right, WriteRight::Ours);
+    file = again;
+}
+
+TEST_F(NewFilesTest, AnOpenFileThatIsDamagedMeanwhileIsLetGo) {
+    testdata::WriteText(source, "no database any more");
+    EXPECT_EQ(NumberOf([&] {
+                  OpenInPlaceOf(file.database, source, {holdings, points}, queries::AllPoints());
+              }),
+              ErrorNumber::ForeignFormat);
+    EXPECT_EQ(file.database, nullptr);
+    EXPECT_FALSE(holdings.IsAttached());
+    EXPECT_FALSE(points.IsAttached());
+}
+
 TEST_F(NewFilesTest, AnEmptyFileIsCopiedToo) {
     CloseFundFile(file.database);
     fs::copy_file(templateFile, folder / "tom.mdb");
