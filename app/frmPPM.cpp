@@ -6,11 +6,13 @@
 #include "app/furnish.h"
 #include "app/gridswitch.h"
 #include "app/keyboard.h"
+#include "app/panels.h"
 #include "app/screenscaling.h"
 #include "app/startup.h"
 #include "diagram/axes.h"
 #include "diagram/curves.h"
 #include "diagram/curveselection.h"
+#include "diagram/diagramview.h"
 #include "diagram/measurement.h"
 #include "diagram/ploteditor.h"
 #include "diagram/severalcurves.h"
@@ -90,8 +92,8 @@ struct frmPPM::Controllers {
 frmPPM::frmPPM(Platform& outside, QWidget* parent)
     : QMainWindow(parent),
       platform(outside),
-      markers(*this),
-      dialog_(std::make_unique<CommonDialog>(outside.dialogs)) {
+      dialog_(std::make_unique<CommonDialog>(outside.dialogs)),
+      panels_(std::make_unique<Panels>(*this, *this)) {
     CmDialog = dialog_.get();
     Furnish(*this);
     controllers_ = std::make_unique<Controllers>(*this);
@@ -102,6 +104,28 @@ frmPPM::~frmPPM() {
     // Controls tell of their end (a lost focus, a closed row); nobody may listen any more.
     Unload();
     controllers_.reset();
+}
+
+void frmPPM::Put(WindowState next) {
+    const Picture change = std::exchange(next.picture, Picture::Stays);
+    static_cast<WindowState&>(*this) = std::move(next);
+    ShowState();
+    if (change == Picture::Stays) return;
+    picDiagram->Clear();
+    if (change == Picture::Restored) PlotCurves();
+}
+
+void frmPPM::ShowState() {
+    showAgain_ = true;
+    if (showing_) return;
+    showing_ = true;
+    while (std::exchange(showAgain_, false)) {
+        const Shown shown = ShownBy(*this);
+        focus = Focus::Stays;
+        typedPrice = TypedPrice::Stays;
+        panels_->Show(shown);
+    }
+    showing_ = false;
 }
 
 void frmPPM::Activate() {
@@ -121,6 +145,9 @@ void frmPPM::FillFundList() {
 }
 void frmPPM::OpenSelectedFund() {
     controllers_->fundList.OpenSelectedFund();
+}
+bool frmPPM::OpenFund(std::int32_t kontoId) {
+    return controllers_->fundList.OpenFund(kontoId);
 }
 void frmPPM::ClearFundPanel() {
     controllers_->fundList.ClearFundPanel();
@@ -152,8 +179,8 @@ void frmPPM::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
 void frmPPM::AdvanceOneMonth() {
     controllers_->axes.AdvanceOneMonth();
 }
-void frmPPM::ShowMonthsFrom(std::int32_t startDay) {
-    controllers_->axes.ShowMonthsFrom(startDay);
+void frmPPM::ShowMonthsOfToday() {
+    controllers_->axes.ShowMonthsOfToday();
 }
 void frmPPM::PlotCurves() {
     controllers_->curves.PlotCurves();

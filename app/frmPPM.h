@@ -5,8 +5,7 @@
 
 #include "app/controls.h"
 #include "app/layout.h"
-#include "app/markers.h"
-#include "app/windowstate.h"
+#include "app/rules/windowstate.h"
 
 #include <QMainWindow>
 #include <Qt>
@@ -19,6 +18,7 @@
 #include <vector>
 
 struct Platform;
+class Panels;
 class PrinterPage;
 
 class frmPPM final : public QMainWindow, public WindowState, public Controls {
@@ -28,6 +28,14 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     explicit frmPPM(Platform& platform, QWidget* parent = nullptr);
     ~frmPPM() override;
 
+    /// What the window shows; a rule makes the next one of it.
+    const WindowState& State() const { return *this; }
+    /// Makes `next` the state and shows it. What is asked for meanwhile, by a control that gets the
+    /// focus, is shown after it.
+    void Put(WindowState next);
+    /// Shows fields that were set one by one.
+    void ShowState();
+
     // What controllers ask of each other. One line each in frmPPM.cpp; the work is in the one
     // named.
     void Activate();                                               // StartUp: its work, done again
@@ -36,6 +44,7 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     void ScaleToScreen(float factor);                              // ScreenScaling
     void FillFundList();                                           // FundList
     void OpenSelectedFund();                                       // FundList
+    bool OpenFund(std::int32_t kontoId);                           // FundList
     void ClearFundPanel();                                         // FundList
     void RefreshFundList(std::optional<std::int32_t> toOpen);      // FundList
     void ReadCurveList();                                          // SeveralCurves: the stored list
@@ -46,7 +55,7 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
     void RefreshFundSummary(float startPrice, float newPrice);     // FundSummary
     void SetVerticalScale(std::int32_t bottom, std::int32_t top);  // Axes
     void AdvanceOneMonth();                                        // Axes
-    void ShowMonthsFrom(std::int32_t startDay);                    // Axes
+    void ShowMonthsOfToday();                                      // Axes
     void PlotCurves();                                             // Curves
     void PrintCurves(PrinterPage& page);                           // Curves
     void ComputeFundScale(std::int32_t kontoId, bool replace);     // Curves
@@ -67,10 +76,11 @@ class frmPPM final : public QMainWindow, public WindowState, public Controls {
 
     Platform& platform;
     Layout layout;
-    Markers markers;
 
   private:
     std::unique_ptr<CommonDialog> dialog_;
+    std::unique_ptr<Panels> panels_;
+    bool showing_ = false, showAgain_ = false;
     struct Controllers;  // all of them, in order of construction; only frmPPM.cpp sees them
     std::unique_ptr<Controllers> controllers_;
 };

@@ -1,46 +1,32 @@
 #include "app/fundlist.h"
 
 #include "app/frmPPM.h"
-#include "app/look.h"
 #include "app/rules/fundline.h"
-#include "app/rules/holdingview.h"
-#include "app/swatch.h"
-#include "app/texts.h"
-#include "diagram/diagramview.h"
-#include "diagram/strokepainter.h"
+#include "app/rules/modes.h"
 #include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
-#include "fundfile/rules/curvecolour.h"
-#include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
 #include "platform/caption.h"
 #include "platform/dialogs.h"
 #include "platform/entryfield.h"
 #include "platform/platform.h"
-#include "platform/statuspanels.h"
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
-#include <QGroupBox>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
+#include <QMouseEvent>
 #include <QSignalBlocker>
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace {
-
-std::string SelectedLine(const frmPPM& window) {
-    const QListWidgetItem* item = window.lstFonder->currentItem();
-    return item == nullptr ? std::string() : FromQt(item->text());
-}
 
 std::int32_t KontoIdAt(jet::RecordSet& holdings, std::int32_t row) try {
     return holdings.At(row, schema::holding::kKontoId).Integer();
@@ -51,6 +37,9 @@ std::int32_t KontoIdAt(jet::RecordSet& holdings, std::int32_t row) try {
 }  // namespace
 
 FundList::FundList(frmPPM& ppm) : Controller(ppm) {
+    // First: a click beside the lines chooses none, and takes the choice from none.
+    OnEvent(window.lstFonder->viewport(), QEvent::MouseButtonPress,
+            [this](QEvent& event) { return !LineAt(static_cast<const QMouseEvent&>(event)); });
     OnListClick(window.lstFonder, [this] { OpenSelectedFund(); });
     OnEvent(window.lstFonder, QEvent::KeyPress, [this](QEvent& event) {
         return lstFonder_KeyDown(static_cast<const QKeyEvent&>(event));
@@ -70,9 +59,9 @@ void FundList::FillFundList() {
         }
         holdings.MoveFirst();
     }
-    SetCaption(window.panListFonder, texts::ListForPrices);
-    look::SetTextColour(*window.lstFonder, look::kListGreen);
     window.lstFonder->setCurrentRow(0);
+    window.hasHoldings = window.lstFonder->count() > 0;
+    window.ShowState();
 }
 
 void FundList::MoveToSelected() {
@@ -80,75 +69,30 @@ void FundList::MoveToSelected() {
     window.dtaBasData->Move(window.lstFonder->currentRow());
 }
 
-void FundList::CollectCurve() {
-    const std::string marks = Caption(window.lblGrafNr);
-    SetCaption(window.lblGrafNr, AddCurveMark(marks, SelectedLine(window)));
-    window.lblGrafNr->show();
-    // The instruction stays beside the numbers: it says how the choice is ended.
-    window.lblPlottInfo->show();
-}
-
 void FundList::OpenSelectedFund() {
     if (window.lstFonder->currentRow() < 0) return;
-    window.markers.ShowSingleFund();
-    if (window.markers.CollectingCurves()) CollectCurve();
-
     window.dtaBasData->Refresh();
     MoveToSelected();
-    const std::string line = SelectedLine(window);
     const HoldingRow row = ReadHolding(*window.dtaBasData);
-    ShowView(ViewOf(row, line));
-    window.shaPlottColor->SetFillColour(ToQColor(ColourFromValue(row.plottFarg)));
-    window.lblColorNr->show();
-
-    const ScaleRange scale = ParseScaleText(row.skala).scale;
-    window.FundScaleTop = scale.top;
-    window.FundScaleBottom = scale.bottom;
-    window.SelectedCurves = {NumberOfLine(line)};
-    window.SetVerticalScale(scale.bottom, scale.top);
-    window.ScaleTop = scale.top;
-    window.ScaleBottom = scale.bottom;
+    const OpenHolding opened = OpenHoldingOf(row);
+    window.Put(AfterHoldingOpened(AfterLineChosen(window.State(), row.kontoId), opened,
+                                  ViewOf(row, FundLine(row.kontoId, row.fond))));
+    window.SetVerticalScale(opened.scale.bottom, opened.scale.top);
 }
 
-void FundList::ShowView(const HoldingView& view) {
-    SetCaption(window.fraStartData, view.frameCaption);
-    for (std::size_t i = 0; i < view.labels.size(); ++i) {
-        const int index = static_cast<int>(i);
-        SetCaption(window.lblFraData[index], view.labels[i]);
-        SetCaption(window.lblFraHeading[index], view.headings[i]);
+bool FundList::OpenFund(std::int32_t kontoId) {
+    DataSource& holdings = *window.dtaBasData;
+    if (!holdings.FindFirst(queries::KontoIdIs(kontoId))) return false;
+    {
+        const QSignalBlocker quiet(window.lstFonder);
+        window.lstFonder->setCurrentRow(holdings.Position());
     }
-    window.lblFraHint->setVisible(view.labels[0].empty());
-    SetCaption(window.lblColorNr, view.colourNumber);
-    SetCaption(&window, view.windowCaption);
-    ShowStatus(view.status);
-}
-
-void FundList::ShowStatus(const StatusTexts& texts) {
-    window.staBar->SetText(statuspanel::kFund, texts.fund);
-    window.staBar->SetText(statuspanel::kStartPrice, texts.startPrice);
-    window.staBar->SetText(statuspanel::kLatestPrice, texts.latestPrice);
-    window.staBar->SetText(statuspanel::kChange, texts.change);
-    window.staBar->SetText(statuspanel::kValue, texts.value);
-    window.markers.SetStartPrice(texts.startPriceTag);
+    OpenSelectedFund();
+    return true;
 }
 
 void FundList::ClearFundPanel() {
-    // The window's caption goes on naming the fund that was open last.
-    HoldingView empty = EmptyView();
-    empty.windowCaption = Caption(&window);
-    ShowView(empty);
-    SetCaption(window.lblXCord, "");
-    SetCaption(window.lblYCord, "");
-    window.txtGrid->hide();
-    window.panTotal->hide();
-    SetCaption(window.lblTotal, "");
-    window.markers.StopCollectingCurves();
-    SetCaption(window.lblGrafNr, "");
-    window.markers.ShowSeveralCurves();
-    window.lblGrafNr->hide();
-    window.lblPlottInfo->hide();
-    window.lblColorNr->hide();
-    window.shaPlottColor->SetFillColour({});
+    window.Put(AfterHoldingClosed(window.State()));
     // Windows are painted; keys and clicks wait, so that none arrives in the middle of a procedure.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
@@ -158,20 +102,18 @@ void FundList::ClearFundPanel() {
 void FundList::RefreshFundList(std::optional<std::int32_t> toOpen) {
     DataSource& holdings = *window.dtaBasData;
     const std::int32_t row = holdings.Position();
-    const bool panelShows = window.markers.HoldingChosen();
-    if (!toOpen && panelShows && !window.SelectedCurves.empty()) {
-        toOpen = window.SelectedCurves.front();
-    }
+    if (!toOpen && window.holding) toOpen = window.holding->kontoId;
     FillFundList();
-    if (toOpen && holdings.FindFirst(queries::KontoIdIs(*toOpen))) {
-        const QSignalBlocker quiet(window.lstFonder);
-        window.lstFonder->setCurrentRow(holdings.Position());
-        OpenSelectedFund();
-    } else if (panelShows) {
+    const bool opened = toOpen && OpenFund(*toOpen);
+    if (!opened && window.holding) {
         ClearFundPanel();
         window.ReadCurveList();
     }
     if (!holdings.Empty()) holdings.MoveTo(std::min(row, holdings.RecordCount() - 1));
+}
+
+bool FundList::LineAt(const QMouseEvent& event) const {
+    return window.lstFonder->itemAt(event.position().toPoint()) != nullptr;
 }
 
 bool FundList::lstFonder_KeyDown(const QKeyEvent& event) {
@@ -213,40 +155,25 @@ void FundList::ChooseMarked() {
 
 void FundList::lstFonder_Enter() {
     if (window.lstFonder->currentRow() < 0) return;
-    const bool choseColour = window.markers.ChoosingColour();
-    if (choseColour) ChooseColour();
-    if (window.markers.CollectingCurves()) {
-        window.imgGrafNr_Click();
-    } else {
-        OpenSelectedFund();
-        window.txtValue->setFocus();
-        // What was typed for another fund may be stored for this one, but is not added to.
-        window.txtValue->selectAll();
-    }
-    window.markers.StopChoosingColour();
-    // The mode is over and its instruction with it: the label stands there empty.
-    SetCaption(window.lblPlottInfo, "");
-    window.lblPlottInfo->show();
-    SetCaption(window.panListFonder, "");
+    if (CollectingCurves(window.State())) return window.imgGrafNr_Click();
+    if (Choosing(window.State())) ChooseColour();
+    OpenSelectedFund();
+    window.Put(AfterEnterInList(window.State()));
+    window.txtValue->selectAll();
 }
 
+/// The list closes first: the colour dialog asks about the curve in the picture.
 void FundList::ChooseColour() {
-    window.panListFonder->hide();
-    window.lblPlottInfo->hide();
+    window.Put(AfterEnterInList(window.State()));
     MoveToSelected();
-    const Colour present = ColourFromValue(ReadHolding(*window.dtaBasData).plottFarg);
+    const HoldingRow row = ReadHolding(*window.dtaBasData);
+    const Colour present = CurveColour(row.plottFarg, row.kontoId);
     const auto picked =
         window.platform.dialogs.PickColour({present.red, present.green, present.blue});
-    if (picked) {
-        const Colour colour{picked->red, picked->green, picked->blue};
-        window.shaPlottColor->SetFillColour(ToQColor(colour));
-        MoveToSelected();
-        EditRow(*window.dtaBasData, [&](DataSource& row) {
-            row.Set(schema::holding::kPlottFarg, ColourValue(colour));
-        });
-    }
-    window.markers.StopChoosingColour();
-    window.cmdFondList->setEnabled(true);
-    window.picDiagram->Clear();
-    window.PlotCurves();
+    if (!picked) return;
+    MoveToSelected();
+    EditRow(*window.dtaBasData, [&](DataSource& edited) {
+        edited.Set(schema::holding::kPlottFarg,
+                   ColourValue(Colour{picked->red, picked->green, picked->blue}));
+    });
 }

@@ -6,9 +6,8 @@
 #include <cstdint>
 #include <optional>
 
-struct HoldingView;
-struct StatusTexts;
 class QKeyEvent;
+class QMouseEvent;
 
 class FundList : Controller {
   public:
@@ -16,18 +15,18 @@ class FundList : Controller {
 
     void FillFundList();
     void OpenSelectedFund();
+    /// The holding is chosen in the list and opened. False when the file has no such row.
+    bool OpenFund(std::int32_t kontoId);
     void ClearFundPanel();
     /// Fills the list anew after rows have changed, and opens a holding or the one that was open.
     void RefreshFundList(std::optional<std::int32_t> toOpen);
 
   private:
+    bool LineAt(const QMouseEvent& event) const;
     bool lstFonder_KeyDown(const QKeyEvent& event);
     bool MoveMark(int lines);
     void ChooseMarked();
     void lstFonder_Enter();
     void ChooseColour();
-    void CollectCurve();
     void MoveToSelected();
-    void ShowView(const HoldingView& view);
-    void ShowStatus(const StatusTexts& texts);
 };

@@ -2,14 +2,9 @@
 
 #include "app/frmPPM.h"
 #include "app/rules/summary.h"
+#include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/schema.h"
-#include "platform/caption.h"
-#include "platform/statuspanels.h"
-
-#include <QLabel>
-
-#include <string>
 
 namespace {
 
@@ -20,20 +15,18 @@ constexpr int kShares = 2;
 
 void FundSummary::RefreshFundSummary(float startPrice, float newPrice) {
     DataSource& row = *window.dtaBasData;
-    StatusPanels& status = *window.staBar;
+    StatusTexts& status = window.view.status;
     window.ChangePercent = ChangeSinceStart(startPrice, newPrice);
-    status.SetText(statuspanel::kChange, ChangeText(window.ChangePercent));
-
-    const std::string sharesNow = Caption(window.lblFraData[kSharesNow]);
-    const std::string shares = Caption(window.lblFraData[kShares]);
-    status.SetText(statuspanel::kValue,
-                   CurrentValueText(row.Field(schema::holding::kFondNr).Text(),
-                                    SharesCaption(sharesNow, shares), newPrice));
+    status.change = ChangeText(window.ChangePercent);
+    status.value = CurrentValueText(
+        row.Field(schema::holding::kFondNr).Text(),
+        SharesCaption(window.view.labels[kSharesNow], window.view.labels[kShares]), newPrice);
     EditRow(row, [&](DataSource& edited) {
         edited.Set(schema::holding::kSenasteDag, window.TodayDay);
-        edited.Set(schema::holding::kSenasteKurs, status.Text(statuspanel::kLatestPrice));
-        edited.Set(schema::holding::kProcent, status.Text(statuspanel::kChange));
-        edited.Set(schema::holding::kKursVarde, status.Text(statuspanel::kValue));
+        edited.Set(schema::holding::kSenasteKurs, status.latestPrice);
+        edited.Set(schema::holding::kProcent, status.change);
+        edited.Set(schema::holding::kKursVarde, status.value);
     });
-    SetCaption(&window, UpdatedCaption(row.Field(schema::holding::kFond).Text(), window.TodayDay));
+    window.caption = UpdatedCaption(row.Field(schema::holding::kFond).Text(), window.TodayDay);
+    window.ShowState();
 }

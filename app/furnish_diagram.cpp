@@ -4,6 +4,7 @@
 #include "app/furnishing.h"
 #include "app/imagebutton.h"
 #include "app/places.h"
+#include "app/rules/texts.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "diagram/diagramview.h"
@@ -24,12 +25,6 @@ constexpr TwipRect kPicture{615, 420, 7350, 4530};
 constexpr float kLabelHeight = 240;
 constexpr int kValues = 6;
 constexpr int kMonths = 12;
-
-/// Two years and one more January, so that twelve months never wrap.
-constexpr std::string_view kMonthNames =
-    "Jan|Feb|Mars|April|Maj|Juni|Juli|Aug|Sep|Okt|Nov|Dec|Jan|Feb|Mars|April|Maj|Juni|Juli|Aug|Sep|"
-    "Okt|"
-    "Nov|Dec|Jan";
 
 QLabel* Label(frmPPM& window, const TwipRect& rect, Qt::Alignment alignment,
               std::string_view spoken, float points) {
@@ -57,7 +52,7 @@ void FurnishScale(frmPPM& window) {
 void FurnishMonths(frmPPM& window) {
     const float width = kPicture.width / kMonths;
     const float top = kPicture.top + kPicture.height + 60;
-    const std::vector<std::string> names = Split(kMonthNames, "|");
+    const std::vector<std::string> names = Split(texts::MonthNames, "|");
     for (int i = 1; i <= kMonths; ++i) {
         const float left = kPicture.left + width * static_cast<float>(i - 1);
         QLabel*& label = window.lblMonth[i];
@@ -66,7 +61,7 @@ void FurnishMonths(frmPPM& window) {
                       "lblMonth", i);
         SetCaption(label, names[static_cast<std::size_t>(i - 1)]);
     }
-    SetTag(window.lblMonth[1], kMonthNames);
+    SetTag(window.lblMonth[1], texts::MonthNames);
 }
 
 ImageButton* Scroll(frmPPM& window, const QString& picture, float left, std::string_view spoken,

@@ -10,8 +10,10 @@
 #include "platform/entryfield.h"
 #include "platform/tag.h"
 
+#include <QAbstractItemView>
 #include <QFrame>
 #include <QGroupBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QModelIndex>
@@ -21,6 +23,7 @@
 #include <QStyle>
 #include <QStyleOptionViewItem>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 #include <QVBoxLayout>
 
 #include <string_view>
@@ -52,6 +55,18 @@ class FundLines final : public QStyledItemDelegate {
         painter->setPen(option.palette.color(QPalette::Text));
         painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
         painter->restore();
+    }
+
+    /// A line that is cut stands whole in its tooltip.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        const QString line = index.data().toString();
+        const bool cut = sizeHint(option, index).width() > option.rect.width();
+        if (event->type() != QEvent::ToolTip || !cut) {
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        }
+        QToolTip::showText(event->globalPos(), line, view);
+        return true;
     }
 
   protected:

@@ -4,6 +4,7 @@
 #include "app/furnishing.h"
 #include "app/places.h"
 #include "app/rules/texts.h"
+#include "app/valuelabel.h"
 #include "platform/statuspanels.h"
 
 #include <QFont>
@@ -17,8 +18,7 @@ void FurnishHeading(frmPPM& window) {
     Placed(window, band, places::kHeading);
     band->hide();
 
-    window.lblRubrik = Named(new QLabel(band), "lblRubrik");
-    window.lblRubrik->setTextFormat(Qt::PlainText);
+    window.lblRubrik = Named(new ValueLabel(band), "lblRubrik");
     Placed(window, window.lblRubrik, {180, 30, 6900, 450}, 13);
     window.lblRubrik->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     QFont bold = window.lblRubrik->font();

@@ -1,15 +1,10 @@
 #include "app/gridswitch.h"
 
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
-#include "app/texts.h"
+#include "app/rules/modes.h"
 #include "fundfile/datasource.h"
-#include "platform/boundfield.h"
-#include "platform/caption.h"
 #include "platform/datagrid.h"
 
-#include <QAction>
-#include <QGroupBox>
 #include <QPushButton>
 
 GridSwitch::GridSwitch(frmPPM& ppm) : Controller(ppm) {
@@ -17,7 +12,7 @@ GridSwitch::GridSwitch(frmPPM& ppm) : Controller(ppm) {
 }
 
 void GridSwitch::cmdPPMData_Click() {
-    if (window.panBasData->isVisible()) {
+    if (GridShown(window.State())) {
         ShowDiagram();
     } else {
         ShowHoldings();
@@ -27,17 +22,8 @@ void GridSwitch::cmdPPMData_Click() {
 void GridSwitch::ShowHoldings() {
     // A point that may not be stored yet stays on the screen for correction.
     if (!StoreTypedRows()) return;
-    const DataSource& holdings = *window.dtaBasData;
-    window.cmdNyAndel->setEnabled(holdings.IsAttached() && !window.dtaBasData->Empty());
-    window.panBasData->show();
-    window.panBasData->raise();
-    SetCaption(window.cmdPPMData, texts::ToDiagram);
-    window.cmdFondList->setEnabled(false);
-    SetCaption(window.txtValue, "");
-    window.panListFonder->hide();
-    window.imgColor->hide();
-    window.imgGrafNr->hide();
-    window.DBGrid->setFocus();
+    window.hasHoldings = window.dtaBasData->IsAttached() && !window.dtaBasData->Empty();
+    window.Put(AfterGridSwitch(window.State()));
 }
 
 bool GridSwitch::StoreTypedRows() {
@@ -51,21 +37,12 @@ bool GridSwitch::StoreTypedRows() {
 
 bool GridSwitch::LeaveHoldingsGrid() {
     if (!StoreTypedRows()) return false;
-    if (window.panBasData->isVisible()) ShowDiagram();
+    window.Put(AfterGridLeft(window.State()));
     return true;
 }
 
 void GridSwitch::ShowDiagram() {
     // A row that may not be stored yet stays on the screen for correction.
     if (!StoreTypedRows()) return;
-    SetCaption(window.cmdPPMData, texts::ToHoldings);
-    window.cmdFondList->setEnabled(true);
-    SetCaption(window.txtValue, "");
-    window.ResetPanels();
-    window.cmdNyOk->hide();
-    window.fraNyAndel->hide();
-    for (BoundField* box : window.txtNyAndel) box->hide();
-    window.mnuPrint->setEnabled(true);
-    window.cmdNyAndel->setVisible(true);
-    window.panBasData->hide();
+    window.Put(AfterGridLeft(window.State()));
 }

@@ -1,7 +1,6 @@
 #include "app/keyboard.h"
 
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
 #include "base/text.h"
 #include "platform/boundfield.h"
 #include "platform/caption.h"
@@ -9,7 +8,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QGroupBox>
 #include <QKeyEvent>
 
 #include <optional>
@@ -77,16 +75,16 @@ Keyboard::Keyboard(frmPPM& ppm) : Controller(ppm), preview_(std::make_unique<Pre
 
 Keyboard::~Keyboard() = default;
 
-ShownPanels Keyboard::Shown() const {
-    return {.holdings = window.panBasData->isVisible(),
-            .plotData = window.panPlottData->isVisible(),
-            .colourButton = window.imgColor->isVisible(),
-            .curvesButton = window.imgGrafNr->isVisible()};
+ShownPanels Keyboard::KeyPanels() const {
+    return {.holdings = GridShown(window.State()),
+            .plotData = window.left == LeftPanel::PlotData,
+            .colourButton = window.modeButtons,
+            .curvesButton = window.modeButtons};
 }
 
 /// Until the start-up pause has ended there is no panel that a key could serve.
 bool Keyboard::Waits() const {
-    return window.panControl->isHidden();
+    return window.stage == Stage::Starting;
 }
 
 bool Keyboard::Form_KeyPress(const QKeyEvent& event) {
@@ -96,14 +94,14 @@ bool Keyboard::Form_KeyPress(const QKeyEvent& event) {
     const std::u32string text = ToCodePoints(FromQt(event.text()));
     if (typed == 0 && text.size() == 1) typed = text.front();
     if (typed == 0) return false;
-    const KeyAction action = OnKeyPress(typed, Shown());
+    const KeyAction action = OnKeyPress(typed, KeyPanels());
     Act(action);
     return action != KeyAction::None;
 }
 
 void Keyboard::Form_KeyUp(const QKeyEvent& event) {
     if (Waits() || (event.modifiers() & kCommandKeys) != Qt::NoModifier) return;
-    if (const auto key = FunctionKeyOf(event.key())) Act(OnKeyUp(*key, Shown()));
+    if (const auto key = FunctionKeyOf(event.key())) Act(OnKeyUp(*key, KeyPanels()));
 }
 
 void Keyboard::Act(KeyAction action) {

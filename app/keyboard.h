@@ -21,7 +21,7 @@ class Keyboard : Controller {
     bool Form_KeyPress(const QKeyEvent& event);
     void Form_KeyUp(const QKeyEvent& event);
     bool Waits() const;
-    ShownPanels Shown() const;
+    ShownPanels KeyPanels() const;
     void Act(KeyAction action);
 
     std::unique_ptr<QObject> preview_;

@@ -2,7 +2,8 @@
 
 #include "app/fileexists.h"
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
+#include "app/rules/daystep.h"
+#include "app/rules/modes.h"
 #include "app/rules/screenfactor.h"
 #include "app/rules/texts.h"
 #include "app/texts.h"
@@ -10,9 +11,6 @@
 #include "base/error.h"
 #include "base/number.h"
 #include "base/text.h"
-#include "diagram/diagramview.h"
-#include "diagram/rules/timewindow.h"
-#include "diagram/texts.h"
 #include "fundfile/datasource.h"
 #include "fundfile/fundfile.h"
 #include "fundfile/queries.h"
@@ -28,17 +26,12 @@
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/screen.h"
-#include "platform/tag.h"
 
 #include <QAction>
 #include <QEvent>
-#include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QMenu>
-#include <QPushButton>
 #include <QRect>
-#include <QSignalBlocker>
 
 #include <array>
 #include <chrono>
@@ -88,27 +81,6 @@ StartUp::StartUp(frmPPM& ppm) : Controller(ppm) {
         return true;
     });
     On(window.mnuAvbryt, &QAction::triggered, [this] { window.close(); });
-    for (QGroupBox* panel : SidePanels()) {
-        OnEvent(panel, QEvent::Show, [this, panel](QEvent&) {
-            SidePanel_Show(panel);
-            return false;
-        });
-    }
-}
-
-std::array<QGroupBox*, 3> StartUp::SidePanels() const {
-    return {window.panListFonder, window.panTotal, window.panPlottData};
-}
-
-/// The panels of the left column take turns: one that only stood behind another would still have
-/// the window's keys.
-void StartUp::SidePanel_Show(QGroupBox* shown) {
-    for (QGroupBox* panel : SidePanels()) {
-        if (panel == shown || panel->isHidden()) continue;
-        const QWidget* focused = window.focusWidget();
-        if (focused != nullptr && panel->isAncestorOf(focused)) window.picDiagram->setFocus();
-        panel->hide();
-    }
 }
 
 void StartUp::Load() {
@@ -119,12 +91,13 @@ void StartUp::Load() {
     const auto today = window.platform.clock.Today();
     window.TodayDay = DayNumber(today);
     window.CurrentMonth = static_cast<std::int32_t>(static_cast<unsigned>(today.month()));
-    window.MonthNames = Split(Tag(window.lblMonth[1]), "|");
+    window.MonthNames = Split(texts::MonthNames, "|");
     window.AppFolder = WithSeparator(window.platform.programFolder);
 
     ReadSettings();
     OpenDatabase();
     window.Activated = false;
+    window.ShowState();
     Timer1_ =
         window.platform.clock.After(kStartUpPause, [this] { Run([this] { Timer1_Timer(); }); });
 }
@@ -143,10 +116,6 @@ void StartUp::ReadSettings() {
     skip([&] { window.DayStep = ParseInteger(Setting(window, settings::kStartX)); });
     // A step back would never reach the end of a curve.
     if (window.DayStep < daystep::kDay) window.DayStep = daystep::kDay;
-    if (window.DayStep == daystep::kWeek || window.DayStep == daystep::kMonth) {
-        SetCaption(window.mnuVeckor, texts::ShowDays);
-        SetCaption(window.mnuMonth, texts::ShowDays);
-    }
 }
 
 void StartUp::OpenDatabase() {
@@ -165,10 +134,8 @@ void StartUp::Form_Activate() {
 
 void StartUp::Activate() {
     window.Activated = true;
-    SetCaption(window.lblPanDatum, DateText(window.TodayDay));
-    ShowTwelveMonths();
+    window.ShowMonthsOfToday();
     ShowFileName();
-    SetCaption(&window, texts::WindowCaption);
 
     const bool hasRows = HasRows(*window.dtaBasData);
     // A file that can only be read is shown with the default scales.
@@ -176,10 +143,16 @@ void StartUp::Activate() {
     if (hasRows) skip([&] { InitialiseScales(); });
     window.FillFundList();
     window.ReadCurveList();
+    // Whatever was open or being chosen before belongs to another picture.
+    WindowState next = AfterHoldingClosed(window.State());
+    next.listUse = ListUse::Prices;
+    next.picture = Picture::Stays;
+    window.Put(std::move(next));
     window.DrawOnAllScale();
     if (window.lstFonder->count() == 1) {
         window.OpenSelectedFund();
-        SetCaption(&window, texts::WindowCaption);
+        window.caption = texts::WindowCaption;
+        window.ShowState();
     }
 }
 
@@ -198,39 +171,19 @@ void StartUp::InitialiseScales() {
     holdings.MoveFirst();
 }
 
-void StartUp::ShowTwelveMonths() {
-    window.ShowMonthsFrom(FirstWindowStart(window.TodayDay));
-    if (ShowsNextMonth(window.TodayDay)) window.AdvanceOneMonth();
-}
-
 void StartUp::ShowFileName() {
     const std::string file = std::filesystem::path(window.CurrentFile).stem().string();
     SetCaption(window.lblRubrik, std::string(texts::WorkingWith) + file);
 }
 
 void StartUp::Timer1_Timer() {
-    window.mnuArkiv->setEnabled(true);
-    window.mnuShow->setEnabled(true);
-    window.panControl->show();
-    window.panRubrik->show();
-    window.panDiagram->show();
-    window.panListFonder->show();
-    window.fraStartData->show();
-    window.lstFonder->setFocus();
+    window.Put(AfterPause(window.State()));
     if (!notice_.empty()) Tell(notice_);
     notice_.clear();
 }
 
 void StartUp::ResetPanels() {
-    // First: a hidden panel would hand its focus to the price field, which shows the mode buttons.
-    window.picDiagram->setFocus();
-    window.panListFonder->hide();
-    window.imgColor->hide();
-    window.imgGrafNr->hide();
-    window.panTotal->hide();
-    SetCaption(window.lblTotal, "");
-    window.panPlottData->hide();
-    window.cmdFondList->setEnabled(true);
+    window.Put(AfterPanelsReset(window.State()));
 }
 
 /// Leaving a field or a row stores it; closing the window leaves them all. False when a row cannot

@@ -5,11 +5,8 @@
 #include "app/controller.h"
 #include "platform/clock.h"
 
-#include <array>
 #include <memory>
 #include <string>
-
-class QGroupBox;
 
 class StartUp : Controller {
   public:
@@ -26,11 +23,8 @@ class StartUp : Controller {
     void ReadSettings();
     void OpenDatabase();
     void InitialiseScales();
-    void ShowTwelveMonths();
     void ShowFileName();
     bool StoreWhatIsTyped();
-    std::array<QGroupBox*, 3> SidePanels() const;
-    void SidePanel_Show(QGroupBox* shown);
 
     std::unique_ptr<Clock::Pause> Timer1_;  ///< `Timer1`, the start-up pause
     std::string notice_;  ///< why the file can only be read; shown when the window has come up

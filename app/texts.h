@@ -8,11 +8,7 @@ namespace texts {
 
 inline constexpr std::string_view FailureNumber = "Fel ";
 
-inline constexpr std::string_view ListForPrices = "Ny DagsKurs för...";
 inline constexpr std::string_view WorkingWith = "Du arbetar med ";
 inline constexpr std::string_view SampleFile = "Vimmels_exempel.mdb";
-
-inline constexpr std::string_view ToDiagram = "&Diagram";
-inline constexpr std::string_view ToHoldings = "&PPM Data";
 
 }  // namespace texts

@@ -2,11 +2,12 @@
 
 #include "app/frmPPM.h"
 #include "app/imagebutton.h"
+#include "app/rules/daystep.h"
+#include "app/rules/modes.h"
 #include "base/error.h"
 #include "base/number.h"
 #include "diagram/diagramview.h"
 #include "diagram/rules/zoom.h"
-#include "diagram/texts.h"
 #include "platform/caption.h"
 
 #include <QAction>
@@ -28,6 +29,7 @@ void Axes::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
     Skipping skip;
     skip([&] { window.picDiagram->SetUserScale(scale); });
     skip([&] { LabelScale(scale); });
+    window.drawnScale = scale;
     Redraw();
 }
 
@@ -46,6 +48,11 @@ void Axes::MoveWindow(WindowMove move) {
     ShowMonthsFrom(MovedStart(window.WindowStartDay, move));
 }
 
+void Axes::ShowMonthsOfToday() {
+    ShowMonthsFrom(FirstWindowStart(window.TodayDay));
+    if (ShowsNextMonth(window.TodayDay)) AdvanceOneMonth();
+}
+
 void Axes::ShowMonthsFrom(std::int32_t startDay) {
     const WindowLabels labels = LabelsOf(startDay, window.MonthNames);
     window.WindowStartDay = startDay;
@@ -57,7 +64,7 @@ void Axes::ShowMonthsFrom(std::int32_t startDay) {
 
 void Axes::Scroll(WindowMove move) {
     if (!window.StoreTypedRows()) return;
-    window.ResetPanels();
+    window.Put(AfterScroll(window.State()));
     MoveWindow(move);
     Redraw();
 }
@@ -80,13 +87,12 @@ void Axes::mnuMonth_Click() {
 void Axes::ToggleStep(std::int32_t days) {
     const bool showsDays = window.DayStep != daystep::kWeek && window.DayStep != daystep::kMonth;
     window.DayStep = showsDays ? days : daystep::kDay;
-    SetCaption(window.mnuVeckor, showsDays ? texts::ShowDays : texts::ShowWeeks);
-    SetCaption(window.mnuMonth, showsDays ? texts::ShowDays : texts::ShowMonths);
+    window.ShowState();
     Redraw();
 }
 
 void Axes::mnuPlus_Click() {
-    const bool single = window.markers.SingleFundShown();
+    const bool single = window.holding.has_value();
     const ScaleRange automatic = single ? ScaleRange{window.FundScaleTop, window.FundScaleBottom}
                                         : ScaleRange{window.AllScaleTop, window.AllScaleBottom};
     const Zoomed zoomed =

@@ -19,8 +19,8 @@ class Axes : Controller {
     void SetVerticalScale(std::int32_t bottom, std::int32_t top);
     /// Moves and labels the months; draws nothing.
     void AdvanceOneMonth();
-    /// The twelve months from this first of a month on, labelled; draws nothing.
-    void ShowMonthsFrom(std::int32_t startDay);
+    /// The twelve months that today's date asks for, labelled; draws nothing.
+    void ShowMonthsOfToday();
 
     void Image4_MouseUp(Qt::MouseButton button);
     void Image5_MouseUp(Qt::MouseButton button);
@@ -31,6 +31,7 @@ class Axes : Controller {
     void mnuVeckor_Click();
     void mnuMonth_Click();
 
+    void ShowMonthsFrom(std::int32_t startDay);
     void LabelScale(ScaleRange scale);
     void MoveWindow(WindowMove move);
     void Scroll(WindowMove move);

@@ -23,6 +23,7 @@
 #include <QSizeF>
 #include <QTransform>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,7 +34,7 @@ constexpr double kPrintedLineCm = 0.025;
 Colour ColourOf(jet::RecordSet& holdings, std::int32_t kontoId) {
     if (!holdings.FindFirst(queries::KontoIdIs(kontoId))) return NewCurveColour(kontoId);
     const jet::Value colour = holdings.Field(schema::holding::kPlottFarg);
-    return colour.IsNull() ? NewCurveColour(kontoId) : ColourFromValue(colour.Integer());
+    return CurveColour(colour.IsNull() ? std::nullopt : std::optional(colour.Integer()), kontoId);
 }
 
 /// Empties the query data source when the work with it ends, however it ends.

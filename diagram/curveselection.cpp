@@ -2,115 +2,37 @@
 
 #include "app/frmPPM.h"
 #include "app/imagebutton.h"
-#include "app/look.h"
-#include "app/rules/fundline.h"
+#include "app/rules/modes.h"
 #include "base/error.h"
-#include "diagram/diagramview.h"
-#include "diagram/texts.h"
 #include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
-#include "platform/caption.h"
 
-#include <QEvent>
-#include <QGroupBox>
-#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
+#include <QSignalBlocker>
 
 #include <string>
 
 CurveSelection::CurveSelection(frmPPM& ppm) : Controller(ppm) {
     On(window.imgColor, &ImageButton::MouseUp, [this] { imgColor_Click(); });
     On(window.imgGrafNr, &ImageButton::MouseUp, [this] { imgGrafNr_Click(); });
-    OnEvent(window.panListFonder, QEvent::Hide, [this](QEvent& event) {
-        if (!event.spontaneous()) panListFonder_Hide();
-        return false;
-    });
-}
-
-// Whoever hides the list ends what was being chosen in it: a mark that stayed behind would turn the
-// next Enter in the list into something else than a price entry.
-void CurveSelection::panListFonder_Hide() {
-    const bool wipedInVain =
-        window.markers.CollectingCurves() && window.picDiagram->Drawings().empty();
-    window.markers.StopChoosingColour();
-    window.markers.StopCollectingCurves();
-    SetCaption(window.lblGrafNr, "");
-    window.lblGrafNr->hide();
-    window.lblPlottInfo->hide();
-    // The holdings grid, which hides the list too, blocks the button until it is left.
-    if (window.panBasData->isHidden()) window.cmdFondList->setEnabled(true);
-    // The picture was cleared for the choice: without one, what was drawn before comes back.
-    if (wipedInVain) window.PlotCurves();
-}
-
-bool CurveSelection::ColourModeShown() const {
-    return !window.panListFonder->isHidden() &&
-           Caption(window.panListFonder) == texts::ChooseColourFor;
 }
 
 void CurveSelection::imgColor_Click() {
-    if (!window.LeaveHoldingsGrid()) return;
-    if (ColourModeShown()) {
-        EndColourMode();
-    } else {
-        StartColourMode();
-    }
-}
-
-void CurveSelection::StartColourMode() {
-    window.markers.StartChoosingColour();
-    SetCaption(window.panListFonder, texts::ChooseColourFor);
-    window.panListFonder->show();
-    window.lstFonder->setFocus();
-    window.cmdFondList->setEnabled(false);
-    window.lblGrafNr->hide();
-    SetCaption(window.lblPlottInfo, texts::ChooseColourInfo);
-    window.lblPlottInfo->show();
-}
-
-void CurveSelection::EndColourMode() {
-    window.markers.StopChoosingColour();
-    window.markers.StopCollectingCurves();
-    window.cmdFondList->setEnabled(true);
-    window.panListFonder->hide();
-    SetCaption(window.panListFonder, "");
-    window.lblPlottInfo->hide();
+    if (window.LeaveHoldingsGrid()) window.Put(AfterColourButton(window.State()));
 }
 
 void CurveSelection::imgGrafNr_Click() {
     if (!window.LeaveHoldingsGrid()) return;
-    if (window.panListFonder->isHidden()) {
-        StartSelection();
-    } else {
-        EndSelection();
-    }
+    const std::vector<std::int32_t> chosen = window.chosenCurves;
+    window.Put(AfterCurvesButton(window.State()));
+    if (!chosen.empty()) DrawChosen(chosen);
 }
 
-void CurveSelection::StartSelection() {
-    SetCaption(window.lblGrafNr, "");
-    window.picDiagram->Clear();
-    window.markers.StartCollectingCurves();
-    SetCaption(window.lblPlottInfo, texts::ChooseCurvesInfo);
-    window.lblPlottInfo->show();
-    look::SetTextColour(*window.lstFonder, look::kListCurves);
-    SetCaption(window.panListFonder, texts::ChooseCurves);
-    window.panListFonder->show();
-    window.lstFonder->setFocus();
-    window.cmdFondList->setEnabled(false);
-}
-
-void CurveSelection::EndSelection() {
-    const std::vector<std::int32_t> curves = CurvesOfMarks(Caption(window.lblGrafNr));
-    window.lblGrafNr->hide();
-    window.lblPlottInfo->hide();
-    window.panListFonder->hide();
-    window.cmdFondList->setEnabled(true);
-    window.markers.StopCollectingCurves();
-    if (curves.empty()) return;
-
+/// The curves are kept in the file and drawn as the screen button draws them, in the twelve months
+/// that the window began with.
+void CurveSelection::DrawChosen(const std::vector<std::int32_t>& curves) {
     try {
         StoreSelection(curves);
     } catch (const Error&) {
@@ -119,10 +41,11 @@ void CurveSelection::EndSelection() {
         ShowSelection(curves);
         throw;
     }
-    window.SelectedCurves = curves;
-    window.lstFonder->clear();
-    window.Activated = false;
-    window.Activate();
+    {
+        const QSignalBlocker quiet(window.lstFonder);
+        window.lstFonder->setCurrentRow(0);
+    }
+    window.ShowMonthsOfToday();
     window.imgScreen_Click();
 }
 

@@ -15,12 +15,7 @@ class CurveSelection : Controller {
     void imgGrafNr_Click();
 
   private:
-    void panListFonder_Hide();
-    bool ColourModeShown() const;
-    void StartColourMode();
-    void EndColourMode();
-    void StartSelection();
-    void EndSelection();
+    void DrawChosen(const std::vector<std::int32_t>& curves);
     void StoreSelection(const std::vector<std::int32_t>& curves);
     void ShowSelection(const std::vector<std::int32_t>& curves);
 };

@@ -121,6 +121,12 @@ void DiagramView::Add(Drawing drawing) {
     Outdated();
 }
 
+void DiagramView::SetQuietLine(const QString& text) {
+    if (quietLine_ == text) return;
+    quietLine_ = text;
+    Outdated();
+}
+
 void DiagramView::Outdated() {
     outdated_ = true;
     update();
@@ -178,6 +184,13 @@ void DiagramView::PaintPicture() {
     DrawCurves(painter, drawings_,
                {ToPixelsTransform(), QRectF(rect()), lineWidth, 1 / devicePixelRatioF(),
                 ToQColor(kDiagramGround)});
+    if (drawings_.empty() && !quietLine_.isEmpty()) PaintQuietLine(painter);
+}
+
+void DiagramView::PaintQuietLine(QPainter& painter) const {
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const QRect upperHalf(0, 0, width(), height() / 2);
+    painter.drawText(upperHalf, Qt::AlignCenter | Qt::TextWordWrap, quietLine_);
 }
 
 void DiagramView::PaintGrid(QPainter& painter) const {

@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <QPointF>
 #include <QSize>
+#include <QString>
 #include <QTransform>
 #include <QWidget>
 
@@ -69,6 +70,9 @@ class DiagramView final : public QWidget {
     /// Draws a curve over those there are; an empty one is ignored.
     void Add(Drawing drawing);
     const std::vector<Drawing>& Drawings() const { return drawings_; }
+    /// Said in the middle of the picture while it has no curve.
+    void SetQuietLine(const QString& text);
+    QString QuietLine() const { return quietLine_; }
 
     /// `Line1` ... `Line20`: six values, thirteen month borders, the zero line. They never move or
     /// hide.
@@ -98,11 +102,13 @@ class DiagramView final : public QWidget {
     void Outdated();
     void PaintPicture();
     void PaintGrid(QPainter& painter) const;
+    void PaintQuietLine(QPainter& painter) const;
     void PaintCrossHair(QPainter& painter) const;
     QTransform ToPixelsTransform() const;
 
     ScaleRange scale_;
     std::vector<Drawing> drawings_;
+    QString quietLine_;
     std::vector<GridLine*> grid_;
     std::optional<Point> crossHair_;
     QPixmap picture_;  ///< ground, grid and curves

@@ -1,12 +1,12 @@
 #include "diagram/measurement.h"
 
 #include "app/frmPPM.h"
-#include "base/number.h"
 #include "diagram/diagramview.h"
 #include "diagram/rules/reading.h"
-#include "platform/caption.h"
 
 #include <QLabel>
+
+#include <utility>
 
 namespace {
 
@@ -27,22 +27,14 @@ void Measurement::picDiagram_MouseDown(Qt::MouseButton button, Point at) {
     window.lblXCord->setAutoFillBackground(true);
     window.lblYCord->setAutoFillBackground(true);
     window.picDiagram->HideCrossHair();
-    ShowReading(at, button == Qt::RightButton);
+    Put(ReadingAt(at, button == Qt::RightButton));
 }
 
 void Measurement::picDiagram_MouseMove(Qt::MouseButtons buttons, Point at) {
     if (!Measures(buttons)) return;
     window.picDiagram->ShowCrossHair(at);
-    // The labels, and not the stored scale, say what the picture shows: a zoom that was not drawn
-    // changes only what is stored.
-    const ScaleRange labelled{ParseInteger(Caption(window.lblVertical[6])),
-                              ParseInteger(Caption(window.lblVertical[1]))};
-    if (!InsideDiagram(at, labelled)) {
-        SetCaption(window.lblXCord, "");
-        SetCaption(window.lblYCord, "");
-        return;
-    }
-    ShowReading(at, buttons.testFlag(Qt::RightButton));
+    if (!InsideDiagram(at, window.drawnScale)) return Put({});
+    Put(ReadingAt(at, buttons.testFlag(Qt::RightButton)));
 }
 
 void Measurement::picDiagram_MouseUp(Qt::MouseButton button, Point /*at*/) {
@@ -52,12 +44,16 @@ void Measurement::picDiagram_MouseUp(Qt::MouseButton button, Point /*at*/) {
     window.lblYCord->setAutoFillBackground(false);
 }
 
-void Measurement::ShowReading(Point at, bool inKronor) {
-    SetCaption(window.lblXCord, DateReading(at.x, window.WindowStartDay));
-    SetCaption(window.lblYCord, ValueReading(at.y, BasePrice(inKronor)));
+Reading Measurement::ReadingAt(Point at, bool inKronor) const {
+    return {DateReading(at.x, window.WindowStartDay), ValueReading(at.y, BasePrice(inKronor))};
+}
+
+void Measurement::Put(Reading reading) {
+    window.reading = std::move(reading);
+    window.ShowState();
 }
 
 std::optional<float> Measurement::BasePrice(bool inKronor) const {
-    if (!inKronor || !window.markers.HoldingChosen()) return std::nullopt;
-    return window.markers.StartPrice();
+    if (!inKronor || !window.holding) return std::nullopt;
+    return window.holding->startPrice;
 }

@@ -3,6 +3,7 @@
 // say the date and the value under it.
 
 #include "app/controller.h"
+#include "app/rules/windowstate.h"
 #include "diagram/rules/stroke.h"
 
 #include <Qt>
@@ -18,6 +19,7 @@ class Measurement : Controller {
     void picDiagram_MouseMove(Qt::MouseButtons buttons, Point at);
     void picDiagram_MouseUp(Qt::MouseButton button, Point at);
 
-    void ShowReading(Point at, bool inKronor);
+    Reading ReadingAt(Point at, bool inKronor) const;
+    void Put(Reading reading);
     std::optional<float> BasePrice(bool inKronor) const;
 };

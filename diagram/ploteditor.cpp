@@ -1,6 +1,7 @@
 #include "diagram/ploteditor.h"
 
 #include "app/frmPPM.h"
+#include "app/rules/modes.h"
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/number.h"
@@ -15,7 +16,6 @@
 #include "platform/platform.h"
 
 #include <QAction>
-#include <QGroupBox>
 #include <QLabel>
 
 #include <array>
@@ -55,9 +55,7 @@ void PlotEditor::mnuPEdit_Click() {
     // The holdings grid would stand over the panel.
     if (!window.LeaveHoldingsGrid()) return;
     window.dtaPlott->Refresh();
-    window.panPlottData->show();
-    window.panPlottData->raise();
-    window.GridPlott->setFocus();
+    window.Put(AfterPlotDataMenu(window.State()));
     window.GridPlott->SetCurrentColumn(kXCordColumn);
     ShowCount();
 }
@@ -81,7 +79,7 @@ void PlotEditor::GridPlott_RowColChange() {
 
 void PlotEditor::GridPlott_AfterUpdate() {
     ShowCount();
-    if (!window.markers.GridRedraws()) return;
+    if (window.storingPoint) return;
     window.picDiagram->Clear();
     window.PlotCurves();
 }

@@ -2,23 +2,20 @@
 
 #include "app/frmPPM.h"
 #include "app/imagebutton.h"
-#include "app/rules/fundline.h"
-#include "diagram/diagramview.h"
+#include "app/rules/modes.h"
 #include "fundfile/curvelist.h"
 #include "fundfile/datasource.h"
 #include "fundfile/queries.h"
+#include "fundfile/records.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
-#include "platform/caption.h"
 
 #include <QAction>
-#include <QGroupBox>
-#include <QLabel>
-#include <QListWidget>
 
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 SeveralCurves::SeveralCurves(frmPPM& ppm) : Controller(ppm) {
     On(window.mnuAll, &QAction::triggered, [this] { mnuAll_Click(); });
@@ -27,17 +24,22 @@ SeveralCurves::SeveralCurves(frmPPM& ppm) : Controller(ppm) {
     });
 }
 
-void SeveralCurves::ReadCurveList() {
+/// Those of the first row's list whose holdings are in the file, and no more than there are rows.
+std::vector<std::int32_t> SeveralCurves::StoredCurves() {
     DataSource& holdings = *window.dtaBasData;
-    std::vector<std::int32_t> curves;
-    if (holdings.IsAttached() && !holdings.Empty()) {
-        holdings.MoveFirst();
-        curves = ListedCurves(holdings);
-    }
-    // No more curves than there are lines in the list.
-    const auto lines = static_cast<std::size_t>(window.lstFonder->count());
-    if (curves.size() > lines) curves.resize(lines);
-    SelectCurves(std::move(curves));
+    if (!holdings.IsAttached() || holdings.Empty()) return {};
+    std::vector<std::int32_t> curves = ListedCurves(holdings);
+    std::erase_if(curves, [&holdings](std::int32_t kontoId) {
+        return !holdings.FindFirst(queries::KontoIdIs(kontoId));
+    });
+    holdings.MoveFirst();
+    const auto rows = static_cast<std::size_t>(holdings.RecordCount());
+    if (curves.size() > rows) curves.resize(rows);
+    return curves;
+}
+
+void SeveralCurves::ReadCurveList() {
+    SelectCurves(StoredCurves());
 }
 
 void SeveralCurves::SelectCurves(std::vector<std::int32_t> kontoIds) {
@@ -53,6 +55,7 @@ void SeveralCurves::SelectCurves(std::vector<std::int32_t> kontoIds) {
     window.SelectedCurves = std::move(kontoIds);
     window.AllScaleTop = scale.top;
     window.AllScaleBottom = scale.bottom;
+    window.ShowState();
 }
 
 void SeveralCurves::DrawOnAllScale() {
@@ -63,31 +66,38 @@ void SeveralCurves::DrawOnAllScale() {
 
 void SeveralCurves::mnuAll_Click() {
     if (!window.LeaveHoldingsGrid()) return;
-    std::string marks = Caption(window.lblGrafNr);
-    for (int i = 0; i < window.lstFonder->count(); ++i) {
-        marks = AddCurveMark(marks, FromQt(window.lstFonder->item(i)->text()));
+    // Those that were being chosen come first, in their order.
+    std::vector<std::int32_t> curves = window.chosenCurves;
+    for (const HoldingRow& row : ReadHoldings(*window.dtaBasData)) {
+        if (std::find(curves.begin(), curves.end(), row.kontoId) == curves.end()) {
+            curves.push_back(row.kontoId);
+        }
     }
-    SetCaption(window.lblGrafNr, marks);
-    window.lblPlottInfo->hide();
-    window.markers.StopCollectingCurves();
-    const std::vector<std::int32_t> curves = CurvesOfMarks(marks);
+    window.Put(AfterAllCurvesMenu(window.State()));
     if (!curves.empty()) {
-        window.ClearFundPanel();
-        SelectCurves(curves);
+        SelectCurves(std::move(curves));
         DrawOnAllScale();
     }
-    window.picDiagram->setFocus();
-    window.panListFonder->hide();
-    window.markers.ShowSeveralCurves();
     window.mnuMinus_Click();
-    window.imgColor->hide();
-    window.imgGrafNr->hide();
 }
 
+/// The listed curves together; a single one is a holding, which is opened. Without any the open
+/// holding stays, so that panel and picture never belong to two.
 void SeveralCurves::imgScreen_Click() {
+    window.Put(AfterScreenButton(window.State()));
     window.dtaBasData->Refresh();
     if (window.dtaBasData->Empty()) return;
-    ReadCurveList();
-    if (window.SelectedCurves.size() > 1) window.ClearFundPanel();
+    std::vector<std::int32_t> curves = StoredCurves();
+    if (curves.size() == 1 && window.OpenFund(curves.front())) return;
+    if (curves.empty() && window.holding) return DrawOpenHolding();
+    window.ClearFundPanel();
+    SelectCurves(std::move(curves));
     DrawOnAllScale();
+}
+
+void SeveralCurves::DrawOpenHolding() {
+    DataSource& holdings = *window.dtaBasData;
+    holdings.FindFirst(queries::KontoIdIs(window.holding->kontoId));
+    window.SelectedCurves = {window.holding->kontoId};
+    window.SetVerticalScale(window.ScaleBottom, window.ScaleTop);
 }

@@ -21,4 +21,6 @@ class SeveralCurves : Controller {
 
   private:
     void mnuAll_Click();
+    std::vector<std::int32_t> StoredCurves();
+    void DrawOpenHolding();
 };

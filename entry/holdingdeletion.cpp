@@ -14,8 +14,6 @@
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 
-#include <QPushButton>
-
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -26,16 +24,21 @@ HoldingDeletion::HoldingDeletion(frmPPM& ppm) : Controller(ppm) {
     events.beforeRowDelete = [this] {
         bool allowed = false;
         Run([&] { allowed = DBGrid_BeforeDelete(); });
-        if (!allowed) window.markers.ForgetRowBeingDeleted();
+        if (!allowed) Mark(std::nullopt);
         return allowed;
     };
     events.deleteRow = [this] { DeleteRowAndPoints(); };
     events.afterRowDelete = [this] { Run([&] { DBGrid_AfterDelete(); }); };
 }
 
+void HoldingDeletion::Mark(std::optional<std::int32_t> kontoId) {
+    window.rowBeingDeleted = kontoId;
+    window.ShowState();
+}
+
 bool HoldingDeletion::DBGrid_BeforeDelete() {
     DataSource& holdings = *window.dtaBasData;
-    window.markers.SetRowBeingDeleted(KontoIdOf(holdings));
+    Mark(KontoIdOf(holdings));
     const Answer answer = window.platform.dialogs.Show({.text = std::string(texts::AskDelete),
                                                         .buttons = Buttons::YesNo,
                                                         .icon = Icon::Question,
@@ -53,7 +56,7 @@ bool HoldingDeletion::DBGrid_BeforeDelete() {
 /// open one, whatever file is to be started with.
 void HoldingDeletion::DeleteRowAndPoints() {
     DataSource& holdings = *window.dtaBasData;
-    const std::int32_t kontoId = window.markers.RowBeingDeleted().value_or(KontoIdOf(holdings));
+    const std::int32_t kontoId = window.rowBeingDeleted.value_or(KontoIdOf(holdings));
     std::vector<std::int32_t> curves = ListedCurves(holdings);
     std::erase(curves, kontoId);
     try {
@@ -63,7 +66,7 @@ void HoldingDeletion::DeleteRowAndPoints() {
         WriteCurveList(holdings, curves);
         transaction.Commit();
     } catch (const Error&) {
-        window.markers.ForgetRowBeingDeleted();
+        Mark(std::nullopt);
         Skipping skip;
         skip([&] { holdings.Refresh(); });
         throw;
@@ -71,14 +74,12 @@ void HoldingDeletion::DeleteRowAndPoints() {
 }
 
 void HoldingDeletion::DBGrid_AfterDelete() {
-    const std::optional<std::int32_t> deleted = window.markers.RowBeingDeleted();
-    window.markers.ForgetRowBeingDeleted();
+    const std::optional<std::int32_t> deleted = window.rowBeingDeleted;
+    Mark(std::nullopt);
     window.dtaPlott->Refresh();
-    const bool wasOpen = window.markers.HoldingChosen() && !window.SelectedCurves.empty() &&
-                         window.SelectedCurves.front() == deleted;
+    const bool wasOpen = window.holding && window.holding->kontoId == deleted;
     if (wasOpen) window.ClearFundPanel();
     window.RefreshFundList(std::nullopt);
-    if (window.dtaBasData->Empty()) window.cmdNyAndel->setEnabled(false);
     if (wasOpen) return ShowStoredCurves();
     if (deleted) std::erase(window.SelectedCurves, *deleted);
     window.picDiagram->Clear();
@@ -88,6 +89,7 @@ void HoldingDeletion::DBGrid_AfterDelete() {
 /// The holding that was drawn is gone: the diagram shows the several-curves view.
 void HoldingDeletion::ShowStoredCurves() {
     const std::int32_t row = window.dtaBasData->Position();
-    window.imgScreen_Click();
+    window.ReadCurveList();
+    window.DrawOnAllScale();
     window.dtaBasData->MoveTo(row);
 }

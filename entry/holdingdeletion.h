@@ -8,6 +8,8 @@ class HoldingDeletion : Controller {
     explicit HoldingDeletion(frmPPM& window);
 
   private:
+    /// The row that is being deleted, from before it to after it.
+    void Mark(std::optional<std::int32_t> kontoId);
     bool DBGrid_BeforeDelete();
     void DeleteRowAndPoints();
     void DBGrid_AfterDelete();

@@ -25,7 +25,6 @@
 #include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 
 #include <algorithm>
@@ -89,7 +88,8 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
         return false;
     });
     OnEvent(window.txtGrid, QEvent::MouseButtonPress, [this](QEvent&) {
-        window.txtGrid->hide();
+        window.gridHelp = false;
+        window.ShowState();
         return true;
     });
 }
@@ -137,18 +137,19 @@ void HoldingsGrid::PrepareField(EntryField* field, std::string_view enterKeys) {
 
 void HoldingsGrid::panBasData_Show() {
     window.DBGrid->SetCurrentColumn(Fond);
-    window.txtGrid->show();
 }
 
 /// The grid has moved the shared row. The holding that is open in the fund panel is the current one
 /// again, or the next price would be stored in another.
 void HoldingsGrid::panBasData_Hide() {
     DataSource& holdings = *window.dtaBasData;
-    const int chosen = window.lstFonder->currentRow();
     Skipping skip;
     skip([&] {
         if (!holdings.IsAttached() || holdings.Empty()) return;
-        holdings.MoveTo(window.markers.HoldingChosen() && chosen >= 0 ? chosen : 0);
+        if (window.holding && holdings.FindFirst(queries::KontoIdIs(window.holding->kontoId))) {
+            return;
+        }
+        holdings.MoveFirst();
     });
 }
 
@@ -256,7 +257,7 @@ void HoldingsGrid::CompleteNewHolding() {
         EditRow(holdings, [&](DataSource& edited) {
             edited.Set(kPlottFarg, ColourValue(NewCurveColour(row.kontoId)));
             edited.Set(kSenasteDag, window.TodayDay);
-            edited.Set(kSenasteKurs, LatestPriceText(Shown(row.kursKr)));
+            edited.Set(kSenasteKurs, LatestPriceText(ShownNumber(row.kursKr)));
             edited.Set(kSkala, kDefaultScaleText);
             if (row.sparadeVarden.empty()) edited.Set(kSparadeVarden, kKeepValues);
         });
@@ -271,7 +272,6 @@ void HoldingsGrid::CompleteNewHolding() {
     }
     window.dtaPlott->Refresh();
     window.dtaPlott->FindFirst(queries::KontoIdIs(row.kontoId));
-    window.cmdNyAndel->setEnabled(true);
     window.RefreshFundList(row.kontoId);
 }
 

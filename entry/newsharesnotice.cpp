@@ -1,6 +1,7 @@
 #include "entry/newsharesnotice.h"
 
 #include "app/frmPPM.h"
+#include "app/rules/modes.h"
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
@@ -78,27 +79,14 @@ void NewSharesNotice::cmdNyAndel_Click() {
 }
 
 void NewSharesNotice::OpenRow() {
-    window.cmdNyAndel->hide();
-    window.txtGrid->hide();
-    window.cmdNyOk->show();
-    window.fraNyAndel->show();
-    for (BoundField* box : window.txtNyAndel) {
-        box->Reload();
-        box->show();
-    }
-    window.txtNyAndel[kFirstChecked]->setFocus();
+    ForgetTyping();
+    window.Put(AfterNoticeOpened(window.State()));
     window.txtNyAndel[kFirstChecked]->selectAll();
 }
 
 void NewSharesNotice::CloseRow() {
-    window.cmdNyOk->hide();
-    window.fraNyAndel->hide();
-    for (BoundField* box : window.txtNyAndel) {
-        box->hide();
-        SetCaption(box, "");
-    }
-    window.cmdNyAndel->show();
-    window.DBGrid->setFocus();
+    window.Put(AfterNoticeClosed(window.State()));
+    for (BoundField* box : window.txtNyAndel) SetCaption(box, "");
 }
 
 void NewSharesNotice::ForgetTyping() {
@@ -159,7 +147,7 @@ void NewSharesNotice::Store(const Notice& notice) {
 
 /// The fund panel's start price and values are those of the row as it is now.
 void NewSharesNotice::ShowOpenHoldingAgain() {
-    if (!window.markers.HoldingChosen()) return;
+    if (!window.holding) return;
     const std::int32_t row = window.dtaBasData->Position();
     window.OpenSelectedFund();
     window.dtaBasData->MoveTo(row);

@@ -1,10 +1,8 @@
 #include "entry/priceentry.h"
 
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
-#include "app/look.h"
 #include "app/rules/holdingview.h"
-#include "app/texts.h"
+#include "app/rules/modes.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "base/number.h"
@@ -21,50 +19,22 @@
 #include "platform/dialogs.h"
 #include "platform/entryfield.h"
 #include "platform/platform.h"
-#include "platform/statuspanels.h"
 
 #include <QEvent>
-#include <QGroupBox>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
-
-#include <array>
 
 namespace {
 
-constexpr std::array kSummaryPanels = {statuspanel::kLatestPrice, statuspanel::kChange,
-                                       statuspanel::kValue};
 constexpr int kDecimals = 2;
 
 }  // namespace
-
-/// What the summary shows, to show it again when storing fails.
-struct PriceEntry::Shown {
-    explicit Shown(frmPPM& ppm) : caption(Caption(&ppm)), change(ppm.ChangePercent) {
-        for (std::size_t i = 0; i < kSummaryPanels.size(); ++i) {
-            panels[i] = ppm.staBar->Text(kSummaryPanels[i]);
-        }
-    }
-    void Restore(frmPPM& ppm) const {
-        for (std::size_t i = 0; i < kSummaryPanels.size(); ++i) {
-            ppm.staBar->SetText(kSummaryPanels[i], panels[i]);
-        }
-        SetCaption(&ppm, caption);
-        ppm.ChangePercent = change;
-    }
-
-    std::array<std::string, kSummaryPanels.size()> panels;
-    std::string caption;
-    std::int32_t change;
-};
 
 PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
     EntryField& price = *window.txtValue;
     price.SetFilter(kPriceKeys);
     price.SetPasteFilter(PastedPrice);
-    price.BlockWhile([this] { return !window.markers.HoldingChosen(); });
+    price.BlockWhile([this] { return !window.holding; });
     price.Swallow(Qt::Key_Delete);
     price.SetEnter([this] { Run([this] { txtValue_Enter(); }); });
     On(&price, &EntryField::Entered, [this] { txtValue_GotFocus(); });
@@ -78,34 +48,17 @@ PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
 
 void PriceEntry::cmdFondList_Click() {
     if (!window.StoreTypedRows()) return;
-    if (window.panListFonder->isVisible()) {
-        window.panListFonder->hide();
-        window.lblGrafNr->hide();
-        window.lblPlottInfo->hide();
-        window.imgColor->show();
-        window.imgGrafNr->show();
-        return;
-    }
-    window.panListFonder->show();
-    SetCaption(window.panListFonder, texts::ListForPrices);
-    look::SetTextColour(*window.lstFonder, look::kListGreen);
-    window.lstFonder->setFocus();
-    SetCaption(window.txtValue, "");
-    window.ClearFundPanel();
-    window.imgColor->hide();
-    window.imgGrafNr->hide();
+    window.Put(AfterFundListButton(window.State()));
 }
 
 void PriceEntry::txtValue_GotFocus() {
-    if (window.imgGrafNr->isVisible()) return;
-    window.imgGrafNr->show();
-    window.imgColor->show();
+    window.Put(AfterPriceFocus(window.State()));
 }
 
 /// The list and the price field take turns; everything else is one Shift+Tab away.
 bool PriceEntry::txtValue_Tab() {
-    if (!window.panListFonder->isVisible()) return false;
-    window.lstFonder->setFocus(Qt::TabFocusReason);
+    if (window.left != LeftPanel::FundList) return false;
+    window.Put(WithKeysInList(window.State()));
     return true;
 }
 
@@ -124,7 +77,7 @@ void PriceEntry::txtValue_Enter() {
 std::optional<PriceEntry::Entry> PriceEntry::ReadEntry() const try {
     const std::optional<float> price = ReadPrice(Caption(window.txtValue));
     if (!price) return std::nullopt;
-    return Entry{*price, PercentChange(*price, window.markers.StartPrice()),
+    return Entry{*price, PercentChange(*price, static_cast<float>(window.holding->startPrice)),
                  Fixed(*price, kDecimals)};
 } catch (const Error&) {
     // A start price of 0, or a price so far from it that there is no percentage.
@@ -152,34 +105,32 @@ bool PriceEntry::Believable(std::int32_t percent) {
 
 std::optional<ScaleRange> PriceEntry::WidenedScale(std::int32_t percent) const {
     ScaleRange shown{window.ScaleTop, window.ScaleBottom};
-    Skipping skip;
-    skip([&] { shown.bottom = ParseInteger(Caption(window.lblVertical[1])); });
+    shown.bottom = window.drawnScale.bottom;
     const ScaleRange scale = WidenFor(shown, percent);
     if (scale == shown) return std::nullopt;
     return scale;
 }
 
 void PriceEntry::Store(const Entry& entry) {
-    const Shown before(window);
+    const WindowState before = window.State();
     const std::optional<ScaleRange> widened = WidenedScale(entry.percent);
-    window.markers.HoldGridRedraw();
+    window.storingPoint = true;
     try {
         // Summary, point and scale are stored together or not at all.
         jet::Transaction transaction(window.FundDb);
         MoveToOpenHolding();
-        window.staBar->SetText(statuspanel::kLatestPrice, LatestPriceText(entry.text));
-        window.RefreshFundSummary(window.markers.StartPrice(), entry.price);
+        window.view.status.latestPrice = LatestPriceText(entry.text);
+        window.RefreshFundSummary(static_cast<float>(window.holding->startPrice), entry.price);
         StoreDayPoint(entry.percent);
         if (widened) StoreScale(*widened);
         transaction.Commit();
     } catch (const Error& error) {
-        before.Restore(window);
+        window.Put(before);
         Skipping skip;
         skip([&] { window.dtaPlott->Refresh(); });
-        window.markers.LetGridRedraw();
         return Report(texts::StoreFailed, texts::StoreFailedLog, error);
     }
-    window.markers.LetGridRedraw();
+    window.storingPoint = false;
     if (widened) {
         window.ScaleTop = window.FundScaleTop = widened->top;
         window.ScaleBottom = window.FundScaleBottom = widened->bottom;
@@ -189,21 +140,19 @@ void PriceEntry::Store(const Entry& entry) {
         window.PlotCurves();
     }
     SetCaption(window.txtValue, "");
-    if (window.panListFonder->isVisible()) window.lstFonder->setFocus();
+    window.Put(WithKeysInList(window.State()));
 }
 
 /// Others move the current row too: the totals, the holdings grid, the drawing of several curves.
 void PriceEntry::MoveToOpenHolding() {
-    const std::int32_t kontoId = ParseInteger(Caption(window.lblColorNr));
-    if (!window.dtaBasData->FindFirst(queries::KontoIdIs(kontoId))) {
+    if (!window.dtaBasData->FindFirst(queries::KontoIdIs(window.holding->kontoId))) {
         throw Error{ErrorNumber::RecordDeleted, "the open holding is no longer in the file"};
     }
 }
 
 void PriceEntry::StoreDayPoint(std::int32_t percent) {
-    const std::string fondNr = Caption(window.lblFraData[0]);
     ReplaceDayPoint(*window.dtaPlott, *window.dtaSQL, *window.FundDb,
-                    {.fondNr = fondNr,
+                    {.fondNr = window.holding->fondNr,
                      .day = window.TodayDay,
                      .percent = percent,
                      .kontoId = KontoIdOf(*window.dtaBasData)});

@@ -21,7 +21,6 @@ class PriceEntry : Controller {
         std::int32_t percent = 0;
         std::string text;  ///< the price as "0.00"
     };
-    struct Shown;
 
     void txtValue_GotFocus();
     void txtValue_Enter();

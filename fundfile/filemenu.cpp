@@ -1,7 +1,7 @@
 #include "fundfile/filemenu.h"
 
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
+#include "app/rules/modes.h"
 #include "base/error.h"
 #include "base/number.h"
 #include "diagram/diagramview.h"
@@ -102,13 +102,14 @@ void FileMenu::mnuNew_Click() {
 
 void FileMenu::mnuOpen_Click() {
     CommonDialog& dialog = *window.CmDialog;
-    const bool choosesStartFile = window.markers.ChoosingStartFile();
+    const bool choosesStartFile = window.choosingStartFile;
     SetUpDialog(choosesStartFile ? kStartFile : kOpen);
     dialog.flags = CommonDialog::kFileMustExist;
     dialog.ShowOpen();
     if (choosesStartFile) {
         // First: the next use is an ordinary one even if storing fails.
-        window.markers.StopChoosingStartFile();
+        window.choosingStartFile = false;
+        window.ShowState();
         StoreStartFile();
         return;
     }
@@ -162,37 +163,15 @@ void FileMenu::GoBackTo(const std::string& formerFile) {
 }
 
 void FileMenu::ShowOpenedFile() {
-    if (!window.panBasData->isHidden()) window.cmdPPMData_Click();
-    window.ResetPanels();
-    window.ClearFundPanel();
-    SetCaption(window.txtValue, "");
-    if (window.dtaBasData->Empty()) {
-        ShowFirstFundEntry();
-    } else {
-        ShowFundList();
-    }
-    if (!notice_.empty()) Tell(notice_);
-}
-
-void FileMenu::ShowFirstFundEntry() {
-    window.lstFonder->clear();
-    window.Activate();
-    window.picDiagram->Clear();
-    window.cmdPPMData_Click();
-}
-
-void FileMenu::ShowFundList() {
-    window.lstFonder->clear();
-    window.FillFundList();
-    window.imgColor->hide();
-    window.imgGrafNr->hide();
     window.Activate();
     LetPendingEventsRun();
-    window.panListFonder->show();
-    window.lstFonder->setFocus();
-    SetCaption(window.lblRecCount, std::string(fundtexts::ListHolds) +
-                                       PlainText(window.dtaPlott->RecordCount()) +
-                                       std::string(fundtexts::Rows));
+    window.Put(AfterFileOpened(window.State()));
+    if (window.hasHoldings) {
+        SetCaption(window.lblRecCount, std::string(fundtexts::ListHolds) +
+                                           PlainText(window.dtaPlott->RecordCount()) +
+                                           std::string(fundtexts::Rows));
+    }
+    if (!notice_.empty()) Tell(notice_);
 }
 
 void FileMenu::mnuSaveAs_Click() {
@@ -234,7 +213,8 @@ bool FileMenu::AskTwice(const std::string& path) {
 }
 
 void FileMenu::mnuStartFile_Click() {
-    window.markers.StartChoosingStartFile();
+    window.choosingStartFile = true;
+    window.ShowState();
     mnuOpen_Click();
 }
 

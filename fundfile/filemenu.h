@@ -26,8 +26,6 @@ class FileMenu : Controller {
     void Bind(const std::string& path);
     void GoBackTo(const std::string& formerFile);
     void ShowOpenedFile();
-    void ShowFirstFundEntry();
-    void ShowFundList();
     bool AskTwice(const std::string& path);
     bool MayBeReplaced(const std::string& path, std::string_view failed);
     void Complain(std::string_view failed, const std::string& path, const Error& error);

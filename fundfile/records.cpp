@@ -96,7 +96,7 @@ HoldingRow HoldingFrom(const jet::RecordSet& records, const Read& read) {
     row.kontoinnehavare = read(records.FieldPosition(kKontoinnehavare)).Text();
     row.kontonummer = read(records.FieldPosition(kKontonummer)).Text();
     row.namn = read(kNamn).Text();
-    row.plottFarg = WholeNumberIn(read(kPlottFarg)).value_or(0);
+    row.plottFarg = WholeNumberIn(read(kPlottFarg));
     row.senasteDag = WholeNumberIn(read(kSenasteDag));
     row.senasteKurs = read(kSenasteKurs).Text();
     row.procent = read(kProcent).Text();

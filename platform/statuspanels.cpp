@@ -11,6 +11,8 @@
 #include <QResizeEvent>
 #include <QSizePolicy>
 
+#include <algorithm>
+
 namespace {
 
 /// Beside a panel's text. Above and under it stands none: in a small window the text needs it all.
@@ -25,7 +27,13 @@ class StatusPanels::Panel : public QLabel {
     void SetWhole(const QString& text) {
         whole_ = text;
         setAccessibleName(text);
+        MakeRoom();
         Elide();
+    }
+    /// `width` is what the panel has even for a short text.
+    void SetLeastWidth(int width) {
+        leastWidth_ = width;
+        MakeRoom();
     }
     const QString& Whole() const { return whole_; }
 
@@ -36,10 +44,21 @@ class StatusPanels::Panel : public QLabel {
     }
     void changeEvent(QEvent* event) override {
         QLabel::changeEvent(event);
-        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) Elide();
+        if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+        MakeRoom();
+        Elide();
     }
 
   private:
+    /// The panel takes what its text needs from neighbours that have room to spare. Where none has,
+    /// the layout takes from the widest panel first.
+    void MakeRoom() {
+        if (leastWidth_ == 0 || sizePolicy().horizontalPolicy() == QSizePolicy::Fixed) return;
+        const int frame = width() - contentsRect().width();
+        const int needed = fontMetrics().horizontalAdvance(whole_) + 2 * kAir + frame;
+        setMinimumWidth(std::max(leastWidth_, needed));
+    }
+
     void Elide() {
         const QString shown =
             fontMetrics().elidedText(whole_, Qt::ElideRight, contentsRect().width() - 2 * kAir);
@@ -48,12 +67,15 @@ class StatusPanels::Panel : public QLabel {
     }
 
     QString whole_;
+    int leastWidth_ = 0;
 };
 
 StatusPanels::StatusPanels(int panels, QWidget* parent) : QWidget(parent) {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(2, 0, 2, 0);
     row->setSpacing(2);
+    // A long text must not make the window wider.
+    row->setSizeConstraint(QLayout::SetNoConstraint);
     for (int i = 0; i < panels; ++i) {
         auto* panel = new Panel(this);
         panel->setTextFormat(Qt::PlainText);
@@ -94,9 +116,9 @@ std::string StatusPanels::Tag(int panel) const {
 
 void StatusPanels::SetMinimumPanelWidth(int panel, int width, int share) {
     Panel& one = At(panel);
-    one.setMinimumWidth(width);
     static_cast<QHBoxLayout*>(layout())->setStretchFactor(&one, share);
     one.setSizePolicy(share == 0 ? QSizePolicy::Fixed : QSizePolicy::Ignored,
                       QSizePolicy::Preferred);
     if (share == 0) one.setFixedWidth(width);
+    one.SetLeastWidth(width);
 }

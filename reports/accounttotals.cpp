@@ -1,6 +1,7 @@
 #include "reports/accounttotals.h"
 
 #include "app/frmPPM.h"
+#include "app/rules/modes.h"
 #include "base/error.h"
 #include "fundfile/datasource.h"
 #include "fundfile/queries.h"
@@ -10,7 +11,6 @@
 
 #include <QAction>
 #include <QEvent>
-#include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QSignalBlocker>
@@ -43,9 +43,7 @@ std::vector<std::string> AccountTotals::AccountNames() {
 void AccountTotals::mnuTotal_Click() {
     if (!window.LeaveHoldingsGrid()) return;
     FillAccountList();
-    window.panTotal->show();
-    window.panTotal->raise();
-    window.lstTotal->setFocus();
+    window.Put(AfterTotalsMenu(window.State()));
     // The first key press leads to the first line.
     window.lstTotal->setCurrentRow(-1);
 }
@@ -75,12 +73,13 @@ void AccountTotals::lstTotal_Click() {
     Totals totals;
     Skipping skip;
     skip([&] { totals = PanelTotals(RowsOf(account)); });
-    SetCaption(window.lblTotal, PanelText(account, totals));
-    window.lblTotal->show();
+    window.totals = PanelText(account, totals);
+    window.ShowState();
 }
 
 void AccountTotals::lblTotal_Click() {
-    SetCaption(window.lblTotal, "");
+    window.totals.clear();
+    window.ShowState();
 }
 
 std::string AccountTotals::BuildAccountTotals(std::string_view accountName) {

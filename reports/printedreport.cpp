@@ -1,9 +1,13 @@
 #include "reports/printedreport.h"
 
 #include "app/frmPPM.h"
+#include "app/rules/modes.h"
+#include "base/daynumber.h"
 #include "base/error.h"
+#include "base/number.h"
 #include "diagram/diagramview.h"
 #include "diagram/rules/stroke.h"
+#include "diagram/rules/timewindow.h"
 #include "fundfile/datasource.h"
 #include "fundfile/records.h"
 #include "platform/caption.h"
@@ -12,12 +16,11 @@
 #include "reports/texts.h"
 
 #include <QAction>
-#include <QGroupBox>
 #include <QImage>
-#include <QLabel>
 #include <QListWidget>
 #include <QRectF>
 
+#include <algorithm>
 #include <filesystem>
 #include <string_view>
 
@@ -77,9 +80,7 @@ void PrintedReport::mnuPrint_Click() {
     } catch (const Error& error) {
         Report(texts::PrintFailed, texts::PrintFailedLog, error);
     }
-    window.panTotal->hide();
-    SetCaption(window.lblTotal, "");
-    window.picDiagram->setFocus();
+    window.Put(AfterPrinting(window.State()));
 }
 
 void PrintedReport::PrintReport() {
@@ -108,15 +109,14 @@ void PrintedReport::PrintDiagram(PrinterPage& page) {
 ::Report PrintedReport::Contents() {
     ::Report report;
     report.title = Title();
-    report.today = Caption(window.lblPanDatum);
-    for (std::size_t i = 0; i < report.diagram.scale.size(); ++i) {
-        report.diagram.scale[i] = Caption(window.lblVertical[static_cast<int>(i) + 1]);
-    }
-    for (std::size_t i = 0; i < report.diagram.months.size(); ++i) {
-        report.diagram.months[i] = Caption(window.lblMonth[static_cast<int>(i) + 1]);
-    }
-    report.diagram.leftYear = Caption(window.lbLeftYear);
-    report.diagram.rightYear = Caption(window.lblRightYear);
+    report.today = DateText(window.TodayDay);
+    const std::vector<std::int32_t> scale = ScaleLabels(window.drawnScale);
+    std::transform(scale.begin(), scale.end(), report.diagram.scale.begin(),
+                   [](std::int32_t value) { return PlainText(value); });
+    const WindowLabels labels = LabelsOf(window.WindowStartDay, window.MonthNames);
+    std::copy(labels.months.begin(), labels.months.end(), report.diagram.months.begin());
+    report.diagram.leftYear = labels.leftYear;
+    report.diagram.rightYear = labels.rightYear;
     if (window.dtaBasData->IsAttached()) report.holdings = ReadHoldings(*window.dtaBasData);
     report.totals = Totals();
     return report;

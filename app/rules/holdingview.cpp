@@ -24,12 +24,15 @@ std::string ShownFixed(std::optional<double> number, int decimals) {
 std::array<std::string, 10> Labels(const HoldingRow& row, const std::optional<SavedValues>& saved) {
     const std::string day = ShownDay(row.bokfortDatum);
     const std::string shares = ShownFixed(row.fondandelar, kShareDecimals);
-    const std::string part = Shown(row.andel);
+    const std::string part = ShownNumber(row.andel);
+    const std::string fondNr = row.fondNr.empty() ? Text(texts::NoValue) : row.fondNr;
     if (!saved) {
-        return {row.fondNr, day, shares, ShownFixed(row.vardeKr, kAmountDecimals), part};
+        return {fondNr, day, shares, ShownFixed(row.vardeKr, kAmountDecimals), part};
     }
-    return {row.fondNr, saved->date, saved->shares, saved->price,       saved->value,
-            "",         day,         shares,        Shown(row.vardeKr), part};
+    return {fondNr,       saved->date,  saved->shares,
+            saved->price, saved->value, "",
+            day,          shares,       ShownNumber(row.vardeKr),
+            part};
 }
 
 }  // namespace
@@ -43,6 +46,7 @@ HoldingView ViewOf(const HoldingRow& row, std::string_view line) {
     view.windowCaption = Text(texts::WindowCaptionOfFund) + row.fond + Text(texts::LastUpdate) +
                          (row.senasteDag ? DateText(*row.senasteDag) : "");
     view.colourNumber = PlainText(row.kontoId);
+    view.colour = CurveColour(row.plottFarg, row.kontoId);
     view.status = StatusOf(row);
     return view;
 }
@@ -54,8 +58,12 @@ StatusTexts StatusOf(const HoldingRow& row) {
     status.startPrice = StartPriceText(status.startPriceTag);
     const bool known = !row.senasteKurs.empty() && row.senasteKurs != kNoLatestPrice;
     status.latestPrice = known ? row.senasteKurs : Text(texts::NoLatestPrice);
-    status.change = known ? row.procent : Text(texts::NoPercent);
-    status.value = known ? row.kursVarde : Text(texts::NoValue);
+    // A new holding has a price and no change yet.
+    const auto orElse = [known](const std::string& text, std::string_view none) {
+        return known && !text.empty() ? text : Text(none);
+    };
+    status.change = orElse(row.procent, texts::NoPercent);
+    status.value = orElse(row.kursVarde, texts::NoValue);
     return status;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 // What the window shows of the holding that is open: labels, headings, captions and status panels.
 
+#include "fundfile/rules/curvecolour.h"
 #include "fundfile/rules/holding.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,7 +21,8 @@ struct HoldingView {
     std::array<std::string_view, 10> headings;  ///< the small heading over each
     std::string frameCaption;                   ///< fraStartData
     std::string windowCaption;
-    std::string colourNumber;  ///< lblColorNr
+    std::string colourNumber;      ///< lblColorNr
+    std::optional<Colour> colour;  ///< shaPlottColor; none leaves it empty
     StatusTexts status;
     bool operator==(const HoldingView&) const = default;
 };

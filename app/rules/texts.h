@@ -20,6 +20,30 @@ inline constexpr std::string_view NoPercent = "%";
 inline constexpr std::string_view NoValue = "-";
 inline constexpr std::string_view Percent = " %";
 
+// The fund list, by what it is for, and the instruction under it
+inline constexpr std::string_view ListForPrices = "Ny DagsKurs för...";
+inline constexpr std::string_view ChooseColourFor = "Välj Färg för Fond  <Enter>";
+inline constexpr std::string_view ChooseColourInfo =
+    "Välj ovan vilken plottfärg du vill ändra. "
+    "Tryck <Enter> när du gjort ditt val";
+inline constexpr std::string_view ChooseCurves = "Välj Fonder att rita";
+inline constexpr std::string_view ChooseCurvesInfo =
+    "Välj ovan vilka kurvor du vill plotta."
+    "Tryck Diagramknappen eller F12 när du är färdig";
+inline constexpr std::string_view NoCurvesChosen = "Inga kurvor valda: F12";
+
+inline constexpr std::string_view ToDiagram = "&Diagram";
+inline constexpr std::string_view ToHoldings = "&PPM Data";
+
+inline constexpr std::string_view ShowDays = "Visa Dag för Dag";
+inline constexpr std::string_view ShowWeeks = "Visa Vecka för Vecka";
+inline constexpr std::string_view ShowMonths = "Visa Månad för Månad";
+
+/// Two years and one more January, so that twelve months never wrap; the tag of lblMonth(1), too.
+inline constexpr std::string_view MonthNames =
+    "Jan|Feb|Mars|April|Maj|Juni|Juli|Aug|Sep|Okt|Nov|Dec|"
+    "Jan|Feb|Mars|April|Maj|Juni|Juli|Aug|Sep|Okt|Nov|Dec|Jan";
+
 // Over the start data labels 0 to 9: a holding as it was bought ...
 inline constexpr std::array<std::string_view, 10> HeadingsOfStart = {
     "Fond Nr", "Datum", "Andelar", "Värde kr", "Andel %", "", "", "", "", ""};

@@ -7,11 +7,6 @@
 #include <span>
 #include <string>
 
-/// What a step along the time axis may be, in days.
-namespace daystep {
-inline constexpr std::int32_t kDay = 1, kWeek = 7, kMonth = 30;
-}
-
 enum class WindowMove { OneMonthAhead, QuarterBack, YearBack, QuarterAhead, YearAhead };
 
 /// The start of the window after a move: the first of the month that a fixed number of days leads

@@ -46,6 +46,6 @@ std::string DeletionEntry(const HoldingRow& row, std::string_view today) {
     return string(today) + string(texts::LineBreak) + string(texts::Deleted) + row.namn + " " +
            row.fond + string(texts::LineBreak) + row.fondNr + string(texts::AfterDeletedNumber) +
            ShownDay(row.bokfortDatum) + string(texts::AfterDeletedDate) + string(texts::LineBreak) +
-           Shown(row.fondandelar) + string(texts::AtPrice) + Shown(row.kursKr) +
+           ShownNumber(row.fondandelar) + string(texts::AtPrice) + ShownNumber(row.kursKr) +
            string(texts::AfterDeletedPrice) + value + string(texts::AfterDeletedValue);
 }

@@ -86,6 +86,10 @@ Colour NewCurveColour(std::int32_t kontoId) {
     return colour;
 }
 
+Colour CurveColour(std::optional<std::int32_t> value, std::int32_t kontoId) {
+    return value ? ColourFromValue(*value) : NewCurveColour(kontoId);
+}
+
 double Contrast(Colour one, Colour other) {
     const auto [darker, lighter] = std::minmax({Luminance(one), Luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);

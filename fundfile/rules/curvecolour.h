@@ -2,6 +2,7 @@
 // Colours of curves: how the file keeps one, and which one a new holding gets.
 
 #include <cstdint>
+#include <optional>
 
 struct Colour {
     std::uint8_t red = 0, green = 0, blue = 0;
@@ -20,6 +21,10 @@ inline constexpr Colour kDiagramGround{253, 253, 250};
 /// next, so that no two near ones look alike, and is always dark enough to be read on
 /// kDiagramGround.
 Colour NewCurveColour(std::int32_t kontoId);
+
+/// The colour a holding's curve is drawn, shown and offered in: the file's, or the new curve's
+/// where the file has none.
+Colour CurveColour(std::optional<std::int32_t> value, std::int32_t kontoId);
 
 /// How far two colours are apart in lightness: 1 (the same) to 21 (black on white).
 double Contrast(Colour one, Colour other);

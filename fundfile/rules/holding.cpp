@@ -3,7 +3,7 @@
 #include "base/daynumber.h"
 #include "base/number.h"
 
-std::string Shown(std::optional<double> number) {
+std::string ShownNumber(std::optional<double> number) {
     return number ? PlainText(*number) : "";
 }
 

@@ -27,7 +27,7 @@ struct HoldingRow {
     std::string kontoinnehavare;               ///< 8 or 9
     std::string kontonummer;                   ///< 9 or 8
     std::string namn;                          ///< 10
-    std::int32_t plottFarg = 0;                ///< 11
+    std::optional<std::int32_t> plottFarg;     ///< 11
     std::optional<std::int32_t> senasteDag;    ///< 12, a day number
     std::string senasteKurs;                   ///< 13
     std::string procent;                       ///< 14
@@ -39,5 +39,5 @@ struct HoldingRow {
 };
 
 /// A column as it is shown without a format: plain text, a date as yyyy-mm-dd, nothing as "".
-std::string Shown(std::optional<double> number);
+std::string ShownNumber(std::optional<double> number);
 std::string ShownDay(std::optional<std::int32_t> day);

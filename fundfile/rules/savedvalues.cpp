@@ -13,8 +13,8 @@ std::optional<SavedValues> ParseSavedValues(std::string_view column) {
 
 std::string SavedValuesText(const HoldingRow& row) {
     std::string text;
-    for (const auto& value : {ShownDay(row.bokfortDatum), Shown(row.fondandelar), Shown(row.kursKr),
-                              Shown(row.vardeKr)}) {
+    for (const auto& value : {ShownDay(row.bokfortDatum), ShownNumber(row.fondandelar),
+                              ShownNumber(row.kursKr), ShownNumber(row.vardeKr)}) {
         text += value + std::string(kSavedValueEnd);
     }
     return text;

@@ -68,8 +68,8 @@ std::string Whole(const std::string& amount) {
 std::array<TableLine, 2> HoldingLines(const HoldingRow& row) {
     const auto saved = ParseSavedValues(row.sparadeVarden);
     const StatusTexts status = StatusOf(row);
-    const std::string price = saved ? saved->price : Shown(row.kursKr);
-    const std::string value = saved ? saved->value : Shown(row.vardeKr);
+    const std::string price = saved ? saved->price : ShownNumber(row.kursKr);
+    const std::string value = saved ? saved->value : ShownNumber(row.vardeKr);
     return {
         TableLine{{11, row.namn},
                   {40, PlainText(row.kontoId) + "."},

@@ -54,6 +54,19 @@ TEST(StatusPanels, ALongTextIsElidedAndShownWholeAsTooltip) {
     EXPECT_EQ(FromQt(labels[0]->text()), text);
 }
 
+TEST(StatusPanels, ATextTakesTheRoomThatItsNeighboursSpare) {
+    StatusPanels bar(3);
+    for (int panel = 1; panel <= 3; ++panel) bar.SetMinimumPanelWidth(panel, 60, 1);
+    bar.show();
+    const QList<QLabel*> labels = bar.findChildren<QLabel*>();
+    const QString text = QStringLiteral("Senaste : 190,29");
+    bar.resize(labels[1]->fontMetrics().horizontalAdvance(text) + 180, 24);
+    bar.SetText(2, FromQt(text));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(labels[1]->text(), text);
+    EXPECT_GE(labels[0]->width(), 60);
+}
+
 TEST(StatusPanels, ATextNeverMakesAPanelWider) {
     StatusPanels bar(2);
     const int before = bar.minimumSizeHint().width();

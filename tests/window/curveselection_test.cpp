@@ -11,6 +11,7 @@
 #include <QPalette>
 
 #include <chrono>
+#include <functional>
 #include <set>
 
 namespace {
@@ -244,6 +245,48 @@ TEST_F(CurveSelectionTest, TheHoldingsGridEndsAModeAndBlocksThePriceButton) {
     EXPECT_FALSE(Window().cmdFondList->isEnabled());
     Click(Window().cmdPPMData);
     EXPECT_TRUE(Window().cmdFondList->isEnabled());
+}
+
+TEST_F(CurveSelectionTest, EveryWayOutOfAModeEndsAllOfIt) {
+    const std::vector<std::function<void()>> ways = {
+        [this] { Press(Qt::Key_F8); },
+        [this] { Click(Window().imgScreen); },
+        [this] {
+            Press(Qt::Key_F9);
+            Press(Qt::Key_F9);
+        },
+        [this] {
+            Window().lstFonder->setFocus();
+            Press(Qt::Key_Return);
+        },
+        [this] { Press(Qt::Key_F11); },
+        [this] { Press(Qt::Key_Escape); },
+        [this] { Press(Qt::Key_Left); },
+        [this] { Window().mnuTotal->trigger(); },
+        [this] { Window().mnuPEdit->trigger(); },
+        [this] { Window().mnuAll->trigger(); },
+        [this] { Click(Window().cmdPPMData); },
+    };
+    for (std::size_t way = 0; way < ways.size(); ++way) {
+        for (const int chosen : {0, 1, 2}) {
+            Start();
+            Press(Qt::Key_F11);
+            Press(Qt::Key_F12);
+            for (int row = 1; row <= chosen; ++row) ChooseFund(row);
+            ways[way]();
+            const std::string what = "way " + std::to_string(way) + ", " + std::to_string(chosen);
+            EXPECT_FALSE(Labels().empty()) << what;
+            EXPECT_FALSE(ListShown()) << what;
+            EXPECT_EQ(ListCaption(), "") << what;
+            EXPECT_EQ(CurvesTag(), "0") << what;
+            EXPECT_EQ(ColourTag(), "0") << what;
+            EXPECT_EQ(Caption(Window().lblGrafNr), "") << what;
+            EXPECT_TRUE(Window().lblPlottInfo->isHidden()) << what;
+            EXPECT_EQ(Window().lstFonder->palette().color(QPalette::Text), QColor(look::kListGreen))
+                << what;
+            EXPECT_EQ(Window().cmdFondList->isEnabled(), !Window().panBasData->isVisible()) << what;
+        }
+    }
 }
 
 TEST_F(CurveSelectionTest, TheKeysDoNothingWhileTheButtonsAreHidden) {

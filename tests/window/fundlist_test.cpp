@@ -4,6 +4,8 @@
 #include "app/swatch.h"
 #include "entry/texts.h"
 #include "fundfile/datasource.h"
+#include "fundfile/editrow.h"
+#include "fundfile/schema.h"
 #include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
 
@@ -19,6 +21,7 @@
 #include <QRect>
 #include <QToolTip>
 
+#include <functional>
 #include <utility>
 
 namespace {
@@ -28,6 +31,15 @@ class FundListTest : public WindowTest {
     void StartWith(const std::vector<TestHolding>& holdings) {
         MakeFile(holdings);
         Start();
+    }
+    /// F11 closes the list and shows the two buttons.
+    void StartChoosingCurves() {
+        Press(Qt::Key_F11);
+        Press(Qt::Key_F12);
+    }
+    void StartChoosingColour() {
+        Press(Qt::Key_F11);
+        Press(Qt::Key_F9);
     }
 };
 
@@ -69,7 +81,7 @@ TEST_F(FundListTest, HoldingWithSavedValuesShowsThemAndThePresentOnes) {
                                                "",        "2026-02-10", "25,5000", "1000", "50"};
     for (int i = 0; i <= 9; ++i) EXPECT_EQ(FraData(i), expected[static_cast<std::size_t>(i)]) << i;
     EXPECT_EQ(Status(3), "Startkurs : 50");
-    EXPECT_FLOAT_EQ(Window().markers.StartPrice(), 50);
+    EXPECT_DOUBLE_EQ(Window().holding->startPrice, 50);
 }
 
 TEST_F(FundListTest, EveryValueHasAHeadingAndNothingElseHas) {
@@ -189,7 +201,7 @@ TEST_F(FundListTest, ArrowKeysInTheListOpenTheFundTheyReach) {
 
 TEST_F(FundListTest, SameFundTwiceWhileCollectingIsMarkedOnce) {
     StartWith(ManyHoldings(12));
-    Window().markers.StartCollectingCurves();
+    StartChoosingCurves();
     ChooseFund(1);
     ChooseFund(1);
     ChooseFund(10);
@@ -212,13 +224,13 @@ TEST_F(FundListTest, EnterOpensTheFundAndGoesToThePrice) {
 TEST_F(FundListTest, EnterWhileAColourIsChosenStoresIt) {
     StartWith(TwoHoldings());
     ChooseFund(1);
-    Window().markers.StartChoosingColour();
+    StartChoosingColour();
     outside.dialogs.ExpectColour(Rgb{0x00, 0x40, 0xA0}, Rgb{10, 20, 30});
     Window().lstFonder->setFocus();
     Press(Qt::Key_Return);
     EXPECT_EQ(Holding(1, 11), std::to_string(10 + 20 * 256 + 30 * 65536));
     EXPECT_EQ(Window().shaPlottColor->FillColour(), QColor(10, 20, 30));
-    EXPECT_FALSE(Window().markers.ChoosingColour());
+    EXPECT_EQ(Tag(Window().imgColor), "0");
     EXPECT_FALSE(Window().panListFonder->isVisible());
     ASSERT_EQ(Window().picDiagram->Drawings().size(), 1U);
     EXPECT_EQ(Window().picDiagram->Drawings()[0].colour, (Colour{10, 20, 30}));
@@ -228,12 +240,12 @@ TEST_F(FundListTest, EnterWhileAColourIsChosenStoresIt) {
 TEST_F(FundListTest, ColourDialogThatIsCancelledKeepsTheColour) {
     StartWith(TwoHoldings());
     ChooseFund(1);
-    Window().markers.StartChoosingColour();
+    StartChoosingColour();
     outside.dialogs.ExpectColour(std::nullopt);
     Window().lstFonder->setFocus();
     Press(Qt::Key_Return);
     EXPECT_EQ(Holding(1, 11), std::to_string(0xA04000));
-    EXPECT_FALSE(Window().markers.ChoosingColour());
+    EXPECT_EQ(Tag(Window().imgColor), "0");
 }
 
 TEST_F(FundListTest, ClearingEmptiesPanelStatusAndMarks) {
@@ -249,7 +261,7 @@ TEST_F(FundListTest, ClearingEmptiesPanelStatusAndMarks) {
           static_cast<QWidget*>(Window().lblPlottInfo)}) {
         shown->show();
     }
-    Window().markers.StartCollectingCurves();
+    StartChoosingCurves();
     Window().ClearFundPanel();
     EXPECT_TRUE(Window().panTotal->isHidden());
     EXPECT_TRUE(Window().txtGrid->isHidden());
@@ -266,9 +278,8 @@ TEST_F(FundListTest, ClearingEmptiesPanelStatusAndMarks) {
     for (int i = 0; i <= 9; ++i) EXPECT_EQ(FraData(i), "") << i;
     EXPECT_EQ(Caption(Window().lblXCord), "");
     EXPECT_EQ(Caption(Window().lblYCord), "");
-    EXPECT_FALSE(Window().markers.CollectingCurves());
-    EXPECT_FALSE(Window().markers.SingleFundShown());
-    EXPECT_FALSE(Window().markers.HoldingChosen());
+    EXPECT_EQ(Tag(Window().imgGrafNr), "0");
+    EXPECT_EQ(Tag(Window().panListFonder), "");
     EXPECT_FALSE(Window().lblColorNr->isVisible());
     EXPECT_FALSE(Window().shaPlottColor->FillColour().isValid());
 }
@@ -282,7 +293,7 @@ TEST_F(FundListTest, ShowAllDrawsEveryFundOneStepOut) {
     EXPECT_EQ(Window().ScaleTop, 30);
     EXPECT_EQ(Window().ScaleBottom, -20);
     EXPECT_FALSE(Window().panListFonder->isVisible());
-    EXPECT_FALSE(Window().markers.SingleFundShown());
+    EXPECT_EQ(Tag(Window().panListFonder), "");
     EXPECT_EQ(FraData(0), "");
 }
 
@@ -296,14 +307,108 @@ TEST_F(FundListTest, ScreenButtonShowsTheStoredCurvesOnTheirScale) {
     EXPECT_EQ(FraData(0), "");
 }
 
-TEST_F(FundListTest, ScreenButtonWithOneListedCurveKeepsTheFundPanel) {
+TEST_F(FundListTest, ScreenButtonWithOneListedCurveOpensThatFund) {
     auto holdings = TwoHoldings();
     holdings[0].skala = "2./15/-10";
     StartWith(holdings);
     ChooseFund(0);
     Click(Window().imgScreen);
-    EXPECT_EQ(FraData(0), "249 995");
+    EXPECT_EQ(FraData(0), "468 024");
+    EXPECT_EQ(Window().lstFonder->currentRow(), 1);
     EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{2});
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
+    TypePrice("60");
+    EXPECT_EQ(Holding(0, 16), "2./15/-10") << "the other fund's scale is its own";
+    EXPECT_EQ(PointsOf(2).back().value, 20);
+}
+
+TEST_F(FundListTest, ScreenButtonWithoutListedCurvesKeepsTheOpenFundAndItsCurve) {
+    auto holdings = TwoHoldings();
+    holdings[0].skala = "./15/-10";
+    StartWith(holdings);
+    ChooseFund(1);
+    Press(Qt::Key_F8);
+    EXPECT_EQ(FraData(0), "468 024");
+    EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{2});
+    ASSERT_EQ(Window().picDiagram->Drawings().size(), 1U);
+    EXPECT_EQ(Window().picDiagram->Drawings()[0].label, "2");
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
+}
+
+TEST_F(FundListTest, ScreenButtonWithNothingToDrawSaysWhatToDo) {
+    auto holdings = TwoHoldings();
+    holdings[0].skala = "./15/-10";
+    StartWith(holdings);
+    Press(Qt::Key_F8);
+    EXPECT_EQ(Window().picDiagram->QuietLine(), ToQt("Inga kurvor valda: F12"));
+    ChooseFund(0);
+    EXPECT_EQ(Window().picDiagram->QuietLine(), QString());
+}
+
+TEST_F(FundListTest, AHoldingWithoutAColourIsShownAndOfferedInTheCurvesOwn) {
+    auto holdings = TwoHoldings();
+    StartWith(holdings);
+    Window().dtaBasData->MoveTo(1);
+    EditRow(*Window().dtaBasData,
+            [](DataSource& row) { row.Set(schema::holding::kPlottFarg, jet::Value()); });
+    ChooseFund(1);
+    const Colour own = Window().picDiagram->Drawings().at(0).colour;
+    EXPECT_EQ(Window().shaPlottColor->FillColour(), QColor(own.red, own.green, own.blue));
+    StartChoosingColour();
+    outside.dialogs.ExpectColour(Rgb{own.red, own.green, own.blue}, std::nullopt);
+    Press(Qt::Key_Return);
+}
+
+TEST_F(FundListTest, AHoldingWithoutANumberIsOpenedAndPriced) {
+    auto holdings = TwoHoldings();
+    holdings[1].fondNr = "";
+    StartWith(holdings);
+    ChooseFund(1);
+    EXPECT_EQ(FraData(0), "-");
+    TypePrice("60");
+    EXPECT_EQ(PointsOf(2).back().value, 20);
+    EXPECT_EQ(Status(4), "Senaste : 60,00");
+}
+
+TEST_F(FundListTest, ANewHoldingHasNoChangeAndNoValueYet) {
+    auto holdings = TwoHoldings();
+    holdings[1].senasteKurs = "Senaste : 50";
+    holdings[1].procent = "";
+    holdings[1].kursVarde = "";
+    StartWith(holdings);
+    ChooseFund(1);
+    EXPECT_EQ(Status(4), "Senaste : 50");
+    EXPECT_EQ(Status(5), "%");
+    EXPECT_EQ(Status(6), "-");
+}
+
+TEST_F(FundListTest, CaptionAndReadingGoWithTheFundTheyAreOf) {
+    const std::vector<std::function<void()>> events = {[this] { Press(Qt::Key_F8); },
+                                                       [this] { Window().mnuAll->trigger(); },
+                                                       [this] {
+                                                           Press(Qt::Key_F11);
+                                                           Press(Qt::Key_F11);
+                                                       }};
+    StartWith(TwoHoldings());
+    for (const auto& event : events) {
+        ChooseFund(0);
+        QTest::mouseClick(Window().picDiagram, Qt::LeftButton);
+        ASSERT_NE(Caption(Window().lblXCord), "");
+        event();
+        EXPECT_EQ(Caption(&Window()), "  Kvarnbo  ");
+        EXPECT_EQ(Caption(Window().lblXCord), "");
+        EXPECT_EQ(Caption(Window().lblYCord), "");
+        if (Window().panListFonder->isHidden()) Press(Qt::Key_F11);
+    }
+}
+
+TEST_F(FundListTest, ScrollingForgetsTheReadingAndKeepsTheFund) {
+    StartWith(TwoHoldings());
+    ChooseFund(0);
+    QTest::mouseClick(Window().picDiagram, Qt::LeftButton);
+    Press(Qt::Key_Left);
+    EXPECT_EQ(Caption(Window().lblXCord), "");
+    EXPECT_NE(Caption(&Window()), "  Kvarnbo  ");
 }
 
 TEST_F(FundListTest, ScreenButtonInAnEmptyFileDoesNothing) {

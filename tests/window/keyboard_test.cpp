@@ -4,6 +4,7 @@
 #include "base/daynumber.h"
 #include "tests/window/windowtest.h"
 
+#include <QAction>
 #include <QColor>
 #include <QGroupBox>
 #include <QImage>
@@ -88,7 +89,7 @@ TEST_F(KeyboardTest, TheLineThatTheMarkStandsOnHasAFrame) {
 }
 
 TEST_F(KeyboardTest, KeysAreLeftAloneWhileAGridShows) {
-    Window().panPlottData->show();
+    Window().mnuPEdit->trigger();
     Press(Qt::Key_Left);
     EXPECT_EQ(Month(), "2025-04-01");
     Press(Qt::Key_F11);
@@ -123,8 +124,9 @@ TEST_F(KeyboardTest, PlusAndMinusZoomEverywhere) {
 }
 
 TEST_F(KeyboardTest, MinusCanBeTypedInThePlotDataButPlusZooms) {
-    Window().panPlottData->show();
+    Window().mnuPEdit->trigger();
     Window().txtTranslate->setFocus();
+    SetCaption(Window().txtTranslate, "");
     Type("1-2");
     EXPECT_EQ(Caption(Window().txtTranslate), "1-2");
     const int top = Window().ScaleTop;

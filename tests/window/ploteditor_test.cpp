@@ -134,7 +134,7 @@ TEST_F(PlotEditorTest, WhileTheGridIsHeldNothingIsDrawn) {
     StartWith({With({{46024, 0}, {46325, 10}})});
     ChooseFund(0);
     Open();
-    Window().markers.HoldGridRedraw();
+    Window().storingPoint = true;
     Go(1, YCord);
     Keys("14");
     const QImage before = Window().picDiagram->grab().toImage();

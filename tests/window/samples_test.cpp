@@ -52,7 +52,7 @@ TEST_P(SampleFiles, OpensAndTakesAPriceThatAnotherReaderSees) {
     if (Window().lstFonder->count() == 0) return;  // the empty template takes no price
 
     ChooseFund(1);
-    const float start = Window().markers.StartPrice();
+    const auto start = static_cast<float>(Window().holding->startPrice);
     ASSERT_GT(start, 0);
     TypePrice(
         "0,01");  // a fall of just about 100 %: the percentage is known whatever the start price

@@ -122,7 +122,7 @@ TEST_F(StartUpTest, OneHoldingIsOpenedAtOnce) {
     MakeFile(ManyHoldings(1));
     Start();
     EXPECT_EQ(FraData(0), "249 995");
-    EXPECT_TRUE(Window().markers.SingleFundShown());
+    EXPECT_EQ(Tag(Window().panListFonder), "idxY");
     EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{1});
 }
 
@@ -131,7 +131,7 @@ TEST_F(StartUpTest, SeveralHoldingsHighlightTheFirstLineWithoutOpeningIt) {
     Start();
     EXPECT_EQ(Window().lstFonder->currentRow(), 0);
     EXPECT_EQ(FraData(0), "");
-    EXPECT_FALSE(Window().markers.SingleFundShown());
+    EXPECT_EQ(Tag(Window().panListFonder), "");
 }
 
 TEST_F(StartUpTest, NumbersBelowTenHaveALeadingBlankInTheList) {

@@ -33,7 +33,7 @@ class ToolsTest : public WindowTest {
     std::string Command(const char* program, const char* file) {
         return std::string(program) + Window().AppFolder + file;
     }
-    void ShowCalculators() { Window().panPlottData->show(); }
+    void ShowCalculators() { Window().mnuPEdit->trigger(); }
     void Fill(EntryField* box, const char* text) {
         box->setFocus();
         box->selectAll();

@@ -98,7 +98,7 @@ TEST(HoldingView, WithoutALatestPriceShowsTheEmptySummary) {
 
 TEST(HoldingView, OfARowWithoutValuesIsEmptyAndDoesNotFail) {
     const HoldingView view = ViewOf(HoldingRow{}, " 1. ");
-    EXPECT_EQ(view.labels, Ten{});
+    EXPECT_EQ(view.labels, Ten{"-"}) << "an empty number is shown as one";
     EXPECT_EQ(view.status.startPrice, "Startkurs : 0");
 }
 

@@ -57,8 +57,8 @@ TEST(StartPrice, IsZeroWhenItIsMissingOrNoNumber) {
 }
 
 TEST(Holding, ShowsAColumnAsItIs) {
-    EXPECT_EQ(Shown(12.5), "12,5");
-    EXPECT_EQ(Shown(std::nullopt), "");
+    EXPECT_EQ(ShownNumber(12.5), "12,5");
+    EXPECT_EQ(ShownNumber(std::nullopt), "");
     EXPECT_EQ(ShownDay(38772), "2006-02-24");
     EXPECT_EQ(ShownDay(std::nullopt), "");
 }

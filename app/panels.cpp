@@ -1,0 +1,192 @@
+#include "app/panels.h"
+
+#include "app/imagebutton.h"
+#include "app/look.h"
+#include "app/swatch.h"
+#include "diagram/diagramview.h"
+#include "diagram/strokepainter.h"
+#include "platform/boundfield.h"
+#include "platform/caption.h"
+#include "platform/commondialog.h"
+#include "platform/datagrid.h"
+#include "platform/entryfield.h"
+#include "platform/statuspanels.h"
+#include "platform/tag.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+
+#include <string_view>
+
+namespace {
+
+/// The box of a notice that its date is typed in.
+constexpr int kNoticeDate = 2;
+
+void Write(QObject* control, std::string_view caption) {
+    if (Caption(control) != caption) SetCaption(control, caption);
+}
+
+void Mark(QObject* control, std::string_view tag) {
+    if (Tag(control) != tag) SetTag(control, tag);
+}
+
+/// Shows (`which` true) or hides one control if that is what it should be and is not yet.
+void Turn(QWidget* control, bool visible, bool which) {
+    if (visible != which || control->isHidden() != visible) return;
+    control->setVisible(visible);
+    if (visible && qobject_cast<QGroupBox*>(control) != nullptr) control->raise();
+}
+
+template <typename Control>
+void TurnOn(Control* control, bool enabled, bool which) {
+    if (enabled == which && control->isEnabled() != enabled) control->setEnabled(enabled);
+}
+
+}  // namespace
+
+void Panels::Show(const Shown& shown) {
+    ShowFundPanel(shown.view);
+    ShowCaptions(shown.captions);
+    ShowTags(shown.tags);
+    ShowListColour(shown.listColour);
+    if (shown.typedPrice == TypedPrice::Cleared) Write(controls_.txtValue, "");
+    Enable(shown.enabled, true);
+    Reveal(shown.visible, true);
+    GiveFocus(shown.focus);
+    KeepFocusInSight(shown);
+    Reveal(shown.visible, false);
+    Enable(shown.enabled, false);
+}
+
+void Panels::ShowCaptions(const Shown::Captions& captions) {
+    Write(&window_, captions.frmPPM);
+    Write(controls_.lblPanDatum, captions.lblPanDatum);
+    Write(controls_.panListFonder, captions.panListFonder);
+    Write(controls_.lblGrafNr, captions.lblGrafNr);
+    Write(controls_.lblPlottInfo, captions.lblPlottInfo);
+    Write(controls_.cmdPPMData, captions.cmdPPMData);
+    Write(controls_.mnuVeckor, captions.mnuVeckor);
+    Write(controls_.mnuMonth, captions.mnuMonth);
+    Write(controls_.lblTotal, captions.lblTotal);
+    Write(controls_.lblXCord, captions.lblXCord);
+    Write(controls_.lblYCord, captions.lblYCord);
+    controls_.picDiagram->SetQuietLine(ToQt(captions.picDiagram));
+}
+
+void Panels::ShowTags(const Shown::Tags& tags) {
+    Mark(controls_.panListFonder, tags.panListFonder);
+    Mark(controls_.imgGrafNr, tags.imgGrafNr);
+    Mark(controls_.imgColor, tags.imgColor);
+    Mark(controls_.GridPlott, tags.GridPlott);
+    Mark(controls_.DBGrid, tags.DBGrid);
+    controls_.CmDialog->tag = tags.CmDialog;
+}
+
+void Panels::ShowFundPanel(const HoldingView& view) {
+    Write(controls_.fraStartData, view.frameCaption);
+    for (std::size_t i = 0; i < view.labels.size(); ++i) {
+        const int index = static_cast<int>(i);
+        Write(controls_.lblFraData[index], view.labels[i]);
+        Write(controls_.lblFraHeading[index], view.headings[i]);
+    }
+    Write(controls_.lblColorNr, view.colourNumber);
+    const QColor colour = view.colour ? ToQColor(*view.colour) : QColor();
+    if (controls_.shaPlottColor->FillColour() != colour) {
+        controls_.shaPlottColor->SetFillColour(colour);
+    }
+    ShowStatus(view.status);
+}
+
+void Panels::ShowStatus(const StatusTexts& texts) {
+    StatusPanels& bar = *controls_.staBar;
+    const auto write = [&bar](int panel, const std::string& text) {
+        if (bar.Text(panel) != text) bar.SetText(panel, text);
+    };
+    write(statuspanel::kFund, texts.fund);
+    write(statuspanel::kStartPrice, texts.startPrice);
+    write(statuspanel::kLatestPrice, texts.latestPrice);
+    write(statuspanel::kChange, texts.change);
+    write(statuspanel::kValue, texts.value);
+    bar.SetTag(statuspanel::kStartPrice, texts.startPriceTag);
+}
+
+void Panels::ShowListColour(ListUse use) {
+    look::SetTextColour(*controls_.lstFonder,
+                        use == ListUse::Curves ? look::kListCurves : look::kListGreen);
+}
+
+void Panels::Enable(const Shown::Enabled& enabled, bool which) {
+    TurnOn(controls_.mnuArkiv, enabled.mnuArkiv, which);
+    TurnOn(controls_.mnuShow, enabled.mnuShow, which);
+    TurnOn(controls_.mnuPrint, enabled.mnuPrint, which);
+    TurnOn(controls_.cmdFondList, enabled.cmdFondList, which);
+    TurnOn(controls_.cmdNyAndel, enabled.cmdNyAndel, which);
+    TurnOn(controls_.txtValue, enabled.txtValue, which);
+    TurnOn(controls_.picDiagram, enabled.picDiagram, which);
+}
+
+void Panels::Reveal(const Shown::Visible& visible, bool which) {
+    Turn(controls_.panRubrik, visible.panRubrik, which);
+    Turn(controls_.panControl, visible.panControl, which);
+    Turn(controls_.panDiagram, visible.panDiagram, which);
+    Turn(controls_.fraStartData, visible.fraStartData, which);
+    Turn(controls_.panListFonder, visible.panListFonder, which);
+    Turn(controls_.panTotal, visible.panTotal, which);
+    Turn(controls_.panPlottData, visible.panPlottData, which);
+    Turn(controls_.panBasData, visible.panBasData, which);
+    Turn(controls_.imgColor, visible.imgColor, which);
+    Turn(controls_.imgGrafNr, visible.imgGrafNr, which);
+    Turn(controls_.lblGrafNr, visible.lblGrafNr, which);
+    Turn(controls_.lblPlottInfo, visible.lblPlottInfo, which);
+    Turn(controls_.lblColorNr, visible.lblColorNr, which);
+    Turn(controls_.lblFraHint, visible.lblFraHint, which);
+    Turn(controls_.cmdNyAndel, visible.cmdNyAndel, which);
+    Turn(controls_.txtGrid, visible.txtGrid, which);
+    Turn(controls_.fraNyAndel, visible.fraNyAndel, which);
+    Turn(controls_.cmdNyOk, visible.cmdNyOk, which);
+    for (BoundField* box : controls_.txtNyAndel) Turn(box, visible.txtNyAndel, which);
+    Turn(controls_.lblTotal, visible.lblTotal, which);
+}
+
+void Panels::GiveFocus(Focus focus) {
+    switch (focus) {
+        case Focus::Stays:
+            return;
+        case Focus::Picture:
+            return controls_.picDiagram->setFocus();
+        case Focus::FundList:
+            return controls_.lstFonder->setFocus();
+        case Focus::Price:
+            return controls_.txtValue->setFocus();
+        case Focus::Accounts:
+            return controls_.lstTotal->setFocus();
+        case Focus::Points:
+            return controls_.GridPlott->setFocus();
+        case Focus::HoldingsGrid:
+            return controls_.DBGrid->setFocus();
+        case Focus::NoticeDate:
+            return controls_.txtNyAndel[kNoticeDate]->setFocus();
+    }
+}
+
+/// A panel that goes with the focus in it leaves the keys to the price field.
+void Panels::KeepFocusInSight(const Shown& shown) {
+    const QWidget* focused = window_.focusWidget();
+    if (focused == nullptr || !shown.enabled.txtValue) return;
+    const auto goes = [focused](const QWidget* panel, bool visible) {
+        return !visible && !panel->isHidden() && panel->isAncestorOf(focused);
+    };
+    if (goes(controls_.panListFonder, shown.visible.panListFonder) ||
+        goes(controls_.panTotal, shown.visible.panTotal) ||
+        goes(controls_.panPlottData, shown.visible.panPlottData) ||
+        goes(controls_.panBasData, shown.visible.panBasData)) {
+        controls_.txtValue->setFocus();
+    }
+}

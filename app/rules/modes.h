@@ -1,0 +1,43 @@
+#pragma once
+// What each event does to what the window shows. Every way out of a mode ends all of it: the list's
+// use, what was collected, the buttons it blocked. Before the start-up pause has ended only its end
+// changes anything.
+
+#include "app/rules/windowstate.h"
+
+#include <cstdint>
+
+WindowState AfterPause(WindowState state);   ///< the start-up pause has ended
+WindowState AfterEscape(WindowState state);  ///< the plain diagram, whatever covers it
+
+// Buttons and their keys
+WindowState AfterFundListButton(WindowState state);  ///< `cmdFondList`, F11
+WindowState AfterColourButton(WindowState state);    ///< `imgColor`, F9
+WindowState AfterCurvesButton(WindowState state);    ///< `imgGrafNr`, F12
+WindowState AfterScreenButton(WindowState state);    ///< `imgScreen`, F8
+WindowState AfterGridSwitch(WindowState state);      ///< `cmdPPMData`
+WindowState AfterScroll(WindowState state);          ///< `Image4`, `Image5`, the arrow keys
+
+// Menu
+WindowState AfterTotalsMenu(WindowState state);
+WindowState AfterPlotDataMenu(WindowState state);
+WindowState AfterAllCurvesMenu(WindowState state);
+WindowState AfterPrinting(WindowState state);
+/// `hasHoldings` is the opened file's.
+WindowState AfterFileOpened(WindowState state);
+
+// The fund list and the price field
+WindowState AfterLineChosen(WindowState state, std::int32_t kontoId);
+WindowState AfterEnterInList(WindowState state);
+WindowState AfterPriceFocus(WindowState state);
+WindowState WithKeysInList(WindowState state);  ///< if it is open: after a price, for the next
+
+// The notice of new shares
+WindowState AfterNoticeOpened(WindowState state);
+WindowState AfterNoticeClosed(WindowState state);
+
+// Steps that several events share
+WindowState AfterPanelsReset(WindowState state);  ///< no panel beside the diagram
+WindowState AfterGridLeft(WindowState state);     ///< the diagram, if the holdings grid covers it
+WindowState AfterHoldingClosed(WindowState state);
+WindowState AfterHoldingOpened(WindowState state, OpenHolding holding, HoldingView view);

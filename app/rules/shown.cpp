@@ -1,0 +1,134 @@
+#include "app/rules/shown.h"
+
+#include "app/rules/daystep.h"
+#include "app/rules/fundline.h"
+#include "base/daynumber.h"
+#include "base/number.h"
+
+#include <string_view>
+
+namespace {
+
+// The given tags. They are there for whoever looks; nothing of ours asks them.
+constexpr std::string_view kSingleFund = "idxY";
+constexpr std::string_view kStartFile = "Start";
+constexpr std::string_view kCollecting = "1";
+constexpr std::string_view kColour = "2";
+constexpr std::string_view kOff = "0";
+constexpr std::string_view kHeld = "1";
+
+bool ChoosingColour(const WindowState& state) {
+    return Choosing(state) && !CollectingCurves(state);
+}
+
+/// After Enter in the list the instruction's label stands there empty while the holding is open.
+bool ChoiceConfirmed(const WindowState& state) {
+    return state.left == LeftPanel::FundList && state.listUse == ListUse::Nothing && state.holding;
+}
+
+Shown::Visible VisibleIn(const WindowState& state) {
+    const bool started = state.stage != Stage::Starting;
+    const bool notice = state.stage == Stage::SharesNotice;
+    return {.panRubrik = started,
+            .panControl = started,
+            .panDiagram = started,
+            .fraStartData = started,
+            .panListFonder = state.left == LeftPanel::FundList,
+            .panTotal = state.left == LeftPanel::Totals,
+            .panPlottData = state.left == LeftPanel::PlotData,
+            .panBasData = GridShown(state),
+            .imgColor = state.modeButtons,
+            .imgGrafNr = state.modeButtons,
+            .lblGrafNr = CollectingCurves(state) && !state.chosenCurves.empty(),
+            .lblPlottInfo = Choosing(state) || ChoiceConfirmed(state),
+            .lblColorNr = state.holding.has_value(),
+            .lblFraHint = !state.holding,
+            .cmdNyAndel = !notice,
+            .txtGrid = state.gridHelp,
+            .fraNyAndel = notice,
+            .cmdNyOk = notice,
+            .txtNyAndel = notice,
+            .lblTotal = true};
+}
+
+/// What the grid covers takes no keys: neither typed prices nor the way of the Tab key.
+Shown::Enabled EnabledIn(const WindowState& state) {
+    const bool started = state.stage != Stage::Starting;
+    const bool grid = GridShown(state);
+    return {.mnuArkiv = started,
+            .mnuShow = started,
+            .mnuPrint = true,
+            .cmdFondList = !grid && !Choosing(state),
+            .cmdNyAndel = state.hasHoldings,
+            .txtValue = !grid,
+            .picDiagram = !grid};
+}
+
+std::string_view ListCaption(ListUse use) {
+    switch (use) {
+        case ListUse::Nothing:
+            return "";
+        case ListUse::Prices:
+            return texts::ListForPrices;
+        case ListUse::Colour:
+            return texts::ChooseColourFor;
+        case ListUse::Curves:
+            return texts::ChooseCurves;
+    }
+    return "";
+}
+
+std::string_view Instruction(const WindowState& state) {
+    if (!Choosing(state)) return "";
+    return CollectingCurves(state) ? texts::ChooseCurvesInfo : texts::ChooseColourInfo;
+}
+
+std::string CurveNumbers(const WindowState& state) {
+    std::string marks;
+    for (const std::int32_t kontoId : state.chosenCurves) marks += CurveMark(FundLine(kontoId, ""));
+    return marks;
+}
+
+/// The picture has nothing to show, and not because curves are being chosen for it.
+bool NoCurves(const WindowState& state) {
+    return state.hasHoldings && state.SelectedCurves.empty() && !CollectingCurves(state);
+}
+
+Shown::Captions CaptionsIn(const WindowState& state) {
+    const bool days = state.DayStep == daystep::kWeek || state.DayStep == daystep::kMonth;
+    return {.frmPPM = state.caption,
+            .lblPanDatum = DateText(state.TodayDay),
+            .panListFonder = std::string(ListCaption(state.listUse)),
+            .lblGrafNr = CurveNumbers(state),
+            .lblPlottInfo = std::string(Instruction(state)),
+            .cmdPPMData = std::string(GridShown(state) ? texts::ToDiagram : texts::ToHoldings),
+            .mnuVeckor = std::string(days ? texts::ShowDays : texts::ShowWeeks),
+            .mnuMonth = std::string(days ? texts::ShowDays : texts::ShowMonths),
+            .lblTotal = state.totals,
+            .lblXCord = state.reading.date,
+            .lblYCord = state.reading.value,
+            .picDiagram = std::string(NoCurves(state) ? texts::NoCurvesChosen : "")};
+}
+
+Shown::Tags TagsIn(const WindowState& state) {
+    const std::string_view view = state.holding ? kSingleFund : "";
+    return {.panListFonder = std::string(state.choosingStartFile ? kStartFile : view),
+            .imgGrafNr = std::string(CollectingCurves(state) ? kCollecting : kOff),
+            .imgColor = std::string(ChoosingColour(state) ? kColour : kOff),
+            .GridPlott = std::string(state.storingPoint ? kHeld : ""),
+            .DBGrid = state.rowBeingDeleted ? PlainText(*state.rowBeingDeleted) : "",
+            .CmDialog = std::string(state.choosingStartFile ? kStartFile : "")};
+}
+
+}  // namespace
+
+Shown ShownBy(const WindowState& state) {
+    return {.visible = VisibleIn(state),
+            .enabled = EnabledIn(state),
+            .captions = CaptionsIn(state),
+            .tags = TagsIn(state),
+            .listColour = CollectingCurves(state) ? ListUse::Curves : ListUse::Prices,
+            .view = state.view,
+            .focus = state.focus,
+            .typedPrice = state.typedPrice};
+}

@@ -1,0 +1,50 @@
+#pragma once
+// What each state of the window shows: the table that Panels carries out. A field is the control of
+// that name.
+
+#include "app/rules/windowstate.h"
+
+#include <string>
+
+struct Shown {
+    struct Visible {
+        bool panRubrik = false, panControl = false, panDiagram = false, fraStartData = false;
+        bool panListFonder = false, panTotal = false, panPlottData = false, panBasData = false;
+        bool imgColor = false, imgGrafNr = false;
+        bool lblGrafNr = false, lblPlottInfo = false;
+        bool lblColorNr = false, lblFraHint = false;
+        bool cmdNyAndel = false, txtGrid = false;
+        bool fraNyAndel = false, cmdNyOk = false, txtNyAndel = false;
+        bool lblTotal = false;
+        bool operator==(const Visible&) const = default;
+    };
+    struct Enabled {
+        bool mnuArkiv = false, mnuShow = false, mnuPrint = false;
+        bool cmdFondList = false, cmdNyAndel = false, txtValue = false, picDiagram = false;
+        bool operator==(const Enabled&) const = default;
+    };
+    struct Captions {
+        std::string frmPPM, lblPanDatum;
+        std::string panListFonder, lblGrafNr, lblPlottInfo;
+        std::string cmdPPMData, mnuVeckor, mnuMonth;
+        std::string lblTotal, lblXCord, lblYCord;
+        std::string picDiagram;  ///< said in an empty picture
+        bool operator==(const Captions&) const = default;
+    };
+    struct Tags {
+        std::string panListFonder, imgGrafNr, imgColor, GridPlott, DBGrid, CmDialog;
+        bool operator==(const Tags&) const = default;
+    };
+
+    Visible visible;
+    Enabled enabled;
+    Captions captions;
+    Tags tags;
+    ListUse listColour = ListUse::Prices;  ///< of the list's lines: Curves or Prices
+    HoldingView view;                      ///< of the fund panel and the status bar
+    Focus focus = Focus::Stays;
+    TypedPrice typedPrice = TypedPrice::Stays;
+    bool operator==(const Shown&) const = default;
+};
+
+Shown ShownBy(const WindowState& state);

@@ -1,0 +1,100 @@
+#pragma once
+// The one value that says what the window shows. Plain data: events change it by the rules in
+// modes.h, and what it shows is the table in shown.h. Nothing is read back from a control to find
+// out what is going on.
+
+#include "app/rules/holdingview.h"
+#include "app/rules/texts.h"
+#include "fundfile/rules/openholding.h"
+#include "fundfile/rules/scale.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace jet {
+class Database;
+}
+
+/// What covers the diagram, if anything.
+enum class Stage { Starting, Diagram, Holdings, SharesNotice };
+
+/// The left column: one panel at a time.
+enum class LeftPanel { None, FundList, Totals, PlotData };
+
+/// What a line of the fund list is chosen for. Nothing: its last choice was confirmed with Enter.
+enum class ListUse { Nothing, Prices, Colour, Curves };
+
+/// Where an event sends the keys. It holds for one showing; then the user moves about freely.
+enum class Focus { Stays, Picture, FundList, Price, Accounts, Points, HoldingsGrid, NoticeDate };
+
+/// What an event does to a price that was typed and not confirmed. It holds for one showing, too.
+enum class TypedPrice { Stays, Cleared };
+
+/// What the two labels under the picture say; empty before anything is measured, and when the
+/// picture has changed under it.
+struct Reading {
+    std::string date, value;
+    bool operator==(const Reading&) const = default;
+};
+
+/// What an event does to the picture. It holds for one showing, too. Restored: what was drawn
+/// before it was cleared comes back.
+enum class Picture { Stays, Cleared, Restored };
+
+struct WindowState {
+    std::shared_ptr<jet::Database> FundDb;  ///< the open fund file; null while none is open
+    std::string AppFolder;                  ///< the program's folder, ending in the separator
+    std::string CurrentFile;                ///< full path of the fund file in use
+    bool hasHoldings = false;               ///< the open file has a row
+
+    Stage stage = Stage::Starting;
+    LeftPanel left = LeftPanel::None;
+    ListUse listUse = ListUse::Prices;
+    bool modeButtons = false;  ///< `imgColor` and `imgGrafNr` are offered
+    bool gridHelp = false;     ///< `txtGrid` explains the holdings grid
+    Focus focus = Focus::Stays;
+    TypedPrice typedPrice = TypedPrice::Stays;
+    Picture picture = Picture::Stays;
+
+    std::optional<OpenHolding> holding;      ///< the one open in the fund panel
+    HoldingView view = EmptyView();          ///< what the panel and the status bar say of it
+    std::vector<std::int32_t> chosenCurves;  ///< while they are being collected, in their order
+    std::string caption{texts::WindowCaption};
+    std::string totals;  ///< of the account chosen in the totals panel
+    Reading reading;
+
+    bool choosingStartFile = false;
+    bool storingPoint = false;                    ///< rows stored meanwhile draw nothing anew
+    std::optional<std::int32_t> rowBeingDeleted;  ///< its KontoId
+
+    std::int32_t TodayDay = 0;        ///< today as a day number
+    std::int32_t CurrentMonth = 1;    ///< 1 to 12
+    std::int32_t WindowStartDay = 0;  ///< first of the twelve months shown, always the 1st of one
+    std::int32_t DayStep = 1;         ///< 1, 7 or 30: day, week or month view
+
+    std::int32_t ScaleTop = 15;  ///< the diagram's scale in whole percent
+    std::int32_t ScaleBottom = -10;
+    std::int32_t FundScaleTop = 15;  ///< the automatic scale of the single holding shown
+    std::int32_t FundScaleBottom = -10;
+    std::int32_t AllScaleTop = 15;  ///< the automatic scale of the several-curves view
+    std::int32_t AllScaleBottom = -10;
+    ScaleRange drawnScale;  ///< what the picture and its labels show; a zoom may be stored only
+
+    std::vector<std::int32_t> SelectedCurves;  ///< KontoId of each curve drawn, in drawing order
+    std::vector<std::string> MonthNames;       ///< 25 labels; entry 0 is January
+    std::int32_t ChangePercent = 0;            ///< the open holding's change since its start
+    bool Activated = false;                    ///< the first activation has run
+
+    bool operator==(const WindowState&) const = default;
+};
+
+/// The holdings grid covers the diagram, with or without a notice of new shares under it.
+bool GridShown(const WindowState& state);
+/// The list is open for the choice of a colour or of curves, and ends with it.
+bool Choosing(const WindowState& state);
+bool CollectingCurves(const WindowState& state);
+/// The picture was cleared for a choice of curves in which nothing is chosen yet.
+bool PictureCleared(const WindowState& state);

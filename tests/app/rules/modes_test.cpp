@@ -1,0 +1,277 @@
+// What each event does to what the window shows: one row an event, one column a mode, every cell
+// filled.
+
+#include "app/rules/modes.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// S starting        D diagram alone        B the same, with the mode buttons
+// P list of prices  T the same, with the buttons: a price is being typed
+// E after Enter in the list                C list for a colour
+// K list for curves, nothing chosen        L the same, two chosen
+// A totals          a with the buttons     X plot data      x with the buttons
+// G holdings grid   N notice of new shares
+constexpr std::string_view kModes = "SDBPTECKLAaXxGN";
+
+struct Mode {
+    Stage stage;
+    LeftPanel left;
+    ListUse listUse;
+    bool buttons;
+};
+
+const std::map<char, Mode>& Modes() {
+    using enum Stage;
+    using enum LeftPanel;
+    using enum ListUse;
+    static const std::map<char, Mode> modes = {
+        {'S', {Starting, None, Prices, false}},     {'D', {Diagram, None, Prices, false}},
+        {'B', {Diagram, None, Prices, true}},       {'P', {Diagram, FundList, Prices, false}},
+        {'T', {Diagram, FundList, Prices, true}},   {'E', {Diagram, FundList, Nothing, true}},
+        {'C', {Diagram, FundList, Colour, true}},   {'K', {Diagram, FundList, Curves, true}},
+        {'L', {Diagram, FundList, Curves, true}},   {'A', {Diagram, Totals, Prices, false}},
+        {'a', {Diagram, Totals, Prices, true}},     {'X', {Diagram, PlotData, Prices, false}},
+        {'x', {Diagram, PlotData, Prices, true}},   {'G', {Holdings, None, Prices, false}},
+        {'N', {SharesNotice, None, Prices, false}},
+    };
+    return modes;
+}
+
+OpenHolding Holding(std::int32_t kontoId) {
+    OpenHolding holding;
+    holding.kontoId = kontoId;
+    holding.scale = {45, -30};
+    return holding;
+}
+
+/// Everything that a mode can leave behind is there.
+WindowState In(char name) {
+    const Mode& mode = Modes().at(name);
+    WindowState state;
+    state.stage = mode.stage;
+    state.left = mode.left;
+    state.listUse = mode.listUse;
+    state.modeButtons = mode.buttons;
+    if (name == 'L') state.chosenCurves = {3, 2};
+    state.hasHoldings = true;
+    state.holding = Holding(1);
+    state.view.colourNumber = "1";
+    state.caption = "fund 1";
+    state.totals = "sums";
+    state.reading = {"a date", "a value"};
+    state.SelectedCurves = {1};
+    return state;
+}
+
+/// The list's use is part of the mode only while the list is open.
+char NameOf(const WindowState& state) {
+    for (const auto& [name, mode] : Modes()) {
+        const bool sameUse = mode.left != LeftPanel::FundList || mode.listUse == state.listUse;
+        const bool sameChosen = (name == 'L') == !state.chosenCurves.empty();
+        if (state.stage == mode.stage && state.left == mode.left && sameUse && sameChosen &&
+            state.modeButtons == mode.buttons) {
+            return name;
+        }
+    }
+    return '?';
+}
+
+using Event = WindowState (*)(WindowState);
+
+WindowState ChoosesLine(WindowState state) {
+    return AfterLineChosen(std::move(state), 7);
+}
+WindowState OpensEmptyFile(WindowState state) {
+    state.hasHoldings = false;
+    return AfterFileOpened(std::move(state));
+}
+
+struct Row {
+    std::string_view name;
+    Event event;
+    std::string_view after;  ///< the mode, for each of kModes
+    std::string_view focus;  ///< where the keys go: . stays, D picture, L list, P price, A, X, G, N
+    std::string_view picture;  ///< . stays, 0 cleared, R what was drawn comes back
+};
+
+const std::vector<Row>& Rows() {
+    static const std::vector<Row> rows = {
+        // clang-format off
+        //                                       SDBPTECKLAaXxGN    SDBPTECKLAaXxGN    SDBPTECKLAaXxGN
+        {"end of the pause", AfterPause,        "PDBPTECKLAaXxGN", "L..............", "..............."},
+        {"Esc",              AfterEscape,       "SDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDD", ".......R......."},
+        {"F11",              AfterFundListButton,"SPPBBBBBBPPPPGN", ".LL......LLLL..", ".......R......."},
+        {"F9",               AfterColourButton, "SDCPCCBCCACXCGN", "..L.LL.LL.L.L..", ".......R......."},
+        {"F12",              AfterCurvesButton, "SDKPBBBBBAKXKGN", "..L.......L.L..", "..0....R..0.0.."},
+        {"F8",               AfterScreenButton, "SDBPTEBBBAaXxDD", ".............DD", "..............."},
+        {"grid's switch",    AfterGridSwitch,   "SGGGGGGGGGGGGDD", ".GGGGGGGGGGGGDD", ".......R......."},
+        {"scrolling",        AfterScroll,       "SDDDDDDDDDDDDGN", ".DDDDDDDDDDDD..", ".......R......."},
+        {"totals",           AfterTotalsMenu,   "SAaAaaaaaAaAaAA", ".AAAAAAAAAAAAAA", ".......R......."},
+        {"plot data",        AfterPlotDataMenu, "SXxXxxxxxXxXxXX", ".XXXXXXXXXXXXXX", ".......R......."},
+        {"all curves",       AfterAllCurvesMenu,"SDDDDDDDDDDXXDD", ".DDDDDDDDDDDDDD", "..............."},
+        {"printing",         AfterPrinting,     "SDBPTECKLDBXxDD", ".DDDDDDDDDDDDDD", "..............."},
+        {"file opened",      AfterFileOpened,   "SPPPPPPPPPPPPPP", ".LLLLLLLLLLLLLL", "..............."},
+        {"empty file opened",OpensEmptyFile,    "SGGGGGGGGGGGGGG", ".GGGGGGGGGGGGGG", "..............."},
+        {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxGN", "...............", "..............."},
+        {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxGN", "...PPPP........", ".......R......."},
+        {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxGN", "...............", "..............."},
+        {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxNN", ".............N.", "..............."},
+        {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxGG", "..............G", "..............."},
+        {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDGN", ".DDDDDDDDDDDDDD", ".......R......."},
+        {"grid left",        AfterGridLeft,     "SDBPTECKLAaXxDD", ".............DD", "..............."},
+        {"holding closed",   AfterHoldingClosed,"SDBPTEBBBDBXxGN", "...............", ".......R......."},
+        {"keys to the list", WithKeysInList,    "SDBPTECKLAaXxGN", "...LLLLLL......", "..............."},
+        // clang-format on
+    };
+    return rows;
+}
+
+char LetterOf(Focus focus) {
+    switch (focus) {
+        case Focus::Stays:
+            return '.';
+        case Focus::Picture:
+            return 'D';
+        case Focus::FundList:
+            return 'L';
+        case Focus::Price:
+            return 'P';
+        case Focus::Accounts:
+            return 'A';
+        case Focus::Points:
+            return 'X';
+        case Focus::HoldingsGrid:
+            return 'G';
+        case Focus::NoticeDate:
+            return 'N';
+    }
+    return '?';
+}
+
+char LetterOf(Picture picture) {
+    if (picture == Picture::Stays) return '.';
+    return picture == Picture::Cleared ? '0' : 'R';
+}
+
+template <typename Letter>
+std::string Cells(const Row& row, Letter letter) {
+    std::string cells;
+    for (const char mode : kModes) cells += letter(row.event(In(mode)));
+    return cells;
+}
+
+TEST(Modes, FollowFromEachOtherAsTheTableSays) {
+    for (const Row& row : Rows()) EXPECT_EQ(Cells(row, NameOf), row.after) << row.name;
+}
+
+TEST(Modes, SendTheKeysWhereTheTableSays) {
+    for (const Row& row : Rows()) {
+        const auto focus = [](const WindowState& state) { return LetterOf(state.focus); };
+        EXPECT_EQ(Cells(row, focus), row.focus) << row.name;
+    }
+}
+
+TEST(Modes, NeverLeaveThePictureEmptyButForAChoiceOfCurves) {
+    for (const Row& row : Rows()) {
+        const auto picture = [](const WindowState& state) { return LetterOf(state.picture); };
+        EXPECT_EQ(Cells(row, picture), row.picture) << row.name;
+    }
+}
+
+TEST(Modes, AreEndedWholeByEveryWayOut) {
+    for (const Row& row : Rows()) {
+        for (const char mode : kModes) {
+            const WindowState after = row.event(In(mode));
+            if (CollectingCurves(after)) continue;
+            EXPECT_TRUE(after.chosenCurves.empty()) << row.name << " in " << mode;
+            const bool closedList = after.left != LeftPanel::FundList;
+            const bool wasChoosing = Choosing(In(mode));
+            if (closedList && wasChoosing) {
+                EXPECT_EQ(after.listUse, ListUse::Nothing) << row.name << " in " << mode;
+            }
+        }
+    }
+}
+
+struct Clears {
+    Event event;
+    std::string_view price, totals, reading, holding;  ///< x where it is gone, for each of kModes
+};
+
+TEST(Modes, ForgetWhatBelongsToWhatIsLeft) {
+    const std::map<std::string_view, Clears> rows = {
+        // clang-format off
+        //                               SDBPTECKLAaXxGN    SDBPTECKLAaXxGN    SDBPTECKLAaXxGN    SDBPTECKLAaXxGN
+        {"Esc",    {AfterEscape,        ".............xx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
+        {"F11",    {AfterFundListButton,".xx......xxxx..", ".xx......xxxx..", ".xx......xxxx..", ".xx......xxxx.."}},
+        {"F8",     {AfterScreenButton,  ".............xx", ".............xx", "...............", "..............."}},
+        {"switch", {AfterGridSwitch,    ".xxxxxxxxxxxxxx", ".............xx", "...............", "..............."}},
+        {"scroll", {AfterScroll,        "...............", ".xxxxxxxxxxxx..", ".xxxxxxxxxxxx..", "..............."}},
+        {"all",    {AfterAllCurvesMenu, ".............xx", ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx"}},
+        {"print",  {AfterPrinting,      ".............xx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
+        {"file",   {AfterFileOpened,    ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
+        {"closed", {AfterHoldingClosed, "...............", "xxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxx"}},
+        // clang-format on
+    };
+    const auto gone = [](bool is) { return is ? 'x' : '.'; };
+    for (const auto& [name, row] : rows) {
+        std::string price, totals, reading, holding;
+        for (const char mode : kModes) {
+            const WindowState after = row.event(In(mode));
+            price += gone(after.typedPrice == TypedPrice::Cleared);
+            totals += gone(after.totals.empty());
+            reading += gone(after.reading == Reading{});
+            holding += gone(!after.holding);
+            EXPECT_EQ(!after.holding, after.caption == texts::WindowCaption) << name << mode;
+            EXPECT_EQ(!after.holding, after.view == EmptyView()) << name << mode;
+        }
+        EXPECT_EQ(price, row.price) << name;
+        EXPECT_EQ(totals, row.totals) << name;
+        EXPECT_EQ(reading, row.reading) << name;
+        EXPECT_EQ(holding, row.holding) << name;
+    }
+}
+
+TEST(Modes, CollectEveryCurveOnceInTheOrderChosen) {
+    WindowState state = In('K');
+    for (const std::int32_t kontoId : {2, 11, 2}) {
+        state = AfterLineChosen(std::move(state), kontoId);
+    }
+    EXPECT_EQ(state.chosenCurves, (std::vector<std::int32_t>{2, 11}));
+}
+
+TEST(Modes, OpenAHoldingOnItsOwnScaleAndForgetWhatWasTypedForAnother) {
+    HoldingView view;
+    view.windowCaption = "fund 2";
+    for (const char mode : kModes) {
+        const WindowState after = AfterHoldingOpened(In(mode), Holding(2), view);
+        EXPECT_EQ(NameOf(after), mode);
+        EXPECT_EQ(after.holding, Holding(2));
+        EXPECT_EQ(after.view, view);
+        EXPECT_EQ(after.caption, "fund 2");
+        EXPECT_EQ(after.SelectedCurves, std::vector<std::int32_t>{2});
+        EXPECT_EQ(after.ScaleTop, 45);
+        EXPECT_EQ(after.FundScaleBottom, -30);
+        EXPECT_EQ(after.typedPrice, TypedPrice::Cleared);
+        EXPECT_EQ(after.reading, Reading{});
+        const WindowState again = AfterHoldingOpened(In(mode), Holding(1), view);
+        EXPECT_EQ(again.typedPrice, TypedPrice::Stays) << "the same holding";
+        EXPECT_EQ(again.reading, In(mode).reading);
+    }
+}
+
+TEST(Modes, ExplainTheGridUntilTheNoticeOrAHoldingIsClosed) {
+    WindowState state = AfterGridSwitch(In('P'));
+    EXPECT_TRUE(state.gridHelp);
+    EXPECT_FALSE(AfterNoticeOpened(state).gridHelp);
+    EXPECT_FALSE(AfterHoldingClosed(state).gridHelp);
+}
+
+}  // namespace

@@ -1,0 +1,214 @@
+// What each mode shows: one row a control, one column a mode, every cell filled.
+
+#include "app/rules/shown.h"
+
+#include "app/rules/modes.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+// S starting, D diagram, B with the mode buttons, P list of prices, T with the buttons, E after
+// Enter in the list, C colour, K curves without and L with chosen ones, A totals, X plot data,
+// G holdings grid, N notice of new shares. A holding is open in all but S, D and P.
+constexpr std::string_view kModes = "SDBPTECKLAXGN";
+
+WindowState In(char mode) {
+    static const std::map<char, LeftPanel> lefts = {
+        {'P', LeftPanel::FundList}, {'T', LeftPanel::FundList}, {'E', LeftPanel::FundList},
+        {'C', LeftPanel::FundList}, {'K', LeftPanel::FundList}, {'L', LeftPanel::FundList},
+        {'A', LeftPanel::Totals},   {'X', LeftPanel::PlotData}};
+    static const std::map<char, ListUse> uses = {{'E', ListUse::Nothing},
+                                                 {'C', ListUse::Colour},
+                                                 {'K', ListUse::Curves},
+                                                 {'L', ListUse::Curves}};
+    static const std::map<char, Stage> stages = {
+        {'S', Stage::Starting}, {'G', Stage::Holdings}, {'N', Stage::SharesNotice}};
+    WindowState state;
+    state.stage = stages.contains(mode) ? stages.at(mode) : Stage::Diagram;
+    if (lefts.contains(mode)) state.left = lefts.at(mode);
+    if (uses.contains(mode)) state.listUse = uses.at(mode);
+    state.modeButtons = std::string_view("BTECKL").find(mode) != std::string_view::npos;
+    state.gridHelp = mode == 'G';
+    state.hasHoldings = true;
+    if (mode == 'L') state.chosenCurves = {3, 12};
+    if (std::string_view("SDP").find(mode) == std::string_view::npos) state.holding.emplace();
+    return state;
+}
+
+template <typename Part>
+struct Row {
+    std::string_view name, cells;
+    bool Part::*control;
+};
+
+template <typename Part>
+void Expect(Part Shown::*part, const std::vector<Row<Part>>& rows) {
+    for (const Row<Part>& row : rows) {
+        std::string cells;
+        for (const char mode : kModes) {
+            cells += ShownBy(In(mode)).*part.*(row.control) ? 'x' : '.';
+        }
+        EXPECT_EQ(cells, row.cells) << row.name;
+    }
+}
+
+TEST(Shown, ControlsAreVisibleAsTheTableSays) {
+    using V = Shown::Visible;
+    Expect<V>(&Shown::visible, {
+                                   // clang-format off
+        //                SDBPTECKLAXGN
+        {"panRubrik",     ".xxxxxxxxxxxx", &V::panRubrik},
+        {"panControl",    ".xxxxxxxxxxxx", &V::panControl},
+        {"panDiagram",    ".xxxxxxxxxxxx", &V::panDiagram},
+        {"fraStartData",  ".xxxxxxxxxxxx", &V::fraStartData},
+        {"panListFonder", "...xxxxxx....", &V::panListFonder},
+        {"panTotal",      ".........x...", &V::panTotal},
+        {"panPlottData",  "..........x..", &V::panPlottData},
+        {"panBasData",    "...........xx", &V::panBasData},
+        {"imgColor",      "..x.xxxxx....", &V::imgColor},
+        {"imgGrafNr",     "..x.xxxxx....", &V::imgGrafNr},
+        {"lblGrafNr",     "........x....", &V::lblGrafNr},
+        {"lblPlottInfo",  ".....xxxx....", &V::lblPlottInfo},
+        {"lblColorNr",    "..x.xxxxxxxxx", &V::lblColorNr},
+        {"lblFraHint",    "xx.x.........", &V::lblFraHint},
+        {"cmdNyAndel",    "xxxxxxxxxxxx.", &V::cmdNyAndel},
+        {"txtGrid",       "...........x.", &V::txtGrid},
+        {"fraNyAndel",    "............x", &V::fraNyAndel},
+        {"cmdNyOk",       "............x", &V::cmdNyOk},
+        {"txtNyAndel",    "............x", &V::txtNyAndel},
+        {"lblTotal",      "xxxxxxxxxxxxx", &V::lblTotal},
+                                   // clang-format on
+                               });
+}
+
+TEST(Shown, ControlsAreEnabledAsTheTableSays) {
+    using E = Shown::Enabled;
+    Expect<E>(&Shown::enabled, {
+                                   // clang-format off
+        //              SDBPTECKLAXGN
+        {"mnuArkiv",    ".xxxxxxxxxxxx", &E::mnuArkiv},
+        {"mnuShow",     ".xxxxxxxxxxxx", &E::mnuShow},
+        {"mnuPrint",    "xxxxxxxxxxxxx", &E::mnuPrint},
+        {"cmdFondList", "xxxxxx...xx..", &E::cmdFondList},
+        {"cmdNyAndel",  "xxxxxxxxxxxxx", &E::cmdNyAndel},
+        {"txtValue",    "xxxxxxxxxxx..", &E::txtValue},
+        {"picDiagram",  "xxxxxxxxxxx..", &E::picDiagram},
+                                   // clang-format on
+                               });
+}
+
+struct Texts {
+    std::string_view modes;  ///< the modes that show these
+    std::string list, numbers, instruction, gridSwitch;
+    std::string listTag, curvesTag, colourTag;
+    ListUse listColour = ListUse::Prices;
+};
+
+TEST(Shown, CaptionsTagsAndTheListsColourAreThoseOfTheMode) {
+    const std::string colour =
+        "Välj ovan vilken plottfärg du vill ändra. Tryck <Enter> när du gjort ditt val";
+    const std::string curves =
+        "Välj ovan vilka kurvor du vill plotta.Tryck Diagramknappen eller F12 när du är färdig";
+    const std::string prices = "Ny DagsKurs för...", data = "&PPM Data";
+    const Texts rows[] = {
+        {"SDP", prices, "", "", data, "", "0", "0"},
+        {"BTAX", prices, "", "", data, "idxY", "0", "0"},
+        {"E", "", "", "", data, "idxY", "0", "0"},
+        {"C", "Välj Färg för Fond  <Enter>", "", colour, data, "idxY", "0", "2"},
+        {"K", "Välj Fonder att rita", "", curves, data, "idxY", "1", "0", ListUse::Curves},
+        {"L", "Välj Fonder att rita", " 3.12.", curves, data, "idxY", "1", "0", ListUse::Curves},
+        {"GN", prices, "", "", "&Diagram", "idxY", "0", "0"},
+    };
+    std::size_t cells = 0;
+    for (const Texts& row : rows) {
+        for (const char mode : row.modes) {
+            const Shown shown = ShownBy(In(mode));
+            EXPECT_EQ(shown.captions.panListFonder, row.list) << mode;
+            EXPECT_EQ(shown.captions.lblGrafNr, row.numbers) << mode;
+            EXPECT_EQ(shown.captions.lblPlottInfo, row.instruction) << mode;
+            EXPECT_EQ(shown.captions.cmdPPMData, row.gridSwitch) << mode;
+            EXPECT_EQ(shown.tags.panListFonder, row.listTag) << mode;
+            EXPECT_EQ(shown.tags.imgGrafNr, row.curvesTag) << mode;
+            EXPECT_EQ(shown.tags.imgColor, row.colourTag) << mode;
+            EXPECT_EQ(shown.listColour, row.listColour) << mode;
+            ++cells;
+        }
+    }
+    EXPECT_EQ(cells, kModes.size()) << "every mode is in the table";
+}
+
+TEST(Shown, TheChoiceOfTheStartFileAndHeldRowsAreMarked) {
+    WindowState state = In('B');
+    EXPECT_EQ(ShownBy(state).tags.GridPlott, "");
+    EXPECT_EQ(ShownBy(state).tags.DBGrid, "");
+    EXPECT_EQ(ShownBy(state).tags.CmDialog, "");
+    state.choosingStartFile = true;
+    state.storingPoint = true;
+    state.rowBeingDeleted = 12;
+    EXPECT_EQ(ShownBy(state).tags.panListFonder, "Start");
+    EXPECT_EQ(ShownBy(state).tags.CmDialog, "Start");
+    EXPECT_EQ(ShownBy(state).tags.GridPlott, "1");
+    EXPECT_EQ(ShownBy(state).tags.DBGrid, "12");
+}
+
+TEST(Shown, AFileWithoutHoldingsOffersNoNotice) {
+    WindowState state = In('G');
+    state.hasHoldings = false;
+    EXPECT_FALSE(ShownBy(state).enabled.cmdNyAndel);
+}
+
+TEST(Shown, AnEmptyPictureSaysWhatToDoUnlessCurvesAreBeingChosen) {
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        const bool collecting = mode == 'K' || mode == 'L';
+        EXPECT_EQ(ShownBy(state).captions.picDiagram, collecting ? "" : "Inga kurvor valda: F12");
+        state.SelectedCurves = {1};
+        EXPECT_EQ(ShownBy(state).captions.picDiagram, "");
+        state.SelectedCurves.clear();
+        state.hasHoldings = false;
+        EXPECT_EQ(ShownBy(state).captions.picDiagram, "") << "an empty file has none to choose";
+    }
+}
+
+TEST(Shown, TheStepsMenuItemsLeadBackToDaysFromWeeksAndMonths) {
+    const struct {
+        std::int32_t step;
+        std::string weeks, months;
+    } rows[] = {{1, "Visa Vecka för Vecka", "Visa Månad för Månad"},
+                {7, "Visa Dag för Dag", "Visa Dag för Dag"},
+                {30, "Visa Dag för Dag", "Visa Dag för Dag"}};
+    for (const auto& row : rows) {
+        WindowState state = In('D');
+        state.DayStep = row.step;
+        EXPECT_EQ(ShownBy(state).captions.mnuVeckor, row.weeks);
+        EXPECT_EQ(ShownBy(state).captions.mnuMonth, row.months);
+    }
+}
+
+TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
+    WindowState state = In('A');
+    state.caption = "caption";
+    state.totals = "sums";
+    state.reading = {"date", "value"};
+    state.TodayDay = 38772;
+    state.focus = Focus::Accounts;
+    state.typedPrice = TypedPrice::Cleared;
+    state.view.status.fund = "a fund";
+    const Shown shown = ShownBy(state);
+    EXPECT_EQ(shown.captions.frmPPM, "caption");
+    EXPECT_EQ(shown.captions.lblTotal, "sums");
+    EXPECT_EQ(shown.captions.lblXCord, "date");
+    EXPECT_EQ(shown.captions.lblYCord, "value");
+    EXPECT_EQ(shown.captions.lblPanDatum, "Fredag 24 Februari 2006");
+    EXPECT_EQ(shown.focus, Focus::Accounts);
+    EXPECT_EQ(shown.typedPrice, TypedPrice::Cleared);
+    EXPECT_EQ(shown.view, state.view);
+}
+
+}  // namespace
