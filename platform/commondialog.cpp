@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 
 namespace {
 
@@ -31,6 +32,17 @@ std::string WithExtension(const std::string& path, const std::string& extension)
     return path + "." + extension;
 }
 
+std::string ExistingFile(const std::string& path, const std::string& extension) {
+    if (path.empty()) return path;
+    const std::string completed = WithExtension(path, extension);
+    std::error_code code;
+    for (const std::string& name : {completed, path}) {
+        if (std::filesystem::exists(name, code)) return name;
+    }
+    const std::string longer = path + "." + extension;
+    return std::filesystem::exists(longer, code) ? longer : completed;
+}
+
 void CommonDialog::ShowOpen() {
     Show(FileChoice::Open);
 }
@@ -51,5 +63,6 @@ void CommonDialog::Show(FileChoice choice) {
                            .askBeforeOverwriting = (flags & kAskBeforeOverwriting) != 0,
                            .mustExist = (flags & kFileMustExist) != 0});
     if (picked.empty()) return;
-    fileName = choice == FileChoice::Save ? WithExtension(picked, extension) : picked;
+    fileName = choice == FileChoice::Save ? WithExtension(picked, extension)
+                                          : ExistingFile(picked, extension);
 }

@@ -9,6 +9,11 @@ enum class FileChoice;
 /// A file whose name lacks the extension would not be found again in the open dialog.
 std::string WithExtension(const std::string& path, const std::string& extension);
 
+/// The file that a user means who typed `path` in order to find one: the name that WithExtension
+/// gives if there is such a file, else the name as it stands if there is that one, else the name
+/// with the extension after it, whatever it ends in.
+std::string ExistingFile(const std::string& path, const std::string& extension);
+
 class CommonDialog {
   public:
     static constexpr int kAskBeforeOverwriting = 2;

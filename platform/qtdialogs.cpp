@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "platform/caption.h"
 #include "platform/commondialog.h"
+#include "platform/filetable.h"
 #include "platform/texts.h"
 
 #include <QApplication>
@@ -130,15 +131,24 @@ std::string QtDialogs::PickFile(const FileRequest& request) {
     QFileDialog dialog(Parent(), ToQt(request.title), ToQt(request.folder),
                        QtFilter(request.filter));
     const bool saving = request.choice == FileChoice::Save;
+    // The toolkit's own dialog is the one that can be Swedish on every desktop.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode(request.mustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    // Any name at first: one without its ending may well be a file's.
+    dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
-    dialog.setDefaultSuffix(ToQt(request.defaultExtension));
+    if (saving) dialog.setDefaultSuffix(ToQt(request.defaultExtension));
+    dialog.setProxyModel(new FileTable(&dialog));
     WidenColumns(dialog);
     if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
         std::string picked = FromQt(dialog.selectedFiles().constFirst());
-        if (!saving) return picked;
+        if (!saving) {
+            std::string found = ExistingFile(picked, request.defaultExtension);
+            if (!request.mustExist || QFileInfo::exists(ToQt(found))) return found;
+            Show({.text = found + std::string(texts::dialogs::kNoFile), .icon = Icon::Exclamation});
+            continue;
+        }
         std::string path = WithExtension(picked, request.defaultExtension);
         // The dialog has asked about the name that it was given.
         if (path == picked || !request.askBeforeOverwriting || MayReplace(path)) return path;

@@ -14,6 +14,16 @@ inline constexpr std::string_view kNo = "&Nej";
 /// After a file's name.
 inline constexpr std::string_view kReplace = " finns redan.\r\nVill du ersätta den?";
 
+/// What the table of files says of them.
+inline constexpr std::string_view kBytes = " byte";
+inline constexpr std::string_view kKilobytes = " kB";
+inline constexpr std::string_view kMegabytes = " MB";
+inline constexpr std::string_view kFolder = "Mapp";
+inline constexpr std::string_view kFile = "Fil";
+inline constexpr std::string_view kFileOfKind = "-fil";
+/// After a path that leads nowhere.
+inline constexpr std::string_view kNoFile = "\r\nFilen finns inte.\r\nKontrollera filnamnet.";
+
 struct Translation {
     std::string_view english, swedish;
 };

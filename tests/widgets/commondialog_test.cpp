@@ -1,8 +1,13 @@
 #include "platform/commondialog.h"
 
+#include "platform/caption.h"
 #include "tests/support/fakeplatform.h"
 
+#include <QTemporaryDir>
+
+#include <fstream>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace {
 
@@ -80,11 +85,26 @@ TEST_P(DefaultExtension, IsAddedWhereNoneIs) {
     EXPECT_EQ(dialog_.fileName, GetParam().expected);
 }
 
-TEST_F(CommonDialogTest, AFileThatIsOpenedKeepsItsName) {
+TEST_F(CommonDialogTest, ANameTypedInOrderToOpenIsCompletedAsForSaving) {
     dialog_.defaultExtension = "*.mdb";
     dialogs_.ExpectFile(FileChoice::Open, "").Pick("/tmp/Kopia 2026.11.21");
     dialog_.ShowOpen();
-    EXPECT_EQ(dialog_.fileName, "/tmp/Kopia 2026.11.21");
+    EXPECT_EQ(dialog_.fileName, "/tmp/Kopia 2026.11.21.mdb");
+}
+
+TEST(ExistingFile, IsTheOneThatIsThere) {
+    const QTemporaryDir folder;
+    const std::string at = FromQt(folder.path()) + "/";
+    for (const char* name : {"prov.2026.mdb", "bara", "kopia.bak", "gammal.old.mdb"}) {
+        std::ofstream(at + name) << "x";
+    }
+    EXPECT_EQ(ExistingFile(at + "prov.2026", "mdb"), at + "prov.2026.mdb");
+    EXPECT_EQ(ExistingFile(at + "prov.2026.mdb", "mdb"), at + "prov.2026.mdb");
+    EXPECT_EQ(ExistingFile(at + "bara", "mdb"), at + "bara");
+    EXPECT_EQ(ExistingFile(at + "kopia.bak", "mdb"), at + "kopia.bak");
+    EXPECT_EQ(ExistingFile(at + "gammal.old", "mdb"), at + "gammal.old.mdb");
+    EXPECT_EQ(ExistingFile(at + "borta", "mdb"), at + "borta.mdb");
+    EXPECT_EQ(ExistingFile("", "mdb"), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -3,9 +3,12 @@
 #include "platform/caption.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemModel>
 #include <QApplication>
 #include <QColor>
 #include <QColorDialog>
+#include <QDate>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -18,6 +21,7 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTime>
 #include <QTimer>
 #include <QTreeView>
 
@@ -175,6 +179,73 @@ TEST_F(PickFileTest, SizeKindAndDayOfTheFilesAreReadableWhole) {
         EXPECT_LE(files->header()->length(), files->viewport()->width());
         dialog.reject();
     });
+}
+
+TEST_F(PickFileTest, SizesKindsAndDaysAreSwedishWhateverTheDesktopSpeaks) {
+    const QDateTime day(QDate(2026, 11, 21), QTime(9, 5));
+    const auto make = [&](const char* name, qint64 bytes) {
+        QFile file(Path(name));
+        file.open(QIODevice::WriteOnly);
+        file.resize(bytes);
+        file.setFileTime(day, QFileDevice::FileModificationTime);
+    };
+    make("a.MDB", 999);
+    make("b.mdb", 348160);
+    make("c", 1449999);
+    QDir(folder_.path()).mkdir(QStringLiteral("d"));
+    std::vector<std::string> rows;
+    Pick({.choice = FileChoice::Open, .filter = "Alla|*"}, [&](QFileDialog& dialog) {
+        auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+        const QAbstractItemModel& model = *files->model();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return model.rowCount(files->rootIndex()) == 5; }));
+        for (int row = 0; row < 5; ++row) {
+            std::string text;
+            for (int column = 0; column < 4; ++column) {
+                const bool folderDay = column == 3 && row == 0;
+                const QModelIndex cell = model.index(row, column, files->rootIndex());
+                if (!folderDay) text += FromQt(cell.data().toString()) + "|";
+            }
+            rows.push_back(text);
+        }
+        dialog.reject();
+    });
+    EXPECT_EQ(rows,
+              (std::vector<std::string>{"d||Mapp|", "a.MDB|999 byte|mdb-fil|2026-11-21 09:05|",
+                                        "b.mdb|348,2 kB|mdb-fil|2026-11-21 09:05|",
+                                        "c|1,4 MB|Fil|2026-11-21 09:05|", rows.back()}));
+}
+
+TEST_F(PickFileTest, OpenCompletesATypedNameAsSaveDoes) {
+    QFile(Path("prov.2026.mdb")).open(QIODevice::WriteOnly);
+    for (const bool mustExist : {true, false}) {
+        const std::string picked =
+            Pick({.choice = FileChoice::Open, .defaultExtension = "mdb", .mustExist = mustExist},
+                 [](QFileDialog& dialog) { Enter(dialog, QStringLiteral("prov.2026")); });
+        EXPECT_EQ(picked, FromQt(Path("prov.2026.mdb")));
+    }
+}
+
+TEST_F(PickFileTest, ANameThatLeadsNowhereIsToldAndTheChoiceGoesOn) {
+    std::string told;
+    const auto answer = [&told] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        told = FromQt(box->text());
+        QTimer::singleShot(0, qApp, [] {
+            auto* again = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(again, nullptr);
+            again->reject();
+        });
+        box->reject();
+    };
+    const std::string picked =
+        Pick({.choice = FileChoice::Open, .defaultExtension = "mdb", .mustExist = true},
+             [&](QFileDialog& dialog) {
+                 QTimer::singleShot(0, qApp, answer);
+                 Enter(dialog, QStringLiteral("borta"));
+             });
+    EXPECT_EQ(told, FromQt(Path("borta.mdb")) + "\nFilen finns inte.\nKontrollera filnamnet.");
+    EXPECT_EQ(picked, "");
 }
 
 TEST_F(PickFileTest, ACancelledChoiceIsEmpty) {
