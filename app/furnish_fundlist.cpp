@@ -26,6 +26,7 @@
 #include <QToolTip>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <string_view>
 
 namespace {
@@ -46,8 +47,9 @@ class FundLines final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+    void paint(QPainter* painter, const QStyleOptionViewItem& whole,
                const QModelIndex& index) const override {
+        const QStyleOptionViewItem option = InView(whole);
         QStyledItemDelegate::paint(painter, option, index);
         const bool marked = option.state.testFlag(QStyle::State_HasFocus);
         if (!marked || option.state.testFlag(QStyle::State_Selected)) return;
@@ -61,12 +63,22 @@ class FundLines final : public QStyledItemDelegate {
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override {
         const QString line = index.data().toString();
-        const bool cut = sizeHint(option, index).width() > option.rect.width();
+        const bool cut = sizeHint(option, index).width() > InView(option).rect.width();
         if (event->type() != QEvent::ToolTip || !cut) {
             return QStyledItemDelegate::helpEvent(event, view, option, index);
         }
         QToolTip::showText(event->globalPos(), line, view);
         return true;
+    }
+
+  private:
+    /// The list makes its lines as wide as the longest one, which no longer needs to be cut then.
+    static QStyleOptionViewItem InView(QStyleOptionViewItem option) {
+        const auto* list = qobject_cast<const QListWidget*>(option.widget);
+        if (list == nullptr) return option;
+        const int end = list->viewport()->rect().right() - list->spacing();
+        option.rect.setRight(std::min(option.rect.right(), end));
+        return option;
     }
 
   protected:

@@ -4,6 +4,7 @@
 #include "app/furnishing.h"
 #include "app/places.h"
 #include "app/swatch.h"
+#include "app/titledframe.h"
 #include "app/valuelabel.h"
 #include "platform/caption.h"
 
@@ -24,7 +25,7 @@ constexpr float kRowHeight = 600;
 
 void FurnishStartData(frmPPM& window) {
     auto* frame = window.fraStartData =
-        Named(new QGroupBox(window.centralWidget()), "fraStartData");
+        Named(new TitledFrame(window.centralWidget()), "fraStartData");
     Placed(window, frame, places::kStartData);
     frame->setTitle(ToQt("StartData"));
     frame->hide();

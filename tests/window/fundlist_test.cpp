@@ -402,6 +402,58 @@ TEST_F(FundListTest, CaptionAndReadingGoWithTheFundTheyAreOf) {
     }
 }
 
+TEST_F(FundListTest, AClickBesideTheLinesLeavesTheOpenFundChosen) {
+    StartWith(TwoHoldings());
+    ChooseFund(1);
+    QListWidget& list = *Window().lstFonder;
+    const QPoint below(10, list.viewport()->height() - 5);
+    ASSERT_EQ(list.itemAt(below), nullptr);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, below);
+    EXPECT_TRUE(list.item(1)->isSelected());
+    EXPECT_EQ(FraData(0), "468 024");
+}
+
+TEST_F(FundListTest, NamesTooLongForTheirPlaceStandWholeInTheTooltip) {
+    auto holdings = TwoHoldings();
+    const std::string name =
+        "En fond med ett namn som är mycket längre än en rad i listan har plats";
+    holdings[1].fond = name;
+    holdings[1].namn = "Ett konto vars namn inte heller får plats i ramens rubrik bredvid fonden";
+    StartWith(holdings);
+    ChooseFund(1);
+    const auto tip = [](QWidget& widget, QPoint at) {
+        QHelpEvent help(QEvent::ToolTip, at, widget.mapToGlobal(at));
+        QApplication::sendEvent(&widget, &help);
+        const std::string text = FromQt(QToolTip::text());
+        QToolTip::hideText();
+        return text;
+    };
+    QListWidget& list = *Window().lstFonder;
+    EXPECT_EQ(tip(*list.viewport(), list.visualItemRect(list.item(0)).center()), "");
+    EXPECT_EQ(tip(*list.viewport(), list.visualItemRect(list.item(1)).center()), " 2. " + name);
+    EXPECT_EQ(tip(*Window().fraStartData, {20, 10}), Caption(Window().fraStartData));
+    SetCaption(Window().lblRubrik, "Du arbetar med " + std::string(120, 'x'));
+    EXPECT_EQ(tip(*Window().lblRubrik, {20, 10}), Caption(Window().lblRubrik));
+}
+
+TEST_F(FundListTest, WhatTheGridCoversIsNotReachedWithTab) {
+    StartWith(TwoHoldings());
+    ChooseFund(0);
+    Window().txtValue->setFocus();  // shows the two buttons
+    Click(Window().cmdPPMData);
+    QWidget* const covered[] = {Window().imgColor, Window().imgGrafNr, Window().txtValue,
+                                Window().picDiagram};
+    for (QWidget* one : covered) {
+        EXPECT_FALSE(one->isVisible() && one->isEnabled()) << FromQt(one->objectName());
+    }
+    Window().cmdPPMData->setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 12; ++i) {
+        Press(Qt::Key_Tab);
+        for (QWidget* one : covered) EXPECT_FALSE(one->hasFocus()) << FromQt(one->objectName());
+    }
+    EXPECT_FALSE(Window().imgColor->isVisible());
+}
+
 TEST_F(FundListTest, ScrollingForgetsTheReadingAndKeepsTheFund) {
     StartWith(TwoHoldings());
     ChooseFund(0);
