@@ -29,6 +29,7 @@ FundFile Share(std::shared_ptr<jet::Database> database) {
     const auto claim = std::static_pointer_cast<WriteClaim>(database->Attached());
     FundFile file{std::move(database), claim->right, claim->owner, {}};
     file.foreignLock = ForeignLockBeside(file.database->Path());
+    file.loss = file.database->LostPart().value_or(jet::Loss{});
     return file;
 }
 
@@ -58,8 +59,10 @@ void NameColumns(jet::Database& database, std::string_view table, const Names& n
 void RequireFundFile(jet::Database& database) {
     for (const std::string_view table : {schema::kHoldingsTable, schema::kPointsTable}) {
         if (!database.HasSource(table)) {
-            throw Error{ErrorNumber::TableNotFound,
-                        database.Path().string() + " has no table " + std::string(table)};
+            // A cut file may have lost the entry of the table, not only its rows.
+            throw Error{
+                database.LostPart() ? ErrorNumber::NotADatabase : ErrorNumber::TableNotFound,
+                database.Path().string() + " has no table " + std::string(table)};
         }
     }
     CheckColumns(database, schema::kHoldingsTable, schema::holding::kColumnCount);
@@ -88,7 +91,9 @@ FundFile OpenFundFile(const fs::path& path) {
         database->Close();
         throw;
     }
-    if (claim->lock && database->ReadOnly()) {
+    if (database->LostPart()) {
+        *claim = {nullptr, WriteRight::Damaged, {}};
+    } else if (claim->lock && database->ReadOnly()) {
         *claim = {nullptr, WriteRight::FileProtected, {}};
     }
     return Share(std::move(database));

@@ -19,6 +19,7 @@ struct FundFile {
     /// "fonder.ldb" when another database program's lock lies beside the file: it may have the file
     /// open, or have left the lock behind.
     std::string foreignLock = {};
+    jet::Loss loss = {};  ///< Damaged: what is missing
 };
 
 /// Opens `path`, or gives the open one again when it is open here already, by whatever name. A file
@@ -27,7 +28,7 @@ struct FundFile {
 /// keep it.
 ///
 /// Throws what jet::Database::Open throws; TableNotFound or FieldNotFound for a sound database that
-/// is no fund file.
+/// is no fund file; NotADatabase for one that lost the tables with a part of it.
 FundFile OpenFundFile(const std::filesystem::path& path);
 
 /// Closes the file for everybody in the program, gives up the right to write it and empties

@@ -2,8 +2,10 @@
 // What the user is told about fund files, in Swedish.
 
 #include "base/error.h"
+#include "base/number.h"
 #include "fundfile/fundfile.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -124,6 +126,19 @@ constexpr std::string_view Explain(ErrorNumber number) {
     }
 }
 
+/// How much a file has lost, in one sentence or two.
+inline std::string Lost(const jet::Loss& loss) {
+    const auto number = [](std::uint64_t rows) {
+        return PlainText(static_cast<std::int64_t>(rows));
+    };
+    std::string text = "Filen är avklippt eller skadad. ";
+    if (loss.rowsFound == loss.rowsStated) {
+        return text + "Alla " + number(loss.rowsStated) +
+               " poster finns, men andra delar av filen saknas.";
+    }
+    return text + number(loss.rowsFound) + " poster finns av " + number(loss.rowsStated) + ".";
+}
+
 /// Why an open file can be read but not changed; "" when it can be changed.
 inline std::string Explain(const FundFile& file) {
     constexpr std::string_view kReadable = "\r\n\r\nDu kan se den men inte ändra något.";
@@ -155,6 +170,8 @@ inline std::string Explain(const FundFile& file) {
             return with(
                 "Filen tillhör någon annan och ligger i en delad mapp där bara ägaren kan "
                 "ersätta den.");
+        case WriteRight::Damaged:
+            return with(Lost(file.loss));
         case WriteRight::Ours:
             break;
     }

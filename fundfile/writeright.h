@@ -21,6 +21,7 @@ enum class WriteRight : std::uint8_t {
     FolderAtLock,     ///< a folder stands where the lock would stand
     OthersFile,       ///< somebody else's file in a shared folder, where only he may put a new one
                       ///< in its place
+    Damaged,          ///< the file lacks a part, and is not written to
 };
 
 /// What was found when a file was to be written. It lives as long as the file is open; the lock

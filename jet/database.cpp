@@ -113,6 +113,9 @@ bool Database::IsOpen() const noexcept {
 bool Database::ReadOnly() const noexcept {
     return readOnly_;
 }
+const std::optional<Loss>& Database::LostPart() const {
+    return RequireOpen().LostPart();
+}
 int Database::Version() const {
     return RequireOpen().File().Format().version;
 }

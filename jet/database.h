@@ -2,6 +2,7 @@
 // An open Access-format file: its tables by name, queries on them, and new files.
 
 #include "jet/design.h"
+#include "jet/loss.h"
 #include "jet/recordset.h"
 
 #include <cstdint>
@@ -71,6 +72,9 @@ class Database : public std::enable_shared_from_this<Database> {
 
     bool IsOpen() const noexcept;
     bool ReadOnly() const noexcept;
+    /// What the file lacks; none = it is whole. A file that lacks a part is read-only: what is left
+    /// of it can be read, and what was lost reads as an error, never as something else.
+    const std::optional<Loss>& LostPart() const;
     int Version() const;  ///< 3 (Access 97) or 4 (Access 2000 to 2003)
     const std::filesystem::path& Path() const noexcept;
 

@@ -187,6 +187,11 @@ void Catalog::AddTable(std::string name, std::uint32_t page, std::uint32_t flags
     tables_.push_back({std::move(name), page});
 }
 
+bool Catalog::ListsItself() const {
+    return std::any_of(tables_.begin(), tables_.end(),
+                       [](const CatalogTable& table) { return table.page == kSystemObjectsPage; });
+}
+
 const CatalogTable* Catalog::FindTable(std::string_view name) const {
     const std::string wanted = FoldName(name);
     for (const CatalogTable& table : tables_) {

@@ -42,6 +42,9 @@ class Catalog {
     /// Reads the list. Throws NotADatabase when it is damaged.
     explicit Catalog(PageFile& file);
 
+    const std::vector<CatalogTable>& Tables() const { return tables_; }  ///< system tables too
+    /// Whether the list has an entry for itself, as that of every file has.
+    bool ListsItself() const;
     const std::vector<CatalogTable>& UserTables() const { return userTables_; }  ///< catalog order
     const std::vector<std::string>& LinkedTables() const { return linkedTables_; }
     const std::vector<std::string>& QueryNames() const { return queryNames_; }

@@ -2,12 +2,16 @@
 
 #include "base/error.h"
 #include "jet/detail/names.h"
+#include "jet/detail/wholeness.h"
 
 #include <algorithm>
 
 namespace jet::detail {
 
-Engine::Engine(std::unique_ptr<PageFile> file) : file_(std::move(file)), catalog_(*file_) {}
+Engine::Engine(std::unique_ptr<PageFile> file)
+    : file_(std::move(file)), catalog_(*file_), loss_(FindLoss(*file_, catalog_)) {
+    if (loss_) file_->SetReadOnly();
+}
 
 OpenTable& Engine::Table(std::string_view name) {
     const std::string known = Unalias(name);
@@ -21,6 +25,11 @@ OpenTable& Engine::Table(std::string_view name) {
                         [&](const auto& l) { return SameName(l, known); })) {
             throw Error{ErrorNumber::NotSupported,
                         "table " + known + " is linked from another file"};
+        }
+        // In a file that lost a part a table may be missing because its entry is.
+        if (loss_) {
+            throw Error{ErrorNumber::NotADatabase,
+                        "no table or query " + std::string(name) + "; lost: " + loss_->what};
         }
         throw Error{ErrorNumber::TableNotFound, "no table or query " + std::string(name)};
     }
@@ -98,7 +107,8 @@ void Engine::RollbackTransaction() {
 void Engine::RequireWritable() const {
     if (file_->ReadOnly()) {
         throw Error{ErrorNumber::ReadOnly,
-                    "file is open for reading only: " + file_->Path().string()};
+                    "file is open for reading only: " + file_->Path().string() +
+                        (loss_ ? "; lost: " + loss_->what : "")};
     }
 }
 

@@ -5,6 +5,7 @@
 #include "jet/detail/catalog.h"
 #include "jet/detail/opentable.h"
 #include "jet/detail/pagefile.h"
+#include "jet/loss.h"
 
 #include <cstdint>
 #include <map>
@@ -22,6 +23,8 @@ class Engine {
 
     PageFile& File() { return *file_; }
     const Catalog& Objects() const { return catalog_; }
+    /// What the file lacked when it was opened; it is read-only then.
+    const std::optional<Loss>& LostPart() const { return loss_; }
 
     /// By name or alias, letter case ignored. Throws TableNotFound, NotSupported for a linked
     /// table.
@@ -51,6 +54,7 @@ class Engine {
 
     std::unique_ptr<PageFile> file_;
     Catalog catalog_;
+    std::optional<Loss> loss_;
     std::map<std::uint32_t, std::unique_ptr<OpenTable>> tables_;
     std::map<std::string, std::string> tableAliases_;
     std::map<std::pair<std::string, std::string>, std::size_t> columnAliases_;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 
 namespace jet::detail {
 
@@ -36,7 +37,14 @@ std::vector<std::uint8_t> MakeDescriptor(std::uint32_t form, std::size_t length,
 ByteView PieceAt(const PageFile& file, RowPointer where) {
     const DataPage page(file, where.page);
     if (page.Owner() != kLongValueOwner) ThrowDamaged(where.page, 4, "not a page of long values");
-    return page.Row(where.row);
+    const Slot slot = page.At(where.row);
+    if (slot.flags != 0) ThrowDamaged(where.page, where.row, "a piece of a long value is deleted");
+    return page.Bytes(slot);
+}
+
+// Where pages were lost and their numbers given out again, an old pointer leads to another value.
+[[noreturn]] void ThrowOtherValue(RowPointer where) {
+    ThrowDamaged(where.page, where.row, "a long value of another length than its row says");
 }
 
 /// Calls visit(where, data) for each piece of a chain until it returns false or the chain ends.
@@ -51,18 +59,6 @@ void WalkChain(const PageFile& file, RowPointer where, Visit&& visit) {
         if (!visit(where, piece.subspan(kNextPiece))) return;
         where = next;
     }
-}
-
-/// A column's map if its pointer leads to one; old files have pointers that lead elsewhere.
-std::optional<UsageMap> SoundMap(PageFile& file, RowPointer where) {
-    if (where.IsNull() || where.page >= file.PageCount()) return std::nullopt;
-    if (file.Page(where.page)[0] != kDataPage) return std::nullopt;
-    const DataPage page(file, where.page);
-    constexpr std::uint32_t kLargestMapOwner = 1;
-    if (page.Owner() > kLargestMapOwner || where.row >= page.SlotCount()) return std::nullopt;
-    const ByteView row = page.Row(where.row);
-    if (row.size() < file.Format().inlineMapRow || row[0] > 1) return std::nullopt;
-    return UsageMap(file, where);
 }
 
 /// Where the pieces of one column's values go.
@@ -135,20 +131,45 @@ std::vector<std::uint8_t> ReadLongValue(const PageFile& file, ByteView descripto
     }
     if (wanted == 0) return {};
     if (value.form == kOneRow) {
-        const ByteView part = Part(PieceAt(file, value.place), 0, wanted, value.place.page);
+        const ByteView piece = PieceAt(file, value.place);
+        if (piece.size() != value.length) ThrowOtherValue(value.place);
+        const ByteView part = piece.first(wanted);
         return {part.begin(), part.end()};
     }
     if (value.form != kChain) ThrowDamaged(kNoPage, 0, "unknown form of a long value");
     std::vector<std::uint8_t> bytes;
+    std::size_t last = 0;  // what the last piece has more than the value
     WalkChain(file, value.place, [&](RowPointer, ByteView piece) {
         const ByteView part = piece.first(std::min(piece.size(), wanted - bytes.size()));
         bytes.insert(bytes.end(), part.begin(), part.end());
+        last = piece.size() - part.size();
         return bytes.size() < wanted;
     });
     if (bytes.size() < wanted) {
         ThrowDamaged(value.place.page, value.place.row, "a long value ends too early");
     }
+    if (wanted == value.length && last != 0) ThrowOtherValue(value.place);
     return bytes;
+}
+
+std::vector<RowPointer> PiecesOf(const PageFile& file, ByteView descriptor) {
+    const Descriptor value = ReadDescriptor(descriptor);
+    if (value.form == kInline || value.length == 0) return {};
+    if (value.form == kOneRow) {
+        if (PieceAt(file, value.place).size() != value.length) ThrowOtherValue(value.place);
+        return {value.place};
+    }
+    std::vector<RowPointer> pieces;
+    std::set<RowPointer> seen;
+    std::size_t left = value.length;
+    WalkChain(file, value.place, [&](RowPointer where, ByteView piece) {
+        if (piece.size() > left || !seen.insert(where).second) ThrowOtherValue(value.place);
+        pieces.push_back(where);
+        left -= piece.size();
+        return left > 0;
+    });
+    if (left > 0) ThrowOtherValue(value.place);
+    return pieces;
 }
 
 std::vector<std::uint8_t> WriteLongValue(PageFile& file, const TableDef& def,
@@ -184,30 +205,16 @@ std::vector<std::uint8_t> WriteLongValue(PageFile& file, const TableDef& def,
 void FreeLongValue(PageFile& file, const TableDef& def, const ColumnDef& column,
                    ByteView descriptor) {
     if (descriptor.size() < kDescriptor) return;
-    const Descriptor value = ReadDescriptor(descriptor);
-    if (value.form == kInline || value.length == 0) return;
     std::vector<RowPointer> pieces;
     try {
-        if (value.form == kOneRow) {
-            PieceAt(file, value.place);
-            pieces.push_back(value.place);
-        } else {
-            std::size_t left = value.length;
-            WalkChain(file, value.place, [&](RowPointer where, ByteView piece) {
-                pieces.push_back(where);
-                left -= std::min(left, piece.size());
-                return left > 0;
-            });
-        }
+        pieces = PiecesOf(file, descriptor);
     } catch (const Error& error) {
         // A value that cannot be read has nothing that could safely be freed; its row may still go.
         if (error.Number() != ErrorNumber::NotADatabase) throw;
         return;
     }
     PieceStore store(file, def, column);
-    for (const RowPointer where : pieces) {
-        if (!DataPage(file, where.page).At(where.row).Deleted()) store.Remove(where);
-    }
+    for (const RowPointer where : pieces) store.Remove(where);
 }
 
 }  // namespace jet::detail

@@ -18,6 +18,10 @@ std::vector<std::uint8_t> ReadLongValue(const PageFile& file, ByteView descripto
 /// Its length in bytes as stated, unchecked.
 std::uint32_t LongValueLength(ByteView descriptor);
 
+/// Where the pieces of a value are that are not in the row itself, in order. Throws NotADatabase
+/// when they are not there, or are not as long together as the value.
+std::vector<RowPointer> PiecesOf(const PageFile& file, ByteView descriptor);
+
 /// Stores a value and returns the bytes that go into the row.
 std::vector<std::uint8_t> WriteLongValue(PageFile& file, const TableDef& def,
                                          const ColumnDef& column, ByteView value);

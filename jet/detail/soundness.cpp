@@ -1,8 +1,10 @@
 #include "jet/detail/soundness.h"
 
 #include "base/error.h"
+#include "jet/detail/longvalue.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace jet::detail {
 namespace {
@@ -21,6 +23,23 @@ void CheckPages(const TableStore& table) {
         if (page.StoredFreeBytes() != page.FreeBytes()) {
             Damaged(table, "free bytes of page " + Decimal(number));
         }
+    }
+}
+
+// A value whose pieces are another's as well came from a file that lost pages and had their numbers
+// given out again: to change one would change the other.
+void CheckLongValues(const TableStore& table) {
+    std::unordered_set<std::uint32_t> seen;
+    for (const ColumnDef& column : table.Def().columns) {
+        if (!column.IsLongValue()) continue;
+        table.Scan([&](RowPointer where, const RowView& row) {
+            if (row.IsNull(column)) return;
+            for (const RowPointer piece : PiecesOf(table.File(), row.Raw(column))) {
+                if (seen.insert(piece.Packed()).second) continue;
+                Damaged(table,
+                        "two values of " + column.name + " share a piece: " + RowText(where));
+            }
+        });
     }
 }
 
@@ -64,6 +83,7 @@ void CheckIndex(const TableStore& table, const TableIndexes& indexes, std::size_
 
 void RequireSound(const TableStore& table, const TableIndexes& indexes) {
     CheckPages(table);
+    CheckLongValues(table);
     for (std::size_t i = 0; i < table.Def().realIndexes.size(); ++i) CheckIndex(table, indexes, i);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
-// The check before the first write into a table: that its pages and indexes say the same as its
-// rows, so that a write does not spread damage. Quick and without memory of its own; `Verify` finds
-// more.
+// The check before the first write into a table: that its pages, long values and indexes say the
+// same as its rows, so that a write does not spread damage. Quick and without memory of its own;
+// `Verify` finds more.
 
 #include "jet/detail/table.h"
 #include "jet/detail/tableindexes.h"

@@ -52,6 +52,20 @@ std::vector<std::uint32_t> TableStore::DataPages() const {
     return pages;
 }
 
+std::uint64_t TableStore::CountRows() const {
+    const Layout& layout = file_->Format();
+    std::uint64_t rows = 0;
+    for (const std::uint32_t number : DataPages()) {
+        const DataPage page(*file_, number);
+        const std::size_t slots = std::min(page.SlotCount(), kLargestSlot + 1);
+        const ByteView entries = Part(file_->Page(number), layout.slots, kSlotSize * slots, number);
+        for (std::size_t at = 1; at < entries.size(); at += kSlotSize) {
+            rows += (entries[at] & (kSlotHidden >> 8)) == 0 ? 1U : 0U;
+        }
+    }
+    return rows;
+}
+
 TableStore::Place TableStore::Follow(RowPointer from, ByteView pointer) const {
     Place place;
     place.trail.push_back(from);

@@ -88,6 +88,15 @@ void AppendPages(const PageFile& file, ByteView bits, std::uint64_t first,
     }
 }
 
+/// The first page in the set that is not below `from`; `first` is the page of the first bit.
+std::optional<std::uint32_t> FirstSetFrom(ByteView bits, std::uint64_t first, std::uint64_t from) {
+    const std::uint64_t skipped = from > first ? from - first : 0;
+    for (std::uint64_t bit = skipped; bit < 8 * std::uint64_t{bits.size()}; ++bit) {
+        if (BitAt(bits, bit)) return static_cast<std::uint32_t>(first + bit);
+    }
+    return std::nullopt;
+}
+
 // The global map: a set bit is a free page, and pages it does not cover yet are free.
 
 void MarkInGlobal(PageFile& file, std::uint32_t page, bool free);
@@ -203,6 +212,21 @@ std::vector<std::uint32_t> UsageMap::Pages() const {
     return pages;
 }
 
+std::optional<std::uint32_t> UsageMap::FirstBeyondEnd() const {
+    const MapRow map(*file_, where_);
+    if (map.IsInline()) return FirstSetFrom(map.Bits(), map.First(), file_->PageCount());
+    const std::size_t perPage = file_->Format().pagesPerMapPage;
+    for (std::size_t index = 0; index < map.ReferenceCount(); ++index) {
+        const std::uint32_t reference = map.Reference(index);
+        if (reference >= file_->PageCount()) return reference;
+        const std::uint64_t first = std::uint64_t{index} * perPage;
+        if (first + perPage <= file_->PageCount()) continue;
+        const ByteView bits = BitsOfReference(*file_, reference);
+        if (const auto page = FirstSetFrom(bits, first, file_->PageCount())) return page;
+    }
+    return std::nullopt;
+}
+
 void UsageMap::Add(std::uint32_t page) {
     const MapRow map(*file_, where_);
     if (!map.IsInline()) {
@@ -263,6 +287,17 @@ void UsageMap::Remove(std::uint32_t page) {
     const std::size_t perPage = file_->Format().pagesPerMapPage;
     const std::uint32_t mapPage = map.Reference(page / perPage);
     PutBit(EditBitsOfReference(*file_, mapPage), page % perPage, false);
+}
+
+std::optional<UsageMap> SoundMap(PageFile& file, RowPointer where) {
+    if (where.IsNull() || where.page >= file.PageCount()) return std::nullopt;
+    if (file.Page(where.page)[0] != kDataPage) return std::nullopt;
+    const DataPage page(file, where.page);
+    constexpr std::uint32_t kLargestMapOwner = 1;
+    if (page.Owner() > kLargestMapOwner || where.row >= page.SlotCount()) return std::nullopt;
+    const ByteView row = page.Row(where.row);
+    if (row.size() < file.Format().inlineMapRow || row[0] > 1) return std::nullopt;
+    return UsageMap(file, where);
 }
 
 std::uint32_t AllocatePage(PageFile& file) {

@@ -6,6 +6,7 @@
 #include "jet/detail/pagefile.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace jet::detail {
@@ -21,6 +22,9 @@ class UsageMap {
     bool Contains(std::uint32_t page) const;
     /// All pages of the set that are in the file, ascending.
     std::vector<std::uint32_t> Pages() const;
+    /// The first page that the map names but the file does not have: of the set, or one that holds
+    /// a part of the map itself. For maps of tables: the global map has odd bits in sound files.
+    std::optional<std::uint32_t> FirstBeyondEnd() const;
     void Add(std::uint32_t page);  ///< lengthens or converts the map as needed; may allocate pages
     void Remove(std::uint32_t page);  ///< nothing happens when it is not in the set
 
@@ -31,6 +35,10 @@ class UsageMap {
     PageFile* file_;
     RowPointer where_;
 };
+
+/// The map of a column's long values if the pointer leads to one; old files have pointers that lead
+/// elsewhere.
+std::optional<UsageMap> SoundMap(PageFile& file, RowPointer where);
 
 /// A page to use, all zeros: one that was freed since the file was opened, else a new one at the
 /// end. Marked as used.

@@ -12,6 +12,7 @@
 #include "jet/detail/tabledef.h"
 #include "jet/detail/tableindexes.h"
 #include "jet/detail/usagemap.h"
+#include "jet/detail/wholeness.h"
 
 #include <algorithm>
 #include <map>
@@ -248,6 +249,14 @@ class TableCheck {
         while (page != 0 && report_.Claim(page, "the definition of " + name_)) {
             page = U32(file_.Page(page), kNextOffset, page);
         }
+        for (const ColumnDef& column : Def().columns) {
+            if (!IsTooLong(file_.Format(), column)) continue;
+            report_.Fault(name_ + "." + column.name + ": " + Decimal(column.length) +
+                          " bytes, longer than the format allows");
+        }
+        report_.Try(name_, [&] {
+            if (const auto lost = PageBeyondEnd(store_)) report_.Fault(name_ + ": " + *lost);
+        });
         report_.Try(name_, [&] { CheckMapPages(file_, report_, Def().ownedMap); });
         report_.Try(name_, [&] { CheckMapPages(file_, report_, Def().freeMap); });
         for (const RealIndex& index : Def().realIndexes) {
@@ -336,14 +345,20 @@ class TableCheck {
                               ", which did not move");
             }
         }
-        if (rows_.size() != Def().rowCount) {
-            const std::string line = name_ + ": says it has " + Decimal(Def().rowCount) +
-                                     " rows, but has " + Decimal(rows_.size());
-            Def().type == kUserTable ? report_.Fault(line) : report_.Note(line);
-        }
+        CheckCount();
         if (highest > Def().autonumber) {
             report_.Note(name_ + ": has given out " + Decimal(Def().autonumber) +
                          ", but the number " + Decimal(highest) + " is used");
+        }
+    }
+
+    /// System tables have too low a count in files that every program reads, never too high a one.
+    void CheckCount() {
+        if (rows_.size() != Def().rowCount) {
+            const std::string line = name_ + ": says it has " + Decimal(Def().rowCount) +
+                                     " rows, but has " + Decimal(rows_.size());
+            const bool isFault = Def().type == kUserTable || rows_.size() < Def().rowCount;
+            isFault ? report_.Fault(line) : report_.Note(line);
         }
     }
 
@@ -501,6 +516,16 @@ std::vector<CatalogTable> AllTables(PageFile& file, Report& report) {
     return tables;
 }
 
+/// What no part of the file says about itself: that it is all there.
+void CheckEnds(const PageFile& file, const std::vector<CatalogTable>& tables, Report& report) {
+    const std::uint64_t rest = file.ByteCount() % file.Format().pageSize;
+    if (rest != 0) report.Fault("the file ends " + Decimal(rest) + " bytes into a page");
+    const bool listed = std::any_of(tables.begin(), tables.end(), [](const CatalogTable& table) {
+        return table.page == kSystemObjectsPage;
+    });
+    if (!listed) report.Fault("the catalog does not list itself: it was emptied");
+}
+
 void CheckGlobalMap(PageFile& file, Report& report) {
     report.Claim(kHeaderPage, "the header");
     CheckMapPages(file, report, {kGlobalMapPage, 0});
@@ -531,6 +556,7 @@ Findings Verify(PageFile& file) {
     report.Try("the global map", [&] { CheckGlobalMap(file, report); });
     std::vector<CatalogTable> tables;
     report.Try("the catalog", [&] { tables = AllTables(file, report); });
+    CheckEnds(file, tables, report);
     // Long values may have been written more than once before a file is compacted, never more than
     // it holds.
     std::uint64_t longValueBudget = file.ByteCount();

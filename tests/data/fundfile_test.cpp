@@ -303,6 +303,32 @@ TEST_F(FundFileTest, ADatabaseWithoutTheTablesIsNoFundFile) {
     EXPECT_EQ(NumberOf([&] { OpenFundFile(folder / "halv.mdb"); }), ErrorNumber::TableNotFound);
 }
 
+TEST_F(FundFileTest, AFileThatWasCutIsReadOnlyAndSaysHowManyRowsAreThere) {
+    testdata::MakeFundFile(path, 3, 900);
+    const std::string bytes = testdata::BytesOf(path);
+    testdata::WriteText(path, bytes.substr(0, bytes.size() / 4096 * 8 / 10 * 4096));
+    Open();
+    EXPECT_EQ(file.right, WriteRight::Damaged);
+    EXPECT_TRUE(file.database->ReadOnly());
+    EXPECT_EQ(file.loss.rowsStated, 2703U);
+    EXPECT_LT(file.loss.rowsFound, 2703U);
+    EXPECT_GT(file.loss.rowsFound, 1000U);
+    EXPECT_EQ(fundtexts::Explain(file),
+              "Filen är avklippt eller skadad. " +
+                  PlainText(static_cast<std::int64_t>(file.loss.rowsFound)) +
+                  " poster finns av 2703.\r\n\r\nDu kan se den men inte ändra något.");
+    EXPECT_EQ(NumberOf([&] { EditFirstHolding(); }), ErrorNumber::ReadOnly);
+    EXPECT_FALSE(fs::exists(Lock()));
+}
+
+TEST_F(FundFileTest, AFileThatLostTheEntryOfATableIsDamagedAndNotAnotherKindOfDatabase) {
+    const std::vector<jet::TableDesign> design = NewFundFileDesign();
+    jet::Database::Create(path, std::span(design).first(1));
+    const std::string bytes = testdata::BytesOf(path);
+    testdata::WriteText(path, bytes.substr(0, bytes.size() - 4096));
+    EXPECT_EQ(NumberOf([&] { OpenFundFile(path); }), ErrorNumber::NotADatabase);
+}
+
 TEST_F(FundFileTest, ATableWithTooFewColumnsIsNoFundFile) {
     std::vector<jet::TableDesign> design = NewFundFileDesign();
     design[0].columns.pop_back();
@@ -499,7 +525,8 @@ TEST(FundFileTexts, EveryReasonForReadingOnlyHasItsOwnText) {
         text(WriteRight::OtherCopy),       text(WriteRight::FileProtected),
         text(WriteRight::FolderProtected), text(WriteRight::CannotLock),
         text(WriteRight::OtherComputer),   text(WriteRight::StaleLock),
-        text(WriteRight::FolderAtLock),    text(WriteRight::OthersFile)};
+        text(WriteRight::FolderAtLock),    text(WriteRight::OthersFile),
+        text(WriteRight::Damaged)};
     for (std::size_t i = 0; i < texts.size(); ++i) {
         EXPECT_FALSE(texts[i].empty());
         EXPECT_EQ(std::count(texts.begin(), texts.end(), texts[i]), 1) << texts[i];

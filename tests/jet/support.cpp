@@ -26,7 +26,8 @@ void BecomeProgram(const std::vector<std::string>& arguments, int output) {
 
 std::vector<std::filesystem::path> SampleFiles() {
     std::vector<std::filesystem::path> files;
-    for (const char* folder : {"mdb-samples", "fundfiles"}) {
+    for (const char* folder : {"mdb-samples", "fundfiles", "relations"}) {
+        if (!std::filesystem::exists(*Samples() / folder)) continue;
         for (const auto& entry : std::filesystem::directory_iterator(*Samples() / folder)) {
             if (entry.path().extension() == ".mdb") files.push_back(entry.path());
         }
