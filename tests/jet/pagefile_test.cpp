@@ -337,7 +337,7 @@ TEST_F(OnDisk, SaveAsWritesANewFile) {
 
 TEST_F(OnDisk, SavingIntoAFolderThatIsNotThereFails) {
     const auto file = PageFile::Open(path_);
-    EXPECT_EQ(NumberOf([&] { file->SaveAs(folder_ / "no/copy.mdb"); }), ErrorNumber::FileNotFound);
+    EXPECT_EQ(NumberOf([&] { file->SaveAs(folder_ / "no/copy.mdb"); }), ErrorNumber::PathNotFound);
 }
 
 TEST_F(OnDisk, AFolderIsNoFile) {
