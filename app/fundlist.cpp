@@ -3,15 +3,15 @@
 #include "app/frmPPM.h"
 #include "app/rules/fundline.h"
 #include "app/rules/modes.h"
-#include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/schema.h"
 #include "platform/caption.h"
+#include "platform/datasource.h"
 #include "platform/dialogs.h"
-#include "platform/entryfield.h"
 #include "platform/platform.h"
+#include "widgets/entryfield.h"
 
 #include <QCoreApplication>
 #include <QEvent>

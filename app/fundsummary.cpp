@@ -2,9 +2,9 @@
 
 #include "app/frmPPM.h"
 #include "app/rules/summary.h"
-#include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/schema.h"
+#include "platform/datasource.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "app/furnish.h"
 #include "app/furnishing.h"
-#include "fundfile/datasource.h"
 #include "fundfile/schema.h"
+#include "platform/datasource.h"
 
 #include <string>
 

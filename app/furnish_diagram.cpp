@@ -2,14 +2,14 @@
 
 #include "app/furnish.h"
 #include "app/furnishing.h"
-#include "app/imagebutton.h"
 #include "app/places.h"
 #include "app/rules/texts.h"
 #include "base/number.h"
 #include "base/text.h"
-#include "diagram/diagramview.h"
 #include "platform/caption.h"
-#include "platform/tag.h"
+#include "widgets/diagramview.h"
+#include "widgets/imagebutton.h"
+#include "widgets/tag.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -3,12 +3,12 @@
 
 #include "app/furnish.h"
 #include "app/furnishing.h"
-#include "app/imagebutton.h"
 #include "app/look.h"
 #include "app/places.h"
 #include "platform/caption.h"
-#include "platform/entryfield.h"
-#include "platform/tag.h"
+#include "widgets/entryfield.h"
+#include "widgets/imagebutton.h"
+#include "widgets/tag.h"
 
 #include <QAbstractItemView>
 #include <QFrame>

@@ -3,9 +3,9 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
-#include "platform/boundfield.h"
 #include "platform/caption.h"
-#include "platform/datagrid.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
 
 #include <QColor>
 #include <QFrame>

@@ -4,8 +4,8 @@
 #include "app/furnishing.h"
 #include "app/places.h"
 #include "platform/caption.h"
-#include "platform/datagrid.h"
-#include "platform/entryfield.h"
+#include "widgets/datagrid.h"
+#include "widgets/entryfield.h"
 
 #include <QGroupBox>
 #include <QLabel>

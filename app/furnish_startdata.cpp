@@ -3,10 +3,10 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
-#include "app/swatch.h"
-#include "app/titledframe.h"
-#include "app/valuelabel.h"
 #include "platform/caption.h"
+#include "widgets/swatch.h"
+#include "widgets/titledframe.h"
+#include "widgets/valuelabel.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -3,10 +3,10 @@
 
 #include "app/frmPPM.h"
 #include "app/furnish.h"
-#include "app/imagebutton.h"
-#include "diagram/diagramview.h"
-#include "platform/boundfield.h"
-#include "platform/datagrid.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
+#include "widgets/diagramview.h"
+#include "widgets/imagebutton.h"
 
 #include <QListWidget>
 #include <QPushButton>

@@ -4,8 +4,8 @@
 #include "app/furnishing.h"
 #include "app/places.h"
 #include "app/rules/texts.h"
-#include "app/valuelabel.h"
-#include "platform/statuspanels.h"
+#include "widgets/statuspanels.h"
+#include "widgets/valuelabel.h"
 
 #include <QFont>
 #include <QFrame>

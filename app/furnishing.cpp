@@ -1,7 +1,7 @@
 #include "app/furnishing.h"
 
-#include "app/imagebutton.h"
 #include "platform/caption.h"
+#include "widgets/imagebutton.h"
 
 #include <QColor>
 #include <QIcon>

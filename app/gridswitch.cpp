@@ -2,8 +2,8 @@
 
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
-#include "fundfile/datasource.h"
-#include "platform/datagrid.h"
+#include "platform/datasource.h"
+#include "widgets/datagrid.h"
 
 #include <QPushButton>
 

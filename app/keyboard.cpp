@@ -2,9 +2,9 @@
 
 #include "app/frmPPM.h"
 #include "base/text.h"
-#include "platform/boundfield.h"
 #include "platform/caption.h"
-#include "platform/datagrid.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
 
 #include <QApplication>
 #include <QEvent>

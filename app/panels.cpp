@@ -1,17 +1,17 @@
 #include "app/panels.h"
 
-#include "app/imagebutton.h"
 #include "app/look.h"
-#include "app/swatch.h"
-#include "diagram/diagramview.h"
-#include "diagram/strokepainter.h"
-#include "platform/boundfield.h"
 #include "platform/caption.h"
 #include "platform/commondialog.h"
-#include "platform/datagrid.h"
-#include "platform/entryfield.h"
-#include "platform/statuspanels.h"
-#include "platform/tag.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
+#include "widgets/diagramview.h"
+#include "widgets/entryfield.h"
+#include "widgets/imagebutton.h"
+#include "widgets/statuspanels.h"
+#include "widgets/strokepainter.h"
+#include "widgets/swatch.h"
+#include "widgets/tag.h"
 
 #include <QAction>
 #include <QFrame>

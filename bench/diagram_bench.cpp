@@ -2,8 +2,8 @@
 // 5,000 points at 1200 x 800. "Year" has all points in the twelve months shown, "History" has
 // twenty years of weekdays, of which the last twelve months show.
 
-#include "diagram/diagramview.h"
-#include "diagram/strokepainter.h"
+#include "widgets/diagramview.h"
+#include "widgets/strokepainter.h"
 
 #include <QApplication>
 #include <QImage>

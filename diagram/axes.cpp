@@ -1,14 +1,14 @@
 #include "diagram/axes.h"
 
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
 #include "app/rules/daystep.h"
 #include "app/rules/modes.h"
 #include "base/error.h"
 #include "base/number.h"
-#include "diagram/diagramview.h"
 #include "diagram/rules/zoom.h"
 #include "platform/caption.h"
+#include "widgets/diagramview.h"
+#include "widgets/imagebutton.h"
 
 #include <QAction>
 #include <QLabel>

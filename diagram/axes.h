@@ -3,7 +3,7 @@
 // how they are scrolled, and the step of day, week or month view.
 
 #include "app/controller.h"
-#include "diagram/rules/timewindow.h"
+#include "app/rules/timewindow.h"
 #include "fundfile/rules/scale.h"
 
 #include <Qt>

@@ -3,10 +3,7 @@
 #include "app/frmPPM.h"
 #include "base/error.h"
 #include "base/number.h"
-#include "diagram/diagramview.h"
-#include "diagram/strokepainter.h"
 #include "diagram/texts.h"
-#include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
@@ -15,7 +12,10 @@
 #include "jet/database.h"
 #include "jet/transaction.h"
 #include "platform/caption.h"
+#include "platform/datasource.h"
 #include "platform/printing.h"
+#include "widgets/diagramview.h"
+#include "widgets/strokepainter.h"
 
 #include <QPainter>
 #include <QPointF>

@@ -3,7 +3,7 @@
 // scale of a holding from its points.
 
 #include "app/controller.h"
-#include "diagram/rules/stroke.h"
+#include "widgets/rules/stroke.h"
 
 #include <cstdint>
 #include <functional>

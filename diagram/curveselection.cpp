@@ -1,13 +1,13 @@
 #include "diagram/curveselection.h"
 
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
 #include "app/rules/modes.h"
 #include "base/error.h"
-#include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
+#include "platform/datasource.h"
+#include "widgets/imagebutton.h"
 
 #include <QListWidget>
 #include <QSignalBlocker>

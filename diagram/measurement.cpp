@@ -1,8 +1,8 @@
 #include "diagram/measurement.h"
 
 #include "app/frmPPM.h"
-#include "diagram/diagramview.h"
 #include "diagram/rules/reading.h"
+#include "widgets/diagramview.h"
 
 #include <QLabel>
 

@@ -4,7 +4,7 @@
 
 #include "app/controller.h"
 #include "app/rules/windowstate.h"
-#include "diagram/rules/stroke.h"
+#include "widgets/rules/stroke.h"
 
 #include <Qt>
 

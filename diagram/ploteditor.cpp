@@ -5,15 +5,15 @@
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/number.h"
-#include "diagram/diagramview.h"
 #include "diagram/texts.h"
-#include "fundfile/datasource.h"
 #include "fundfile/schema.h"
 #include "fundfile/texts.h"
 #include "platform/caption.h"
-#include "platform/datagrid.h"
-#include "platform/entryfield.h"
+#include "platform/datasource.h"
 #include "platform/platform.h"
+#include "widgets/datagrid.h"
+#include "widgets/diagramview.h"
+#include "widgets/entryfield.h"
 
 #include <QAction>
 #include <QLabel>

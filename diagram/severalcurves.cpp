@@ -1,14 +1,14 @@
 #include "diagram/severalcurves.h"
 
 #include "app/frmPPM.h"
-#include "app/imagebutton.h"
 #include "app/rules/modes.h"
 #include "fundfile/curvelist.h"
-#include "fundfile/datasource.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
+#include "platform/datasource.h"
+#include "widgets/imagebutton.h"
 
 #include <QAction>
 

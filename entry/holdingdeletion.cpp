@@ -3,16 +3,16 @@
 #include "app/frmPPM.h"
 #include "base/daynumber.h"
 #include "base/error.h"
-#include "diagram/diagramview.h"
 #include "entry/rules/cells.h"
 #include "entry/texts.h"
 #include "fundfile/curvelist.h"
-#include "fundfile/datasource.h"
 #include "fundfile/records.h"
 #include "jet/transaction.h"
-#include "platform/datagrid.h"
+#include "platform/datasource.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "widgets/datagrid.h"
+#include "widgets/diagramview.h"
 
 #include <cstdint>
 #include <optional>

@@ -17,10 +17,10 @@
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
 #include "jet/transaction.h"
-#include "platform/boundfield.h"
-#include "platform/datagrid.h"
 #include "platform/keystrokes.h"
 #include "platform/platform.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
 
 #include <QEvent>
 #include <QGroupBox>

@@ -11,12 +11,12 @@
 #include "fundfile/editrow.h"
 #include "fundfile/records.h"
 #include "fundfile/schema.h"
-#include "platform/boundfield.h"
 #include "platform/caption.h"
-#include "platform/datagrid.h"
 #include "platform/dialogs.h"
 #include "platform/keystrokes.h"
 #include "platform/platform.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
 
 #include <QEvent>
 #include <QGroupBox>

@@ -6,7 +6,6 @@
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "base/number.h"
-#include "diagram/diagramview.h"
 #include "entry/rules/pricecheck.h"
 #include "entry/texts.h"
 #include "fundfile/editrow.h"
@@ -17,8 +16,9 @@
 #include "jet/transaction.h"
 #include "platform/caption.h"
 #include "platform/dialogs.h"
-#include "platform/entryfield.h"
 #include "platform/platform.h"
+#include "widgets/diagramview.h"
+#include "widgets/entryfield.h"
 
 #include <QEvent>
 #include <QKeyEvent>

@@ -3,7 +3,7 @@
 #include "app/frmPPM.h"
 #include "base/number.h"
 #include "entry/texts.h"
-#include "fundfile/datasource.h"
+#include "platform/datasource.h"
 
 #include <cstdint>
 #include <string>

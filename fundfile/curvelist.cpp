@@ -1,9 +1,9 @@
 #include "fundfile/curvelist.h"
 
-#include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
+#include "platform/datasource.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 // Changes the current row of a data source, whole or not at all.
 
 #include "base/error.h"
-#include "fundfile/datasource.h"
+#include "platform/datasource.h"
 
 /// Runs `change` between Edit and Update. When anything fails, no half-changed row stays behind in
 /// the shared record set, and the Error passes on.

@@ -1,7 +1,7 @@
 #pragma once
 // New fund files on disk: an empty one from the template, and a copy of the open one's rows.
 
-#include "fundfile/datasource.h"
+#include "platform/datasource.h"
 
 #include <filesystem>
 

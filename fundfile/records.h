@@ -2,10 +2,10 @@
 // Points and holdings between the file's records and the program's own types, whatever numeric or
 // text types the file's columns have. Decides nothing about them.
 
-#include "fundfile/datasource.h"
 #include "fundfile/rules/holding.h"
 #include "fundfile/rules/point.h"
 #include "jet/database.h"
+#include "platform/datasource.h"
 
 #include <cstdint>
 #include <string>

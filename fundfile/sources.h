@@ -2,8 +2,8 @@
 // The road from a path to working data sources, the same at start and when the user opens another
 // file.
 
-#include "fundfile/datasource.h"
 #include "fundfile/fundfile.h"
+#include "platform/datasource.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,7 +1,6 @@
 #pragma once
 // The real outside world, put together. Only main needs it.
 
-#include "fundfile/settings.h"
 #include "platform/clock.h"
 #include "platform/keystrokes.h"
 #include "platform/platform.h"
@@ -9,6 +8,7 @@
 #include "platform/programs.h"
 #include "platform/qtdialogs.h"
 #include "platform/screen.h"
+#include "platform/settings.h"
 #include "platform/swedishtexts.h"
 
 #include <QCoreApplication>

@@ -3,11 +3,11 @@
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
 #include "base/error.h"
-#include "fundfile/datasource.h"
 #include "fundfile/queries.h"
 #include "fundfile/schema.h"
 #include "jet/database.h"
 #include "platform/caption.h"
+#include "platform/datasource.h"
 
 #include <QAction>
 #include <QEvent>

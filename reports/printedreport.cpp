@@ -2,18 +2,18 @@
 
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
+#include "app/rules/timewindow.h"
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/number.h"
-#include "diagram/diagramview.h"
-#include "diagram/rules/stroke.h"
-#include "diagram/rules/timewindow.h"
-#include "fundfile/datasource.h"
 #include "fundfile/records.h"
 #include "platform/caption.h"
+#include "platform/datasource.h"
 #include "platform/platform.h"
 #include "platform/printing.h"
 #include "reports/texts.h"
+#include "widgets/diagramview.h"
+#include "widgets/rules/stroke.h"
 
 #include <QAction>
 #include <QImage>

@@ -4,9 +4,9 @@
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "platform/caption.h"
-#include "platform/entryfield.h"
 #include "tools/rules/percent.h"
 #include "tools/rules/translate.h"
+#include "widgets/entryfield.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,8 +1,8 @@
 #pragma once
 // What the two labels beside the cross-hair say about a place in the diagram.
 
-#include "diagram/rules/stroke.h"
 #include "fundfile/rules/scale.h"
+#include "widgets/rules/stroke.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,4 +1,4 @@
-#include "fundfile/datasource.h"
+#include "platform/datasource.h"
 
 #include "fundfile/queries.h"
 #include "fundfile/schema.h"

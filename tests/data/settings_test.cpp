@@ -1,4 +1,4 @@
-#include "fundfile/settings.h"
+#include "platform/settings.h"
 
 #include "tests/data/support.h"
 

@@ -3,10 +3,10 @@
 // second process, and an independent reader.
 
 #include "base/error.h"
-#include "fundfile/datasource.h"
 #include "fundfile/fundfile.h"
 #include "fundfile/records.h"
 #include "jet/database.h"
+#include "platform/datasource.h"
 #include "tests/support/otherprocess.h"
 
 #include <QTemporaryDir>

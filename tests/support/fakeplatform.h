@@ -3,7 +3,6 @@
 // in memory, a printer that makes a PDF, recorded programs and a fixed screen. Key strokes are
 // real.
 
-#include "fundfile/settings.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/keystrokes.h"
@@ -11,6 +10,7 @@
 #include "platform/printing.h"
 #include "platform/programs.h"
 #include "platform/screen.h"
+#include "platform/settings.h"
 
 #include <QPointer>
 #include <QRect>

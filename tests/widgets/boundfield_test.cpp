@@ -1,7 +1,7 @@
-#include "platform/boundfield.h"
+#include "widgets/boundfield.h"
 
-#include "fundfile/datasource.h"
 #include "platform/caption.h"
+#include "platform/datasource.h"
 #include "tests/support/memoryrecords.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "platform/caption.h"
 
-#include "platform/tag.h"
+#include "widgets/tag.h"
 
 #include <QAction>
 #include <QCheckBox>

@@ -1,8 +1,8 @@
-#include "platform/datagrid.h"
+#include "widgets/datagrid.h"
 
 #include "base/keyfilter.h"
-#include "fundfile/datasource.h"
 #include "platform/caption.h"
+#include "platform/datasource.h"
 #include "platform/keystrokes.h"
 #include "tests/support/memoryrecords.h"
 

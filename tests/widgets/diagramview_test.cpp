@@ -1,7 +1,7 @@
-#include "diagram/diagramview.h"
+#include "widgets/diagramview.h"
 
 #include "base/error.h"
-#include "diagram/strokepainter.h"
+#include "widgets/strokepainter.h"
 
 #include <QApplication>
 #include <QColor>

@@ -1,4 +1,4 @@
-#include "platform/entryfield.h"
+#include "widgets/entryfield.h"
 
 #include "base/keyfilter.h"
 #include "platform/caption.h"

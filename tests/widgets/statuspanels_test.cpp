@@ -1,4 +1,4 @@
-#include "platform/statuspanels.h"
+#include "widgets/statuspanels.h"
 
 #include "base/error.h"
 #include "platform/caption.h"

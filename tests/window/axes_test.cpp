@@ -1,6 +1,6 @@
-#include "app/imagebutton.h"
 #include "base/daynumber.h"
 #include "tests/window/windowtest.h"
+#include "widgets/imagebutton.h"
 
 #include <QAction>
 #include <QGroupBox>

@@ -1,12 +1,12 @@
 // Every control is there under its name, and can be reached and understood without a mouse and
 // without seeing it.
 
-#include "app/imagebutton.h"
-#include "app/swatch.h"
-#include "fundfile/datasource.h"
-#include "platform/boundfield.h"
-#include "platform/datagrid.h"
+#include "platform/datasource.h"
 #include "tests/window/windowtest.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
+#include "widgets/imagebutton.h"
+#include "widgets/swatch.h"
 
 #include <QAction>
 #include <QApplication>

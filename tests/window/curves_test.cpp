@@ -1,8 +1,8 @@
 #include "base/daynumber.h"
 #include "diagram/texts.h"
-#include "fundfile/datasource.h"
 #include "fundfile/schema.h"
 #include "jet/database.h"
+#include "platform/datasource.h"
 #include "tests/window/windowtest.h"
 
 #include <QAction>

@@ -1,8 +1,8 @@
 #include "app/errortexts.h"
-#include "app/imagebutton.h"
 #include "app/look.h"
 #include "fundfile/schema.h"
 #include "tests/window/windowtest.h"
+#include "widgets/imagebutton.h"
 
 #include <QAction>
 #include <QColor>

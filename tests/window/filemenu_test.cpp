@@ -3,13 +3,13 @@
 #include "entry/texts.h"
 #include "fundfile/fundfile.h"
 #include "fundfile/schema.h"
-#include "fundfile/settings.h"
 #include "jet/database.h"
 #include "platform/commondialog.h"
-#include "platform/datagrid.h"
-#include "platform/tag.h"
+#include "platform/settings.h"
 #include "tests/support/otherprocess.h"
 #include "tests/window/windowtest.h"
+#include "widgets/datagrid.h"
+#include "widgets/tag.h"
 
 #include <QAction>
 #include <QApplication>

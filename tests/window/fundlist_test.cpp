@@ -1,13 +1,13 @@
 // The fund list and the fund panel.
 
-#include "app/imagebutton.h"
-#include "app/swatch.h"
 #include "entry/texts.h"
-#include "fundfile/datasource.h"
 #include "fundfile/editrow.h"
 #include "fundfile/schema.h"
-#include "platform/datagrid.h"
+#include "platform/datasource.h"
 #include "tests/window/windowtest.h"
+#include "widgets/datagrid.h"
+#include "widgets/imagebutton.h"
+#include "widgets/swatch.h"
 
 #include <QAction>
 #include <QApplication>

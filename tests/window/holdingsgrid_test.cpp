@@ -1,14 +1,14 @@
 #include "app/errortexts.h"
-#include "app/imagebutton.h"
 #include "base/error.h"
 #include "entry/texts.h"
-#include "fundfile/datasource.h"
 #include "fundfile/fundfile.h"
 #include "fundfile/schema.h"
 #include "jet/database.h"
-#include "platform/boundfield.h"
-#include "platform/datagrid.h"
+#include "platform/datasource.h"
 #include "tests/window/windowtest.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
+#include "widgets/imagebutton.h"
 
 #include <QAbstractItemModel>
 #include <QAction>

@@ -1,8 +1,8 @@
 // The window's own keys, whatever control has the focus.
 
-#include "app/imagebutton.h"
 #include "base/daynumber.h"
 #include "tests/window/windowtest.h"
+#include "widgets/imagebutton.h"
 
 #include <QAction>
 #include <QColor>

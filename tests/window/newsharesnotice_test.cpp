@@ -1,8 +1,8 @@
 #include "entry/texts.h"
 #include "fundfile/schema.h"
-#include "platform/boundfield.h"
-#include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
 
 #include <QApplication>
 #include <QColor>

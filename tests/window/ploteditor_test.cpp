@@ -1,9 +1,9 @@
-#include "app/imagebutton.h"
-#include "fundfile/datasource.h"
 #include "jet/database.h"
 #include "jet/recordset.h"
-#include "platform/datagrid.h"
+#include "platform/datasource.h"
 #include "tests/window/windowtest.h"
+#include "widgets/datagrid.h"
+#include "widgets/imagebutton.h"
 
 #include <QAction>
 #include <QApplication>

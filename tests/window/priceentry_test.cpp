@@ -1,8 +1,8 @@
 // The daily price, typed with real key strokes.
 
-#include "app/imagebutton.h"
-#include "fundfile/datasource.h"
+#include "platform/datasource.h"
 #include "tests/window/windowtest.h"
+#include "widgets/imagebutton.h"
 
 #include <QClipboard>
 #include <QColor>

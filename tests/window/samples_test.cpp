@@ -1,7 +1,7 @@
 // Fund files that another engine wrote: each opens, takes a price typed by key strokes, and is
 // sound afterwards for this engine and for an independent reader.
 
-#include "fundfile/datasource.h"
+#include "platform/datasource.h"
 #include "tests/window/windowtest.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 // The window on other screens and in other sizes.
 
-#include "platform/datagrid.h"
 #include "tests/window/windowtest.h"
+#include "widgets/datagrid.h"
 
 #include <QApplication>
 #include <QGroupBox>

@@ -1,15 +1,16 @@
 // How the window comes up, and goes.
 
 #include "app/fileexists.h"
-#include "app/imagebutton.h"
 #include "base/daynumber.h"
 #include "entry/texts.h"
-#include "fundfile/datasource.h"
 #include "fundfile/texts.h"
-#include "platform/boundfield.h"
-#include "platform/datagrid.h"
+#include "main/mainwindow.h"
+#include "platform/datasource.h"
 #include "tests/support/otherprocess.h"
 #include "tests/window/windowtest.h"
+#include "widgets/boundfield.h"
+#include "widgets/datagrid.h"
+#include "widgets/imagebutton.h"
 
 #include <QAction>
 #include <QApplication>
@@ -383,7 +384,7 @@ TEST_F(StartUpTest, SecondWindowOnTheSameFileShowsTheSameRows) {
     Start();
     FakePlatform other;
     other.settings.Save("Kvarnbo", "StartUp", "StartPath", SamplePath().string());
-    frmPPM second(other.platform);
+    MainWindow second(other.platform);
     second.show();
     EXPECT_EQ(second.lstFonder->count(), 2);
 }

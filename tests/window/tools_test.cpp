@@ -1,6 +1,7 @@
 // The log, the outside programs, the percent calculator and the date translator.
 
 #include "base/codepage.h"
+#include "main/mainwindow.h"
 #include "platform/programs.h"
 #include "tests/window/windowtest.h"
 
@@ -111,7 +112,7 @@ TEST_F(ToolsTest, WithNoEditorAndNoViewerReachableTheMenuEntriesShowOnlyTheirMes
     DesktopPrograms programs;
     Platform world{outside.dialogs, outside.clock,  outside.settings,   outside.printing,
                    programs,        outside.screen, outside.keyStrokes, Folder().string()};
-    frmPPM window(world);
+    MainWindow window(world);
     for (QAction* entry : {window.mnuFLogg, window.mnuNotePad}) {
         outside.dialogs.Expect("Kunde inte hitta fil NotePad.exe");
         entry->trigger();

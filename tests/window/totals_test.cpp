@@ -1,6 +1,6 @@
 // The totals of an account, in the panel and as the report's line.
 
-#include "fundfile/datasource.h"
+#include "platform/datasource.h"
 #include "tests/window/windowtest.h"
 
 #include <QAction>

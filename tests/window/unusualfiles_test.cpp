@@ -2,9 +2,9 @@
 // points.
 
 #include "base/daynumber.h"
-#include "diagram/diagramview.h"
 #include "fundfile/schema.h"
 #include "tests/window/windowtest.h"
+#include "widgets/diagramview.h"
 
 #include <QAction>
 #include <QGroupBox>

@@ -2,6 +2,7 @@
 
 #include "fundfile/queries.h"
 #include "jet/database.h"
+#include "main/mainwindow.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -49,7 +50,7 @@ void WindowTest::SetToday(int year, unsigned month, unsigned day) {
 
 void WindowTest::Create() {
     window_.reset();  // the one before closes its file for everybody
-    window_ = std::make_unique<frmPPM>(outside.platform);
+    window_ = std::make_unique<MainWindow>(outside.platform);
 }
 
 void WindowTest::Show() {

@@ -3,14 +3,14 @@
 // a user does.
 
 #include "app/frmPPM.h"
-#include "diagram/diagramview.h"
 #include "jet/value.h"
 #include "platform/caption.h"
-#include "platform/entryfield.h"
-#include "platform/statuspanels.h"
-#include "platform/tag.h"
 #include "tests/support/fakeplatform.h"
 #include "tests/window/fundfiles.h"
+#include "widgets/diagramview.h"
+#include "widgets/entryfield.h"
+#include "widgets/statuspanels.h"
+#include "widgets/tag.h"
 
 #include <QListWidget>
 #include <QPushButton>

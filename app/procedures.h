@@ -1,0 +1,56 @@
+#pragma once
+// What controllers ask of each other, under the names it is given. The window carries it to whoever
+// asks; the program's top, which alone knows all controllers, answers.
+
+#include <Qt>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class PrinterPage;
+
+/// In every line the controller that does the work.
+class Procedures {
+  public:
+    virtual void Activate() = 0;                      // StartUp: its work, done again
+    virtual void ResetPanels() = 0;                   // StartUp
+    virtual void Unload() = 0;                        // StartUp
+    virtual void ScaleToScreen(float factor) = 0;     // ScreenScaling
+    virtual void FillFundList() = 0;                  // FundList
+    virtual void OpenSelectedFund() = 0;              // FundList
+    virtual bool OpenFund(std::int32_t kontoId) = 0;  // FundList
+    virtual void ClearFundPanel() = 0;                // FundList
+    virtual void RefreshFundList(std::optional<std::int32_t> toOpen) = 0;  // FundList
+    virtual void ReadCurveList() = 0;  // SeveralCurves: the stored list
+    virtual void SelectCurves(std::vector<std::int32_t> kontoIds) = 0;  // SeveralCurves
+    virtual void DrawOnAllScale() = 0;     // SeveralCurves: those curves
+    virtual bool StoreTypedRows() = 0;     // GridSwitch
+    virtual bool LeaveHoldingsGrid() = 0;  // GridSwitch
+    virtual void RefreshFundSummary(float startPrice, float newPrice) = 0;     // FundSummary
+    virtual void SetVerticalScale(std::int32_t bottom, std::int32_t top) = 0;  // Axes
+    virtual void AdvanceOneMonth() = 0;                                        // Axes
+    virtual void ShowMonthsOfToday() = 0;                                      // Axes
+    virtual void PlotCurves() = 0;                                             // Curves
+    virtual void PrintCurves(PrinterPage& page) = 0;                           // Curves
+    virtual void ComputeFundScale(std::int32_t kontoId, bool replace) = 0;     // Curves
+    virtual void WriteLogEntry(std::string_view entry) = 0;                    // Log
+    virtual void FillAccountList() = 0;                                        // AccountTotals
+    virtual std::string BuildAccountTotals(std::string_view accountName) = 0;  // AccountTotals
+
+    // Handlers that keys or other controllers run.
+    virtual void cmdFondList_Click() = 0;                     // PriceEntry
+    virtual void cmdPPMData_Click() = 0;                      // GridSwitch
+    virtual void imgScreen_Click() = 0;                       // SeveralCurves
+    virtual void imgColor_Click() = 0;                        // CurveSelection
+    virtual void imgGrafNr_Click() = 0;                       // CurveSelection
+    virtual void Image4_MouseUp(Qt::MouseButton button) = 0;  // Axes
+    virtual void Image5_MouseUp(Qt::MouseButton button) = 0;  // Axes
+    virtual void mnuPlus_Click() = 0;                         // Axes
+    virtual void mnuMinus_Click() = 0;                        // Axes
+
+  protected:
+    ~Procedures() = default;
+};

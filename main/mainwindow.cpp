@@ -1,0 +1,194 @@
+#include "main/mainwindow.h"
+
+#include "app/background.h"
+#include "app/filemenu.h"
+#include "app/fundlist.h"
+#include "app/fundsummary.h"
+#include "app/gridswitch.h"
+#include "app/keyboard.h"
+#include "app/screenscaling.h"
+#include "app/startup.h"
+#include "diagram/axes.h"
+#include "diagram/curves.h"
+#include "diagram/curveselection.h"
+#include "diagram/measurement.h"
+#include "diagram/ploteditor.h"
+#include "diagram/severalcurves.h"
+#include "entry/holdingdeletion.h"
+#include "entry/holdingsgrid.h"
+#include "entry/newsharesnotice.h"
+#include "entry/priceentry.h"
+#include "entry/sourcefailures.h"
+#include "reports/accounttotals.h"
+#include "reports/printedreport.h"
+#include "tools/calculators.h"
+#include "tools/log.h"
+#include "tools/outsideprograms.h"
+
+#include <utility>
+
+/// In order of construction; what one does in its constructor may use those above it.
+struct MainWindow::Controllers {
+    explicit Controllers(frmPPM& window)
+        : log(window),
+          outsidePrograms(window),
+          background(window),
+          screenScaling(window),
+          axes(window),
+          curves(window),
+          curveSelection(window),
+          measurement(window),
+          keyboard(window),
+          fundList(window),
+          severalCurves(window),
+          gridSwitch(window),
+          fundSummary(window),
+          priceEntry(window),
+          printedReport(window),
+          holdingsGrid(window),
+          holdingDeletion(window),
+          sourceFailures(window),
+          newSharesNotice(window),
+          plotEditor(window),
+          fileMenu(window),
+          accountTotals(window),
+          calculators(window),
+          startUp(window) {}
+
+    Log log;
+    OutsidePrograms outsidePrograms;
+    Background background;
+    ScreenScaling screenScaling;
+    Axes axes;
+    Curves curves;
+    CurveSelection curveSelection;
+    Measurement measurement;
+    Keyboard keyboard;
+    FundList fundList;
+    SeveralCurves severalCurves;
+    GridSwitch gridSwitch;
+    FundSummary fundSummary;
+    PriceEntry priceEntry;
+    PrintedReport printedReport;
+    HoldingsGrid holdingsGrid;
+    HoldingDeletion holdingDeletion;
+    SourceFailures sourceFailures;
+    NewSharesNotice newSharesNotice;
+    PlotEditor plotEditor;
+    FileMenu fileMenu;
+    AccountTotals accountTotals;
+    Calculators calculators;
+    StartUp startUp;
+};
+
+MainWindow::MainWindow(Platform& outside, QWidget* parent)
+    : frmPPM(outside, parent), controllers_(std::make_unique<Controllers>(*this)) {
+    controllers_->startUp.Load();
+}
+
+MainWindow::~MainWindow() {
+    // Controls tell of their end (a lost focus, a closed row); nobody may listen any more.
+    controllers_->startUp.Unload();
+    controllers_.reset();
+}
+
+void MainWindow::Activate() {
+    controllers_->startUp.Activate();
+}
+void MainWindow::ResetPanels() {
+    controllers_->startUp.ResetPanels();
+}
+void MainWindow::Unload() {
+    controllers_->startUp.Unload();
+}
+void MainWindow::ScaleToScreen(float factor) {
+    controllers_->screenScaling.ScaleToScreen(factor);
+}
+void MainWindow::FillFundList() {
+    controllers_->fundList.FillFundList();
+}
+void MainWindow::OpenSelectedFund() {
+    controllers_->fundList.OpenSelectedFund();
+}
+bool MainWindow::OpenFund(std::int32_t kontoId) {
+    return controllers_->fundList.OpenFund(kontoId);
+}
+void MainWindow::ClearFundPanel() {
+    controllers_->fundList.ClearFundPanel();
+}
+void MainWindow::RefreshFundList(std::optional<std::int32_t> toOpen) {
+    controllers_->fundList.RefreshFundList(toOpen);
+}
+void MainWindow::ReadCurveList() {
+    controllers_->severalCurves.ReadCurveList();
+}
+void MainWindow::SelectCurves(std::vector<std::int32_t> kontoIds) {
+    controllers_->severalCurves.SelectCurves(std::move(kontoIds));
+}
+void MainWindow::DrawOnAllScale() {
+    controllers_->severalCurves.DrawOnAllScale();
+}
+bool MainWindow::StoreTypedRows() {
+    return controllers_->gridSwitch.StoreTypedRows();
+}
+bool MainWindow::LeaveHoldingsGrid() {
+    return controllers_->gridSwitch.LeaveHoldingsGrid();
+}
+void MainWindow::RefreshFundSummary(float startPrice, float newPrice) {
+    controllers_->fundSummary.RefreshFundSummary(startPrice, newPrice);
+}
+void MainWindow::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
+    controllers_->axes.SetVerticalScale(bottom, top);
+}
+void MainWindow::AdvanceOneMonth() {
+    controllers_->axes.AdvanceOneMonth();
+}
+void MainWindow::ShowMonthsOfToday() {
+    controllers_->axes.ShowMonthsOfToday();
+}
+void MainWindow::PlotCurves() {
+    controllers_->curves.PlotCurves();
+}
+void MainWindow::PrintCurves(PrinterPage& page) {
+    controllers_->curves.PrintCurves(page);
+}
+void MainWindow::ComputeFundScale(std::int32_t kontoId, bool replace) {
+    controllers_->curves.ComputeFundScale(kontoId, replace);
+}
+void MainWindow::WriteLogEntry(std::string_view entry) {
+    controllers_->log.WriteLogEntry(entry);
+}
+void MainWindow::FillAccountList() {
+    controllers_->accountTotals.FillAccountList();
+}
+std::string MainWindow::BuildAccountTotals(std::string_view accountName) {
+    return controllers_->accountTotals.BuildAccountTotals(accountName);
+}
+
+void MainWindow::cmdFondList_Click() {
+    controllers_->priceEntry.cmdFondList_Click();
+}
+void MainWindow::cmdPPMData_Click() {
+    controllers_->gridSwitch.cmdPPMData_Click();
+}
+void MainWindow::imgScreen_Click() {
+    controllers_->severalCurves.imgScreen_Click();
+}
+void MainWindow::imgColor_Click() {
+    controllers_->curveSelection.imgColor_Click();
+}
+void MainWindow::imgGrafNr_Click() {
+    controllers_->curveSelection.imgGrafNr_Click();
+}
+void MainWindow::Image4_MouseUp(Qt::MouseButton button) {
+    controllers_->axes.Image4_MouseUp(button);
+}
+void MainWindow::Image5_MouseUp(Qt::MouseButton button) {
+    controllers_->axes.Image5_MouseUp(button);
+}
+void MainWindow::mnuPlus_Click() {
+    controllers_->axes.mnuPlus_Click();
+}
+void MainWindow::mnuMinus_Click() {
+    controllers_->axes.mnuMinus_Click();
+}

@@ -1,0 +1,52 @@
+#pragma once
+// The window with all its controllers: the one place that knows them all, and that answers what
+// they ask of each other.
+
+#include "app/frmPPM.h"
+
+#include <memory>
+
+class MainWindow final : public frmPPM {
+  public:
+    /// `outside` outlives the window. The fund file is opened here, and closed with the window.
+    explicit MainWindow(Platform& outside, QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    void Activate() override;
+    void ResetPanels() override;
+    void Unload() override;
+    void ScaleToScreen(float factor) override;
+    void FillFundList() override;
+    void OpenSelectedFund() override;
+    bool OpenFund(std::int32_t kontoId) override;
+    void ClearFundPanel() override;
+    void RefreshFundList(std::optional<std::int32_t> toOpen) override;
+    void ReadCurveList() override;
+    void SelectCurves(std::vector<std::int32_t> kontoIds) override;
+    void DrawOnAllScale() override;
+    bool StoreTypedRows() override;
+    bool LeaveHoldingsGrid() override;
+    void RefreshFundSummary(float startPrice, float newPrice) override;
+    void SetVerticalScale(std::int32_t bottom, std::int32_t top) override;
+    void AdvanceOneMonth() override;
+    void ShowMonthsOfToday() override;
+    void PlotCurves() override;
+    void PrintCurves(PrinterPage& page) override;
+    void ComputeFundScale(std::int32_t kontoId, bool replace) override;
+    void WriteLogEntry(std::string_view entry) override;
+    void FillAccountList() override;
+    std::string BuildAccountTotals(std::string_view accountName) override;
+    void cmdFondList_Click() override;
+    void cmdPPMData_Click() override;
+    void imgScreen_Click() override;
+    void imgColor_Click() override;
+    void imgGrafNr_Click() override;
+    void Image4_MouseUp(Qt::MouseButton button) override;
+    void Image5_MouseUp(Qt::MouseButton button) override;
+    void mnuPlus_Click() override;
+    void mnuMinus_Click() override;
+
+  private:
+    struct Controllers;  // in order of construction
+    std::unique_ptr<Controllers> controllers_;
+};

@@ -1,0 +1,50 @@
+#pragma once
+// A text box that shows a column of a data source's current row and stores what is typed there.
+
+#include "widgets/entryfield.h"
+
+#include <QPointer>
+
+#include <string>
+
+class QFocusEvent;
+class QKeyEvent;
+class DataSource;
+
+/// Stores when it is left or when told to. Up and Down go to the neighbouring fields. An empty set
+/// or no current row shows nothing and takes no typing. What cannot be stored stays typed; the data
+/// source reports the failure.
+class BoundField : public EntryField {
+    Q_OBJECT
+
+  public:
+    explicit BoundField(QWidget* parent = nullptr);
+
+    /// Null unbinds.
+    void Bind(DataSource* source, std::string column);
+    /// From now on only Store stores; leaving the field keeps what is typed.
+    void StoreOnlyWhenTold();
+    /// Whether there is something typed that is not stored yet.
+    bool Changed() const;
+    bool Store();   ///< true when nothing is left to store
+    void Reload();  ///< shows what is stored; forgets what was typed
+
+  signals:
+    void Stored();  ///< what was typed is in the file
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    bool HasRow() const;
+    void Follow();
+    void MoveFocus(bool forward, QKeyEvent* event);
+
+    QPointer<DataSource> source_;
+    std::string column_;
+    QString shown_;
+    int row_ = -1;  ///< the row shown; -1: none
+    bool storing_ = false;
+    bool onlyWhenTold_ = false;
+};

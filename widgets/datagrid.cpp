@@ -1,0 +1,247 @@
+#include "widgets/datagrid.h"
+
+#include "platform/caption.h"
+#include "platform/datasource.h"
+#include "platform/keystrokes.h"
+#include "widgets/gridcells.h"
+#include "widgets/gridcursor.h"
+#include "widgets/griddeletion.h"
+#include "widgets/gridrow.h"
+#include "widgets/gridrowheader.h"
+#include "widgets/gridselection.h"
+#include "widgets/gridtable.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPointer>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace {
+
+QLabel* MadeCaption(QWidget* parent) {
+    auto* caption = new QLabel(parent);
+    caption->setTextFormat(Qt::PlainText);
+    caption->setAlignment(Qt::AlignCenter);
+    caption->setMargin(2);
+    caption->hide();
+    return caption;
+}
+
+}  // namespace
+
+/// What the grid is made of. Later ones know earlier ones.
+struct DataGrid::Parts {
+    explicit Parts(DataGrid& grid);
+    ~Parts();
+
+    RecordSetModel model;
+    GridCells cells;
+    GridSelection selection;
+    QLabel* caption;
+    GridTable* table;
+    GridCursor cursor;
+    GridRow row;
+    GridDeletion deletion;
+    QPointer<DataSource> source;
+    KeyStrokes* keyStrokes = nullptr;
+
+  private:
+    GridTable* MadeTable(DataGrid& grid);
+    RowSign SignOf(int at) const;
+};
+
+DataGrid::Parts::Parts(DataGrid& grid)
+    : cells(model, grid.events),
+      selection([this] { return row.Store(); }),
+      caption(MadeCaption(&grid)),
+      table(MadeTable(grid)),
+      cursor(*table, model, selection),
+      row(model, cells, grid.events),
+      deletion(model, selection, cursor, grid.events) {}
+
+DataGrid::Parts::~Parts() {
+    model.disconnect();
+    // While what it looks at is still there.
+    delete table;
+}
+
+GridTable* DataGrid::Parts::MadeTable(DataGrid& grid) {
+    // Before table and selection listen: what they do when rows go must not move the data source.
+    const auto begins = [this] { cursor.RowsBeginToChange(); };
+    connect(&model, &QAbstractItemModel::rowsAboutToBeRemoved, &grid, begins);
+    connect(&model, &QAbstractItemModel::modelAboutToBeReset, &grid, begins);
+    selection.setModel(&model);
+    auto* made = new GridTable(model, cells, grid.events, &grid);
+    made->setVerticalHeader(new GridRowHeader([this](int at) { return SignOf(at); }, made));
+    made->LayOutRows();
+    const QItemSelectionModel* plain = made->selectionModel();
+    made->setSelectionModel(&selection);
+    delete plain;
+    return made;
+}
+
+RowSign DataGrid::Parts::SignOf(int at) const {
+    if (model.TypedRow() == at) return RowSign::Typed;
+    if (at == cursor.Row()) return RowSign::Current;
+    return model.IsNewRow(at) ? RowSign::New : RowSign::None;
+}
+
+DataGrid::DataGrid(QWidget* parent) : QFrame(parent), parts_(std::make_unique<Parts>(*this)) {
+    setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    ConnectParts();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(parts_->caption);
+    column->addWidget(parts_->table, 1);
+    setFocusProxy(parts_->table);
+}
+
+DataGrid::~DataGrid() {
+    disconnect(qApp, nullptr, this, nullptr);
+    parts_->table->disconnect(this);
+    parts_->cursor.disconnect(this);
+    parts_->model.disconnect(this);
+    events = {};
+}
+
+void DataGrid::ConnectParts() {
+    Parts& parts = *parts_;
+    const auto changed = [this] { parts_->cursor.RowsHaveChanged(); };
+    connect(&parts.model, &QAbstractItemModel::rowsRemoved, this, changed);
+    connect(&parts.model, &QAbstractItemModel::modelReset, this, changed);
+    connect(&parts.cursor, &GridCursor::Moved, this, [this] {
+        if (events.rowOrColumnChanged) events.rowOrColumnChanged();
+    });
+    connect(&parts.cells, &GridCells::LeftBy, parts.table, &GridTable::Stroke);
+    connect(parts.table, &GridTable::MarkPressed, this, &DataGrid::MarkRow);
+    connect(parts.table, &GridTable::DeletePressed, this, &DataGrid::DeleteMarkedRow);
+    connect(parts.table, &GridTable::EnterPressed, this, &DataGrid::ForwardEnter);
+    connect(parts.table, &GridTable::EscapePressed, this, &DataGrid::GiveUpRow);
+    connect(parts.table->verticalHeader(), &QHeaderView::sectionPressed, this,
+            &DataGrid::RowHeaderPressed);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget* from, QWidget* to) { parts_->row.FocusMoves(*this, from, to); });
+}
+
+void DataGrid::SetDataSource(DataSource* source) {
+    parts_->cursor.SetDataSource(nullptr);
+    parts_->source = source;
+    parts_->model.SetDataSource(source);
+    parts_->cursor.SetDataSource(source);
+}
+
+void DataGrid::SetColumns(std::vector<GridColumn> columns) {
+    parts_->model.SetColumns(std::move(columns));
+    parts_->table->LayOutColumns();
+}
+
+void DataGrid::SetKeyStrokes(KeyStrokes& keyStrokes) {
+    parts_->keyStrokes = &keyStrokes;
+}
+
+QString DataGrid::GridCaption() const {
+    return parts_->caption->text();
+}
+
+void DataGrid::SetGridCaption(const QString& caption) {
+    parts_->caption->setText(caption);
+    parts_->caption->setVisible(!caption.isEmpty());
+    parts_->table->setAccessibleName(caption);
+}
+
+int DataGrid::CurrentRow() const {
+    return parts_->cursor.Row();
+}
+
+int DataGrid::CurrentColumn() const {
+    return parts_->cursor.Column();
+}
+
+void DataGrid::SetCurrentColumn(int column) {
+    parts_->cursor.SetColumn(column);
+}
+
+std::string DataGrid::CellText(int row, int column) const {
+    return FromQt(parts_->model.index(row, column).data(Qt::DisplayRole).toString());
+}
+
+bool DataGrid::OnNewRow() const {
+    return parts_->model.IsNewRow(CurrentRow());
+}
+
+void DataGrid::MoveToNewRow() {
+    const int row = parts_->model.rowCount() - 1;
+    if (row >= 0) parts_->table->setCurrentIndex(parts_->model.index(row, 0));
+}
+
+bool DataGrid::RowTyped() const {
+    return parts_->row.IsTyped();
+}
+
+std::string DataGrid::TypedText(const std::string& field) const {
+    return parts_->model.TextAt(parts_->model.TypedRow().value_or(CurrentRow()), field);
+}
+
+void DataGrid::TypeText(const std::string& field, std::string text) {
+    parts_->model.Type(parts_->model.TypedRow().value_or(CurrentRow()), field, std::move(text));
+}
+
+bool DataGrid::StoreRow() {
+    return parts_->row.Store();
+}
+
+void DataGrid::CancelRow() {
+    parts_->row.Cancel();
+}
+
+std::optional<int> DataGrid::MarkedRow() const {
+    return parts_->deletion.MarkedRow();
+}
+
+void DataGrid::MarkRow() {
+    parts_->deletion.MarkRow();
+}
+
+bool DataGrid::DeleteMarkedRow() {
+    return parts_->source && parts_->deletion.DeleteMarkedRow(*parts_->source);
+}
+
+QTableView& DataGrid::View() const {
+    return *parts_->table;
+}
+
+void DataGrid::RowHeaderPressed(int row) {
+    parts_->table->setFocus(Qt::MouseFocusReason);
+    parts_->cells.Finish();
+    parts_->table->setCurrentIndex(parts_->model.index(row, std::max(0, CurrentColumn())));
+    if (CurrentRow() == row) MarkRow();
+}
+
+void DataGrid::ForwardEnter() {
+    if (CurrentColumn() < 0 || parts_->keyStrokes == nullptr) return;
+    const auto column = static_cast<std::size_t>(CurrentColumn());
+    const std::string keys = parts_->model.Columns()[column].enterKeys;
+    if (!keys.empty()) parts_->keyStrokes->Send(keys);
+}
+
+void DataGrid::GiveUpRow(QKeyEvent* key) {
+    if (!RowTyped()) return key->ignore();
+    CancelRow();
+}
+
+void DataGrid::showEvent(QShowEvent* event) {
+    QFrame::showEvent(event);
+    parts_->model.SetAwake(true);
+}
+
+void DataGrid::hideEvent(QHideEvent* event) {
+    QFrame::hideEvent(event);
+    // A minimised window is only out of sight.
+    if (!event->spontaneous()) parts_->model.SetAwake(false);
+}

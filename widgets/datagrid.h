@@ -1,0 +1,76 @@
+#pragma once
+// A grid bound to a data source: it shows its rows, follows and moves its current row, and lets the
+// user add, change and delete rows. Knows nothing of what the columns mean.
+
+#include "widgets/gridevents.h"
+#include "widgets/recordsetmodel.h"
+
+#include <QFrame>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class DataSource;
+class KeyStrokes;
+class QHideEvent;
+class QKeyEvent;
+class QShowEvent;
+class QTableView;
+
+/// Keys: arrows move, typing or F2 edits, Esc gives up the cell, then the row; Shift+Space or
+/// Ctrl+Space marks the row as a click on its left edge does, Delete deletes the marked row, Tab
+/// goes on to the next control. Leaving a typed row stores it: by another row, another control, or
+/// StoreRow.
+class DataGrid : public QFrame {
+    Q_OBJECT
+    Q_PROPERTY(QString caption READ GridCaption WRITE SetGridCaption)
+
+  public:
+    explicit DataGrid(QWidget* parent = nullptr);
+    ~DataGrid() override;
+
+    void SetDataSource(DataSource* source);
+    void SetColumns(std::vector<GridColumn> columns);
+    void SetKeyStrokes(KeyStrokes& keyStrokes);
+    QString GridCaption() const;
+    void SetGridCaption(const QString& caption);
+
+    GridEvents events;
+
+    int CurrentRow() const;     ///< -1: none
+    int CurrentColumn() const;  ///< -1: none
+    void SetCurrentColumn(int column);
+    std::string CellText(int row, int column) const;
+    bool OnNewRow() const;
+    void MoveToNewRow();
+
+    bool RowTyped() const;  ///< something is typed that is not stored
+    /// The row being typed or, where nothing is typed, the current row: what it would hold when
+    /// stored.
+    std::string TypedText(const std::string& field) const;
+    void TypeText(const std::string& field, std::string text);
+    bool StoreRow();  ///< true when nothing is left to store
+    void CancelRow();
+
+    std::optional<int> MarkedRow() const;
+    void MarkRow();  ///< the current one
+    /// Asks, deletes the marked row, tells. False when nothing was deleted.
+    bool DeleteMarkedRow();
+
+    QTableView& View() const;  ///< the table that shows the rows
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void ConnectParts();
+    void RowHeaderPressed(int row);
+    void ForwardEnter();
+    void GiveUpRow(QKeyEvent* key);
+
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};

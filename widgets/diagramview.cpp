@@ -1,0 +1,226 @@
+#include "widgets/diagramview.h"
+
+#include "base/error.h"
+#include "base/number.h"
+#include "widgets/strokepainter.h"
+
+#include <QColor>
+#include <QEvent>
+#include <QLineF>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPalette>
+#include <QPen>
+#include <QPointF>
+#include <QRectF>
+#include <QSize>
+#include <QSizePolicy>
+#include <QTransform>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr int kValueSteps = 5;  // the scale's six labels, bottom to top
+constexpr int kZeroStep = 2;    // as 3 : -2 puts it
+constexpr int kMonths = 12;
+
+constexpr Colour kGridInk{226, 229, 224};
+constexpr Colour kZeroInk{146, 154, 148};
+constexpr Colour kFrameInk{168, 176, 170};
+constexpr Colour kCrossHairInk{0, 128, 0};
+
+/// Few curves are drawn stronger; many stay apart better when they are fine.
+constexpr std::size_t kFewCurves = 4;
+constexpr double kStrongLine = 1.6;
+constexpr double kFineLine = 1.0;
+
+}  // namespace
+
+GridLine::GridLine(QWidget* picture, Kind kind, QLineF fractions)
+    : QObject(picture), kind_(kind), fractions_(fractions) {}
+
+double GridLine::X1() const {
+    return fractions_.x1() * static_cast<QWidget*>(parent())->width();
+}
+double GridLine::Y1() const {
+    return fractions_.y1() * static_cast<QWidget*>(parent())->height();
+}
+double GridLine::X2() const {
+    return fractions_.x2() * static_cast<QWidget*>(parent())->width();
+}
+double GridLine::Y2() const {
+    return fractions_.y2() * static_cast<QWidget*>(parent())->height();
+}
+
+DiagramView::DiagramView(QWidget* parent) : QWidget(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::CrossCursor);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    AddGrid();
+}
+
+DiagramView::~DiagramView() = default;
+
+void DiagramView::AddGrid() {
+    const auto add = [&](GridLine::Kind kind, QLineF fractions) {
+        auto* line = new GridLine(this, kind, fractions);
+        grid_.push_back(line);
+        const auto number = static_cast<std::int32_t>(grid_.size());
+        line->setObjectName(QStringLiteral("Line") + QString::fromStdString(PlainText(number)));
+    };
+    const auto across = [](int step) {
+        const double y = 1 - static_cast<double>(step) / kValueSteps;
+        return QLineF(0, y, 1, y);
+    };
+    for (int step = 0; step <= kValueSteps; ++step) add(GridLine::Kind::Value, across(step));
+    for (int month = 0; month <= kMonths; ++month) {
+        const double x = static_cast<double>(month) / kMonths;
+        add(GridLine::Kind::Month, QLineF(x, 0, x, 1));
+    }
+    add(GridLine::Kind::Zero, across(kZeroStep));
+}
+
+void DiagramView::SetUserScale(ScaleRange scale) {
+    if (scale.bottom >= scale.top) {
+        throw Error{ErrorNumber::InvalidProcedureCall, "a diagram scale without height"};
+    }
+    if (scale == scale_) return;
+    scale_ = scale;
+    Outdated();
+}
+
+QTransform DiagramView::ToPixelsTransform() const {
+    const double dayWidth = width() / kDays;
+    const double percentHeight = height() / (static_cast<double>(scale_.top) - scale_.bottom);
+    return {dayWidth, 0, 0, -percentHeight, 0, percentHeight * scale_.top};
+}
+
+QPointF DiagramView::ToPixels(Point user) const {
+    return ToPixelsTransform().map(QPointF(user.x, user.y));
+}
+
+Point DiagramView::ToUser(QPointF pixels) const {
+    const double percentPerPixel =
+        (static_cast<double>(scale_.top) - scale_.bottom) / std::max(height(), 1);
+    return {pixels.x() * kDays / std::max(width(), 1), scale_.top - pixels.y() * percentPerPixel};
+}
+
+void DiagramView::Clear() {
+    drawings_.clear();
+    Outdated();
+}
+
+void DiagramView::Add(Drawing drawing) {
+    if (drawing.label.empty()) return;
+    drawings_.push_back(std::move(drawing));
+    Outdated();
+}
+
+void DiagramView::SetQuietLine(const QString& text) {
+    if (quietLine_ == text) return;
+    quietLine_ = text;
+    Outdated();
+}
+
+void DiagramView::Outdated() {
+    outdated_ = true;
+    update();
+}
+
+void DiagramView::ShowCrossHair(Point at) {
+    if (crossHair_ == at) return;
+    crossHair_ = at;
+    update();
+}
+
+void DiagramView::HideCrossHair() {
+    crossHair_.reset();
+    update();
+}
+
+QSize DiagramView::sizeHint() const {
+    return {600, 400};
+}
+QSize DiagramView::minimumSizeHint() const {
+    return {60, 40};
+}
+
+void DiagramView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) Outdated();
+    QWidget::changeEvent(event);
+}
+
+void DiagramView::paintEvent(QPaintEvent*) {
+    const QSize wanted = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    if (picture_.size() != wanted) {
+        picture_ = QPixmap(wanted);
+        picture_.setDevicePixelRatio(devicePixelRatioF());
+        outdated_ = true;
+    }
+    if (outdated_) PaintPicture();
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, picture_);
+    if (crossHair_) PaintCrossHair(painter);
+    if (hasFocus()) {
+        QColor mark = palette().color(QPalette::Highlight);
+        painter.setPen(QPen(mark, 1));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+void DiagramView::PaintPicture() {
+    outdated_ = false;
+    picture_.fill(ToQColor(kDiagramGround));
+    QPainter painter(&picture_);
+    PaintGrid(painter);
+    painter.setFont(font());
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double lineWidth = drawings_.size() <= kFewCurves ? kStrongLine : kFineLine;
+    DrawCurves(painter, drawings_,
+               {ToPixelsTransform(), QRectF(rect()), lineWidth, 1 / devicePixelRatioF(),
+                ToQColor(kDiagramGround)});
+    if (drawings_.empty() && !quietLine_.isEmpty()) PaintQuietLine(painter);
+}
+
+void DiagramView::PaintQuietLine(QPainter& painter) const {
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const QRect upperHalf(0, 0, width(), height() / 2);
+    painter.drawText(upperHalf, Qt::AlignCenter | Qt::TextWordWrap, quietLine_);
+}
+
+void DiagramView::PaintGrid(QPainter& painter) const {
+    for (const GridLine* line : grid_) {
+        const bool zero = line->LineKind() == GridLine::Kind::Zero;
+        painter.setPen(QPen(ToQColor(zero ? kZeroInk : kGridInk), 1));
+        const QLineF at(line->X1(), line->Y1(), line->X2(), line->Y2());
+        painter.drawLine(QPointF(std::floor(at.x1()), std::floor(at.y1())),
+                         QPointF(std::floor(at.x2()), std::floor(at.y2())));
+    }
+    painter.setPen(QPen(ToQColor(kFrameInk), 1));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void DiagramView::PaintCrossHair(QPainter& painter) const {
+    const QPointF at = ToPixels(*crossHair_);
+    const double x = std::floor(at.x()), y = std::floor(at.y());
+    painter.setPen(QPen(ToQColor(kCrossHairInk), 1, Qt::DotLine));
+    painter.drawLine(QLineF(x, 0, x, height()));
+    painter.drawLine(QLineF(0, y, width(), y));
+}
+
+void DiagramView::mousePressEvent(QMouseEvent* event) {
+    emit Pressed(event->button(), ToUser(event->position()));
+}
+
+void DiagramView::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons() != Qt::NoButton) emit Moved(event->buttons(), ToUser(event->position()));
+}
+
+void DiagramView::mouseReleaseEvent(QMouseEvent* event) {
+    emit Released(event->button(), ToUser(event->position()));
+}

@@ -1,0 +1,116 @@
+#pragma once
+// The diagram's drawing surface: a grid, curves and a cross-hair in user coordinates.
+// Knows nothing of funds, files or other controls; says where the mouse is pressed, moved and
+// released.
+
+#include "fundfile/rules/scale.h"
+#include "widgets/rules/stroke.h"
+
+#include <QImage>
+#include <QLineF>
+#include <QPixmap>
+#include <QPointF>
+#include <QSize>
+#include <QString>
+#include <QTransform>
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+class QEvent;
+class QMouseEvent;
+class QPaintEvent;
+class QPainter;
+
+/// One line of the fixed grid, as fractions of the picture; x1 ... y2 in pixels follow the
+/// picture's size.
+class GridLine final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(double x1 READ X1)
+    Q_PROPERTY(double y1 READ Y1)
+    Q_PROPERTY(double x2 READ X2)
+    Q_PROPERTY(double y2 READ Y2)
+
+  public:
+    enum class Kind { Value, Zero, Month };
+
+    GridLine(QWidget* picture, Kind kind, QLineF fractions);
+    Kind LineKind() const { return kind_; }
+    QLineF Fractions() const { return fractions_; }
+    double X1() const;
+    double Y1() const;
+    double X2() const;
+    double Y2() const;
+
+  private:
+    Kind kind_;
+    QLineF fractions_;
+};
+
+/// `picDiagram`: x runs from 0 (left) to 365 (right), y from the scale's bottom to its top.
+class DiagramView final : public QWidget {
+    Q_OBJECT
+
+  public:
+    static constexpr double kDays = 365;
+
+    explicit DiagramView(QWidget* parent = nullptr);
+    ~DiagramView() override;
+
+    /// The user coordinate system: upper left (0, top), lower right (365, bottom).
+    /// Throws InvalidProcedureCall, and keeps the scale it has, unless bottom < top.
+    void SetUserScale(ScaleRange scale);
+    ScaleRange UserScale() const { return scale_; }
+    QPointF ToPixels(Point user) const;
+    Point ToUser(QPointF pixels) const;
+
+    /// Takes all curves away.
+    void Clear();
+    /// Draws a curve over those there are; an empty one is ignored.
+    void Add(Drawing drawing);
+    const std::vector<Drawing>& Drawings() const { return drawings_; }
+    /// Said in the middle of the picture while it has no curve.
+    void SetQuietLine(const QString& text);
+    QString QuietLine() const { return quietLine_; }
+
+    /// `Line1` ... `Line20`: six values, thirteen month borders, the zero line. They never move or
+    /// hide.
+    const std::vector<GridLine*>& GridLines() const { return grid_; }
+
+    void ShowCrossHair(Point at);
+    void HideCrossHair();
+    std::optional<Point> CrossHair() const { return crossHair_; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  signals:
+    void Pressed(Qt::MouseButton button, Point at);
+    void Moved(Qt::MouseButtons buttons, Point at);
+    void Released(Qt::MouseButton button, Point at);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    void AddGrid();
+    void Outdated();
+    void PaintPicture();
+    void PaintGrid(QPainter& painter) const;
+    void PaintQuietLine(QPainter& painter) const;
+    void PaintCrossHair(QPainter& painter) const;
+    QTransform ToPixelsTransform() const;
+
+    ScaleRange scale_;
+    std::vector<Drawing> drawings_;
+    QString quietLine_;
+    std::vector<GridLine*> grid_;
+    std::optional<Point> crossHair_;
+    QPixmap picture_;  ///< ground, grid and curves
+    bool outdated_ = true;
+};

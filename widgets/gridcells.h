@@ -1,0 +1,49 @@
+#pragma once
+// The cell of a grid that is being edited: opens a field over it, takes the text over when the cell
+// is left, and says with which key it was left.
+
+#include "widgets/gridevents.h"
+
+#include <QPointer>
+#include <QStyledItemDelegate>
+
+class EntryField;
+class QKeyEvent;
+class RecordSetModel;
+
+/// How a cell was opened: what is typed replaces its text, or its text is edited.
+enum class CellOpening { Typing, Editing };
+
+class GridCells : public QStyledItemDelegate {
+    Q_OBJECT
+
+  public:
+    /// Both outlive the cells.
+    GridCells(const RecordSetModel& model, const GridEvents& events);
+
+    QWidget* Editor() const;  ///< null while no cell is edited
+    void OpenedBy(CellOpening opening);
+    void Finish();  ///< takes over what was typed and closes
+    void GiveUp();  ///< closes; the cell keeps its text
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override;
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+
+  signals:
+    void LeftBy(QKeyEvent* key);  ///< the cell is closed; what the key does is still to be done
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool LeavesCell(const EntryField& editor, const QKeyEvent& key) const;
+
+    const RecordSetModel& model_;
+    const GridEvents& events_;
+    mutable QPointer<QWidget> editor_;
+    CellOpening opening_ = CellOpening::Editing;
+};

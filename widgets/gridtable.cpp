@@ -1,0 +1,142 @@
+#include "widgets/gridtable.h"
+
+#include "widgets/gridcells.h"
+#include "widgets/gridkeys.h"
+#include "widgets/recordsetmodel.h"
+
+#include <QApplication>
+#include <QColor>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QKeySequence>
+#include <QPalette>
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+namespace {
+
+constexpr int kMinColumnWidth = 30;
+constexpr int kRowPadding = 8;
+
+// Both colours of every pair, so that no desktop theme makes a cell unreadable.
+constexpr QColor kBackground(255, 255, 255);
+constexpr QColor kOtherBackground(239, 244, 246);
+constexpr QColor kText(16, 16, 32);
+constexpr QColor kChosenBackground(31, 92, 125);
+constexpr QColor kChosenText(255, 255, 255);
+
+}  // namespace
+
+GridTable::GridTable(RecordSetModel& model, GridCells& cells, const GridEvents& events,
+                     QWidget* parent)
+    : QTableView(parent), model_(model), cells_(cells), events_(events) {
+    setModel(&model);
+    setItemDelegate(&cells);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed |
+                    QAbstractItemView::DoubleClicked);
+    setTabKeyNavigation(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setAlternatingRowColors(true);
+    setFrameShape(QFrame::NoFrame);
+    SetColours();
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setMinimumSectionSize(kMinColumnWidth);
+}
+
+void GridTable::SetColours() {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, kBackground);
+    colours.setColor(QPalette::AlternateBase, kOtherBackground);
+    colours.setColor(QPalette::Text, kText);
+    colours.setColor(QPalette::Highlight, kChosenBackground);
+    colours.setColor(QPalette::HighlightedText, kChosenText);
+    setPalette(colours);
+}
+
+void GridTable::Stroke(QKeyEvent* key) {
+    if (IsTab(*key)) {
+        focusNextPrevChild(key->key() == Qt::Key_Tab);
+        return;
+    }
+    keyPressEvent(key);
+}
+
+bool GridTable::Passes(int column, const QKeyEvent& event) const {
+    const CharacterFilter& filter = model_.Columns()[static_cast<std::size_t>(column)].filter;
+    if (!filter) return true;
+    const QList<uint> codes = event.text().toUcs4();
+    return !codes.isEmpty() && filter(codes.first()).has_value();
+}
+
+bool GridTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
+    const bool wanted =
+        trigger == AnyKeyPressed || trigger == EditKeyPressed || trigger == DoubleClicked;
+    if (!wanted || !index.isValid() || state() == EditingState) {
+        return QTableView::edit(index, trigger, event);
+    }
+    const int column = index.column();
+    const auto* key = event != nullptr && event->type() == QEvent::KeyPress
+                          ? static_cast<QKeyEvent*>(event)
+                          : nullptr;
+    if (trigger == AnyKeyPressed && key != nullptr && !Passes(column, *key)) return true;
+    if (events_.beforeCellEdit && !events_.beforeCellEdit(column)) return true;
+    if (model_.Columns()[static_cast<std::size_t>(column)].locked) return true;
+    cells_.OpenedBy(trigger == AnyKeyPressed ? CellOpening::Typing : CellOpening::Editing);
+    return QTableView::edit(index, trigger, event);
+}
+
+void GridTable::keyPressEvent(QKeyEvent* event) {
+    event->accept();
+    if (MarksRow(*event)) return MarkPressed();
+    if (event->key() == Qt::Key_Delete) return DeletePressed();
+    if (IsEnter(*event)) return EnterPressed();
+    if (event->key() == Qt::Key_Escape) return EscapePressed(event);
+    if (event->key() == Qt::Key_Backspace) {
+        edit(currentIndex(), AnyKeyPressed, event);
+        return;
+    }
+    if (event->matches(QKeySequence::Paste)) return PasteIntoCell(event);
+    QTableView::keyPressEvent(event);
+}
+
+void GridTable::PasteIntoCell(QKeyEvent* event) {
+    if (!currentIndex().isValid() || !Passes(currentIndex().column(), *event)) return;
+    edit(currentIndex(), EditKeyPressed, event);
+    if (cells_.Editor() == nullptr) return;
+    cells_.OpenedBy(CellOpening::Typing);
+    QApplication::sendEvent(cells_.Editor(), event);
+}
+
+void GridTable::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    LayOutColumns();
+}
+
+void GridTable::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) LayOutRows();
+}
+
+void GridTable::LayOutRows() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+}
+
+void GridTable::LayOutColumns() {
+    const std::vector<GridColumn>& columns = model_.Columns();
+    int shares = 0;
+    for (const GridColumn& column : columns) shares += column.widthShare;
+    if (shares == 0) return;
+    int left = viewport()->width();
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const int share = shares == 0 ? 0 : left * columns[i].widthShare / shares;
+        const int width = std::max(kMinColumnWidth, share);
+        setColumnWidth(static_cast<int>(i), width);
+        left = std::max(0, left - width);
+        shares -= columns[i].widthShare;
+    }
+}

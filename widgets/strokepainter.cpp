@@ -1,0 +1,205 @@
+#include "widgets/strokepainter.h"
+
+#include "widgets/rules/labelplaces.h"
+
+#include <QColor>
+#include <QFontMetricsF>
+#include <QLineF>
+#include <QPen>
+#include <QPointF>
+#include <QPolygonF>
+#include <QRectF>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+#include <utility>
+
+namespace {
+
+constexpr double kLabelGap = 0.3;     // of a character, between a curve's end and its number
+constexpr double kOutsideMargin = 8;  // so that the cut ends of thick lines do not show
+
+/// Both on one outer side of `area`: most of a long series lies left of the window.
+bool Beside(QPointF from, QPointF to, const QRectF& area) {
+    return (from.x() < area.left() && to.x() < area.left()) ||
+           (from.x() > area.right() && to.x() > area.right());
+}
+
+/// The part of a segment inside `area`, or nothing.
+std::optional<QLineF> Clipped(QPointF from, QPointF to, const QRectF& area) {
+    if (Beside(from, to, area)) return std::nullopt;
+    if (area.contains(from) && area.contains(to)) return QLineF(from, to);
+    const double dx = to.x() - from.x(), dy = to.y() - from.y();
+    double enter = 0, leave = 1;
+    const std::array<std::pair<double, double>, 4> edges{{{-dx, from.x() - area.left()},
+                                                          {dx, area.right() - from.x()},
+                                                          {-dy, from.y() - area.top()},
+                                                          {dy, area.bottom() - from.y()}}};
+    for (const auto& [slope, distance] : edges) {
+        if (slope == 0) {
+            if (distance < 0) return std::nullopt;
+            continue;
+        }
+        const double at = distance / slope;
+        if (slope < 0) {
+            enter = std::max(enter, at);
+        } else {
+            leave = std::min(leave, at);
+        }
+        if (enter > leave) return std::nullopt;
+    }
+    return QLineF(from.x() + enter * dx, from.y() + enter * dy, from.x() + leave * dx,
+                  from.y() + leave * dy);
+}
+
+/// Collects points and keeps of each column no more than where the line enters it, its lowest and
+/// highest place there, and where it leaves.
+class Piece {
+  public:
+    explicit Piece(double column) : perColumn_(column > 0 ? 1 / column : 0) {}
+
+    void Add(QPointF at) {
+        if (perColumn_ == 0) {
+            points_.append(at);
+            return;
+        }
+        const double place = std::floor(at.x() * perColumn_);
+        if (count_ == 0 || place != place_) {
+            EndColumn();
+            place_ = place;
+            first_ = low_ = high_ = at;
+        } else if (at.y() < low_.y()) {
+            low_ = at;
+            lowAt_ = count_;
+        } else if (at.y() > high_.y()) {
+            high_ = at;
+            highAt_ = count_;
+        }
+        last_ = at;
+        ++count_;
+    }
+    QPolygonF Take() {
+        EndColumn();
+        return std::move(points_);
+    }
+
+  private:
+    void EndColumn() {
+        if (count_ > 0) points_.append(first_);
+        AppendExtreme(std::min(lowAt_, highAt_));
+        if (lowAt_ != highAt_) AppendExtreme(std::max(lowAt_, highAt_));
+        if (count_ > 1) points_.append(last_);
+        count_ = lowAt_ = highAt_ = 0;
+    }
+    void AppendExtreme(int at) {
+        if (at > 0 && at < count_ - 1) points_.append(at == lowAt_ ? low_ : high_);
+    }
+
+    QPolygonF points_;
+    double perColumn_ = 0, place_ = 0;
+    QPointF first_, low_, high_, last_;
+    int count_ = 0, lowAt_ = 0, highAt_ = 0;
+};
+
+void DrawLine(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface) {
+    QPen pen(ToQColor(drawing.colour), surface.lineWidth);
+    pen.setJoinStyle(Qt::BevelJoin);
+    painter.setPen(pen);
+    for (const QPolygonF& piece : VisiblePieces(drawing.line, surface)) painter.drawPolyline(piece);
+}
+
+LabelBox ToBox(const QRectF& rect) {
+    return {rect.left(), rect.top(), rect.width(), rect.height()};
+}
+
+/// Whether a label belongs into the picture: its curve ends between the left and the right edge.
+bool ShowsLabel(const Drawing& drawing, const StrokeSurface& surface) {
+    if (drawing.label.empty()) return false;
+    const double x = surface.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y)).x();
+    return x >= surface.area.left() && x <= surface.area.right();
+}
+
+/// A place for every label that shows, in the drawings' order.
+std::vector<LabelBox> LabelPlaces(const QPainter& painter, std::span<const Drawing> drawings,
+                                  const StrokeSurface& surface) {
+    const QFontMetricsF metrics(painter.font(), painter.device());
+    const double gap = metrics.averageCharWidth() * kLabelGap;
+    std::vector<LabelBox> wanted;
+    for (const Drawing& drawing : drawings) {
+        if (!ShowsLabel(drawing, surface)) continue;
+        const QPointF at = surface.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y));
+        const double width = metrics.horizontalAdvance(QString::fromStdString(drawing.label));
+        wanted.push_back({at.x() + gap, at.y(), width, metrics.ascent()});
+    }
+    return PlaceLabels(wanted, ToBox(surface.area.adjusted(gap, 0, -gap, 0)));
+}
+
+void DrawLabel(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface,
+               const LabelBox& place) {
+    const QString text = QString::fromStdString(drawing.label);
+    const QPointF base(place.left, place.Bottom());
+    if (surface.halo.isValid()) {
+        painter.setPen(surface.halo);
+        for (const QPointF shift : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
+            painter.drawText(base + shift, text);
+        }
+    }
+    painter.setPen(ToQColor(drawing.colour));
+    painter.drawText(base, text);
+}
+
+}  // namespace
+
+QColor ToQColor(Colour colour) {
+    return {colour.red, colour.green, colour.blue};
+}
+
+std::vector<QPolygonF> VisiblePieces(std::span<const Point> line, const StrokeSurface& surface) {
+    std::vector<QPolygonF> pieces;
+    if (line.size() < 2) return pieces;
+    const QRectF area =
+        surface.area.adjusted(-kOutsideMargin, -kOutsideMargin, kOutsideMargin, kOutsideMargin);
+    Piece piece(surface.finest);
+    bool open = false;
+    const auto close = [&] {
+        if (!open) return;
+        pieces.push_back(piece.Take());
+        piece = Piece(surface.finest);
+        open = false;
+    };
+    const auto map = [&](const Point& at) { return surface.toDevice.map(QPointF(at.x, at.y)); };
+    QPointF from = map(line.front());
+    for (const Point& point : line.subspan(1)) {
+        const QPointF to = map(point);
+        if (const auto part = Clipped(from, to, area)) {
+            if (!open || part->p1() != from) {
+                close();
+                piece.Add(part->p1());
+                open = true;
+            }
+            piece.Add(part->p2());
+            if (part->p2() != to) close();
+        } else {
+            close();
+        }
+        from = to;
+    }
+    close();
+    return pieces;
+}
+
+void DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
+                const StrokeSurface& surface) {
+    painter.save();
+    painter.setClipRect(surface.area, Qt::IntersectClip);
+    painter.setBrush(Qt::NoBrush);
+    const std::vector<LabelBox> places = LabelPlaces(painter, drawings, surface);
+    auto place = places.begin();
+    for (const Drawing& drawing : drawings) {
+        DrawLine(painter, drawing, surface);
+        if (ShowsLabel(drawing, surface)) DrawLabel(painter, drawing, surface, *place++);
+    }
+    painter.restore();
+}
