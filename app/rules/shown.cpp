@@ -89,9 +89,12 @@ std::string CurveNumbers(const WindowState& state) {
     return marks;
 }
 
-/// The picture has nothing to show, and not because curves are being chosen for it.
-bool NoCurves(const WindowState& state) {
-    return state.hasHoldings && state.SelectedCurves.empty() && !CollectingCurves(state);
+/// What to do about a picture that has no curve to show; nothing while curves are chosen for it.
+std::string_view EmptyPictureHint(const WindowState& state) {
+    if (CollectingCurves(state)) return "";
+    if (!state.hasHoldings) return texts::NoHoldings;
+    if (state.SelectedCurves.empty()) return texts::NoCurvesChosen;
+    return state.holding ? texts::NoPointsOfHolding : texts::NoPoints;
 }
 
 Shown::Captions CaptionsIn(const WindowState& state) {
@@ -107,7 +110,7 @@ Shown::Captions CaptionsIn(const WindowState& state) {
             .lblTotal = state.totals,
             .lblXCord = state.reading.date,
             .lblYCord = state.reading.value,
-            .picDiagram = std::string(NoCurves(state) ? texts::NoCurvesChosen : "")};
+            .picDiagram = std::string(EmptyPictureHint(state))};
 }
 
 Shown::Tags TagsIn(const WindowState& state) {

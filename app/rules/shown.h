@@ -28,7 +28,7 @@ struct Shown {
         std::string panListFonder, lblGrafNr, lblPlottInfo;
         std::string cmdPPMData, mnuVeckor, mnuMonth;
         std::string lblTotal, lblXCord, lblYCord;
-        std::string picDiagram;  ///< said in an empty picture
+        std::string picDiagram;  ///< said in it while it has no curve: what to do
         bool operator==(const Captions&) const = default;
     };
     struct Tags {

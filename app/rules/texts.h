@@ -30,7 +30,14 @@ inline constexpr std::string_view ChooseCurves = "Välj Fonder att rita";
 inline constexpr std::string_view ChooseCurvesInfo =
     "Välj ovan vilka kurvor du vill plotta."
     "Tryck Diagramknappen eller F12 när du är färdig";
+
+// In a picture without a curve: what to do
 inline constexpr std::string_view NoCurvesChosen = "Inga kurvor valda: F12";
+inline constexpr std::string_view NoHoldings =
+    "Filen har inga innehav ännu: skriv in det första under PPM Data";
+inline constexpr std::string_view NoPointsOfHolding =
+    "Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter";
+inline constexpr std::string_view NoPoints = "De valda fonderna har inga kurser ännu";
 
 inline constexpr std::string_view ToDiagram = "&Diagram";
 inline constexpr std::string_view ToHoldings = "&PPM Data";

@@ -342,7 +342,23 @@ TEST_F(FundListTest, ScreenButtonWithNothingToDrawSaysWhatToDo) {
     Press(Qt::Key_F8);
     EXPECT_EQ(Window().picDiagram->QuietLine(), ToQt("Inga kurvor valda: F12"));
     ChooseFund(0);
-    EXPECT_EQ(Window().picDiagram->QuietLine(), QString());
+    EXPECT_FALSE(Window().picDiagram->Drawings().empty()) << "a picture with a curve says nothing";
+}
+
+TEST_F(FundListTest, AFundWithoutPointsSaysThatItsFirstPriceIsNext) {
+    auto holdings = TwoHoldings();
+    holdings[1].points.clear();
+    StartWith(holdings);
+    ChooseFund(1);
+    EXPECT_TRUE(Window().picDiagram->Drawings().empty());
+    EXPECT_EQ(Window().picDiagram->QuietLine(),
+              ToQt("Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter"));
+}
+
+TEST_F(FundListTest, AFileWithoutHoldingsSaysWhereTheFirstIsTyped) {
+    StartWith({});
+    EXPECT_EQ(Window().picDiagram->QuietLine(),
+              ToQt("Filen har inga innehav ännu: skriv in det första under PPM Data"));
 }
 
 TEST_F(FundListTest, AHoldingWithoutAColourIsShownAndOfferedInTheCurvesOwn) {

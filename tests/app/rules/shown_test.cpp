@@ -163,16 +163,21 @@ TEST(Shown, AFileWithoutHoldingsOffersNoNotice) {
     EXPECT_FALSE(ShownBy(state).enabled.cmdNyAndel);
 }
 
-TEST(Shown, AnEmptyPictureSaysWhatToDoUnlessCurvesAreBeingChosen) {
+TEST(Shown, APictureWithoutACurveSaysWhatToDoUnlessCurvesAreBeingChosen) {
     for (const char mode : kModes) {
         WindowState state = In(mode);
-        const bool collecting = mode == 'K' || mode == 'L';
-        EXPECT_EQ(ShownBy(state).captions.picDiagram, collecting ? "" : "Inga kurvor valda: F12");
+        const auto hint = [&](std::string_view expected) {
+            const bool collecting = mode == 'K' || mode == 'L';
+            EXPECT_EQ(ShownBy(state).captions.picDiagram, collecting ? "" : expected) << mode;
+        };
+        hint("Inga kurvor valda: F12");
         state.SelectedCurves = {1};
-        EXPECT_EQ(ShownBy(state).captions.picDiagram, "");
-        state.SelectedCurves.clear();
+        state.holding.reset();
+        hint("De valda fonderna har inga kurser ännu");
+        state.holding.emplace();
+        hint("Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter");
         state.hasHoldings = false;
-        EXPECT_EQ(ShownBy(state).captions.picDiagram, "") << "an empty file has none to choose";
+        hint("Filen har inga innehav ännu: skriv in det första under PPM Data");
     }
 }
 
