@@ -35,14 +35,18 @@ enum class ErrorNumber : std::int32_t {
     ObjectExists = 3010,
     FieldTooLong = 3163,
     RecordDeleted = 3167,
-    RelatedRecords = 3200,
-    ChangedByOther = 3197,  ///< the file was changed by another program since it was opened
+    RelatedRecords = 3200,     ///< rows of another table refer to this one
+    RelatedRowMissing = 3201,  ///< the row of another table that this one refers to is not there
+    ChangedByOther = 3197,     ///< the file was changed by another program since it was opened
     FieldNotFound = 3265,
     NotSupported = 3251,
     Encrypted = 3112,
     NewerFormat = 3343,    ///< a later version of the format (.accdb)
     ForeignFormat = 3274,  ///< another product's file, or no database at all
     ObjectClosed = 3420,
+    RequiredField = 3314,     ///< null in a column that must have a value
+    ZeroLength = 3315,        ///< an empty text in a column that allows none
+    ValidationRule = 3317,    ///< against a rule of the column or the table
     CollationUnknown = 3800,  ///< a text index has a sort order that this engine must not guess
 };
 

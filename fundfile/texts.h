@@ -115,6 +115,14 @@ constexpr std::string_view Explain(ErrorNumber number) {
             return "Posten finns inte längre.";
         case ErrorNumber::RelatedRecords:
             return "Posten används av en annan tabell i filen.";
+        case ErrorNumber::RelatedRowMissing:
+            return "Posten hänvisar till en post i en annan tabell i filen, och den finns inte.";
+        case ErrorNumber::RequiredField:
+            return "Fältet måste ha ett värde.";
+        case ErrorNumber::ZeroLength:
+            return "Fältet får inte vara en tom text.";
+        case ErrorNumber::ValidationRule:
+            return "Värdet följer inte den regel som filen har för fältet.";
         case ErrorNumber::NotSupported:
             return "Filen använder något som Kvarnbo inte kan ändra utan att skada den. Ändringen "
                    "är inte "

@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "base/path.h"
+#include "jet/detail/edits.h"
 #include "jet/detail/engine.h"
 #include "jet/detail/filestore.h"
 #include "jet/detail/keysetrecordset.h"
@@ -91,8 +92,8 @@ std::int32_t Database::Execute(std::string_view sql) {
     Engine& engine = EngineForLibrary();
     const detail::QueryPlan plan = detail::PlanDelete(engine, sql);
     return engine.Statement([&] {
-        const auto rows = plan.table->Rows(plan.conditions);
-        plan.table->Delete(rows);
+        const auto rows = plan.Rows(detail::Ordering(plan.table->Store(), {}));
+        detail::DeleteRows(engine, *plan.table, rows);
         return static_cast<std::int32_t>(rows.size());
     });
 }
@@ -140,6 +141,34 @@ bool Database::HasSource(std::string_view name) const {
 
 TableDesign Database::Describe(std::string_view table) const {
     return RequireOpen().Table(table).Design();
+}
+
+std::vector<RelationDesign> Database::Relations() const {
+    Engine& engine = RequireOpen();
+    const auto names = [&](const detail::RelationEnd& end) {
+        std::vector<std::string> columns;
+        if (end.table == 0) return columns;
+        for (const std::size_t position : end.positions) {
+            columns.push_back(engine.TableAt(end.table).Def().columns[position].name);
+        }
+        return columns;
+    };
+    std::vector<RelationDesign> designs;
+    for (const detail::Relation& relation : engine.Relations()) {
+        designs.push_back({relation.name, relation.referencing.name, names(relation.referencing),
+                           relation.referenced.name, names(relation.referenced),
+                           relation.cascadeUpdates, relation.cascadeDeletes});
+    }
+    return designs;
+}
+
+TableRules Database::Rules(std::string_view table) const {
+    Engine& engine = RequireOpen();
+    return engine.RulesOf(engine.Table(table)).Texts();
+}
+
+std::vector<QueryDesign> Database::SavedQueries() const {
+    return RequireOpen().Objects().QueryTexts();
 }
 
 std::int32_t Database::StoredRowCount(std::string_view table) const {

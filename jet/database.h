@@ -82,6 +82,13 @@ class Database : public std::enable_shared_from_this<Database> {
     std::vector<std::string> LinkedNames() const;  ///< linked tables, which cannot be opened
     bool HasSource(std::string_view name) const;   ///< a user table or saved query of that name
     TableDesign Describe(std::string_view table) const;
+    /// The enforced relations between the users' tables, by the order of the tables.
+    std::vector<RelationDesign> Relations() const;
+    /// What the file asks of a table's values, written by the program that made it. Throws
+    /// NotADatabase when it cannot be read.
+    TableRules Rules(std::string_view table) const;
+    /// All saved queries. Those over one table open as record sets (SQL.md says which).
+    std::vector<QueryDesign> SavedQueries() const;
     std::int32_t StoredRowCount(std::string_view table) const;  ///< as the file says, unchecked
 
     /// From now on `alias` names `table` wherever the file has no table or query of that name.

@@ -33,6 +33,38 @@ struct IndexDesign {
     bool operator==(const IndexDesign&) const = default;
 };
 
+/// What a file asks of the values of a column; the texts are expressions as they were written.
+struct ColumnRules {
+    bool required = false;
+    bool allowZeroLength = true;  ///< of texts
+    std::string defaultValue, validationRule, validationText;
+    bool operator==(const ColumnRules&) const = default;
+};
+
+struct TableRules {
+    std::vector<ColumnRules> columns;  ///< in the order of TableDesign::columns
+    std::string validationRule, validationText;
+    bool operator==(const TableRules&) const = default;
+};
+
+/// A saved query of any kind, as a text to read.
+struct QueryDesign {
+    std::string name, text;
+    bool operator==(const QueryDesign&) const = default;
+};
+
+/// An enforced relation: the values of `columns` in `table` refer to rows of `other` by their
+/// `otherColumns`. Describing only; relations cannot be made.
+struct RelationDesign {
+    std::string name;
+    std::string table;
+    std::vector<std::string> columns;
+    std::string other;
+    std::vector<std::string> otherColumns;
+    bool cascadeUpdates = false, cascadeDeletes = false;
+    bool operator==(const RelationDesign&) const = default;
+};
+
 struct TableDesign {
     std::string name;
     std::vector<ColumnDesign> columns;  ///< in stored order: the positions of RecordSet::Field

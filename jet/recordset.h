@@ -81,9 +81,17 @@ class RecordSet {
     /// read) and throws TypeMismatch, Overflow or FieldTooLong; Update throws DuplicateKey,
     /// NullKey, ReadOnly, CollationUnknown, DiskFull, DeviceIo, ChangedByOther and then nothing was
     /// stored; the row stays pending.
+    ///
+    /// A new row begins with the columns' default values where the file has them as constants,
+    /// Date() or Now(). What the file asks of values is kept: Update throws RequiredField,
+    /// ZeroLength, ValidationRule, RelatedRowMissing (it refers to a row that is not there),
+    /// RelatedRecords (other rows refer to this one; Delete too), and NotSupported where a rule or
+    /// relation is of a kind that cannot be followed.
     virtual void AddNew() = 0;
     virtual void Edit() = 0;
     virtual bool Pending() const = 0;
+    /// Whether a text column takes an empty text; where it does not, null stands for one.
+    virtual bool AllowsEmptyText([[maybe_unused]] std::size_t position) const { return true; }
     virtual void Set(std::size_t position, Value value) = 0;
     virtual void Set(std::string_view name, Value value) = 0;
     virtual void Update() = 0;

@@ -1,6 +1,7 @@
 #include "jet/value.h"
 
 #include "base/error.h"
+#include "jet/detail/bytes.h"
 #include "jet/detail/decimal.h"
 
 #include <array>
@@ -78,7 +79,8 @@ std::string BytesText(const Bytes& bytes) {
 
 double NumberOfText(const std::string& text) {
     const auto plain = detail::PlainNumber(text);
-    if (!plain) throw Error{ErrorNumber::TypeMismatch, "text is no number: " + text};
+    if (!plain)
+        throw Error{ErrorNumber::TypeMismatch, "text is no number: " + detail::Excerpt(text)};
     return detail::DoubleOf(*plain);
 }
 
@@ -137,7 +139,8 @@ std::int32_t Value::Integer() const {
     // Also false for what is not a number.
     const bool fits = whole >= std::numeric_limits<std::int32_t>::min() &&
                       whole <= std::numeric_limits<std::int32_t>::max();
-    if (!fits) throw Error{ErrorNumber::Overflow, "no 32-bit whole number: " + Text()};
+    if (!fits)
+        throw Error{ErrorNumber::Overflow, "no 32-bit whole number: " + detail::Excerpt(Text())};
     return static_cast<std::int32_t>(whole);
 }
 

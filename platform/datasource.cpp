@@ -155,12 +155,16 @@ bool DataSource::Pending() const {
     return state_->records && state_->records->Pending();
 }
 
+/// Where the file allows no empty text, an emptied field is one without a value.
 void DataSource::Set(std::size_t position, jet::Value value) {
-    Records().Set(position, std::move(value));
+    jet::RecordSet& records = Records();
+    const std::string* text = std::get_if<std::string>(&value.Held());
+    const bool becomesNull = text != nullptr && text->empty() && !records.AllowsEmptyText(position);
+    records.Set(position, becomesNull ? jet::Value() : std::move(value));
 }
 
 void DataSource::Set(std::string_view name, jet::Value value) {
-    Records().Set(name, std::move(value));
+    Set(Records().FieldPosition(name), std::move(value));
 }
 
 void DataSource::Update() {

@@ -23,6 +23,9 @@ inline constexpr std::uint32_t kNoPage = 0xFFFFFFFF;
 /// A decimal number for error texts.
 std::string Decimal(std::uint64_t number);
 
+/// At most 200 characters of a text that somebody wrote, for error texts.
+std::string Excerpt(std::string_view utf8);
+
 /// Throws NotADatabase: "page 7: text (at 4103)".
 [[noreturn]] void ThrowDamaged(std::uint32_t page, std::size_t offset, std::string_view what);
 [[noreturn]] void ThrowOutside(std::uint32_t page, std::size_t offset, std::size_t size,

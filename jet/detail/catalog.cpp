@@ -1,6 +1,7 @@
 #include "jet/detail/catalog.h"
 
 #include "jet/detail/names.h"
+#include "jet/detail/querytext.h"
 #include "jet/detail/table.h"
 
 #include <algorithm>
@@ -13,47 +14,6 @@ constexpr std::int32_t kLocalTable = 1, kLinkedOdbc = 4, kQuery = 5, kLinkedTabl
 constexpr std::uint32_t kPageOfId = 0x00FFFFFF, kNotForUsers = 0x80000002;
 constexpr std::size_t kDeepestQuery = 10, kMostQueryRows = 10000;
 
-/// What a saved query's row says, by its attribute.
-enum class Attribute {
-    Kind = 1,
-    Options = 3,
-    Source = 5,
-    Output = 6,
-    Join = 7,
-    Where = 8,
-    GroupBy = 9,
-    Having = 10,
-    OrderBy = 11
-};
-constexpr std::int32_t kSelect = 1;
-constexpr std::int32_t kAllColumns = 0x01, kDistinct = 0x02, kTop = 0x10, kPercent = 0x20;
-
-/// The columns of a system table by name; one that a file lacks reads as null.
-class Columns {
-  public:
-    explicit Columns(const TableStore& table) : table_(&table) {}
-    std::optional<std::int32_t> Number(const RowView& row, std::string_view name) const {
-        const ColumnDef* column = table_->Def().FindColumn(name);
-        return column == nullptr ? std::nullopt : DecodeLong(*column, row);
-    }
-    std::string Text(const RowView& row, std::string_view name) const {
-        const ColumnDef* column = table_->Def().FindColumn(name);
-        if (column == nullptr) return {};
-        const Value value = DecodeColumn(table_->File(), *column, row);
-        const auto* text = std::get_if<std::string>(&value.Held());
-        return text == nullptr ? std::string() : *text;
-    }
-    Bytes Binary(const RowView& row, std::string_view name) const {
-        const ColumnDef* column = table_->Def().FindColumn(name);
-        if (column == nullptr) return {};
-        const ByteView raw = row.Raw(*column);
-        return {raw.begin(), raw.end()};
-    }
-
-  private:
-    const TableStore* table_;
-};
-
 /// The kind of a table by its definition's first page; a table that cannot be looked at counts as
 /// the users', so that opening it says what is wrong.
 bool IsUserTable(const PageFile& file, std::uint32_t page) {
@@ -62,15 +22,9 @@ bool IsUserTable(const PageFile& file, std::uint32_t page) {
     return bytes[0] != kTdefPage || U8(bytes, file.Format().tdefType, page) == kUserTable;
 }
 
-struct QueryRow {
-    std::int32_t attribute = 0, flag = 0;
-    std::string name1, name2, expression;
-    Bytes order;
-};
-
 std::vector<QueryRow> ReadQueryRows(PageFile& file, std::uint32_t queriesPage, std::int32_t id) {
     const TableStore table(file, queriesPage);
-    const Columns columns(table);
+    const SystemColumns columns(table);
     std::vector<QueryRow> rows;
     table.Scan([&](RowPointer, const RowView& row) {
         if (columns.Number(row, "ObjectId") != id) return;
@@ -90,26 +44,27 @@ std::vector<QueryRow> ReadQueryRows(PageFile& file, std::uint32_t queriesPage, s
 }
 
 [[noreturn]] void ThrowQuery(const std::string& name, const char* what) {
-    throw Error{ErrorNumber::NotSupported, "the saved query " + name + ": " + what};
+    throw Error{ErrorNumber::NotSupported, "the saved query " + Excerpt(name) + ": " + what};
 }
 
 /// Takes one row into the query; throws for a part that makes it more than rows of one source.
 void AddPart(SavedQuery& query, const QueryRow& row) {
     switch (static_cast<Attribute>(row.attribute)) {
         case Attribute::Kind:
-            if (row.flag != kSelect) ThrowQuery(query.name, "not a SELECT");
+            if (row.flag != kSelectQuery) ThrowQuery(query.name, "not a SELECT");
             return;
         case Attribute::Options:
-            if ((row.flag & (kDistinct | kTop | kPercent)) != 0) {
+            if ((row.flag & (kQueryDistinct | kQueryTop | kQueryPercent)) != 0) {
                 ThrowQuery(query.name, "DISTINCT or TOP");
             }
-            query.allColumns = (row.flag & kAllColumns) != 0;
+            query.allColumns = (row.flag & kQueryAllColumns) != 0;
             return;
         case Attribute::Source:
             if (!query.source.empty() || row.name1.empty()) {
                 ThrowQuery(query.name, "not over one source");
             }
             query.source = row.name1;
+            query.alias = row.name2;
             return;
         case Attribute::Output:
             query.outputs.push_back({row.expression, row.name1});
@@ -120,6 +75,8 @@ void AddPart(SavedQuery& query, const QueryRow& row) {
         case Attribute::OrderBy:
             query.order.push_back({row.expression, SameName(row.name1, "D")});
             return;
+        case Attribute::Parameter:
+            ThrowQuery(query.name, "parameters");
         case Attribute::Join:
         case Attribute::GroupBy:
         case Attribute::Having:
@@ -158,9 +115,30 @@ Value Signed(std::uint32_t bits) {
 
 }  // namespace
 
+std::optional<std::int32_t> SystemColumns::Number(const RowView& row, std::string_view name) const {
+    const ColumnDef* column = table_->Def().FindColumn(name);
+    return column == nullptr ? std::nullopt : DecodeLong(*column, row);
+}
+
+std::string SystemColumns::Text(const RowView& row, std::string_view name) const {
+    const ColumnDef* column = table_->Def().FindColumn(name);
+    if (column == nullptr) return {};
+    const Value value = DecodeColumn(table_->File(), *column, row);
+    const auto* text = std::get_if<std::string>(&value.Held());
+    return text == nullptr ? std::string() : *text;
+}
+
+Bytes SystemColumns::Binary(const RowView& row, std::string_view name) const {
+    const ColumnDef* column = table_->Def().FindColumn(name);
+    if (column == nullptr) return {};
+    const Value value = DecodeColumn(table_->File(), *column, row);
+    const auto* bytes = std::get_if<Bytes>(&value.Held());
+    return bytes == nullptr ? Bytes() : *bytes;
+}
+
 Catalog::Catalog(PageFile& file) : file_(&file) {
     const TableStore table(file, kSystemObjectsPage);
-    const Columns columns(table);
+    const SystemColumns columns(table);
     table.Scan([&](RowPointer, const RowView& row) {
         const std::int32_t type = columns.Number(row, "Type").value_or(0);
         const bool listed =
@@ -200,6 +178,39 @@ const CatalogTable* Catalog::FindTable(std::string_view name) const {
     return nullptr;
 }
 
+Bytes Catalog::PropertiesOf(std::uint32_t page) const {
+    const TableStore table(*file_, kSystemObjectsPage);
+    const SystemColumns columns(table);
+    Bytes properties;
+    table.Scan([&](RowPointer, const RowView& row) {
+        const auto id = columns.Number(row, "Id");
+        const bool isIt = columns.Number(row, "Type") == kLocalTable && id &&
+                          (static_cast<std::uint32_t>(*id) & kPageOfId) == page;
+        if (isIt) properties = columns.Binary(row, "LvProp");
+        return !isIt;
+    });
+    return properties;
+}
+
+std::vector<QueryDesign> Catalog::QueryTexts() const {
+    std::vector<QueryDesign> texts;
+    for (const QueryEntry& query : queries_) {
+        std::string text;
+        try {
+            text = QueryText(ReadQueryRows(*file_, QueriesPage(), query.id));
+        } catch (const Error& error) {
+            if (error.Number() != ErrorNumber::NotADatabase) throw;
+        }
+        texts.push_back({query.name, std::move(text)});
+    }
+    return texts;
+}
+
+std::uint32_t Catalog::QueriesPage() const {
+    const CatalogTable* table = FindTable("MSysQueries");
+    return table == nullptr ? kSystemQueriesPage : table->page;
+}
+
 const Catalog::QueryEntry* Catalog::FindQuery(std::string_view name) const {
     const std::string wanted = FoldName(name);
     for (const QueryEntry& query : queries_) {
@@ -215,14 +226,12 @@ bool Catalog::HasQuery(std::string_view name) const {
 SavedQuery Catalog::ReadQuery(std::string_view name) const {
     const QueryEntry* entry = FindQuery(name);
     if (entry == nullptr) {
-        throw Error{ErrorNumber::TableNotFound, "no saved query " + std::string(name)};
+        throw Error{ErrorNumber::TableNotFound, "no saved query " + Excerpt(name)};
     }
-    const CatalogTable* table = FindTable("MSysQueries");
-    const std::uint32_t page = table == nullptr ? kSystemQueriesPage : table->page;
     SavedQuery query;
     query.name = entry->name;
     query.allColumns = false;
-    for (const QueryRow& row : ReadQueryRows(*file_, page, entry->id)) AddPart(query, row);
+    for (const QueryRow& row : ReadQueryRows(*file_, QueriesPage(), entry->id)) AddPart(query, row);
     if (query.source.empty()) ThrowQuery(query.name, "not over one source");
     if (query.outputs.size() == 1 && IsStar(query.outputs.front().expression)) {
         query.allColumns = true;

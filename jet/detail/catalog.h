@@ -2,11 +2,13 @@
 // The file's list of objects: tables, linked tables and saved queries by name, and the rows that a
 // new table needs.
 
+#include "jet/design.h"
 #include "jet/detail/pagefile.h"
 #include "jet/detail/tabledef.h"
 #include "jet/value.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,10 +33,26 @@ struct SavedQuery {
     };
     std::string name;
     std::string source;      ///< table or query
+    std::string alias;       ///< by which its expressions may call the source; "" = none
     bool allColumns = true;  ///< else `outputs`
     std::vector<Output> outputs;
     std::vector<std::string> filters;  ///< all must hold
     std::vector<Order> order;
+};
+
+class TableStore;
+class RowView;
+
+/// The columns of a system table by name; one that a file lacks reads as null.
+class SystemColumns {
+  public:
+    explicit SystemColumns(const TableStore& table) : table_(&table) {}
+    std::optional<std::int32_t> Number(const RowView& row, std::string_view name) const;
+    std::string Text(const RowView& row, std::string_view name) const;
+    Bytes Binary(const RowView& row, std::string_view name) const;
+
+  private:
+    const TableStore* table_;
 };
 
 class Catalog {
@@ -51,7 +69,12 @@ class Catalog {
 
     /// A table by name, system tables too. Null when there is none.
     const CatalogTable* FindTable(std::string_view name) const;
+    /// The properties of the table whose definition is on that page, as bytes; none where it has
+    /// none. Throws NotADatabase when they are lost.
+    Bytes PropertiesOf(std::uint32_t page) const;
     bool HasQuery(std::string_view name) const;
+    /// All saved queries, with a text for each; of one that cannot be read the text is empty.
+    std::vector<QueryDesign> QueryTexts() const;
     /// A saved query that shows rows of one source. Throws TableNotFound when there is none of that
     /// name, NotSupported when it is of another kind (joins, groups, actions ...).
     SavedQuery ReadQuery(std::string_view name) const;
@@ -66,6 +89,7 @@ class Catalog {
     };
     void AddTable(std::string name, std::uint32_t page, std::uint32_t flags);
     const QueryEntry* FindQuery(std::string_view name) const;
+    std::uint32_t QueriesPage() const;
 
     PageFile* file_;
     std::vector<CatalogTable> tables_, userTables_;

@@ -1,8 +1,10 @@
 #include "jet/detail/convert.h"
 
 #include "base/error.h"
+#include "jet/detail/bytes.h"
 #include "jet/detail/decimal.h"
 #include "jet/detail/names.h"
+#include "jet/detail/rowcodec.h"
 
 #include <charconv>
 #include <chrono>
@@ -13,7 +15,7 @@ namespace {
 
 [[noreturn]] void Mismatch(const Value& value, const ColumnDesign& column) {
     throw Error{ErrorNumber::TypeMismatch,
-                "column " + column.name + " cannot hold \"" + value.Text() + "\""};
+                "column " + column.name + " cannot hold \"" + Excerpt(value.Text()) + "\""};
 }
 
 [[noreturn]] void TooLong(const ColumnDesign& column) {
@@ -43,7 +45,7 @@ Value ToWhole(const Value& value, const ColumnDesign& column) {
     const std::int32_t whole = number.Integer();
     if (whole < std::numeric_limits<Whole>::min() || whole > std::numeric_limits<Whole>::max()) {
         throw Error{ErrorNumber::Overflow,
-                    "column " + column.name + " cannot hold " + value.Text()};
+                    "column " + column.name + " cannot hold " + Excerpt(value.Text())};
     }
     return Value(static_cast<Whole>(whole));
 }
@@ -74,19 +76,16 @@ Value ToDate(const Value& value, const ColumnDesign& column) {
     if (IsText(value)) {
         if (const auto date = ParseDate(value.Text())) return Value(*date);
     }
-    const double serial = DoubleOf(PlainTextOf(value, column));
-    constexpr double kFirst = -657434, kPastLast = 2958466;  // the years 100 to 9999
-    if (!(serial >= kFirst && serial < kPastLast)) {
-        throw Error{ErrorNumber::Overflow, "no date: " + value.Text()};
-    }
-    return Value(Date{serial});
+    const Value date = Date{DoubleOf(PlainTextOf(value, column))};
+    RequireInRange(date, column.name);
+    return date;
 }
 
 Value ToNumericColumn(const Value& value, const ColumnDesign& column) {
     const Numeric number = ToNumeric(PlainTextOf(value, column), column.scale);
     if (column.precision != 0 && DigitCount(number) > column.precision) {
         throw Error{ErrorNumber::Overflow,
-                    "column " + column.name + " cannot hold " + value.Text()};
+                    "column " + column.name + " cannot hold " + Excerpt(value.Text())};
     }
     return Value(number);
 }
@@ -222,6 +221,7 @@ std::size_t Utf16Length(std::string_view utf8) {
 
 Value ConvertTo(const Value& value, const ColumnDesign& column) {
     if (value.IsNull() && column.type != ColumnType::Boolean) return value;
+    RequireInRange(value, column.name);
     switch (column.type) {
         case ColumnType::Boolean:
             return ToBoolean(value, column);

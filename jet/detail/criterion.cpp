@@ -1,6 +1,7 @@
 #include "jet/detail/criterion.h"
 
 #include "base/error.h"
+#include "jet/detail/bytes.h"
 #include "jet/detail/convert.h"
 #include "jet/detail/decimal.h"
 #include "jet/detail/names.h"
@@ -67,7 +68,7 @@ std::string CanonicalDecimal(std::string_view plain) {
 
 [[noreturn]] void Mismatch(const ColumnDef& column, const Literal& literal) {
     throw Error{ErrorNumber::TypeMismatch,
-                "column " + column.name + " cannot be compared with " + literal.value};
+                "column " + column.name + " cannot be compared with " + Excerpt(literal.value)};
 }
 
 std::optional<KeyKind> KindOf(const ColumnDef& column) {

@@ -1,6 +1,7 @@
 #include "jet/detail/decimal.h"
 
 #include "base/error.h"
+#include "jet/detail/bytes.h"
 
 #include <algorithm>
 #include <array>
@@ -56,7 +57,7 @@ Number Read(std::string_view plain) {
                           plain.starts_with("0.0") || plain.starts_with("-0.0") ||
                           plain.starts_with(".0") || plain.starts_with("-.0");
         if (tiny) return 0;
-        throw Error{ErrorNumber::Overflow, "number out of range: " + std::string(plain)};
+        throw Error{ErrorNumber::Overflow, "number out of range: " + Excerpt(plain)};
     }
     return value;
 }
@@ -220,12 +221,12 @@ Numeric ToNumeric(std::string_view plain, std::uint8_t scale) {
         DropDigits(parts.digits, static_cast<std::size_t>(surplus));
     } else if (!parts.digits.empty()) {
         if (-surplus > kMostDigits) {
-            throw Error{ErrorNumber::Overflow, "number out of range: " + std::string(plain)};
+            throw Error{ErrorNumber::Overflow, "number out of range: " + Excerpt(plain)};
         }
         parts.digits.append(static_cast<std::size_t>(-surplus), '0');
     }
     if (parts.digits.size() > kMostDigits) {
-        throw Error{ErrorNumber::Overflow, "number out of range: " + std::string(plain)};
+        throw Error{ErrorNumber::Overflow, "number out of range: " + Excerpt(plain)};
     }
     Numeric value;
     value.magnitude = MagnitudeOf(parts.digits);
@@ -241,7 +242,7 @@ Currency ToCurrency(std::string_view plain) {
         static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) +
         (value.negative ? 1 : 0);
     if (value.magnitude[0] != 0 || value.magnitude[1] != 0 || size > largest) {
-        throw Error{ErrorNumber::Overflow, "amount out of range: " + std::string(plain)};
+        throw Error{ErrorNumber::Overflow, "amount out of range: " + Excerpt(plain)};
     }
     return Currency{static_cast<std::int64_t>(value.negative ? 0 - size : size)};
 }

@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "jet/detail/names.h"
+#include "jet/detail/properties.h"
 #include "jet/detail/wholeness.h"
 
 #include <algorithm>
@@ -29,15 +30,36 @@ OpenTable& Engine::Table(std::string_view name) {
         // In a file that lost a part a table may be missing because its entry is.
         if (loss_) {
             throw Error{ErrorNumber::NotADatabase,
-                        "no table or query " + std::string(name) + "; lost: " + loss_->what};
+                        "no table or query " + Excerpt(name) + "; lost: " + loss_->what};
         }
-        throw Error{ErrorNumber::TableNotFound, "no table or query " + std::string(name)};
+        throw Error{ErrorNumber::TableNotFound, "no table or query " + Excerpt(name)};
     }
-    const auto open = tables_.find(found->page);
+    return TableAt(found->page);
+}
+
+OpenTable& Engine::TableAt(std::uint32_t page) {
+    const auto open = tables_.find(page);
     if (open != tables_.end()) return *open->second;
+    const auto& all = catalog_.UserTables();
+    const auto found = std::find_if(all.begin(), all.end(),
+                                    [&](const CatalogTable& table) { return table.page == page; });
+    if (found == all.end()) ThrowDamaged(page, 0, "not the definition of a user's table");
     // Made before it is entered: a damaged definition throws and leaves no empty entry.
-    auto table = std::make_unique<OpenTable>(*file_, found->name, found->page);
-    return *tables_.emplace(found->page, std::move(table)).first->second;
+    auto table = std::make_unique<OpenTable>(*file_, found->name, page);
+    return *tables_.emplace(page, std::move(table)).first->second;
+}
+
+const std::vector<Relation>& Engine::Relations() {
+    if (!relations_) relations_ = ReadRelations(*file_, catalog_);
+    return *relations_;
+}
+
+const RowRules& Engine::RulesOf(const OpenTable& table) {
+    const std::uint32_t page = table.Def().page;
+    if (const auto known = rules_.find(page); known != rules_.end()) return known->second;
+    RowRules rules(table.Def(),
+                   ReadRules(catalog_.PropertiesOf(page), TextFormOf(*file_), table.Def()));
+    return rules_.emplace(page, std::move(rules)).first->second;
 }
 
 bool Engine::HasTable(std::string_view name) const {

@@ -5,6 +5,8 @@
 #include "jet/detail/catalog.h"
 #include "jet/detail/opentable.h"
 #include "jet/detail/pagefile.h"
+#include "jet/detail/relations.h"
+#include "jet/detail/rowrules.h"
 #include "jet/loss.h"
 
 #include <cstdint>
@@ -14,6 +16,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace jet::detail {
 
@@ -29,7 +32,13 @@ class Engine {
     /// By name or alias, letter case ignored. Throws TableNotFound, NotSupported for a linked
     /// table.
     OpenTable& Table(std::string_view name);
+    /// By the page of its definition; a user's table.
+    OpenTable& TableAt(std::uint32_t page);
     bool HasTable(std::string_view name) const;
+    /// The enforced relations between the tables.
+    const std::vector<Relation>& Relations();
+    /// What the file asks of the table's values. Throws NotADatabase when that cannot be read.
+    const RowRules& RulesOf(const OpenTable& table);
     /// The column that a name or alias stands for.
     std::optional<std::size_t> ColumnPosition(const OpenTable& table, std::string_view name) const;
 
@@ -55,7 +64,9 @@ class Engine {
     std::unique_ptr<PageFile> file_;
     Catalog catalog_;
     std::optional<Loss> loss_;
+    std::optional<std::vector<Relation>> relations_;  ///< once they were asked for
     std::map<std::uint32_t, std::unique_ptr<OpenTable>> tables_;
+    std::map<std::uint32_t, RowRules> rules_;  ///< by the page of the table's definition
     std::map<std::string, std::string> tableAliases_;
     std::map<std::pair<std::string, std::string>, std::size_t> columnAliases_;
     std::size_t depth_ = 0;

@@ -12,7 +12,7 @@ Keyset::Keyset(QueryPlan plan)
 
 void Keyset::Fill() {
     if (filled_) return;
-    std::vector<std::uint32_t> found = plan_.table->Rows(plan_.conditions, ordering_);
+    std::vector<std::uint32_t> found = plan_.Rows(ordering_);
     if (!rows_.empty()) {
         const std::unordered_set<std::uint32_t> added(rows_.begin(), rows_.end());
         std::erase_if(found, [&](std::uint32_t row) { return added.contains(row); });

@@ -2,11 +2,21 @@
 
 #include "base/error.h"
 #include "jet/detail/convert.h"
+#include "jet/detail/edits.h"
 
 #include <algorithm>
 
 namespace jet::detail {
 namespace {
+
+/// A default value that is none for its column is left out.
+std::optional<Value> Fitting(const Value& value, const ColumnDesign& column) {
+    try {
+        return ConvertTo(value, column);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
 
 // A column read as whole numbers, row after row.
 class IntegerColumn {
@@ -62,7 +72,7 @@ std::size_t KeysetRecordSet::FieldPosition(std::string_view name) const {
         const auto found = std::find(fields.begin(), fields.end(), *column);
         if (found != fields.end()) return static_cast<std::size_t>(found - fields.begin());
     }
-    throw Error{ErrorNumber::FieldNotFound, "no field " + std::string(name)};
+    throw Error{ErrorNumber::FieldNotFound, "no field " + Excerpt(name)};
 }
 
 std::int32_t KeysetRecordSet::RecordCount() {
@@ -150,10 +160,21 @@ void KeysetRecordSet::VisitIntegers(std::span<const std::size_t> positions,
     }
 }
 
+bool KeysetRecordSet::AllowsEmptyText(std::size_t position) const {
+    const std::size_t column = TablePosition(position);
+    return RequireOpen().RulesOf(*rows_.Plan().table).Texts().columns[column].allowZeroLength;
+}
+
 void KeysetRecordSet::AddNew() {
-    RequireOpen();
-    pending_ = PendingRow{true, {}};
-    pending_->values.resize(rows_.Plan().table->Def().columns.size());
+    const OpenTable& table = *rows_.Plan().table;
+    const RowRules& rules = RequireOpen().RulesOf(table);
+    PendingRow row{true, {}};
+    row.values.resize(table.Def().columns.size());
+    for (std::size_t i = 0; i < row.values.size(); ++i) {
+        const Value value = rules.DefaultOf(i);
+        if (!value.IsNull()) row.values[i] = Fitting(value, table.Design().columns[i]);
+    }
+    pending_ = std::move(row);
 }
 
 void KeysetRecordSet::Edit() {
@@ -180,7 +201,7 @@ void KeysetRecordSet::Update() {
     } else {
         const RowPointer row = RowPointer::FromPacked(rows_.Current());
         engine.Statement([&] {
-            rows_.Plan().table->Update(row, pending_->values);
+            UpdateRow(engine, *rows_.Plan().table, row, pending_->values);
             return row;
         });
     }
@@ -194,7 +215,8 @@ void KeysetRecordSet::StoreNewRow(Engine& engine) {
         const auto& given = pending_->values[i];
         values.push_back(given ? *given : ConvertTo(Value(), table.Design().columns[i]));
     }
-    const RowPointer row = engine.Statement([&] { return table.Insert(std::move(values)); });
+    const RowPointer row =
+        engine.Statement([&] { return InsertRow(engine, table, std::move(values)); });
     rows_.Append(row.Packed());
 }
 
@@ -211,7 +233,7 @@ void KeysetRecordSet::Delete() {
     const std::uint32_t row = rows_.Current();
     rows_.Count();  // the others must be known before this one is gone
     engine.Statement([&] {
-        rows_.Plan().table->Delete({&row, 1});
+        DeleteRows(engine, *rows_.Plan().table, {&row, 1});
         return row;
     });
     pending_.reset();

@@ -41,6 +41,8 @@ class KeysetRecordSet final : public RecordSet {
     void VisitIntegers(std::span<const std::size_t> positions,
                        const IntegerVisitor& visit) override;
 
+    bool AllowsEmptyText(std::size_t position) const override;
+
     void AddNew() override;
     void Edit() override;
     bool Pending() const override { return pending_.has_value(); }

@@ -39,7 +39,13 @@ IndexDesign DesignOf(const TableDef& def, const LogicalIndex& logical) {
     return design;
 }
 
-constexpr std::uint8_t kReferenced = 1, kReferencing = 2;
+/// The same text, as well as it can be told without the sort order; for others equality.
+bool LooksEqual(const Value& one, const Value& other) {
+    const auto* text = std::get_if<std::string>(&one.Held());
+    const auto* otherText = std::get_if<std::string>(&other.Held());
+    if (text == nullptr || otherText == nullptr) return one == other;
+    return TextKey(*text) == TextKey(*otherText);
+}
 
 }  // namespace
 
@@ -105,10 +111,31 @@ std::vector<OrderColumn> OpenTable::NaturalOrder() const {
     return order;
 }
 
+std::vector<std::uint32_t> OpenTable::RowsWithKey(std::size_t realIndex,
+                                                  std::span<const Value> values) {
+    RequireSoundOnce();
+    std::vector<std::uint32_t> rows;
+    if (const auto key = EncodeKey(values, indexes_.Columns(realIndex))) {
+        TreeCursor at = indexes_.Tree(realIndex).From(*key);
+        for (; at.Valid() && std::ranges::equal(at.Key(), *key); at.Next()) {
+            rows.push_back(at.Row().Packed());
+        }
+        return rows;
+    }
+    const auto& parts = Def().realIndexes[realIndex].columns;
+    store_.Scan([&](RowPointer where, const RowView& row) {
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            const ColumnDef& column = Def().columns[parts[i].position];
+            if (!LooksEqual(DecodeColumn(store_.File(), column, row), values[i])) return;
+        }
+        rows.push_back(where.Packed());
+    });
+    return rows;
+}
+
 RowPointer OpenTable::Insert(std::vector<Value> values) {
     RequireSoundOnce();
     store_.FillAutonumbers(values);
-    CheckRelations(kReferencing, [&](std::size_t position) { return !values[position].IsNull(); });
     const IndexPlan plan = indexes_.PlanInsert(values);
     const RowPointer row = store_.Insert(values);
     indexes_.Apply(plan, row);
@@ -120,11 +147,6 @@ RowPointer OpenTable::Insert(std::vector<Value> values) {
 
 void OpenTable::Update(RowPointer row, std::span<const std::optional<Value>> values) {
     RequireSoundOnce();
-    const auto changes = [&](std::size_t position) {
-        return values[position] && *values[position] != store_.Field(row, position);
-    };
-    CheckRelations(kReferencing, changes);
-    CheckRelations(kReferenced, changes);
     const IndexPlan plan = indexes_.PlanUpdate(row, values);
     ++version_;
     const RowView before = store_.Read(row);
@@ -143,7 +165,6 @@ void OpenTable::Delete(std::span<const std::uint32_t> rows) {
     RequireSoundOnce();
     for (const std::uint32_t row : rows)
         store_.Read(RowPointer::FromPacked(row));  // throws if gone
-    if (!rows.empty()) CheckRelations(kReferenced, [](std::size_t) { return true; });
     ++version_;
     indexes_.Erase(rows);
     for (auto& [column, lookup] : lookups_) lookup.Remove(rows);
@@ -167,22 +188,6 @@ void OpenTable::RequireSoundOnce() {
     if (sound_) return;
     RequireSound(store_, indexes_);
     sound_ = true;
-}
-
-// Relations between tables are not followed here, so what could break one is refused.
-void OpenTable::CheckRelations(std::uint8_t side,
-                               const std::function<bool(std::size_t)>& touches) const {
-    for (const LogicalIndex& index : Def().logicalIndexes) {
-        if (index.kind != IndexKind::Foreign || index.side != side) continue;
-        const auto& columns = Def().realIndexes[index.real].columns;
-        const bool touched =
-            std::any_of(columns.begin(), columns.end(),
-                        [&](const IndexColumnDef& c) { return touches(c.position); });
-        if (touched) {
-            throw Error{ErrorNumber::RelatedRecords, "table " + design_.name + ": relation " +
-                                                         index.name + " is not enforced here"};
-        }
-    }
 }
 
 }  // namespace jet::detail

@@ -11,7 +11,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <optional>
 #include <span>
@@ -46,10 +45,18 @@ class OpenTable {
     /// The order of rows where a query gives none: the primary key's, or no order.
     std::vector<OrderColumn> NaturalOrder() const;
 
+    /// The rows that have these values in the columns of an index, as the index compares them;
+    /// where it cannot (an unknown sort order), without regard to letter case and blanks at the
+    /// end.
+    std::vector<std::uint32_t> RowsWithKey(std::size_t realIndex, std::span<const Value> values);
+
+    // Of this table alone: what relations to others ask for is in edits.h.
     RowPointer Insert(std::vector<Value> values);
     void Update(RowPointer row, std::span<const std::optional<Value>> values);
     void Delete(std::span<const std::uint32_t> rows);  ///< packed pointers
     void AfterRollback();
+    /// The check before the first write, and before its indexes are trusted. Throws NotADatabase.
+    void RequireSoundOnce();
 
     /// Counts up with every change of a row.
     std::uint64_t Version() const { return version_; }
@@ -57,8 +64,6 @@ class OpenTable {
   private:
     std::vector<std::uint32_t> MatchingRows(std::span<const Condition> conditions);
     Lookup& LookupFor(const Condition& condition);
-    void RequireSoundOnce();
-    void CheckRelations(std::uint8_t side, const std::function<bool(std::size_t)>& touches) const;
 
     TableStore store_;
     TableIndexes indexes_;

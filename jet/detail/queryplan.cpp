@@ -12,7 +12,7 @@ namespace {
 std::size_t Position(const Engine& engine, const OpenTable& table, std::string_view name) {
     if (const auto position = engine.ColumnPosition(table, name)) return *position;
     throw Error{ErrorNumber::TooFewParameters,
-                "table " + table.Design().name + " has no column " + std::string(name)};
+                "table " + table.Design().name + " has no column " + Excerpt(name)};
 }
 
 Condition ConditionFor(const Engine& engine, const OpenTable& table, const Comparison& comparison) {
@@ -28,21 +28,36 @@ QueryPlan AllOf(OpenTable& table) {
     return plan;
 }
 
+// A comparison for equality goes by a list of where each value is; any other looks at each row.
+void AddFilter(const Engine& engine, const std::string& filter, const std::string& source,
+               QueryPlan& plan) {
+    try {
+        plan.conditions.push_back(
+            ConditionFor(engine, *plan.table, ParseSavedCriterion(filter, source)));
+        return;
+    } catch (const Error& error) {
+        if (error.Number() != ErrorNumber::NotSupported) throw;
+    }
+    auto rule = Rule::Parse(filter, {&plan.table->Def(), {}, {source}});
+    if (!rule) {
+        throw Error{ErrorNumber::NotSupported, "saved query with expression " + Excerpt(filter)};
+    }
+    plan.filters.push_back(*std::move(rule));
+}
+
 // What one saved query makes of the rows below it.
 void Apply(const Engine& engine, const SavedQuery& query, QueryPlan& plan) {
-    for (const std::string& filter : query.filters) {
-        plan.conditions.push_back(
-            ConditionFor(engine, *plan.table, ParseSavedCriterion(filter, query.source)));
-    }
+    const std::string& source = query.alias.empty() ? query.source : query.alias;
+    for (const std::string& filter : query.filters) AddFilter(engine, filter, source, plan);
     if (!query.order.empty()) plan.order.clear();
     for (const SavedQuery::Order& term : query.order) {
-        const std::string name = ParseSavedColumn(term.expression, query.source);
+        const std::string name = ParseSavedColumn(term.expression, source);
         plan.order.push_back({Position(engine, *plan.table, name), term.descending});
     }
     if (query.allColumns) return;
     std::vector<std::size_t> fields;
     for (const SavedQuery::Output& output : query.outputs) {
-        const std::string name = ParseSavedColumn(output.expression, query.source);
+        const std::string name = ParseSavedColumn(output.expression, source);
         if (name == "*") {
             fields.insert(fields.end(), plan.fields.begin(), plan.fields.end());
             continue;
@@ -88,6 +103,20 @@ QueryPlan PlanSelect(Engine& engine, const Select& select) {
 
 }  // namespace
 
+std::vector<std::uint32_t> QueryPlan::Rows(const Ordering& ordering) const {
+    std::vector<std::uint32_t> rows = table->Rows(conditions, ordering);
+    if (filters.empty()) return rows;
+    std::erase_if(rows, [&](std::uint32_t row) {
+        const RowView view = table->Store().Read(RowPointer::FromPacked(row));
+        const Rule::Fields valueAt = [&](std::size_t position) {
+            return DecodeColumn(table->Store().File(), table->Def().columns[position], view);
+        };
+        return !std::all_of(filters.begin(), filters.end(),
+                            [&](const Rule& filter) { return filter.Holds(valueAt); });
+    });
+    return rows;
+}
+
 QueryPlan PlanSource(Engine& engine, std::string_view source) {
     QueryPlan plan;
     if (IsSelect(source)) {
@@ -104,7 +133,7 @@ QueryPlan PlanDelete(Engine& engine, std::string_view sql) {
     const auto statement = ParseStatement(sql);
     const Delete* deletion = std::get_if<Delete>(&statement);
     if (deletion == nullptr) {
-        throw Error{ErrorNumber::SyntaxError, "no action to run: " + std::string(sql)};
+        throw Error{ErrorNumber::SyntaxError, "no action to run: " + Excerpt(sql)};
     }
     QueryPlan plan = PlanName(engine, deletion->source);
     if (deletion->where) {

@@ -2,10 +2,12 @@
 // A query with its names looked up: which table, which columns, which rows, in which order.
 
 #include "jet/detail/engine.h"
+#include "jet/detail/expression.h"
 #include "jet/detail/opentable.h"
 #include "jet/detail/ordering.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -15,7 +17,11 @@ struct QueryPlan {
     OpenTable* table = nullptr;         ///< lives as long as its Engine
     std::vector<std::size_t> fields;    ///< positions in TableDef::columns
     std::vector<Condition> conditions;  ///< all must hold
+    std::vector<Rule> filters;          ///< and all of these
     std::vector<OrderColumn> order;     ///< none = stored order
+
+    /// Packed pointers of the plan's rows, in that order.
+    std::vector<std::uint32_t> Rows(const Ordering& ordering) const;
 };
 
 /// For a SELECT text, or the name of a table or saved query. Throws SyntaxError, TableNotFound,

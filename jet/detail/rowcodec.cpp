@@ -3,6 +3,7 @@
 #include "jet/detail/longvalue.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace jet::detail {
 
@@ -291,12 +292,27 @@ Value DecodeValue(const PageFile& file, const ColumnDef& column, ByteView raw) {
     return Bytes(raw.begin(), raw.end());
 }
 
+void RequireInRange(const Value& value, std::string_view column) {
+    constexpr double kFirst = -657434, kPastLast = 2958466;  // the years 100 to 9999
+    bool inRange = true;
+    if (const float* single = std::get_if<float>(&value.Held())) inRange = std::isfinite(*single);
+    if (const double* number = std::get_if<double>(&value.Held())) inRange = std::isfinite(*number);
+    if (const Date* date = std::get_if<Date>(&value.Held())) {
+        // Before day 0 the fraction counts forward: the first day is that of the whole number.
+        inRange = date->serial > kFirst - 1 && date->serial < kPastLast;
+    }
+    if (inRange) return;
+    throw Error{ErrorNumber::Overflow,
+                "column " + std::string(column) + ": not a number, or out of any range"};
+}
+
 StoredColumn EncodeValue(PageFile& file, const TableDef& def, const ColumnDef& column,
                          const Value& value) {
     if (column.Type() == ColumnType::Boolean) {
         return {!value.IsNull() && Get<bool>(column, value), {}};
     }
     if (value.IsNull()) return {};
+    RequireInRange(value, column.name);
     return {true, EncodeNotNull(file, def, column, value)};
 }
 

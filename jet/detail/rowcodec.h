@@ -76,6 +76,10 @@ struct StoredColumn {
     std::vector<std::uint8_t> bytes;
 };
 
+/// Throws Overflow for NaN, infinities and dates outside the years 100 to 9999: no column holds
+/// them.
+void RequireInRange(const Value& value, std::string_view column);
+
 /// Stored bytes of a value, which must have the column's own type (Convert sees to that). Memo and
 /// OLE are written to their pages. Throws FieldTooLong, TypeMismatch.
 StoredColumn EncodeValue(PageFile& file, const TableDef& def, const ColumnDef& column,

@@ -1,6 +1,7 @@
 #include "jet/detail/sqlparser.h"
 
 #include "base/error.h"
+#include "jet/detail/bytes.h"
 #include "jet/detail/names.h"
 
 #include <algorithm>
@@ -34,10 +35,13 @@ bool ContinuesName(char c) {
     return BeginsName(c) || IsDigit(c) || c == '%';
 }
 
+// One of the two is quoted: what follows the place, or at the end all that stands before it.
 [[noreturn]] void Fail(std::string_view query, std::size_t at, std::string_view expected) {
-    throw Error{ErrorNumber::SyntaxError, "expected " + std::string(expected) + " before \"" +
-                                              std::string(query.substr(at)) +
-                                              "\" in query: " + std::string(query)};
+    const std::string_view rest = query.substr(at);
+    const std::string place =
+        rest.empty() ? " at the end of the query: " + Excerpt(query)
+                     : " at byte " + Decimal(at) + ", before \"" + Excerpt(rest) + "\"";
+    throw Error{ErrorNumber::SyntaxError, "expected " + std::string(expected) + place};
 }
 
 class Lexer {
@@ -255,7 +259,7 @@ auto SupportedOnly(std::string_view expression, Parse parse) {
         return parse();
     } catch (const Error&) {
         throw Error{ErrorNumber::NotSupported,
-                    "saved query with expression " + std::string(expression)};
+                    "saved query with expression " + Excerpt(expression)};
     }
 }
 

@@ -289,4 +289,22 @@ TEST(LazyDataSource, ARefreshReadsNoRowsUntilSomebodyLooks) {
     CloseFundFile(file.database);
 }
 
+TEST_F(DataSourceTest, AnEmptiedFieldIsNullWhereTheFileAllowsNoEmptyText) {
+    SKIP_WITHOUT_SAMPLES();
+    const testdata::fs::path copy = folder / "n.mdb";
+    testdata::WriteText(copy, testdata::BytesOf(testdata::SampleFolder()->parent_path() /
+                                                "mdb-samples" / "nwind.mdb"));
+    const auto database = jet::Database::Open(copy);
+    const auto shippers = database->OpenRecordSet("Shippers");
+    shippers->Edit();
+    shippers->Set("Phone", "");
+    EXPECT_EQ(NumberOf([&] { shippers->Update(); }), ErrorNumber::ZeroLength);
+    holdings.SetRecordSet(shippers);
+    holdings.Edit();
+    holdings.Set("Phone", "");
+    holdings.Update();
+    EXPECT_TRUE(holdings.Field("Phone").IsNull());
+    holdings.SetRecordSet(nullptr);
+}
+
 }  // namespace

@@ -535,11 +535,13 @@ TEST(FundFileTexts, EveryReasonForReadingOnlyHasItsOwnText) {
 
 TEST(FundFileTexts, FilesThatCannotBeOpenedAreToldApart) {
     const std::vector<ErrorNumber> numbers = {
-        ErrorNumber::NotADatabase,  ErrorNumber::Encrypted,        ErrorNumber::PasswordProtected,
-        ErrorNumber::NewerFormat,   ErrorNumber::ForeignFormat,    ErrorNumber::FileInUse,
-        ErrorNumber::ReadOnly,      ErrorNumber::DiskFull,         ErrorNumber::ChangedByOther,
-        ErrorNumber::FileNotFound,  ErrorNumber::CollationUnknown, ErrorNumber::TableNotFound,
-        ErrorNumber::FieldNotFound, ErrorNumber::PermissionDenied, ErrorNumber::DeviceIo};
+        ErrorNumber::NotADatabase,   ErrorNumber::Encrypted,         ErrorNumber::PasswordProtected,
+        ErrorNumber::NewerFormat,    ErrorNumber::ForeignFormat,     ErrorNumber::FileInUse,
+        ErrorNumber::ReadOnly,       ErrorNumber::DiskFull,          ErrorNumber::ChangedByOther,
+        ErrorNumber::FileNotFound,   ErrorNumber::CollationUnknown,  ErrorNumber::TableNotFound,
+        ErrorNumber::FieldNotFound,  ErrorNumber::PermissionDenied,  ErrorNumber::DeviceIo,
+        ErrorNumber::RelatedRecords, ErrorNumber::RelatedRowMissing, ErrorNumber::RequiredField,
+        ErrorNumber::ZeroLength,     ErrorNumber::ValidationRule};
     const std::string_view general = fundtexts::Explain(ErrorNumber::SyntaxError);
     for (const ErrorNumber number : numbers) {
         const std::string_view text = fundtexts::Explain(number);

@@ -21,6 +21,11 @@ namespace jet::test {
 
 using Random = std::mt19937;
 
+/// The share of the changes that are asked for (KVARNBO_MODEL_CHANGES), and the seed
+/// (KVARNBO_MODEL_SEED).
+std::size_t ModelChanges(std::size_t percent);
+unsigned ModelSeed();
+
 /// One table: its rows in the record set's order.
 class ModelTable {
   public:
@@ -49,6 +54,10 @@ class ModelTable {
     void Attach(const std::shared_ptr<Database>& file);
     /// Finds the rows anew; they come in the table's own order.
     void Requery();
+    /// Whether changes elsewhere may change this table's rows.
+    bool Related() const { return related_; }
+    /// Takes over the rows as they are in the file now, after changes in a related table.
+    void Reread();
     /// Compares every value.
     void Check();
     /// Compares with what the other reader prints. Columns in which it prints something else than
@@ -77,6 +86,7 @@ class ModelTable {
 
     std::string name_;
     TableDesign design_;
+    TableRules rules_;
     int version_;
     std::size_t targetRows_;
     std::vector<std::vector<std::size_t>> indexColumns_;

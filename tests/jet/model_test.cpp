@@ -2,29 +2,10 @@
 
 #include "support.h"
 
-#include <charconv>
-#include <cstdlib>
-#include <cstring>
 #include <gtest/gtest.h>
 
 namespace jet::test {
 namespace {
-
-std::size_t Changes(std::size_t percent) {
-    std::size_t total = 100000;
-    if (const char* wanted = std::getenv("KVARNBO_MODEL_CHANGES")) {
-        std::from_chars(wanted, wanted + std::strlen(wanted), total);
-    }
-    return total * percent / 100;
-}
-
-unsigned Seed() {
-    unsigned seed = 20260224;
-    if (const char* wanted = std::getenv("KVARNBO_MODEL_SEED")) {
-        std::from_chars(wanted, wanted + std::strlen(wanted), seed);
-    }
-    return seed;
-}
 
 std::vector<TableDesign> Tables() {
     using enum ColumnType;
@@ -69,7 +50,7 @@ std::vector<TableDesign> Tables() {
 TEST(Model, AgreesWithACreatedFile) {
     ScratchFolder folder;
     Database::Create(folder / "new.mdb", Tables(), Date{46000});
-    ModelFile(folder / "new.mdb", 1500, Seed()).Run(Changes(40));
+    ModelFile(folder / "new.mdb", 1500, ModelSeed()).Run(ModelChanges(40));
 }
 
 struct SampleShare {
@@ -90,7 +71,7 @@ TEST_P(ModelOfSample, AgreesWithACopy) {
     std::filesystem::copy_file(source, folder / "copy.mdb");
     std::filesystem::permissions(folder / "copy.mdb", std::filesystem::perms::owner_write,
                                  std::filesystem::perm_options::add);
-    ModelFile(folder / "copy.mdb", 600, Seed()).Run(Changes(GetParam().percent));
+    ModelFile(folder / "copy.mdb", 600, ModelSeed()).Run(ModelChanges(GetParam().percent));
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, ModelOfSample,
