@@ -3,6 +3,7 @@
 
 #include "base/error.h"
 #include "jet/detail/btree.h"
+#include "jet/detail/edits.h"
 #include "jet/detail/engine.h"
 #include "jet/detail/keyset.h"
 #include "jet/detail/pagefile.h"
@@ -185,32 +186,38 @@ void WriteChecked(Engine& engine, const std::string& name) {
     for (const ColumnDef& column : table.Def().columns) {
         values.push_back(column.Autonumber() ? Value() : SampleValue(column, 5));
     }
-    Try([&] { engine.Statement([&] { return table.Insert(values); }); });
+    Try([&] { engine.RulesOf(table); });
+    Try([&] { engine.Statement([&] { return InsertRow(engine, table, values); }); });
     const auto rows = FirstRows(table.Store());
     if (rows.empty()) return;
     Try([&] {
         engine.Statement([&] {
-            table.Update(RowPointer::FromPacked(rows.front()),
-                         std::vector<std::optional<Value>>(values.begin(), values.end()));
+            UpdateRow(engine, table, RowPointer::FromPacked(rows.front()),
+                      std::vector<std::optional<Value>>(values.begin(), values.end()));
             return true;
         });
     });
     engine.Statement([&] {
-        table.Delete(rows);
+        DeleteRows(engine, table, rows);
         return true;
     });
 }
 
-}  // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FileImage ImageOf(const std::uint8_t* data, std::size_t size) {
     FileImage image;
     image.Resize(size);
     for (std::size_t at = 0; at < size; at += FileImage::kChunkBytes) {
         std::memcpy(image.At(at), data + at, std::min(FileImage::kChunkBytes, size - at));
     }
+    return image;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::unique_ptr<Engine> engine;
-    if (!Try([&] { engine = std::make_unique<Engine>(PageFile::FromImage(std::move(image))); })) {
+    if (!Try(
+            [&] { engine = std::make_unique<Engine>(PageFile::FromImage(ImageOf(data, size))); })) {
         return 0;
     }
     Try([&] { Verify(engine->File()); });
@@ -225,7 +232,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     for (std::size_t i = 0; i < tables.size() && i < 2; ++i) {
         Try([&] { WriteChecked(*engine, tables[i].name); });
-        Try([&] { WriteUnchecked(engine->File(), tables[i].page); });
     }
+    Try([&] { engine->Objects().QueryTexts(); });
+    // Below the checks, a file that lacks a part is written to as well.
+    Try([&] {
+        const auto file = PageFile::FromImage(ImageOf(data, size));
+        for (std::size_t i = 0; i < tables.size() && i < 2; ++i) {
+            Try([&] { WriteUnchecked(*file, tables[i].page); });
+        }
+    });
     return 0;
 }

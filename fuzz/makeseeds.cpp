@@ -11,6 +11,7 @@
 #include "jet/detail/table.h"
 #include "jet/detail/tabledef.h"
 #include "jet/detail/tableindexes.h"
+#include "jet/detail/textcodec.h"
 #include "jet/detail/usagemap.h"
 
 #include <algorithm>
@@ -91,6 +92,8 @@ class Seed {
         WriteHeader(codePage);
         WriteGlobalMap();
         PlaceTable(kSystemObjectsPage, ObjectColumns(), {}, kSystemTable);
+        constexpr std::uint32_t kSystemObject = 0x80000000;
+        AddObject(kSystemObjectsPage, "MSysObjects", kTableObject, kSystemObject);
     }
 
     const Layout& Format() const { return layout_; }
@@ -100,14 +103,20 @@ class Seed {
                            const std::vector<Index>& indexes) {
         const std::uint32_t page = AllocatePage(*file_);
         PlaceTable(page, columns, indexes, kUserTable);
-        AddObject(page, name, kTableObject, 0);
+        lastTable_ = AddObject(page, name, kTableObject, 0);
         return page;
     }
 
-    void AddObject(std::uint32_t id, const std::string& name, std::int16_t type,
-                   std::uint32_t flags) {
-        Add(kSystemObjectsPage,
-            {static_cast<std::int32_t>(id), name, type, static_cast<std::int32_t>(flags)});
+    RowPointer AddObject(std::uint32_t id, const std::string& name, std::int16_t type,
+                         std::uint32_t flags) {
+        return Add(kSystemObjectsPage, {static_cast<std::int32_t>(id), name, type,
+                                        static_cast<std::int32_t>(flags), Value()});
+    }
+
+    /// Gives the table that was added last its properties.
+    void SetProperties(Bytes properties) {
+        constexpr std::size_t kProperties = 4;
+        Change(kSystemObjectsPage, lastTable_, kProperties, std::move(properties));
     }
 
     RowPointer Add(std::uint32_t page, std::vector<Value> values) {
@@ -141,8 +150,11 @@ class Seed {
 
   private:
     static std::vector<Column> ObjectColumns() {
-        return {
-            {"Id"}, {"Name", ColumnType::Text, 128}, {"Type", ColumnType::Integer, 2}, {"Flags"}};
+        return {{"Id"},
+                {"Name", ColumnType::Text, 128},
+                {"Type", ColumnType::Integer, 2},
+                {"Flags"},
+                {"LvProp", ColumnType::Ole, 0}};
     }
 
     void WriteHeader(std::uint16_t codePage) {
@@ -224,6 +236,7 @@ class Seed {
 
     const Layout& layout_;
     std::unique_ptr<PageFile> file_;
+    RowPointer lastTable_;
     std::uint32_t mapPage_ = 0;
     std::uint8_t nextMap_ = 0;
 };
@@ -387,13 +400,42 @@ void EqualKeys(Seed& seed) {
     for (std::int32_t i = 0; i < 12; ++i) seed.Add(page, {i / 4, 70000 + i % 2});
 }
 
+/// A relation's entry at one end: the index numbers are those of the tables made below.
+LogicalIndex RelationEntry(std::uint32_t number, std::uint8_t side, std::uint32_t otherTable,
+                           std::uint32_t otherIndex, bool cascades) {
+    LogicalIndex entry;
+    entry.name = ".r" + Decimal(number);
+    entry.number = number;
+    entry.kind = IndexKind::Foreign;
+    entry.real = side == 1 ? 0 : 1;
+    entry.side = side;
+    entry.otherTable = otherTable;
+    entry.otherIndex = otherIndex;
+    entry.cascadeUpdates = entry.cascadeDeletes = cascades;
+    return entry;
+}
+
+/// A refers to B with cascades, B to itself without.
 void Relations(Seed& seed) {
-    const std::uint32_t page =
-        seed.AddTable("T", {{"Id"}, {"Other"}},
-                      {{{0}, IndexKind::Primary, kIndexUnique | kIndexRequired},
-                       {{1}, IndexKind::Foreign, kIndexIgnoreNulls}});
-    seed.Add(page, {1, Value()});
-    seed.Add(page, {2, 1});
+    std::vector<std::uint32_t> pages;
+    for (const char* name : {"A", "B"}) {
+        pages.push_back(seed.AddTable(name, {{"Id"}, {"Other"}},
+                                      {{{0}, IndexKind::Primary, kIndexUnique | kIndexRequired},
+                                       {{1}, IndexKind::Normal, kIndexIgnoreNulls}}));
+    }
+    const std::uint32_t a = pages[0], b = pages[1];
+    const std::vector<std::vector<LogicalIndex>> entries = {
+        {RelationEntry(2, 2, b, 2, true)},
+        {RelationEntry(2, 1, a, 2, true), RelationEntry(3, 2, b, 4, false),
+         RelationEntry(4, 1, b, 3, false)}};
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        TableDef def = ReadTableDef(seed.File(), pages[i]);
+        def.logicalIndexes.insert(def.logicalIndexes.end(), entries[i].begin(), entries[i].end());
+        WriteTableDef(seed.File(), pages[i], BuildTableDef(seed.Format(), kCodePage, def));
+    }
+    seed.Add(b, {1, Value()});
+    seed.Add(b, {2, 1});
+    seed.Add(a, {1, 2});
     seed.AddObject(0, "Away", kLinkedObject, 0);
 }
 
@@ -513,6 +555,83 @@ void TwoTables(Seed& seed) {
 
 void NoTables(Seed&) {}
 
+/// Properties of a table as a list of bytes: names, then what each column has of them.
+class PropertyBytes {
+  public:
+    explicit PropertyBytes(const Seed& seed) : form_{seed.Format().textUnit, kCodePage} {
+        constexpr std::string_view kMagic = "MR2";
+        bytes_.assign(kMagic.begin(), kMagic.end());
+        bytes_.push_back(0);
+        Bytes names;
+        for (const char* name : {"Required", "AllowZeroLength", "DefaultValue", "ValidationRule"}) {
+            AddSized(names, EncodeText(form_, name));
+        }
+        AddChunk(0x80, names);
+    }
+    void AddColumn(const std::string& column, std::uint16_t name, std::uint8_t type,
+                   const Bytes& value) {
+        Bytes chunk;
+        const Bytes owner = EncodeText(form_, column);
+        AddNumber(chunk, owner.size() + 6, 4);
+        AddSized(chunk, owner);
+        AddNumber(chunk, value.size() + 8, 2);
+        AddNumber(chunk, std::size_t{type} << 8U, 2);
+        AddNumber(chunk, name, 2);
+        AddSized(chunk, value);
+        AddChunk(column.empty() ? 0 : 1, chunk);
+    }
+    void AddText(const std::string& column, std::uint16_t name, const std::string& text) {
+        constexpr std::uint8_t kMemo = 12;
+        AddColumn(column, name, kMemo, EncodeText(form_, text));
+    }
+    Bytes Take() { return std::move(bytes_); }
+
+  private:
+    static void AddNumber(Bytes& to, std::size_t number, std::size_t size) {
+        to.resize(to.size() + size);
+        PutLittleEndian(ByteSpan(to).last(size), 0, number, size);
+    }
+    static void AddSized(Bytes& to, const Bytes& part) {
+        AddNumber(to, part.size(), 2);
+        to.insert(to.end(), part.begin(), part.end());
+    }
+    void AddChunk(std::size_t kind, const Bytes& content) {
+        AddNumber(bytes_, content.size() + 6, 4);
+        AddNumber(bytes_, kind, 2);
+        bytes_.insert(bytes_.end(), content.begin(), content.end());
+    }
+
+    TextForm form_;
+    Bytes bytes_;
+};
+
+/// Required values, default values and rules, of columns and of the table.
+void Defaults(Seed& seed) {
+    const std::uint32_t page = seed.AddTable(
+        "T", {{"Id"}, {"Dag", ColumnType::Date, 8}, {"Namn", ColumnType::Text, 40}}, {});
+    PropertyBytes properties(seed);
+    constexpr std::uint16_t kRequired = 0, kZeroLength = 1, kDefault = 2, kRule = 3;
+    properties.AddColumn("Id", kRequired, 1, {1});
+    properties.AddColumn("Namn", kZeroLength, 1, {0});
+    properties.AddText("Id", kDefault, "=7");
+    properties.AddText("Dag", kDefault, "Now()");
+    properties.AddText("Id", kRule, ">0 And <>5 Or Is Null");
+    properties.AddText("Namn", kRule, "In ('a','b') Or Not Between 'c' And 'd' Or [Id]>=-1");
+    properties.AddText("", kRule, "([T].[Id] > 0) Or [Dag]<=#12/31/2000#");
+    seed.SetProperties(properties.Take());
+    seed.Add(page, {std::int32_t{1}, Date{36526}, "b"});
+}
+
+/// What is left when the last pages are cut off.
+void WriteCut(const std::filesystem::path& whole, const std::filesystem::path& cut,
+              std::size_t pageSize) {
+    constexpr std::uintmax_t kPagesCut = 3;
+    const std::uintmax_t size = std::filesystem::file_size(whole);
+    if (size <= 2 * kPagesCut * pageSize) return;
+    std::filesystem::copy_file(whole, cut, std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::resize_file(cut, size - kPagesCut * pageSize);
+}
+
 struct Kind {
     const char* name;
     void (*fill)(Seed&);
@@ -538,6 +657,7 @@ constexpr Kind kKinds[] = {{"numbers", Numbers},
                            {"fullglobalmap", FullGlobalMap},
                            {"manycolumns", ManyColumns},
                            {"twotables", TwoTables},
+                           {"defaults", Defaults},
                            {"notables", NoTables}};
 
 }  // namespace
@@ -556,7 +676,9 @@ int main(int count, char** arguments) {
                 Seed seed(*layout, kind.codePage);
                 kind.fill(seed);
                 const char* version = layout == &kJet3 ? "3" : "4";
-                seed.File().SaveAs(folder / (std::string(kind.name) + version + ".mdb"));
+                const std::string name = kind.name + std::string(version);
+                seed.File().SaveAs(folder / (name + ".mdb"));
+                WriteCut(folder / (name + ".mdb"), folder / (name + "cut.mdb"), layout->pageSize);
             }
         }
     } catch (const std::exception& error) {
