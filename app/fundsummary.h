@@ -1,12 +1,14 @@
 #pragma once
-// Brings the open fund's summary up to date after a new price: status panels, the stored texts, the
-// caption.
+// Shows the open fund's summary after a new price: status panels and caption.
 
 #include "app/controller.h"
+
+struct OpenHolding;
 
 class FundSummary : Controller {
   public:
     explicit FundSummary(frmPPM& ppm) : Controller(ppm) {}
 
-    void RefreshFundSummary(float startPrice, float newPrice);
+    /// The holding as it was stored with this price.
+    void RefreshFundSummary(const OpenHolding& stored, double newPrice);
 };

@@ -4,6 +4,7 @@
 #include "app/furnishing.h"
 #include "app/places.h"
 #include "app/rules/texts.h"
+#include "fundfile/rules/texts.h"
 #include "widgets/statuspanels.h"
 #include "widgets/valuelabel.h"
 

@@ -11,6 +11,8 @@
 #include <vector>
 
 class PrinterPage;
+struct OpenHolding;
+struct ScaleRange;
 
 /// In every line the controller that does the work.
 class Procedures {
@@ -18,6 +20,7 @@ class Procedures {
     virtual void Activate() = 0;                      // StartUp: its work, done again
     virtual void ResetPanels() = 0;                   // StartUp
     virtual void Unload() = 0;                        // StartUp
+    virtual void BringTodayUpToDate() = 0;            // StartUp
     virtual void ScaleToScreen(float factor) = 0;     // ScreenScaling
     virtual void FillFundList() = 0;                  // FundList
     virtual void OpenSelectedFund() = 0;              // FundList
@@ -29,12 +32,15 @@ class Procedures {
     virtual void DrawOnAllScale() = 0;     // SeveralCurves: those curves
     virtual bool StoreTypedRows() = 0;     // GridSwitch
     virtual bool LeaveHoldingsGrid() = 0;  // GridSwitch
-    virtual void RefreshFundSummary(float startPrice, float newPrice) = 0;     // FundSummary
+    virtual void RefreshFundSummary(const OpenHolding& stored,
+                                    double newPrice) = 0;                      // FundSummary
     virtual void SetVerticalScale(std::int32_t bottom, std::int32_t top) = 0;  // Axes
-    virtual void AdvanceOneMonth() = 0;                                        // Axes
-    virtual void ShowMonthsOfToday() = 0;                                      // Axes
-    virtual void PlotCurves() = 0;                                             // Curves
-    virtual void PrintCurves(PrinterPage& page) = 0;                           // Curves
+    virtual void ShowFundScale(ScaleRange stored) = 0;  // Axes: where it changed
+    virtual void AdvanceOneMonth() = 0;                 // Axes
+    virtual void ShowMonthsOfToday() = 0;               // Axes
+    virtual void FollowToday(std::int32_t before) = 0;  // Axes
+    virtual void PlotCurves() = 0;                      // Curves
+    virtual void PrintCurves(PrinterPage& page) = 0;    // Curves
     virtual void ComputeFundScale(std::int32_t kontoId, bool replace) = 0;     // Curves
     virtual void WriteLogEntry(std::string_view entry) = 0;                    // Log
     virtual void FillAccountList() = 0;                                        // AccountTotals

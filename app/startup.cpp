@@ -88,9 +88,7 @@ void StartUp::Load() {
     const float factor = ScreenFactor(ScreenWidthTwips(screen.width(), screen.height()));
     if (factor != 1.0F) window.ScaleToScreen(factor);
 
-    const auto today = window.platform.clock.Today();
-    window.TodayDay = DayNumber(today);
-    window.CurrentMonth = static_cast<std::int32_t>(static_cast<unsigned>(today.month()));
+    SetToday();
     window.MonthNames = Split(texts::MonthNames, "|");
     window.AppFolder = WithSeparator(window.platform.programFolder);
 
@@ -100,6 +98,20 @@ void StartUp::Load() {
     window.ShowState();
     Timer1_ =
         window.platform.clock.After(kStartUpPause, [this] { Run([this] { Timer1_Timer(); }); });
+}
+
+void StartUp::SetToday() {
+    const auto today = window.platform.clock.Today();
+    window.TodayDay = DayNumber(today);
+    window.CurrentMonth = static_cast<std::int32_t>(static_cast<unsigned>(today.month()));
+}
+
+void StartUp::BringTodayUpToDate() {
+    const std::int32_t before = window.TodayDay;
+    SetToday();
+    if (window.TodayDay == before) return;
+    window.ShowState();
+    window.FollowToday(before);
 }
 
 void StartUp::ReadSettings() {
@@ -129,7 +141,8 @@ void StartUp::OpenDatabase() {
 }
 
 void StartUp::Form_Activate() {
-    if (!window.Activated) Activate();
+    if (!window.Activated) return Activate();
+    BringTodayUpToDate();
 }
 
 void StartUp::Activate() {

@@ -16,6 +16,9 @@ class StartUp : Controller {
     void Activate();
     void ResetPanels();
     void Unload();
+    /// Programs stay open over midnight: day, date and, where the window still shows its start
+    /// position, the months become those of the clock's today.
+    void BringTodayUpToDate();
 
   private:
     void Form_Activate();
@@ -23,6 +26,7 @@ class StartUp : Controller {
     void ReadSettings();
     void OpenDatabase();
     void InitialiseScales();
+    void SetToday();
     void ShowFileName();
     bool StoreWhatIsTyped();
 

@@ -15,6 +15,12 @@
 
 #include <string>
 
+namespace {
+
+constexpr int kScaleLabels = 6;
+
+}  // namespace
+
 Axes::Axes(frmPPM& ppm) : Controller(ppm) {
     On(window.Image4, &ImageButton::MouseUp, this, &Axes::Image4_MouseUp);
     On(window.Image5, &ImageButton::MouseUp, this, &Axes::Image5_MouseUp);
@@ -33,11 +39,22 @@ void Axes::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
     Redraw();
 }
 
+/// A label without a value is blank: it must not go on saying what the scale before said.
 void Axes::LabelScale(ScaleRange scale) {
+    for (int place = 1; place <= kScaleLabels; ++place) SetCaption(window.lblVertical[place], "");
     int place = 0;
     for (const std::int32_t value : ScaleLabels(scale)) {
         SetCaption(window.lblVertical[++place], PlainText(value));
     }
+}
+
+void Axes::ShowFundScale(ScaleRange stored) {
+    const bool changed = stored != ScaleRange{window.FundScaleTop, window.FundScaleBottom};
+    if (!changed && stored.top <= window.ScaleTop) return Redraw();
+    window.FundScaleTop = stored.top;
+    window.FundScaleBottom = stored.bottom;
+    StoreScale(stored);
+    SetVerticalScale(stored.bottom, stored.top);
 }
 
 void Axes::AdvanceOneMonth() {
@@ -51,6 +68,14 @@ void Axes::MoveWindow(WindowMove move) {
 void Axes::ShowMonthsOfToday() {
     ShowMonthsFrom(FirstWindowStart(window.TodayDay));
     if (ShowsNextMonth(window.TodayDay)) AdvanceOneMonth();
+}
+
+void Axes::FollowToday(std::int32_t before) {
+    const std::int32_t start = WindowStartFor(window.TodayDay);
+    const bool scrolled = window.WindowStartDay != WindowStartFor(before);
+    if (scrolled || start == window.WindowStartDay) return;
+    ShowMonthsOfToday();
+    Redraw();
 }
 
 void Axes::ShowMonthsFrom(std::int32_t startDay) {

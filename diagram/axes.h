@@ -17,10 +17,15 @@ class Axes : Controller {
     /// Sets and labels the scale, and draws the curves anew. Storing ScaleTop and ScaleBottom is
     /// the caller's.
     void SetVerticalScale(std::int32_t bottom, std::int32_t top);
+    /// The open holding's stored scale after its points have changed: the picture takes it over
+    /// where it changed or is wider than the picture, and is drawn anew in any case.
+    void ShowFundScale(ScaleRange stored);
     /// Moves and labels the months; draws nothing.
     void AdvanceOneMonth();
     /// The twelve months that today's date asks for, labelled; draws nothing.
     void ShowMonthsOfToday();
+    /// Another day than `before` is today: months that stand where it put them follow, drawn anew.
+    void FollowToday(std::int32_t before);
 
     void Image4_MouseUp(Qt::MouseButton button);
     void Image5_MouseUp(Qt::MouseButton button);

@@ -53,7 +53,7 @@ void Measurement::Put(Reading reading) {
     window.ShowState();
 }
 
-std::optional<float> Measurement::BasePrice(bool inKronor) const {
+std::optional<double> Measurement::BasePrice(bool inKronor) const {
     if (!inKronor || !window.holding) return std::nullopt;
     return window.holding->startPrice;
 }

@@ -21,5 +21,5 @@ class Measurement : Controller {
 
     Reading ReadingAt(Point at, bool inKronor) const;
     void Put(Reading reading);
-    std::optional<float> BasePrice(bool inKronor) const;
+    std::optional<double> BasePrice(bool inKronor) const;
 };

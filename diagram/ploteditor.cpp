@@ -6,6 +6,8 @@
 #include "base/error.h"
 #include "base/number.h"
 #include "diagram/texts.h"
+#include "fundfile/dayprice.h"
+#include "fundfile/records.h"
 #include "fundfile/schema.h"
 #include "fundfile/texts.h"
 #include "platform/caption.h"
@@ -20,6 +22,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,6 +48,9 @@ PlotEditor::PlotEditor(frmPPM& ppm) : Controller(ppm) {
     grid.SetColumns(std::move(columns));
     grid.SetKeyStrokes(window.platform.keyStrokes);
     grid.SetDataSource(window.dtaPlott);
+    window.dtaPlott->StoreThrough([this](const std::function<void()>& store) {
+        StoreWithScales(window.FundDb, *window.dtaPlott, store);
+    });
     grid.events.rowOrColumnChanged = [this] { Run([this] { GridPlott_RowColChange(); }); };
     grid.events.afterRowStore = [this](bool) { Run([this] { GridPlott_AfterUpdate(); }); };
     grid.events.afterRowDelete = [this] { Run([this] { GridPlott_AfterUpdate(); }); };
@@ -80,6 +86,23 @@ void PlotEditor::GridPlott_RowColChange() {
 void PlotEditor::GridPlott_AfterUpdate() {
     ShowCount();
     if (window.storingPoint) return;
+    if (window.holding) return ShowFund();
+    ShowSeveral();
+}
+
+/// Scales that a corrected point changed are stored with it; holding and picture follow.
+void PlotEditor::ShowFund() {
+    const std::int32_t open = window.holding->kontoId;
+    for (const HoldingRow& row : ReadHoldings(*window.dtaBasData)) {
+        if (row.kontoId == open) window.holding = OpenHoldingOf(row);
+    }
+    window.ShowFundScale(window.holding->scale);
+}
+
+void PlotEditor::ShowSeveral() {
+    const std::int32_t before = window.AllScaleTop;
+    window.SelectCurves(window.SelectedCurves);
+    if (window.AllScaleTop != before) return window.DrawOnAllScale();
     window.picDiagram->Clear();
     window.PlotCurves();
 }

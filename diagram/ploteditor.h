@@ -12,4 +12,6 @@ class PlotEditor : Controller {
     void GridPlott_RowColChange();
     void GridPlott_AfterUpdate();
     void ShowCount();
+    void ShowFund();
+    void ShowSeveral();
 };

@@ -48,6 +48,7 @@ bool HoldingDeletion::DBGrid_BeforeDelete() {
         Tell(texts::LastRow);
         return false;
     }
+    window.BringTodayUpToDate();
     window.WriteLogEntry(DeletionEntry(ReadHolding(holdings), DateText(window.TodayDay)));
     return true;
 }

@@ -1,7 +1,6 @@
 #include "entry/holdingsgrid.h"
 
 #include "app/frmPPM.h"
-#include "app/rules/holdingview.h"
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
@@ -15,6 +14,7 @@
 #include "fundfile/rules/curvecolour.h"
 #include "fundfile/rules/savedvalues.h"
 #include "fundfile/rules/scaletext.h"
+#include "fundfile/rules/summary.h"
 #include "fundfile/schema.h"
 #include "jet/transaction.h"
 #include "platform/keystrokes.h"
@@ -251,6 +251,7 @@ void HoldingsGrid::CompleteNewHolding() {
     DataSource& holdings = *window.dtaBasData;
     const HoldingRow row = ReadHolding(holdings);
     if (!row.bokfortDatum) return RemoveNewHolding();
+    window.BringTodayUpToDate();
 
     {
         jet::Transaction transaction(window.FundDb);

@@ -1,20 +1,17 @@
 #include "entry/priceentry.h"
 
 #include "app/frmPPM.h"
-#include "app/rules/holdingview.h"
 #include "app/rules/modes.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "base/number.h"
 #include "entry/rules/pricecheck.h"
 #include "entry/texts.h"
-#include "fundfile/editrow.h"
-#include "fundfile/queries.h"
-#include "fundfile/records.h"
-#include "fundfile/rules/scaletext.h"
-#include "fundfile/schema.h"
-#include "jet/transaction.h"
+#include "fundfile/dayprice.h"
+#include "fundfile/rules/point.h"
+#include "fundfile/rules/summary.h"
 #include "platform/caption.h"
+#include "platform/datasource.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "widgets/diagramview.h"
@@ -23,12 +20,6 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPushButton>
-
-namespace {
-
-constexpr int kDecimals = 2;
-
-}  // namespace
 
 PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
     EntryField& price = *window.txtValue;
@@ -62,23 +53,28 @@ bool PriceEntry::txtValue_Tab() {
     return true;
 }
 
-void PriceEntry::txtValue_Enter() {
+void PriceEntry::txtValue_Enter() try {
     if (Caption(window.txtValue).empty()) return;
+    window.BringTodayUpToDate();
+    // The price is of the day on which Enter was pressed, however long a question stays open.
+    const std::int32_t today = window.TodayDay;
     const std::optional<Entry> entry = ReadEntry();
     if (!entry) return Refuse();
-    SetCaption(window.txtValue, entry->text);
+    SetCaption(window.txtValue, PriceText(entry->price));
     if (!Believable(entry->percent)) {
         SetCaption(window.txtValue, "");
         return;
     }
-    Store(*entry);
+    const DayPrice price{.price = entry->price, .day = today};
+    ShowStored(StoreDayPrice(window.FundDb, *window.holding, price), entry->price);
+} catch (const Error& error) {
+    Report(texts::StoreFailed, texts::StoreFailedLog, error);
 }
 
 std::optional<PriceEntry::Entry> PriceEntry::ReadEntry() const try {
-    const std::optional<float> price = ReadPrice(Caption(window.txtValue));
-    if (!price) return std::nullopt;
-    return Entry{*price, PercentChange(*price, static_cast<float>(window.holding->startPrice)),
-                 Fixed(*price, kDecimals)};
+    const std::optional<double> price = ReadPrice(Caption(window.txtValue));
+    if (!price || !window.holding) return std::nullopt;
+    return Entry{*price, PercentChange(*price, window.holding->startPrice)};
 } catch (const Error&) {
     // A start price of 0, or a price so far from it that there is no percentage.
     return std::nullopt;
@@ -103,66 +99,13 @@ bool PriceEntry::Believable(std::int32_t percent) {
     return false;
 }
 
-std::optional<ScaleRange> PriceEntry::WidenedScale(std::int32_t percent) const {
-    ScaleRange shown{window.ScaleTop, window.ScaleBottom};
-    shown.bottom = window.drawnScale.bottom;
-    const ScaleRange scale = WidenFor(shown, percent);
-    if (scale == shown) return std::nullopt;
-    return scale;
-}
-
-void PriceEntry::Store(const Entry& entry) {
-    const WindowState before = window.State();
-    const std::optional<ScaleRange> widened = WidenedScale(entry.percent);
+void PriceEntry::ShowStored(const OpenHolding& stored, double price) {
     window.storingPoint = true;
-    try {
-        // Summary, point and scale are stored together or not at all.
-        jet::Transaction transaction(window.FundDb);
-        MoveToOpenHolding();
-        window.view.status.latestPrice = LatestPriceText(entry.text);
-        window.RefreshFundSummary(static_cast<float>(window.holding->startPrice), entry.price);
-        StoreDayPoint(entry.percent);
-        if (widened) StoreScale(*widened);
-        transaction.Commit();
-    } catch (const Error& error) {
-        window.Put(before);
-        Skipping skip;
-        skip([&] { window.dtaPlott->Refresh(); });
-        return Report(texts::StoreFailed, texts::StoreFailedLog, error);
-    }
+    Skipping skip;  // the price is stored; points that cannot be read are told by their grid
+    skip([&] { window.dtaPlott->Refresh(); });
     window.storingPoint = false;
-    if (widened) {
-        window.ScaleTop = window.FundScaleTop = widened->top;
-        window.ScaleBottom = window.FundScaleBottom = widened->bottom;
-        window.SetVerticalScale(widened->bottom, widened->top);
-    } else {
-        window.picDiagram->Clear();
-        window.PlotCurves();
-    }
+    window.RefreshFundSummary(stored, price);
+    window.ShowFundScale(stored.scale);
     SetCaption(window.txtValue, "");
     window.Put(WithKeysInList(window.State()));
-}
-
-/// Others move the current row too: the totals, the holdings grid, the drawing of several curves.
-void PriceEntry::MoveToOpenHolding() {
-    if (!window.dtaBasData->FindFirst(queries::KontoIdIs(window.holding->kontoId))) {
-        throw Error{ErrorNumber::RecordDeleted, "the open holding is no longer in the file"};
-    }
-}
-
-void PriceEntry::StoreDayPoint(std::int32_t percent) {
-    ReplaceDayPoint(*window.dtaPlott, *window.dtaSQL, *window.FundDb,
-                    {.fondNr = window.holding->fondNr,
-                     .day = window.TodayDay,
-                     .percent = percent,
-                     .kontoId = KontoIdOf(*window.dtaBasData)});
-}
-
-void PriceEntry::StoreScale(ScaleRange scale) {
-    DataSource& holdings = *window.dtaBasData;
-    const std::string present = holdings.Field(schema::holding::kSkala).Text();
-    // The first row keeps the list of curves that stands before its scale.
-    const std::string text =
-        holdings.Position() == 0 ? WithScale(present, scale) : ScaleColumn(scale);
-    EditRow(holdings, [&](DataSource& row) { row.Set(schema::holding::kSkala, text); });
 }

@@ -1,13 +1,12 @@
 #pragma once
-// The daily price: the fund list opened for it, the price field, the checks, and the storing of the
-// day's point together with the holding's summary and scale.
+// The daily price: the fund list opened for it, the price field and the checks; what was stored is
+// shown.
 
 #include "app/controller.h"
-#include "fundfile/rules/scale.h"
+#include "fundfile/rules/openholding.h"
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 class PriceEntry : Controller {
   public:
@@ -17,9 +16,8 @@ class PriceEntry : Controller {
 
   private:
     struct Entry {
-        float price = 0;
+        double price = 0;
         std::int32_t percent = 0;
-        std::string text;  ///< the price as "0.00"
     };
 
     void txtValue_GotFocus();
@@ -28,11 +26,6 @@ class PriceEntry : Controller {
     std::optional<Entry> ReadEntry() const;
     /// Asks or refuses; false: nothing is stored.
     bool Believable(std::int32_t percent);
-    void Store(const Entry& entry);
-    /// The scale that takes the point in; nothing where the shown one does.
-    std::optional<ScaleRange> WidenedScale(std::int32_t percent) const;
-    void MoveToOpenHolding();
-    void StoreDayPoint(std::int32_t percent);
-    void StoreScale(ScaleRange scale);
+    void ShowStored(const OpenHolding& stored, double price);
     void Refuse();
 };

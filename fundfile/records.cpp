@@ -106,6 +106,21 @@ HoldingRow HoldingFrom(const jet::RecordSet& records, const Read& read) {
     return row;
 }
 
+/// `points` is a data source or a record set.
+template <typename Points>
+void Add(Points& points, const NewPoint& point) try {
+    points.AddNew();
+    points.Set(schema::point::kFondNr, point.fondNr);
+    points.Set(schema::point::kXCord, point.day);
+    points.Set(schema::point::kYCord, point.percent);
+    points.Set(schema::point::kKontoId, point.kontoId);
+    points.Update();
+} catch (const Error&) {
+    Skipping skip;  // no half-typed row stays behind in a shared record set
+    skip([&] { points.CancelUpdate(); });
+    throw;
+}
+
 }  // namespace
 
 std::int32_t KontoIdOf(DataSource& holdings) {
@@ -118,8 +133,11 @@ std::int32_t KontoIdOf(DataSource& holdings) {
 }
 
 HoldingRow ReadHolding(DataSource& holdings) {
-    jet::RecordSet& records = holdings.Records();
-    return HoldingFrom(records, [&](std::size_t position) { return records.Field(position); });
+    return ReadHolding(holdings.Records());
+}
+
+HoldingRow ReadHolding(jet::RecordSet& holdings) {
+    return HoldingFrom(holdings, [&](std::size_t position) { return holdings.Field(position); });
 }
 
 std::vector<HoldingRow> ReadHoldings(DataSource& holdings) {
@@ -164,34 +182,20 @@ bool HasPoints(jet::Database& database, std::int32_t kontoId) {
     return !database.OpenRecordSet(queries::FondNrOfPointsOf(kontoId))->Empty();
 }
 
-void AddPoint(DataSource& points, const NewPoint& point) try {
-    points.AddNew();
-    points.Set(schema::point::kFondNr, point.fondNr);
-    points.Set(schema::point::kXCord, point.day);
-    points.Set(schema::point::kYCord, point.percent);
-    points.Set(schema::point::kKontoId, point.kontoId);
-    points.Update();
-} catch (const Error&) {
-    Skipping skip;  // no half-typed row stays behind in the shared record set
-    skip([&] { points.CancelUpdate(); });
-    throw;
+void AddPoint(DataSource& points, const NewPoint& point) {
+    Add(points, point);
 }
 
-void ReplaceDayPoint(DataSource& points, DataSource& scratch, jet::Database& database,
-                     const NewPoint& point) {
-    scratch.SetRecordSet(database.OpenRecordSet(queries::PointsOf(point.kontoId)));
+bool StoreDayPoint(jet::Database& database, const NewPoint& point) {
+    const auto present = database.OpenRecordSet(queries::PointsOf(point.kontoId));
     const std::string thatDay = queries::XCordIs(point.day);
-    bool deleted = false;
-    while (!scratch.Empty() && scratch.FindFirst(thatDay)) {
-        scratch.Delete();
-        deleted = true;
+    bool replaced = false;
+    while (!present->Empty() && present->FindFirst(thatDay)) {
+        present->Delete();
+        replaced = true;
     }
-    scratch.SetRecordSet(nullptr);
-    if (deleted) {
-        points.Refresh();
-    }
-    AddPoint(points, point);
-    points.Refresh();
+    Add(*database.OpenRecordSet(schema::kPointsTable), point);
+    return replaced;
 }
 
 std::int32_t DeletePointsOf(jet::Database& database, std::int32_t kontoId) {

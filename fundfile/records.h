@@ -18,6 +18,7 @@ std::int32_t KontoIdOf(DataSource& holdings);
 /// The current row as typed values: a pending one while it is edited. A column that holds something
 /// else than its kind (a text that is no number, a date that is none) reads as empty.
 HoldingRow ReadHolding(DataSource& holdings);
+HoldingRow ReadHolding(jet::RecordSet& holdings);
 /// All rows in record order, without moving.
 std::vector<HoldingRow> ReadHoldings(DataSource& holdings);
 
@@ -37,11 +38,9 @@ struct NewPoint {
 /// Adds a row to the record set of all points. Refreshing the source is the caller's.
 void AddPoint(DataSource& points, const NewPoint& point);
 
-/// Puts the point in place of every point that the holding has on that day. `scratch` is used for
-/// the search and left detached; `points` is refreshed. Two updates: joined by the caller's
-/// Transaction.
-void ReplaceDayPoint(DataSource& points, DataSource& scratch, jet::Database& database,
-                     const NewPoint& point);
+/// Puts the point in place of every point that the holding has on that day; true when there was
+/// one. Several updates: joined by the caller's Transaction. Refreshing a source is the caller's.
+bool StoreDayPoint(jet::Database& database, const NewPoint& point);
 
 /// The number of points deleted. Refreshing a source is the caller's.
 std::int32_t DeletePointsOf(jet::Database& database, std::int32_t kontoId);

@@ -101,6 +101,9 @@ void MainWindow::ResetPanels() {
 void MainWindow::Unload() {
     controllers_->startUp.Unload();
 }
+void MainWindow::BringTodayUpToDate() {
+    controllers_->startUp.BringTodayUpToDate();
+}
 void MainWindow::ScaleToScreen(float factor) {
     controllers_->screenScaling.ScaleToScreen(factor);
 }
@@ -134,17 +137,23 @@ bool MainWindow::StoreTypedRows() {
 bool MainWindow::LeaveHoldingsGrid() {
     return controllers_->gridSwitch.LeaveHoldingsGrid();
 }
-void MainWindow::RefreshFundSummary(float startPrice, float newPrice) {
-    controllers_->fundSummary.RefreshFundSummary(startPrice, newPrice);
+void MainWindow::RefreshFundSummary(const OpenHolding& stored, double newPrice) {
+    controllers_->fundSummary.RefreshFundSummary(stored, newPrice);
 }
 void MainWindow::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
     controllers_->axes.SetVerticalScale(bottom, top);
+}
+void MainWindow::ShowFundScale(ScaleRange stored) {
+    controllers_->axes.ShowFundScale(stored);
 }
 void MainWindow::AdvanceOneMonth() {
     controllers_->axes.AdvanceOneMonth();
 }
 void MainWindow::ShowMonthsOfToday() {
     controllers_->axes.ShowMonthsOfToday();
+}
+void MainWindow::FollowToday(std::int32_t before) {
+    controllers_->axes.FollowToday(before);
 }
 void MainWindow::PlotCurves() {
     controllers_->curves.PlotCurves();

@@ -15,6 +15,7 @@ class MainWindow final : public frmPPM {
     void Activate() override;
     void ResetPanels() override;
     void Unload() override;
+    void BringTodayUpToDate() override;
     void ScaleToScreen(float factor) override;
     void FillFundList() override;
     void OpenSelectedFund() override;
@@ -26,10 +27,12 @@ class MainWindow final : public frmPPM {
     void DrawOnAllScale() override;
     bool StoreTypedRows() override;
     bool LeaveHoldingsGrid() override;
-    void RefreshFundSummary(float startPrice, float newPrice) override;
+    void RefreshFundSummary(const OpenHolding& stored, double newPrice) override;
     void SetVerticalScale(std::int32_t bottom, std::int32_t top) override;
+    void ShowFundScale(ScaleRange stored) override;
     void AdvanceOneMonth() override;
     void ShowMonthsOfToday() override;
+    void FollowToday(std::int32_t before) override;
     void PlotCurves() override;
     void PrintCurves(PrinterPage& page) override;
     void ComputeFundScale(std::int32_t kontoId, bool replace) override;

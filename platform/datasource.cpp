@@ -13,6 +13,7 @@ struct DataSource::State {
     std::string source;
     std::shared_ptr<jet::RecordSet> records;
     bool given = false;  // the record set came from outside, not from `source`
+    Through through;
 };
 
 DataSource::DataSource(std::string name, std::string caption, QObject* parent)
@@ -167,8 +168,17 @@ void DataSource::Set(std::string_view name, jet::Value value) {
     Set(Records().FieldPosition(name), std::move(value));
 }
 
+void DataSource::StoreThrough(Through through) {
+    state_->through = std::move(through);
+}
+
+void DataSource::Store(const std::function<void()>& store) {
+    if (!state_->through) return store();
+    state_->through(store);
+}
+
 void DataSource::Update() {
-    Records().Update();
+    Store([this] { Records().Update(); });
     emit RowStored();  // without its position, which would make a large record set find its rows
     emit CurrentRowChanged();
 }
@@ -183,7 +193,7 @@ void DataSource::CancelUpdate() {
 
 void DataSource::Delete() {
     const std::int32_t position = Records().Position();
-    Records().Delete();
+    Store([this] { Records().Delete(); });
     emit RowDeleted(position);
     emit CurrentRowChanged();
 }

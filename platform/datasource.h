@@ -71,6 +71,11 @@ class DataSource : public QObject {
     void CancelUpdate();
     void Delete();  ///< tells RowDeleted, then CurrentRowChanged
 
+    /// Update and Delete hand what stores the row to `through`, which runs it together with what
+    /// follows from it, whoever asked for it. None: it is run as it is.
+    using Through = std::function<void(const std::function<void()>& store)>;
+    void StoreThrough(Through through);
+
     /// Runs `work`; an Error becomes Failed(number, what). True when it went well.
     bool Guard(const std::function<void()>& work);
 
@@ -83,6 +88,7 @@ class DataSource : public QObject {
 
   private:
     void Moving(const std::function<void(jet::RecordSet&)>& move);
+    void Store(const std::function<void()>& store);
 
     struct State;
     std::unique_ptr<State> state_;

@@ -3,10 +3,10 @@
 #include "base/daynumber.h"
 #include "base/number.h"
 #include "entry/rules/cells.h"
-#include "entry/rules/pricecheck.h"
 #include "fundfile/fundfile.h"
 #include "fundfile/rules/curvecolour.h"
 #include "fundfile/rules/holding.h"
+#include "fundfile/rules/point.h"
 #include "fundfile/rules/savedvalues.h"
 #include "fundfile/rules/scale.h"
 #include "fundfile/rules/scaletext.h"
@@ -65,8 +65,7 @@ Holding Follow(const SampleHolding& sample, std::int32_t kontoId, const Market& 
     holding.prices = Prices(market, sample.character, static_cast<std::size_t>(first),
                             sample.startPrice, seed + static_cast<std::uint64_t>(kontoId));
     for (const double price : holding.prices) {
-        holding.percents.push_back(
-            PercentChange(static_cast<float>(price), static_cast<float>(sample.startPrice)));
+        holding.percents.push_back(PercentChange(price, sample.startPrice));
     }
     if (sample.shareNotice) {
         holding.notice = NoticeDay(holding.days);

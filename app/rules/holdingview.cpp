@@ -4,6 +4,7 @@
 #include "base/daynumber.h"
 #include "base/number.h"
 #include "fundfile/rules/savedvalues.h"
+#include "fundfile/rules/texts.h"
 
 #include <optional>
 
@@ -80,6 +81,6 @@ std::string StartPriceText(std::string_view price) {
     return Text(texts::StartPrice) + Text(price);
 }
 
-std::string LatestPriceText(std::string_view price) {
-    return Text(texts::LatestPrice) + Text(price);
+std::string UpdatedCaption(std::string_view fund, std::int32_t latestDay) {
+    return Text(texts::WindowCaption) + Text(fund) + Text(texts::LastUpdate) + DateText(latestDay);
 }

@@ -5,6 +5,7 @@
 #include "fundfile/rules/holding.h"
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -38,6 +39,8 @@ StatusTexts StatusOf(const HoldingRow& row);
 /// Nothing open.
 HoldingView EmptyView();
 
-/// "Startkurs : 12,5", "Senaste : 12,50".
+/// "Startkurs : 12,5".
 std::string StartPriceText(std::string_view price);
-std::string LatestPriceText(std::string_view price);
+
+/// The window's caption after a price was stored.
+std::string UpdatedCaption(std::string_view fund, std::int32_t latestDay);

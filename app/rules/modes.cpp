@@ -242,3 +242,13 @@ WindowState AfterHoldingOpened(WindowState state, OpenHolding holding, HoldingVi
     state.view = std::move(view);
     return state;
 }
+
+WindowState AfterPriceStored(WindowState state, OpenHolding stored) {
+    const HoldingSummary& summary = stored.summary;
+    state.view.status.latestPrice = summary.latestPrice;
+    state.view.status.change = summary.change;
+    state.view.status.value = summary.value;
+    state.caption = UpdatedCaption(stored.fond, summary.day.value_or(state.TodayDay));
+    state.holding = std::move(stored);
+    return state;
+}

@@ -41,3 +41,5 @@ WindowState AfterPanelsReset(WindowState state);  ///< no panel beside the diagr
 WindowState AfterGridLeft(WindowState state);     ///< the diagram, if the holdings grid covers it
 WindowState AfterHoldingClosed(WindowState state);
 WindowState AfterHoldingOpened(WindowState state, OpenHolding holding, HoldingView view);
+/// `stored` is the open holding as its row is now.
+WindowState AfterPriceStored(WindowState state, OpenHolding stored);

@@ -13,12 +13,9 @@ inline constexpr std::string_view LastUpdate = " Senaste uppdatering    ";
 
 inline constexpr std::string_view StartData = "StartData ";
 inline constexpr std::string_view StartPrice = "Startkurs : ";
-inline constexpr std::string_view LatestPrice = "Senaste : ";
 inline constexpr std::string_view NoLatestPrice = "Senaste :";
 inline constexpr std::string_view NoFund = "Fond";
 inline constexpr std::string_view NoPercent = "%";
-inline constexpr std::string_view NoValue = "-";
-inline constexpr std::string_view Percent = " %";
 
 // The fund list, by what it is for, and the instruction under it
 inline constexpr std::string_view ListForPrices = "Ny DagsKurs för...";

@@ -53,6 +53,11 @@ bool ShowsNextMonth(std::int32_t today) {
     return DateOf(today).day() > day{15};
 }
 
+std::int32_t WindowStartFor(std::int32_t today) {
+    const std::int32_t start = FirstWindowStart(today);
+    return ShowsNextMonth(today) ? MovedStart(start, WindowMove::OneMonthAhead) : start;
+}
+
 WindowLabels LabelsOf(std::int32_t startDay, std::span<const std::string> monthNames) {
     const year_month_day start = DateOf(startDay);
     const std::size_t first = static_cast<unsigned>(start.month()) - 1;

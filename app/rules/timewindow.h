@@ -20,6 +20,9 @@ std::int32_t FirstWindowStart(std::int32_t today);
 /// From the 16th on the window shows the next month's place, too.
 bool ShowsNextMonth(std::int32_t today);
 
+/// Where the window stands when the program comes up on that day: these two together.
+std::int32_t WindowStartFor(std::int32_t today);
+
 struct WindowLabels {
     std::array<std::string, 12> months;
     std::string leftYear, rightYear;

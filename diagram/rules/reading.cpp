@@ -33,8 +33,7 @@ std::string DateReading(double x, std::int32_t windowStartDay) {
     return FormatDayLong(static_cast<std::int32_t>(day));
 }
 
-std::string ValueReading(double y, std::optional<float> basePrice) {
+std::string ValueReading(double y, std::optional<double> basePrice) {
     if (!basePrice) return PlainText(WholePart(y)) + " %";
-    const double price = static_cast<double>(*basePrice);
-    return Fixed(price + price * (y / 100), 2) + " kr";
+    return Fixed(*basePrice + *basePrice * (y / 100), 2) + " kr";
 }

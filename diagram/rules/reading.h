@@ -16,4 +16,4 @@ std::string DateReading(double x, std::int32_t windowStartDay);
 
 /// The value under the pointer: whole percent, cut toward zero ("-4 %"), or with the price that the
 /// percentages start from an amount ("112,50 kr").
-std::string ValueReading(double y, std::optional<float> basePrice);
+std::string ValueReading(double y, std::optional<double> basePrice);

@@ -5,10 +5,10 @@
 #include "base/text.h"
 
 #include <cstddef>
+#include <limits>
 
 namespace {
 
-constexpr float kHundred = 100;
 constexpr char32_t kMinusSign = U'\u2212';
 constexpr std::u32string_view kDigits = U"0123456789";
 constexpr std::u32string_view kDigitsPointsSigns = U"0123456789,.-\u2212";
@@ -20,11 +20,13 @@ constexpr std::int32_t kRefuseAbove = 1000;
 
 }  // namespace
 
-std::optional<float> ReadPrice(std::string_view text) {
-    float price = 0;
+std::optional<double> ReadPrice(std::string_view text) {
+    double price = 0;
     Skipping skip;
-    skip([&] { price = ParseSingle(text); });
-    if (price <= 0) return std::nullopt;
+    skip([&] { price = ParseDouble(text); });
+    // The percentage is reckoned in single precision: a price that is 0 or too large there is none.
+    if (price > double{std::numeric_limits<float>::max()}) return std::nullopt;
+    if (static_cast<float>(price) <= 0) return std::nullopt;
     return price;
 }
 
@@ -43,13 +45,6 @@ std::string PastedPrice(std::string_view text) {
         }
     }
     return ToUtf8(price);
-}
-
-std::int32_t PercentChange(float price, float startPrice) {
-    if (startPrice == 0) {
-        throw Error{ErrorNumber::DivisionByZero, "percentage of a start price of 0"};
-    }
-    return RoundHalfEven((price - startPrice) * kHundred / startPrice);
 }
 
 Verdict Judge(std::int32_t percent) {

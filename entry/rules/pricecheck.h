@@ -8,15 +8,11 @@
 
 /// The price in a text; nothing if it is no number, is 0 or negative, or too large for single
 /// precision.
-std::optional<float> ReadPrice(std::string_view text);
+std::optional<double> ReadPrice(std::string_view text);
 
 /// What of a copied text goes into the price field: the number with what stands inside it, its sign
 /// included, without the words around it and the blanks. Whether it is a price is said later.
 std::string PastedPrice(std::string_view text);
-
-/// The change in whole percent, in single precision, halves to even. DivisionByZero (11) for a
-/// start price of 0, Overflow (6) where the percentage does not fit.
-std::int32_t PercentChange(float price, float startPrice);
 
 enum class Verdict {
     Accept,

@@ -8,6 +8,8 @@
 namespace {
 
 constexpr std::size_t kLabelPlaces = 6;
+/// Five digits are what the labels have room for.
+constexpr std::int64_t kMaxLabelledTop = 99990;
 
 std::int32_t ToInt32(std::int64_t value) {
     if (value < std::numeric_limits<std::int32_t>::min() ||
@@ -46,17 +48,23 @@ ScaleRange ScaleWithTop(std::int32_t top) {
     return {top, ToInt32(BottomFor(top))};
 }
 
-ScaleRange WidenFor(ScaleRange shown, std::int32_t percent) {
-    if (percent < shown.bottom) {
-        // A bottom above zero stands in no file of ours; there a gain must not turn the scale over.
-        const std::int64_t bottom = BottomBelow(std::min(percent, 0));
-        return {ToInt32(TopFor(bottom)), ToInt32(bottom)};
+ScaleRange Normalised(ScaleRange read) {
+    if (read.top <= 0 || read.bottom >= 0) return {};
+    std::int64_t top = read.top;
+    if (3 * std::int64_t{read.bottom} != -2 * top) {
+        top = std::max(TopAbove(top - 1), TopFor(BottomBelow(std::int64_t{read.bottom} + 1)));
     }
-    if (percent > shown.top) {
-        const std::int64_t top = TopAbove(std::max(percent, 0));
-        return {ToInt32(top), ToInt32(BottomFor(top))};
-    }
-    return shown;
+    if (top > kMaxLabelledTop) return {};
+    return {ToInt32(top), ToInt32(BottomFor(top))};
+}
+
+ScaleRange WidenedFor(ScaleRange stored, std::span<const std::int32_t> values) {
+    const bool fits = std::all_of(values.begin(), values.end(), [&](std::int32_t value) {
+        return value <= stored.top && value >= stored.bottom;
+    });
+    if (fits) return stored;
+    const ScaleRange needed = AutomaticScale(values);
+    return needed.top > stored.top ? needed : stored;
 }
 
 std::vector<std::int32_t> ScaleLabels(ScaleRange scale) {

@@ -1,5 +1,6 @@
 #pragma once
-// The diagram's vertical scale in whole percent: found from values, widened for a value, labelled.
+// The diagram's vertical scale in whole percent: found from values, brought to its proportion,
+// widened for values, labelled.
 
 #include <cstdint>
 #include <span>
@@ -18,8 +19,14 @@ ScaleRange AutomaticScale(std::span<const std::int32_t> values);
 /// The scale with this top in the proportion 3 : -2; the bottom is truncated toward zero.
 ScaleRange ScaleWithTop(std::int32_t top);
 
-/// `shown`, or a scale that takes `percent` in where it lies outside.
-ScaleRange WidenFor(ScaleRange shown, std::int32_t percent);
+/// A scale as it was read from somewhere: itself where it is 3 : -2, else the narrowest step that
+/// takes both its ends in. What is no scale (top above 0, bottom below), or one whose labels would
+/// find no room, becomes 15/-10.
+ScaleRange Normalised(ScaleRange read);
+
+/// `stored`, or the automatic scale of `values` where one of them lies outside `stored`: never
+/// narrower than `stored`. Throws Overflow where the scale has no 32-bit answer.
+ScaleRange WidenedFor(ScaleRange stored, std::span<const std::int32_t> values);
 
 /// The labels from the bottom upward, a third of the top apart; at most the six there are places
 /// for.

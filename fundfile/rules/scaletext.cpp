@@ -30,8 +30,8 @@ std::vector<std::int32_t> Curves(std::string_view list) {
 ScaleRange Scale(std::string_view top, std::string_view bottom) {
     const auto above = Whole(top);
     const auto below = Whole(bottom);
-    if (!above || !below || *above <= 0 || *below >= 0) return {};
-    return {*above, *below};
+    if (!above || !below) return {};
+    return Normalised({*above, *below});
 }
 
 std::string FirstRow(std::string_view list, ScaleRange scale) {

@@ -21,8 +21,8 @@ struct ScaleText {
 };
 
 /// Read from the end: the last two parts are top and bottom, the first of those before them is the
-/// list. What is no scale (top above 0, bottom below) reads as 15/-10; pieces of the list that are
-/// no numbers are left out.
+/// list. The scale is Normalised, and 15/-10 where there are no numbers; pieces of the list that
+/// are no numbers are left out.
 ScaleText ParseScaleText(std::string_view column);
 
 /// "45/-30": the column of every row but the first.

@@ -474,8 +474,8 @@ TEST_P(SampleFundFile, KeepsAStoredPriceThatAnotherReaderSees) {
     FundFile file = OpenAndBind(path, {holdings, points}, queries::AllPoints());
     const std::size_t before = testdata::MdbExport(path, "PLOTTDATA").size();
     const std::int32_t kontoId = holdings.Empty() ? 1 : KontoIdOf(holdings);
-    ReplaceDayPoint(points, scratch, *file.database, {"246 813", 46100, -7, kontoId});
-    ReplaceDayPoint(points, scratch, *file.database, {"246 813", 46100, 12, kontoId});
+    StoreDayPoint(*file.database, {"246 813", 46100, -7, kontoId});
+    StoreDayPoint(*file.database, {"246 813", 46100, 12, kontoId});
     const std::vector<std::string> rows = testdata::MdbExport(path, "PLOTTDATA");
     EXPECT_EQ(rows.size(), before + 1);
     EXPECT_EQ(std::count(rows.begin(), rows.end(), "\"246 813\",46100,12," + PlainText(kontoId)),

@@ -35,8 +35,7 @@ class RecordsTest : public testing::Test {
 
     testdata::TemporaryFolder folder;
     testdata::fs::path path = folder / "a.mdb";
-    DataSource holdings{"dtaBasData", "BasData"}, points{"dtaPlott", "Plotting"},
-        scratch{"dtaSQL", "SQL"};
+    DataSource holdings{"dtaBasData", "BasData"}, points{"dtaPlott", "Plotting"};
     FundFile file;
 };
 
@@ -72,11 +71,11 @@ TEST_F(RecordsTest, ASecondPriceOfADayReplacesTheFirst) {
     Open();
     Add(1, 40001, 1);
     Add(2, 40002, 50);
-    ReplaceDayPoint(points, scratch, *file.database, {"123 456", 40002, 2, 1});
-    ReplaceDayPoint(points, scratch, *file.database, {"123 456", 40002, -3, 1});
+    EXPECT_FALSE(StoreDayPoint(*file.database, {"123 456", 40002, 2, 1}));
+    EXPECT_TRUE(StoreDayPoint(*file.database, {"123 456", 40002, -3, 1}));
+    points.Refresh();
     EXPECT_EQ(Read(1), (Points{{40001, 1}, {40002, -3}}));
     EXPECT_EQ(Read(2), (Points{{40002, 50}}));
-    EXPECT_FALSE(scratch.IsAttached());
     EXPECT_EQ(points.RecordCount(), 3);
 }
 
@@ -85,7 +84,7 @@ TEST_F(RecordsTest, SeveralPointsOfADayBecomeOne) {
     Add(1, 40001, 1);
     Add(1, 40001, 2);
     Add(1, 40001, 3);
-    ReplaceDayPoint(points, scratch, *file.database, {"123 456", 40001, 4, 1});
+    StoreDayPoint(*file.database, {"123 456", 40001, 4, 1});
     EXPECT_EQ(Read(1), (Points{{40001, 4}}));
 }
 
@@ -94,7 +93,7 @@ TEST_F(RecordsTest, AReplacementThatIsTakenBackLeavesTheFormerPoint) {
     Add(1, 40001, 1);
     {
         const jet::Transaction transaction(file.database);
-        ReplaceDayPoint(points, scratch, *file.database, {"123 456", 40001, 4, 1});
+        StoreDayPoint(*file.database, {"123 456", 40001, 4, 1});
     }
     points.Refresh();
     EXPECT_EQ(Read(1), (Points{{40001, 1}}));

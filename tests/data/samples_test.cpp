@@ -4,10 +4,10 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "entry/rules/cells.h"
-#include "entry/rules/pricecheck.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/rules/curvecolour.h"
+#include "fundfile/rules/point.h"
 #include "fundfile/rules/savedvalues.h"
 #include "fundfile/rules/scale.h"
 #include "fundfile/rules/scaletext.h"
@@ -161,9 +161,9 @@ TEST_P(SampleFile, SummaryTextsAgreeWithTheLastPoint) {
         const std::vector<std::string> latest = Split(row.senasteKurs, " : ");
         ASSERT_EQ(latest.size(), 2U) << row.senasteKurs;
         EXPECT_EQ(latest[0], "Senaste");
-        const float price = ParseSingle(latest[1]);
+        const double price = ParseDouble(latest[1]);
         EXPECT_EQ(latest[1], Fixed(price, 2));
-        EXPECT_EQ(PercentChange(price, static_cast<float>(StartOf(row))), last.value) << row.fond;
+        EXPECT_EQ(PercentChange(price, StartOf(row)), last.value) << row.fond;
         EXPECT_EQ(row.procent, PlainText(last.value) + " %");
         EXPECT_EQ(row.senasteDag, last.day);
         const double value = row.fondandelar.value() * ParseDouble(latest[1]);

@@ -53,6 +53,30 @@ TEST_F(AxesTest, ScaleIsLabelledFromBottomToTop) {
               (std::vector<std::string>{"-660", "-330", "0", "330", "660", "990"}));
 }
 
+TEST_F(AxesTest, ALabelWithoutAValueIsBlank) {
+    Window().SetVerticalScale(-10, 15);
+    Window().SetVerticalScale(0, 30);
+    EXPECT_EQ(Caption(Window().lblVertical[1]), "0");
+    EXPECT_EQ(Caption(Window().lblVertical[4]), "30");
+    EXPECT_EQ(Caption(Window().lblVertical[5]), "");
+    EXPECT_EQ(Caption(Window().lblVertical[6]), "");
+}
+
+TEST_F(AxesTest, AScaleTextOutsideTheProportionIsDrawnOnTheScaleThatTakesItIn) {
+    auto holdings = TwoHoldings();
+    const struct {
+        const char *text, *top;
+    } rows[] = {{"15/-4", "15"}, {"1/-1", "15"}, {"2000000000/-5", "15"}, {"45/-40", "60"}};
+    for (const auto& [text, top] : rows) {
+        holdings[1].skala = text;
+        MakeFile(holdings);
+        Start();
+        ChooseFund(1);
+        EXPECT_EQ(Caption(Window().lblVertical[6]), top) << text;
+        EXPECT_EQ(Caption(Window().lblVertical[3]), "0") << text;
+    }
+}
+
 TEST_F(AxesTest, SettingTheScaleDrawsTheCurvesAnew) {
     Wipe();
     Window().SetVerticalScale(-30, 45);

@@ -130,6 +130,51 @@ TEST_F(PlotEditorTest, ACorrectedPointIsStoredAndDrawnAtOnce) {
     EXPECT_EQ(Window().picDiagram->Drawings().size(), 1U);
 }
 
+TEST_F(PlotEditorTest, ACorrectedPointTakesScaleAndPictureWithIt) {
+    StartWith({With({{46024, 0}, {46325, 10}}), With({{46024, 0}})});
+    ChooseFund(0);
+    Open();
+    Go(1, YCord);
+    Keys("90");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Holding(0, 16), "./105/-70");
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{105, -70}));
+    EXPECT_EQ(Window().FundScaleTop, 105);
+    Go(1, YCord);
+    Keys("12");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Holding(0, 16), "./15/-10");
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{15, -10}));
+    EXPECT_EQ(Caption(Window().lblVertical[6]), "15");
+}
+
+TEST_F(PlotEditorTest, ADeletedPointNarrowsTheScale) {
+    TestHolding holding = With({{46024, 0}, {46325, 50}});
+    holding.skala = "./60/-40";
+    StartWith({holding});
+    Open();
+    Go(1, XCord);
+    Key(Qt::Key_Space, Qt::ShiftModifier);
+    Key(Qt::Key_Delete);
+    EXPECT_EQ(Holding(0, 16), "./15/-10");
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{15, -10}));
+}
+
+TEST_F(PlotEditorTest, TheSeveralCurvesViewFollowsACorrectedPointToo) {
+    auto holdings = TwoHoldings();
+    StartWith(holdings);
+    Press(Qt::Key_F8);
+    const ScaleRange before = Window().picDiagram->UserScale();
+    Open();
+    Go(1, YCord);
+    Keys("190");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Holding(0, 16), "1.2./195/-130");
+    EXPECT_NE(Window().picDiagram->UserScale(), before);
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{195, -130}));
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 2U);
+}
+
 TEST_F(PlotEditorTest, WhileTheGridIsHeldNothingIsDrawn) {
     StartWith({With({{46024, 0}, {46325, 10}})});
     ChooseFund(0);

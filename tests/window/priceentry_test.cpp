@@ -237,6 +237,100 @@ TEST_F(PriceEntryTest, ScaleZoomedOutBeyondThePictureIsNotStored) {
     EXPECT_EQ(Holding(1, 16), "45/-30");
 }
 
+TEST_F(PriceEntryTest, AMistypedPriceThatIsCorrectedLeavesNoTraceInTheScale) {
+    auto holdings = TwoHoldings();
+    holdings[1].kursKr = 157.5;
+    holdings[1].skala = "15/-10";
+    holdings[1].points = {{46024, 0}};
+    MakeFile(holdings);
+    Start();
+    ChooseFund(1);
+    ExpectQuestion(Answer::Ok);
+    TypePrice("1402,9");
+    EXPECT_EQ(Holding(1, 16), "795/-530");
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{795, -530}));
+    TypePrice("190,29");
+    EXPECT_EQ(Holding(1, 16), "30/-20");
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
+    EXPECT_EQ(Window().ScaleTop, 30);
+    EXPECT_EQ(Window().FundScaleTop, 30);
+    EXPECT_EQ(Caption(Window().lblVertical[6]), "30");
+    Window().imgScreen_Click();
+    EXPECT_EQ(Window().AllScaleTop, 30);
+}
+
+TEST_F(PriceEntryTest, ScaleThatIsZoomedOutIsNotTakenForTheStoredOne) {
+    ChooseFund(0);
+    Window().mnuMinus_Click();
+    Window().mnuMinus_Click();
+    ASSERT_EQ(Window().ScaleTop, 45);
+    TypePrice("120");
+    EXPECT_EQ(Holding(0, 16), "1.2./30/-20");
+    EXPECT_EQ(Window().FundScaleTop, 30);
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
+}
+
+TEST_F(PriceEntryTest, PriceInsideAZoomedOutPictureLeavesTheZoom) {
+    ChooseFund(0);
+    Window().mnuMinus_Click();
+    TypePrice("105");
+    EXPECT_EQ(Holding(0, 16), "1.2./15/-10");
+    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
+}
+
+TEST_F(PriceEntryTest, NewDayNeverNarrowsTheStoredScale) {
+    auto holdings = TwoHoldings();
+    holdings[1].skala = "60/-40";
+    MakeFile(holdings);
+    Start();
+    ChooseFund(1);
+    TypePrice("55");
+    EXPECT_EQ(Holding(1, 16), "60/-40");
+}
+
+TEST_F(PriceEntryTest, EveryDigitOfALargePriceIsKept) {
+    auto holdings = TwoHoldings();
+    holdings[1].kursKr = 500000;
+    holdings[1].fondandelar = 100;
+    MakeFile(holdings);
+    Start();
+    ChooseFund(1);
+    TypePrice("524287,99");
+    EXPECT_EQ(Status(4), "Senaste : 524287,99");
+    EXPECT_EQ(Status(6), "52428799");
+    EXPECT_EQ(Holding(1, 13), "Senaste : 524287,99");
+    EXPECT_EQ(TodaysPoints(2), (std::vector<CurvePoint>{{kToday, 5}}));
+}
+
+TEST_F(PriceEntryTest, APriceAfterMidnightIsOfTheNewDay) {
+    ChooseFund(0);
+    TypePrice("105");
+    SetToday(2026, 11, 17);
+    TypePrice("107");
+    EXPECT_EQ(PointsOf(1).back(), (CurvePoint{kToday + 1, 7}));
+    EXPECT_EQ(TodaysPoints(1), (std::vector<CurvePoint>{{kToday, 5}}));
+    EXPECT_EQ(Holding(0, 12), std::to_string(kToday + 1));
+    EXPECT_EQ(Window().TodayDay, kToday + 1);
+    EXPECT_EQ(Caption(Window().lblPanDatum), "Tisdag 17 November 2026");
+    EXPECT_EQ(Caption(&Window()),
+              "  Kvarnbo  Vimmels Asien Senaste uppdatering    Tisdag 17 November 2026");
+}
+
+TEST_F(PriceEntryTest, AQuestionThatStaysOpenOverMidnightKeepsTheDayOfEnter) {
+    ChooseFund(0);
+    outside.dialogs
+        .Expect("Kontrollera din inmatning !\r\nmer än 200 % ökning ?", Buttons::OkCancel,
+                Icon::Question)
+        .Answer(Answer::Ok)
+        .Meanwhile([this] {
+            SetToday(2026, 11, 17);
+            Window().BringTodayUpToDate();
+        });
+    TypePrice("301");
+    EXPECT_EQ(TodaysPoints(1), (std::vector<CurvePoint>{{kToday, 201}}));
+    EXPECT_EQ(Holding(0, 12), std::to_string(kToday));
+}
+
 TEST_F(PriceEntryTest, NewPointIsDrawnAtOnce) {
     ChooseFund(0);
     TypePrice("108");

@@ -26,6 +26,7 @@
 
 #include <chrono>
 #include <fstream>
+#include <functional>
 
 namespace {
 
@@ -45,6 +46,17 @@ class StartUpTest : public WindowTest {
         return months;
     }
 };
+
+/// The desktop makes another window the active one, then ours again.
+void LeaveAndComeBack(QWidget& window, const std::function<void()>& meanwhile) {
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    meanwhile();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+}
 
 }  // namespace
 
@@ -387,6 +399,32 @@ TEST_F(StartUpTest, SecondWindowOnTheSameFileShowsTheSameRows) {
     MainWindow second(other.platform);
     second.show();
     EXPECT_EQ(second.lstFonder->count(), 2);
+}
+
+TEST_F(StartUpTest, TheWindowThatIsActivatedAfterMidnightShowsTheNewDay) {
+    MakeFile(TwoHoldings());
+    SetToday(2026, 11, 15);
+    Start();
+    ASSERT_EQ(Caption(Window().lblMonth[12]), "Nov");
+    LeaveAndComeBack(Window(), [this] { SetToday(2026, 11, 16); });
+    EXPECT_EQ(Window().TodayDay, 46342);
+    EXPECT_EQ(Caption(Window().lblPanDatum), "Måndag 16 November 2026");
+    EXPECT_EQ(Caption(Window().lblMonth[12]), "Dec") << "the second half shows the next month";
+    EXPECT_EQ(Window().picDiagram->Drawings().size(), 2U);
+    LeaveAndComeBack(Window(), [this] { SetToday(2026, 12, 1); });
+    EXPECT_EQ(Window().CurrentMonth, 12);
+    EXPECT_EQ(Caption(Window().lblMonth[12]), "Dec");
+}
+
+TEST_F(StartUpTest, MonthsThatWereScrolledStayOverMidnight) {
+    MakeFile(TwoHoldings());
+    SetToday(2026, 11, 15);
+    Start();
+    Window().Image4_MouseUp(Qt::LeftButton);
+    const std::int32_t start = Window().WindowStartDay;
+    LeaveAndComeBack(Window(), [this] { SetToday(2026, 11, 16); });
+    EXPECT_EQ(Window().WindowStartDay, start);
+    EXPECT_EQ(Caption(Window().lblPanDatum), "Måndag 16 November 2026");
 }
 
 TEST_F(StartUpTest, FileOfAnotherRunningCopyIsSaidToBeReadableOnlyAndNotHarmed) {

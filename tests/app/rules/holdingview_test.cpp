@@ -111,4 +111,9 @@ TEST(HoldingView, WithNothingOpenShowsThePrefixesAlone) {
     EXPECT_EQ(view.colourNumber, "");
 }
 
+TEST(UpdatedCaption, BeginsWithTwoBlanks) {
+    EXPECT_EQ(UpdatedCaption("Räntefond", 46077),
+              "  Kvarnbo  Räntefond Senaste uppdatering    Tisdag 24 Februari 2026");
+}
+
 }  // namespace

@@ -267,6 +267,22 @@ TEST(Modes, OpenAHoldingOnItsOwnScaleAndForgetWhatWasTypedForAnother) {
     }
 }
 
+TEST(Modes, ShowTheSummaryThatWasStoredAndStayWhereTheyAre) {
+    for (const char mode : kModes) {
+        OpenHolding stored = Holding(1);
+        stored.fond = "Asien";
+        stored.summary = {46342, "Senaste : 105,00", "5 %", "1050"};
+        const WindowState after = AfterPriceStored(In(mode), stored);
+        EXPECT_EQ(NameOf(after), mode);
+        EXPECT_EQ(after.holding, stored);
+        EXPECT_EQ(after.view.status.latestPrice, "Senaste : 105,00");
+        EXPECT_EQ(after.view.status.change, "5 %");
+        EXPECT_EQ(after.view.status.value, "1050");
+        EXPECT_EQ(after.view.status.fund, In(mode).view.status.fund);
+        EXPECT_EQ(after.caption, "  Kvarnbo  Asien Senaste uppdatering    Måndag 16 November 2026");
+    }
+}
+
 TEST(Modes, ExplainTheGridUntilTheNoticeOrAHoldingIsClosed) {
     WindowState state = AfterGridSwitch(In('P'));
     EXPECT_TRUE(state.gridHelp);

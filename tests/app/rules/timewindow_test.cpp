@@ -77,6 +77,16 @@ TEST(TimeWindow, ShowsTheNextMonthFromTheSixteenthOn) {
     EXPECT_TRUE(ShowsNextMonth(Day("2026-03-31")));
 }
 
+TEST(TimeWindow, StandsWhereTheDaySaysWhenTheProgramComesUp) {
+    const struct {
+        const char *today, *start;
+    } rows[] = {
+        {"2026-03-15", "2025-04-01"}, {"2026-03-16", "2025-05-01"}, {"2026-11-30", "2026-01-01"},
+        {"2026-12-01", "2026-01-01"}, {"2026-12-16", "2026-02-01"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(WindowStartFor(Day(row.today)), Day(row.start));
+}
+
 TEST(TimeWindow, LabelsReadTwelveMonthsFromItsStart) {
     const WindowLabels april = LabelsOf(Day("2025-04-01"), kNames);
     EXPECT_EQ(april.months,

@@ -43,12 +43,13 @@ TEST(Reading, ValueIsWholePercentCutTowardZero) {
 TEST(Reading, ValueWithABasePriceIsAnAmount) {
     struct Row {
         double y;
-        float price;
+        double price;
         const char* text;
     };
     const std::vector<Row> rows{
-        {0, 100.0F, "100,00 kr"},    {12.5, 100.0F, "112,50 kr"}, {-50, 99.5F, "49,75 kr"},
-        {3.333, 12.34F, "12,75 kr"}, {-100, 80.0F, "0,00 kr"},    {10, 0.0F, "0,00 kr"},
+        {0, 100.0, "100,00 kr"},    {12.5, 100.0, "112,50 kr"}, {-50, 99.5, "49,75 kr"},
+        {3.333, 12.34, "12,75 kr"}, {-100, 80.0, "0,00 kr"},    {0, 524287.99, "524287,99 kr"},
+        {10, 0.0, "0,00 kr"},
     };
     for (const Row& row : rows) EXPECT_EQ(ValueReading(row.y, row.price), row.text) << row.y;
 }

@@ -73,29 +73,53 @@ TEST(ScaleWithTop, TruncatesTheBottomTowardZero) {
     for (const ScaleRange& row : rows) EXPECT_EQ(ScaleWithTop(row.top), row);
 }
 
-TEST(WidenFor, ChangesTheScaleOnlyForAValueOutside) {
-    struct Row {
-        ScaleRange shown;
-        std::int32_t percent;
+TEST(Normalised, KeepsTheProportion) {
+    const struct {
+        ScaleRange read, expected;
+    } rows[] = {
+        {{15, -10}, {15, -10}},
+        {{795, -530}, {795, -530}},
+        {{12, -8}, {12, -8}},  // no step of ours, but six labels
+        {{15, -4}, {15, -10}},
+        {{1, -1}, {15, -10}},
+        {{15, -11}, {30, -20}},  // the bottom decides
+        {{16, -10}, {30, -20}},  // the top decides
+        {{20, -13}, {30, -20}},
+        {{45, -10}, {45, -30}},
+        {{0, -10}, {15, -10}},
+        {{15, 0}, {15, -10}},
+        {{-15, 10}, {15, -10}},
+        {{99990, -66660}, {99990, -66660}},
+        {{99991, -1}, {15, -10}},
+        {{100005, -66670}, {15, -10}},
+        {{2000000000, -5}, {15, -10}},
+        {{15, kLowest}, {15, -10}},
+        {{kHighest, kLowest}, {15, -10}},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Normalised(row.read), row.expected) << row.read.top << "/" << row.read.bottom;
+    }
+}
+
+TEST(WidenedFor, ChangesTheScaleOnlyForAValueOutside) {
+    const struct {
+        ScaleRange stored;
+        std::vector<std::int32_t> values;
         ScaleRange expected;
+    } rows[] = {
+        {{15, -10}, {}, {15, -10}},          {{15, -10}, {0}, {15, -10}},
+        {{15, -10}, {15, -10}, {15, -10}},  // on the edge is inside
+        {{15, -10}, {16}, {30, -20}},        {{15, -10}, {30}, {45, -30}},
+        {{15, -10}, {-11}, {30, -20}},       {{15, -10}, {-50}, {90, -60}},
+        {{45, -30}, {-99, 3}, {150, -100}},  {{15, -10}, {1000}, {1005, -670}},
+        {{15, -10}, {0, 25, 3}, {30, -20}},   // an earlier point that lies outside
+        {{795, -530}, {0, 90}, {795, -530}},  // never narrower
+        {{60, -40}, {-41, 50}, {75, -50}},
     };
-    const std::vector<Row> rows{
-        {{15, -10}, 0, {15, -10}},
-        {{15, -10}, 15, {15, -10}},  // on the edge is inside
-        {{15, -10}, 16, {30, -20}},
-        {{15, -10}, 30, {45, -30}},
-        {{15, -10}, -10, {15, -10}},
-        {{15, -10}, -11, {30, -20}},
-        {{15, -10}, -50, {90, -60}},
-        {{45, -30}, -99, {150, -100}},
-        {{15, -10}, 1000, {1005, -670}},
-        {{60, 40}, 25, {15, -10}},     // a scale that stands above
-                                       // zero
-        {{-30, -40}, -20, {15, -10}},  // and one below
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(WidenFor(row.shown, row.percent), row.expected)
-            << row.shown.top << "/" << row.shown.bottom << " for " << row.percent;
+    for (const auto& row : rows) {
+        EXPECT_EQ(WidenedFor(row.stored, row.values), row.expected)
+            << row.stored.top << "/" << row.stored.bottom << " for "
+            << testing::PrintToString(row.values);
     }
 }
 

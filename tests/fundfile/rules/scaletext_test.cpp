@@ -43,6 +43,13 @@ TEST(ScaleText, ThatCannotBeReadIsTheDefault) {
     EXPECT_EQ(ScaleColumn(ScaleRange{}), kDefaultScaleText);
 }
 
+TEST(ScaleText, OutsideTheProportionIsReadAsTheScaleThatTakesItIn) {
+    EXPECT_EQ(ParseScaleText("15/-4").scale, (ScaleRange{15, -10}));
+    EXPECT_EQ(ParseScaleText("1/-1").scale, (ScaleRange{15, -10}));
+    EXPECT_EQ(ParseScaleText("1.2./45/-40").scale, (ScaleRange{60, -40}));
+    EXPECT_EQ(ParseScaleText("2000000000/-5").scale, (ScaleRange{15, -10}));
+}
+
 TEST(ScaleText, IsWrittenTopFirst) {
     EXPECT_EQ(ScaleColumn({45, -30}), "45/-30");
     EXPECT_EQ(FirstScaleColumn(Curves{5, 9}, {45, -30}), "5.9./45/-30");

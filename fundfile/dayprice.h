@@ -1,0 +1,33 @@
+#pragma once
+// Storing points together with what follows from them: a day's price with the holding's summary and
+// scale, and a corrected series with its scale.
+
+#include "fundfile/rules/openholding.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+class DataSource;
+namespace jet {
+class Database;
+}
+
+struct DayPrice {
+    double price = 0;
+    std::int32_t day = 0;  ///< a day number
+};
+
+/// Stores the price: the day's point in place of an earlier one of that day, the summary, and the
+/// scale. A new day widens the stored scale as far as the points need; a replaced point makes it
+/// the automatic one. All of it or nothing; the holding as it is stored then comes back. Data
+/// sources are refreshed by the caller. Throws RecordDeleted when the holding is no longer in the
+/// file, DivisionByZero or Overflow where there is no percentage, and what the file throws.
+OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
+                          const DayPrice& price);
+
+/// Runs `store`, which adds, changes or deletes the current row of `points`, and gives the scales
+/// of the holdings concerned what the changed series need, all of it or nothing. A new point widens
+/// the stored scale; a changed or deleted one makes it the automatic one.
+void StoreWithScales(const std::shared_ptr<jet::Database>& database, DataSource& points,
+                     const std::function<void()>& store);
