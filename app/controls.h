@@ -67,6 +67,7 @@ struct Controls {
     QFrame* panRubrik = nullptr;
     QLabel* lblRubrik = nullptr;
     QLabel* lblPanDatum = nullptr;
+    QLabel* lblIngenFil = nullptr;  ///< over the picture, while no fund file is open
 
     // The control column
     QFrame* panControl = nullptr;

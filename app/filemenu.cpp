@@ -4,6 +4,7 @@
 #include "app/rules/modes.h"
 #include "base/error.h"
 #include "base/number.h"
+#include "base/path.h"
 #include "fundfile/newfiles.h"
 #include "fundfile/queries.h"
 #include "fundfile/sources.h"
@@ -24,6 +25,7 @@
 #include <QLabel>
 #include <QListWidget>
 
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -35,20 +37,13 @@ struct FileDialogTexts {
 namespace {
 
 constexpr std::string_view kExtension = "*.mdb";
+constexpr std::chrono::seconds kReceiptTime{8};
 
 constexpr FileDialogTexts kNew{fundtexts::FundFiles, fundtexts::NewTitle};
 constexpr FileDialogTexts kOpen{fundtexts::FundFiles, fundtexts::OpenTitle};
 constexpr FileDialogTexts kStartFile{fundtexts::FundFiles, fundtexts::StartFileTitle};
 constexpr FileDialogTexts kSaveAs{fundtexts::FundFiles, fundtexts::SaveAsTitle};
 constexpr FileDialogTexts kDelete{fundtexts::FilesToDelete, fundtexts::DeleteTitle};
-
-/// By whatever name: a link to a file is that file, and one that is missing is its path.
-bool IsSameFile(const std::filesystem::path& one, const std::filesystem::path& other) {
-    std::error_code code;
-    if (std::filesystem::equivalent(one, other, code)) return true;
-    const std::filesystem::path real = std::filesystem::weakly_canonical(one, code);
-    return !code && real == std::filesystem::weakly_canonical(other, code);
-}
 
 /// Windows are painted; keys and clicks wait, so that none arrives in the middle of a procedure.
 void LetPendingEventsRun() {
@@ -110,7 +105,7 @@ void FileMenu::mnuOpen_Click() {
         // First: the next use is an ordinary one even if storing fails.
         window.choosingStartFile = false;
         window.ShowState();
-        StoreStartFile();
+        if (!dialog.fileName.empty()) StoreStartFile();
         return;
     }
     if (dialog.fileName.empty()) return;
@@ -121,48 +116,41 @@ void FileMenu::mnuOpen_Click() {
 /// The file to start with is always the same one, whatever the dialog gave.
 void FileMenu::StoreStartFile() {
     if (window.DayStep == 0) window.DayStep = 1;
-    window.CurrentFile = window.AppFolder + std::string(fundtexts::StartFile);
+    const std::string startFile = window.AppFolder + std::string(fundtexts::StartFile);
     SettingsStore& store = window.platform.settings;
-    store.Save(settings::kApplication, settings::kStartUp, settings::kStartPath,
-               window.CurrentFile);
-    store.Save(settings::kApplication, settings::kStartUp, settings::kStartX,
-               PlainText(window.DayStep));
+    try {
+        store.Save(settings::kApplication, settings::kStartUp, settings::kStartPath, startFile);
+        store.Save(settings::kApplication, settings::kStartUp, settings::kStartX,
+                   PlainText(window.DayStep));
+    } catch (const Error&) {
+        Complain(fundtexts::StartFileNotStored, startFile, fundtexts::SettingsNotWritten);
+        return;
+    }
+    ShowReceipt(std::string(fundtexts::StartsWith) + std::string(fundtexts::StartFile));
 }
 
 void FileMenu::SwitchTo(const std::string& path) {
-    const std::string formerName = window.CurrentFile;
-    const std::string formerFile = window.FundDb ? window.FundDb->Path().string() : std::string();
+    window.dtaSQL->SetRecordSet(nullptr);
+    const bool hadFile = window.FundDb != nullptr;
+    FundFile file;
     try {
-        const FundFile tried = OpenFundFile(path);  // fails before anything has changed
-        window.CurrentFile = path;
-        Bind(path);
+        file = OpenInPlaceOf(window.FundDb, path, {*window.dtaBasData, *window.dtaPlott},
+                             queries::AllPointsAfterOpening());
     } catch (const Error& error) {
-        window.CurrentFile = formerName;
-        if (!window.FundDb && !formerFile.empty()) GoBackTo(formerFile);
+        if (hadFile && !window.FundDb) {
+            window.NoFileReason = fundtexts::NothingOpen(path, error.Number());
+            ShowNothingOpen();
+        }
         Complain(fundtexts::NotOpened, path, error);
         return;
     }
-    ShowOpenedFile();
-}
-
-void FileMenu::Bind(const std::string& path) {
-    window.dtaSQL->SetRecordSet(nullptr);
-    CloseFundFile(window.FundDb);
-    const FundFile file =
-        OpenAndBind(path, {*window.dtaBasData, *window.dtaPlott}, queries::AllPointsAfterOpening());
     window.FundDb = file.database;
-    notice_ = fundtexts::Explain(file);
+    window.CurrentFile = path;
+    ShowOpenedFile(file);
 }
 
-void FileMenu::GoBackTo(const std::string& formerFile) {
-    Skipping skip;
-    skip([&] {
-        Bind(formerFile);
-        ShowOpenedFile();
-    });
-}
-
-void FileMenu::ShowOpenedFile() {
+void FileMenu::ShowOpenedFile(const FundFile& file) {
+    window.NoFileReason.clear();
     window.Activate();
     LetPendingEventsRun();
     window.Put(AfterFileOpened(window.State()));
@@ -171,7 +159,42 @@ void FileMenu::ShowOpenedFile() {
                                            PlainText(window.dtaPlott->RecordCount()) +
                                            std::string(fundtexts::Rows));
     }
-    if (!notice_.empty()) Tell(notice_);
+    TellAbout(file);
+}
+
+void FileMenu::ShowNothingOpen() {
+    window.Activate();
+    window.Put(AfterFileLost(window.State()));
+}
+
+void FileMenu::TellAbout(const FundFile& file) {
+    if (!file.foreignLock.empty()) {
+        ShowNotice(file.foreignLock + std::string(fundtexts::MayBeOpenElsewhere));
+    }
+    const std::string why = fundtexts::Explain(file);
+    if (file.right == WriteRight::OtherComputer) {
+        OfferTakeOver(why);
+    } else if (!why.empty()) {
+        Tell(why);
+    }
+}
+
+/// Nobody here can know whether the other computer's copy is alive: the user says so.
+void FileMenu::OfferTakeOver(const std::string& why) {
+    const Answer answer =
+        window.platform.dialogs.Show({.text = why + std::string(fundtexts::TakeOver),
+                                      .buttons = Buttons::YesNo,
+                                      .icon = Icon::Exclamation,
+                                      .defaultButton = DefaultButton::Second});
+    if (answer != Answer::Yes) return;
+    const std::string path = window.CurrentFile;
+    try {
+        BreakLock(path);
+    } catch (const Error& error) {
+        Complain(fundtexts::LockNotBroken, path, error);
+        return;
+    }
+    SwitchTo(path);
 }
 
 void FileMenu::mnuSaveAs_Click() {
@@ -182,20 +205,46 @@ void FileMenu::mnuSaveAs_Click() {
         SaveCopy(*window.dtaBasData, *window.dtaPlott, Template(), path);
     } catch (const Error& error) {
         Complain(fundtexts::NotCopied, path, error);
+        return;
     }
+    ShowReceipt(std::string(fundtexts::CopySaved) +
+                std::filesystem::path(path).filename().string());
 }
 
 void FileMenu::mnuRadera_Click() {
     SetUpDialog(kDelete);  // the flags of the dialog's last use stay
     window.CmDialog->ShowOpen();
     const std::string path = window.CmDialog->fileName;
+    if (path.empty()) return;
+    // Nobody is asked about a file that is not there.
+    std::error_code code;
+    if (!std::filesystem::exists(path, code)) {
+        Complain(fundtexts::NotRemoved, path, fundtexts::Explain(ErrorNumber::FileNotFound));
+        return;
+    }
     if (!AskTwice(path)) return;
     try {
         DeleteFundFile(path);
     } catch (const Error& error) {
-        // Any other failure ends the command without a word, a cancelled dialog among them.
+        // Any other failure ends the command without a word.
         if (error.Number() == ErrorNumber::FileInUse) Tell(fundtexts::NotDeleted);
     }
+}
+
+/// Over the status bar, until that has something else to tell.
+void FileMenu::ShowNotice(std::string text) {
+    receiptTime_.reset();
+    window.notice = std::move(text);
+    window.ShowState();
+}
+
+/// That something went well: for some seconds at most.
+void FileMenu::ShowReceipt(std::string text) {
+    ShowNotice(std::move(text));
+    receiptTime_ = window.platform.clock.After(kReceiptTime, [this] {
+        window.notice.clear();
+        Run([this] { window.ShowState(); });
+    });
 }
 
 bool FileMenu::AskTwice(const std::string& path) {

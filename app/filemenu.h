@@ -2,15 +2,21 @@
 // The menu's file commands: new, open, save a copy, delete, and the file to start with.
 
 #include "app/controller.h"
+#include "platform/clock.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 struct FileDialogTexts;
+struct FundFile;
 
 class FileMenu : Controller {
   public:
     explicit FileMenu(frmPPM& window);
+
+    /// Says why the file can only be read, and offers to take over the lock of another computer.
+    void TellAbout(const FundFile& file);
 
   private:
     void mnuNew_Click();
@@ -23,14 +29,16 @@ class FileMenu : Controller {
     std::string FileToWrite(const FileDialogTexts& texts, std::string_view failed);
     void StoreStartFile();
     void SwitchTo(const std::string& path);
-    void Bind(const std::string& path);
-    void GoBackTo(const std::string& formerFile);
-    void ShowOpenedFile();
+    void ShowOpenedFile(const FundFile& file);
+    void ShowNothingOpen();
+    void OfferTakeOver(const std::string& why);
+    void ShowNotice(std::string text);
+    void ShowReceipt(std::string text);
     bool AskTwice(const std::string& path);
     bool MayBeReplaced(const std::string& path, std::string_view failed);
     void Complain(std::string_view failed, const std::string& path, const Error& error);
     void Complain(std::string_view failed, const std::string& path, std::string_view why);
     std::string Template() const;
 
-    std::string notice_;  ///< why the open file cannot be changed; "" when it can
+    std::unique_ptr<Clock::Pause> receiptTime_;
 };

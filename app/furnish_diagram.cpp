@@ -90,6 +90,16 @@ void FurnishDiagram(frmPPM& window) {
     FurnishScale(window);
     FurnishMonths(window);
 
+    window.lblIngenFil = Named(new QLabel(panel), "lblIngenFil");
+    Placed(window, window.lblIngenFil,
+           {kPicture.left + 450, kPicture.top + 450, kPicture.width - 900, kPicture.height - 900},
+           10);
+    window.lblIngenFil->setTextFormat(Qt::PlainText);
+    window.lblIngenFil->setWordWrap(true);
+    window.lblIngenFil->setAttribute(Qt::WA_TransparentForMouseEvents);
+    Speak(window.lblIngenFil, "Ingen fondfil är öppen");
+    window.lblIngenFil->hide();
+
     // Under the picture, so that they never stand on a curve.
     window.lblXCord =
         Named(Label(window, {2460, 5340, 2280, 330}, Qt::AlignRight, "Datum vid hårkorset", 10),

@@ -21,14 +21,14 @@
 namespace {
 
 constexpr float kAccountTop = 3570;
-constexpr float kBottomTop = 4290;
-constexpr float kBottomHeight = 1380;
+constexpr float kBottomTop = 4230;
+constexpr float kBottomHeight = 1440;
 constexpr int kFirstNumber = 3;  // of the boxes for a new shares notice
 
+// Every line fits its box in the smallest window.
 constexpr std::string_view kGridHelp =
-    "Fond, Fond Nr, Datum och Kurs Kr skall fyllas i. Fond Nr helst med 7 tecken (249 995); utan "
-    "nummer blir det 999 999, en aktie får ett påhittat. Datum: 2000-12-31, 01-12-31 eller "
-    "01/12/31. Värde Kr är låst: Fondandelar x Kurs Kr.\n"
+    "Fyll i Fond, Fond Nr (som 249 995), Datum (2000-12-31, 01-12-31, 01/12/31) och Kurs Kr.\n"
+    "Utan nummer: 999 999, aktie ett påhittat. Värde Kr är låst: Fondandelar x Kurs Kr.\n"
     "Ny fond skrivs på sista raden, som är tom. Raden sparas när du går till en annan rad.\n"
     "Ändra: lägg upp fonden en gång till med nytt datum och radera den gamla.\n"
     "Radera: markera raden längst till vänster (eller <Skift+Blank>) och tryck <Delete>.";

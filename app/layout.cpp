@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -46,16 +47,18 @@ void Layout::AlsoScale(std::function<void(const Scaling&)> scale) {
 
 void Layout::ApplyFont(const Lettered& lettered) const {
     const float inch = kDesignDotsPerInch / static_cast<float>(lettered.widget->logicalDpiY());
-    const float points = lettered.points * FactorOf(scaling_, lettered.letters) * inch;
+    const float scaled = lettered.points * FactorOf(scaling_, lettered.letters);
+    const float points =
+        std::max(scaled, std::min(lettered.points, scaling_.smallestPoints)) * inch;
     QFont font = lettered.widget->font();
     font.setPointSizeF(static_cast<double>(points));
     lettered.widget->setFont(font);
 }
 
 void Layout::Apply(const Scaling& scaling) {
-    const bool otherFonts = scaling.controlFont != scaling_.controlFont ||
-                            scaling.listFont != scaling_.listFont ||
-                            scaling.gridFont != scaling_.gridFont;
+    const bool otherFonts =
+        scaling.controlFont != scaling_.controlFont || scaling.listFont != scaling_.listFont ||
+        scaling.gridFont != scaling_.gridFont || scaling.smallestPoints != scaling_.smallestPoints;
     scaling_ = scaling;
     if (otherFonts) {
         for (const Lettered& lettered : lettered_) ApplyFont(lettered);

@@ -16,6 +16,7 @@ enum class Letters { Control, List, Grid };
 struct Scaling {
     float across = 1, down = 1;
     float controlFont = 1, listFont = 1, gridFont = 1;
+    float smallestPoints = 8;  ///< no font is made smaller than this; one that is so stays so
     bool operator==(const Scaling&) const = default;
 };
 

@@ -67,7 +67,9 @@ void Panels::Show(const Shown& shown) {
 
 void Panels::ShowCaptions(const Shown::Captions& captions) {
     Write(&window_, captions.frmPPM);
+    Write(controls_.lblRubrik, captions.lblRubrik);
     Write(controls_.lblPanDatum, captions.lblPanDatum);
+    Write(controls_.lblIngenFil, captions.lblIngenFil);
     Write(controls_.panListFonder, captions.panListFonder);
     Write(controls_.lblGrafNr, captions.lblGrafNr);
     Write(controls_.lblPlottInfo, captions.lblPlottInfo);
@@ -78,6 +80,8 @@ void Panels::ShowCaptions(const Shown::Captions& captions) {
     Write(controls_.lblXCord, captions.lblXCord);
     Write(controls_.lblYCord, captions.lblYCord);
     controls_.picDiagram->SetQuietLine(ToQt(captions.picDiagram));
+    StatusPanels& bar = *controls_.staBar;
+    if (bar.Notice() != captions.staBar) bar.SetNotice(captions.staBar);
 }
 
 void Panels::ShowTags(const Shown::Tags& tags) {
@@ -137,6 +141,7 @@ void Panels::Reveal(const Shown::Visible& visible, bool which) {
     Turn(controls_.panControl, visible.panControl, which);
     Turn(controls_.panDiagram, visible.panDiagram, which);
     Turn(controls_.fraStartData, visible.fraStartData, which);
+    Turn(controls_.lblIngenFil, visible.lblIngenFil, which);
     Turn(controls_.panListFonder, visible.panListFonder, which);
     Turn(controls_.panTotal, visible.panTotal, which);
     Turn(controls_.panPlottData, visible.panPlottData, which);

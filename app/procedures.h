@@ -13,6 +13,8 @@
 class PrinterPage;
 struct OpenHolding;
 struct ScaleRange;
+class QSize;
+struct FundFile;
 
 /// In every line the controller that does the work.
 class Procedures {
@@ -22,6 +24,8 @@ class Procedures {
     virtual void Unload() = 0;                        // StartUp
     virtual void BringTodayUpToDate() = 0;            // StartUp
     virtual void ScaleToScreen(float factor) = 0;     // ScreenScaling
+    virtual void FitInto(const QSize& room) = 0;       // ScreenScaling
+    virtual void TellAbout(const FundFile& file) = 0;  // FileMenu: how it was opened
     virtual void FillFundList() = 0;                  // FundList
     virtual void OpenSelectedFund() = 0;              // FundList
     virtual bool OpenFund(std::int32_t kontoId) = 0;  // FundList

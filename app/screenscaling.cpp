@@ -20,19 +20,27 @@ ScreenScaling::ScreenScaling(frmPPM& ppm) : Controller(ppm) {
         Form_Resize(static_cast<const QResizeEvent&>(event).size());
         return false;
     });
-    window.setMinimumSize(Pixels(kLayoutWidth / 2), Pixels(kLayoutHeight / 2));
-    unresized_ = QSize(Pixels(kLayoutWidth), Pixels(kLayoutHeight));
-    window.resize(unresized_);
-    Form_Resize(window.size());
+    ComeUpIn({Pixels(kLayoutWidth), Pixels(kLayoutHeight)});
 }
 
 void ScreenScaling::ScaleToScreen(float factor) {
     factor_ = factor;
     const TwipRect scaled = ScaledWindow(kDesign, factor);
-    window.setMinimumSize(Pixels(scaled.width / 2), Pixels(scaled.height / 2));
     if (factor < 1.0F) window.move(Pixels(scaled.left), Pixels(scaled.top));
-    unresized_ = QSize(Pixels(scaled.width), Pixels(scaled.height));
-    window.resize(unresized_);
+    ComeUpIn({Pixels(scaled.width), Pixels(scaled.height)});
+}
+
+void ScreenScaling::FitInto(const QSize& room) {
+    if (window.size() != window.size().boundedTo(room)) ComeUpIn(window.size().boundedTo(room));
+}
+
+void ScreenScaling::ComeUpIn(const QSize& size) {
+    unresized_ = size;
+    // No smaller than the smallest letters need, which is what fits on the smallest screen.
+    const TwipRect smallest = ScaledWindow(kDesign, kSmallestReadable);
+    const QSize least(Pixels(smallest.width), Pixels(smallest.height));
+    window.setMinimumSize(least.boundedTo(size));
+    window.resize(size);
     Form_Resize(window.size());
 }
 
@@ -47,5 +55,6 @@ void ScreenScaling::Form_Resize(const QSize& size) {
         {1.0F, share(size.width(), unresized_.width()), share(size.height(), unresized_.height())});
     const auto font = [&](float ofScreen) { return std::min(ofScreen * byUser, kLargestFont); };
     window.layout.Apply({across, down, font(ControlFontFactor(factor_)),
-                         font(ListFontFactor(factor_)), font(GridFontFactor(factor_))});
+                         font(ListFontFactor(factor_)), font(GridFontFactor(factor_)),
+                         SmallestPoints(factor_)});
 }

@@ -10,9 +10,12 @@ class ScreenScaling : Controller {
     explicit ScreenScaling(frmPPM& window);
 
     void ScaleToScreen(float factor);
+    /// Makes the window as it comes up no larger than `room`; its fonts stay as they are.
+    void FitInto(const QSize& room);
 
   private:
     void Form_Resize(const QSize& size);
+    void ComeUpIn(const QSize& size);
 
     float factor_ = 1;  ///< the screen's, which the fonts were chosen for
     QSize unresized_;   ///< the window's size on that screen

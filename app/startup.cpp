@@ -10,6 +10,7 @@
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/number.h"
+#include "base/path.h"
 #include "base/text.h"
 #include "fundfile/fundfile.h"
 #include "fundfile/queries.h"
@@ -32,12 +33,12 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QRect>
+#include <QSize>
 
-#include <array>
 #include <chrono>
 #include <cstdint>
-#include <filesystem>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -49,12 +50,6 @@ std::string Setting(const frmPPM& window, std::string_view key) {
 
 void SaveSetting(frmPPM& window, std::string_view key, std::string_view text) {
     window.platform.settings.Save(settings::kApplication, settings::kStartUp, key, text);
-}
-
-std::string WithSeparator(std::string folder) {
-    constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
-    if (folder.empty() || folder.back() != kSeparator) folder += kSeparator;
-    return folder;
 }
 
 bool HasRows(DataSource& source) {
@@ -84,9 +79,10 @@ StartUp::StartUp(frmPPM& ppm) : Controller(ppm) {
 }
 
 void StartUp::Load() {
-    const QRect screen = window.platform.screen.AvailableArea();
+    const QRect screen = window.platform.screen.Area();
     const float factor = ScreenFactor(ScreenWidthTwips(screen.width(), screen.height()));
     if (factor != 1.0F) window.ScaleToScreen(factor);
+    window.FitInto(window.platform.screen.RoomForWindow());
 
     SetToday();
     window.MonthNames = Split(texts::MonthNames, "|");
@@ -131,13 +127,13 @@ void StartUp::ReadSettings() {
 }
 
 void StartUp::OpenDatabase() {
-    Skipping skip;
-    skip([&] {
-        const FundFile file = OpenAndBind(
-            window.CurrentFile, {*window.dtaBasData, *window.dtaPlott}, queries::AllPoints());
-        window.FundDb = file.database;
-        notice_ = fundtexts::Explain(file);
-    });
+    try {
+        opened_ = OpenAndBind(window.CurrentFile, {*window.dtaBasData, *window.dtaPlott},
+                              queries::AllPoints());
+        window.FundDb = opened_.database;
+    } catch (const Error& error) {
+        window.NoFileReason = fundtexts::NothingOpen(window.CurrentFile, error.Number());
+    }
 }
 
 void StartUp::Form_Activate() {
@@ -148,7 +144,6 @@ void StartUp::Form_Activate() {
 void StartUp::Activate() {
     window.Activated = true;
     window.ShowMonthsOfToday();
-    ShowFileName();
 
     const bool hasRows = HasRows(*window.dtaBasData);
     // A file that can only be read is shown with the default scales.
@@ -184,15 +179,9 @@ void StartUp::InitialiseScales() {
     holdings.MoveFirst();
 }
 
-void StartUp::ShowFileName() {
-    const std::string file = std::filesystem::path(window.CurrentFile).stem().string();
-    SetCaption(window.lblRubrik, std::string(texts::WorkingWith) + file);
-}
-
 void StartUp::Timer1_Timer() {
     window.Put(AfterPause(window.State()));
-    if (!notice_.empty()) Tell(notice_);
-    notice_.clear();
+    window.TellAbout(std::exchange(opened_, {}));
 }
 
 void StartUp::ResetPanels() {

@@ -3,10 +3,10 @@
 // and the way back to the plain diagram view.
 
 #include "app/controller.h"
+#include "fundfile/fundfile.h"
 #include "platform/clock.h"
 
 #include <memory>
-#include <string>
 
 class StartUp : Controller {
   public:
@@ -27,9 +27,8 @@ class StartUp : Controller {
     void OpenDatabase();
     void InitialiseScales();
     void SetToday();
-    void ShowFileName();
     bool StoreWhatIsTyped();
 
     std::unique_ptr<Clock::Pause> Timer1_;  ///< `Timer1`, the start-up pause
-    std::string notice_;  ///< why the file can only be read; shown when the window has come up
+    FundFile opened_;  ///< until the window has come up and says how the file was opened
 };

@@ -8,7 +8,6 @@ namespace texts {
 
 inline constexpr std::string_view FailureNumber = "Fel ";
 
-inline constexpr std::string_view WorkingWith = "Du arbetar med ";
 inline constexpr std::string_view SampleFile = "Vimmels_exempel.mdb";
 
 }  // namespace texts

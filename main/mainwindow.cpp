@@ -107,6 +107,12 @@ void MainWindow::BringTodayUpToDate() {
 void MainWindow::ScaleToScreen(float factor) {
     controllers_->screenScaling.ScaleToScreen(factor);
 }
+void MainWindow::FitInto(const QSize& room) {
+    controllers_->screenScaling.FitInto(room);
+}
+void MainWindow::TellAbout(const FundFile& file) {
+    controllers_->fileMenu.TellAbout(file);
+}
 void MainWindow::FillFundList() {
     controllers_->fundList.FillFundList();
 }

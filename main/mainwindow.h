@@ -17,6 +17,8 @@ class MainWindow final : public frmPPM {
     void Unload() override;
     void BringTodayUpToDate() override;
     void ScaleToScreen(float factor) override;
+    void FitInto(const QSize& room) override;
+    void TellAbout(const FundFile& file) override;
     void FillFundList() override;
     void OpenSelectedFund() override;
     bool OpenFund(std::int32_t kontoId) override;

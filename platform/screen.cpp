@@ -5,11 +5,13 @@
 #include <QScreen>
 #include <QStyle>
 
-QRect DesktopScreen::AvailableArea() const {
-    QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+QRect DesktopScreen::Area() const {
+    return QGuiApplication::primaryScreen()->geometry();
+}
+
+QSize DesktopScreen::RoomForWindow() const {
     // The desktop puts a title bar over the window; how high is known only once the window is
     // shown.
     const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    area.setHeight(area.height() - titleBar);
-    return area;
+    return QGuiApplication::primaryScreen()->availableSize() - QSize(0, titleBar);
 }

@@ -2,6 +2,7 @@
 // How much room the screen has for the window.
 
 #include <QRect>
+#include <QSize>
 
 class Screen {
   public:
@@ -10,11 +11,14 @@ class Screen {
     Screen& operator=(const Screen&) = delete;
     virtual ~Screen() = default;
 
-    /// What the desktop leaves free on the main screen, in logical pixels.
-    virtual QRect AvailableArea() const = 0;
+    /// The main screen, in logical pixels.
+    virtual QRect Area() const = 0;
+    /// How large a window may be for the desktop's bars and its own title bar to stay in sight.
+    virtual QSize RoomForWindow() const = 0;
 };
 
 class DesktopScreen final : public Screen {
   public:
-    QRect AvailableArea() const override;
+    QRect Area() const override;
+    QSize RoomForWindow() const override;
 };

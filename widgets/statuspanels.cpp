@@ -85,6 +85,11 @@ StatusPanels::StatusPanels(int panels, QWidget* parent) : QWidget(parent) {
         row->addWidget(panel, 1);
         panels_.push_back(panel);
     }
+    notice_ = new Panel(this);
+    notice_->setObjectName(QStringLiteral("notice"));
+    notice_->setTextFormat(Qt::PlainText);
+    notice_->setIndent(kAir);
+    notice_->hide();
 }
 
 int StatusPanels::Count() const {
@@ -112,6 +117,21 @@ void StatusPanels::SetTag(int panel, std::string_view tag) {
 
 std::string StatusPanels::Tag(int panel) const {
     return ::Tag(&At(panel));
+}
+
+void StatusPanels::SetNotice(std::string_view text) {
+    notice_->SetWhole(ToQt(text));
+    notice_->setVisible(!text.empty());
+    notice_->raise();
+}
+
+std::string StatusPanels::Notice() const {
+    return FromQt(notice_->Whole());
+}
+
+void StatusPanels::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    notice_->setGeometry(rect());
 }
 
 void StatusPanels::SetMinimumPanelWidth(int panel, int width, int share) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 class QLabel;
+class QResizeEvent;
 
 /// A text too long for its panel is elided and shown whole as the panel's tooltip.
 /// A panel that is not there: Error SubscriptOutOfRange.
@@ -22,11 +23,18 @@ class StatusPanels : public QWidget {
     std::string Text(int panel) const;
     void SetTag(int panel, std::string_view tag);
     std::string Tag(int panel) const;
+    /// Stands over all panels until it is "".
+    void SetNotice(std::string_view text);
+    std::string Notice() const;
     /// In logical pixels; the panel gets `share` parts of the room that is left.
     void SetMinimumPanelWidth(int panel, int width, int share = 0);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     class Panel;
     Panel& At(int panel) const;
     std::vector<Panel*> panels_;
+    Panel* notice_;
 };

@@ -164,11 +164,17 @@ WindowState AfterPrinting(WindowState state) {
     return state;
 }
 
-WindowState AfterFileOpened(WindowState state) {
+WindowState AfterFileLost(WindowState state) {
     if (Waits(state)) return state;
     state = AfterEscape(std::move(state));
     state.typedPrice = TypedPrice::Cleared;
     state.picture = Picture::Stays;
+    return state;
+}
+
+WindowState AfterFileOpened(WindowState state) {
+    if (Waits(state)) return state;
+    state = AfterFileLost(std::move(state));
     // The first holding of an empty file is typed in the grid.
     return state.hasHoldings ? WithListFor(std::move(state), ListUse::Prices)
                              : WithGrid(std::move(state));
@@ -225,6 +231,7 @@ WindowState AfterHoldingClosed(WindowState state) {
     state.caption = texts::WindowCaption;
     state.reading = {};
     state.totals.clear();
+    state.notice.clear();
     state.gridHelp = false;
     return state;
 }
@@ -240,6 +247,7 @@ WindowState AfterHoldingOpened(WindowState state, OpenHolding holding, HoldingVi
     state.SelectedCurves = {holding.kontoId};
     state.holding = std::move(holding);
     state.view = std::move(view);
+    state.notice.clear();
     return state;
 }
 

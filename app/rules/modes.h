@@ -25,6 +25,7 @@ WindowState AfterAllCurvesMenu(WindowState state);
 WindowState AfterPrinting(WindowState state);
 /// `hasHoldings` is the opened file's.
 WindowState AfterFileOpened(WindowState state);
+WindowState AfterFileLost(WindowState state);  ///< none is open any more
 
 // The fund list and the price field
 WindowState AfterLineChosen(WindowState state, std::int32_t kontoId);

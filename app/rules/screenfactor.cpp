@@ -52,6 +52,11 @@ float ControlFontFactor(float factor) {
     return factor < kDesigned ? std::min(FontFactor(factor), factor) : FontFactor(factor);
 }
 
+float SmallestPoints(float factor) {
+    constexpr float kReadablePoints = 8;
+    return kReadablePoints * std::min(1.0F, factor / kSmallestReadable);
+}
+
 float ListFontFactor(float factor) {
     return RowFontFactor(factor, kLargeListFont);
 }

@@ -23,6 +23,11 @@ float FontFactor(float factor);
 /// The same for a control's own font. On a screen so small that FontFactor would not fit into the
 /// scaled control, the font follows the control.
 float ControlFontFactor(float factor);
+/// The screens that the window is made for are no smaller than this; on them no letter is smaller
+/// than SmallestPoints.
+inline constexpr float kSmallestReadable = 0.8F;
+/// In points; on still smaller screens it goes down with the screen.
+float SmallestPoints(float factor);
 /// The fund list and the grids: their rows must hold the same text, so they stay a little smaller
 /// on a large screen.
 float ListFontFactor(float factor);

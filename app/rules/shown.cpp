@@ -33,6 +33,7 @@ Shown::Visible VisibleIn(const WindowState& state) {
             .panControl = started,
             .panDiagram = started,
             .fraStartData = started,
+            .lblIngenFil = !state.NoFileReason.empty(),
             .panListFonder = state.left == LeftPanel::FundList,
             .panTotal = state.left == LeftPanel::Totals,
             .panPlottData = state.left == LeftPanel::PlotData,
@@ -89,18 +90,28 @@ std::string CurveNumbers(const WindowState& state) {
     return marks;
 }
 
-/// What to do about a picture that has no curve to show; nothing while curves are chosen for it.
+/// What to do about a picture that has no curve to show; nothing while curves are chosen for it,
+/// or another label says why there is none.
 std::string_view EmptyPictureHint(const WindowState& state) {
-    if (CollectingCurves(state)) return "";
+    if (CollectingCurves(state) || !state.NoFileReason.empty()) return "";
     if (!state.hasHoldings) return texts::NoHoldings;
     if (state.SelectedCurves.empty()) return texts::NoCurvesChosen;
     return state.holding ? texts::NoPointsOfHolding : texts::NoPoints;
 }
 
+std::string Heading(const WindowState& state) {
+    if (!state.FundDb) return std::string(texts::NoFileOpen);
+    const std::string& path = state.CurrentFile;
+    const std::string name = path.substr(path.find_last_of("/\\") + 1);
+    return std::string(texts::WorkingWith) + name.substr(0, name.rfind('.'));
+}
+
 Shown::Captions CaptionsIn(const WindowState& state) {
     const bool days = state.DayStep == daystep::kWeek || state.DayStep == daystep::kMonth;
     return {.frmPPM = state.caption,
+            .lblRubrik = Heading(state),
             .lblPanDatum = DateText(state.TodayDay),
+            .lblIngenFil = state.NoFileReason,
             .panListFonder = std::string(ListCaption(state.listUse)),
             .lblGrafNr = CurveNumbers(state),
             .lblPlottInfo = std::string(Instruction(state)),
@@ -110,7 +121,8 @@ Shown::Captions CaptionsIn(const WindowState& state) {
             .lblTotal = state.totals,
             .lblXCord = state.reading.date,
             .lblYCord = state.reading.value,
-            .picDiagram = std::string(EmptyPictureHint(state))};
+            .picDiagram = std::string(EmptyPictureHint(state)),
+            .staBar = state.notice};
 }
 
 Shown::Tags TagsIn(const WindowState& state) {

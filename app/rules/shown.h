@@ -9,6 +9,7 @@
 struct Shown {
     struct Visible {
         bool panRubrik = false, panControl = false, panDiagram = false, fraStartData = false;
+        bool lblIngenFil = false;
         bool panListFonder = false, panTotal = false, panPlottData = false, panBasData = false;
         bool imgColor = false, imgGrafNr = false;
         bool lblGrafNr = false, lblPlottInfo = false;
@@ -24,11 +25,13 @@ struct Shown {
         bool operator==(const Enabled&) const = default;
     };
     struct Captions {
-        std::string frmPPM, lblPanDatum;
+        std::string frmPPM, lblRubrik, lblPanDatum;
+        std::string lblIngenFil;
         std::string panListFonder, lblGrafNr, lblPlottInfo;
         std::string cmdPPMData, mnuVeckor, mnuMonth;
         std::string lblTotal, lblXCord, lblYCord;
         std::string picDiagram;  ///< said in it while it has no curve: what to do
+        std::string staBar;      ///< over all of its panels; "" where they are to be seen
         bool operator==(const Captions&) const = default;
     };
     struct Tags {

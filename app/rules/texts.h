@@ -11,6 +11,9 @@ inline constexpr std::string_view WindowCaption = "  Kvarnbo  ";
 inline constexpr std::string_view WindowCaptionOfFund = "   Kvarnbo  ";
 inline constexpr std::string_view LastUpdate = " Senaste uppdatering    ";
 
+inline constexpr std::string_view WorkingWith = "Du arbetar med ";
+inline constexpr std::string_view NoFileOpen = "Ingen fondfil är öppen";
+
 inline constexpr std::string_view StartData = "StartData ";
 inline constexpr std::string_view StartPrice = "Startkurs : ";
 inline constexpr std::string_view NoLatestPrice = "Senaste :";

@@ -48,7 +48,8 @@ struct WindowState {
     std::shared_ptr<jet::Database> FundDb;  ///< the open fund file; null while none is open
     std::string AppFolder;                  ///< the program's folder, ending in the separator
     std::string CurrentFile;                ///< full path of the fund file in use
-    bool hasHoldings = false;               ///< the open file has a row
+    std::string NoFileReason;  ///< why no file is open, as the empty window says it; "" with a file
+    bool hasHoldings = false;  ///< the open file has a row
 
     Stage stage = Stage::Starting;
     LeftPanel left = LeftPanel::None;
@@ -65,6 +66,7 @@ struct WindowState {
     std::string caption{texts::WindowCaption};
     std::string totals;  ///< of the account chosen in the totals panel
     Reading reading;
+    std::string notice;  ///< stands over the status bar until that has something else to tell
 
     bool choosingStartFile = false;
     bool storingPoint = false;                    ///< rows stored meanwhile draw nothing anew

@@ -31,7 +31,8 @@ bool KnowsTheWindow(const house::SourceFile& file) {
 
 /// Panels and controls that the events of more than one concern change.
 constexpr const char* kShared =
-    "(?:panRubrik|panControl|panDiagram|fraStartData|panListFonder|panTotal|panPlottData|"
+    "(?:panRubrik|lblRubrik|lblIngenFil|panControl|panDiagram|fraStartData|panListFonder|panTotal|"
+    "panPlottData|"
     "panBasData|"
     "imgColor|imgGrafNr|cmdFondList|cmdPPMData|cmdNyAndel|cmdNyOk|fraNyAndel|txtGrid|"
     "lblGrafNr|lblPlottInfo|lblTotal|lblColorNr|lblFraData|lblFraHeading|lblFraHint|lblXCord|"

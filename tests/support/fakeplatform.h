@@ -14,6 +14,7 @@
 
 #include <QPointer>
 #include <QRect>
+#include <QSize>
 #include <QTemporaryDir>
 
 #include <chrono>
@@ -150,8 +151,10 @@ class RecordingPrograms final : public Programs {
 
 class FixedScreen final : public Screen {
   public:
-    QRect AvailableArea() const override { return area; }
+    QRect Area() const override { return area; }
+    QSize RoomForWindow() const override { return room.value_or(area.size()); }
     QRect area{0, 0, 800, 600};
+    std::optional<QSize> room;  ///< none: the whole area
 };
 
 /// A page that becomes a PDF file. Throws Error PrinterError when the file cannot be written.

@@ -11,6 +11,7 @@
 #include "widgets/datagrid.h"
 #include "widgets/tag.h"
 
+#include <QAbstractItemModel>
 #include <QAction>
 #include <QApplication>
 #include <QGroupBox>
@@ -19,6 +20,7 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <chrono>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -455,6 +457,94 @@ TEST_F(OpenTest, ADatabaseThatIsNoFundFileIsToldSo) {
     ExpectStillOnSample();
 }
 
+TEST_F(OpenTest, ATypedNameIsCompleted) {
+    fs::rename(In("annan.mdb"), In("prov.2026.mdb"));
+    Open(In("prov.2026"));
+    Window().mnuOpen->trigger();
+    EXPECT_EQ(Window().CurrentFile, In("prov.2026.mdb"));
+    EXPECT_EQ(Lines().size(), 3U);
+}
+
+TEST_F(OpenTest, TheListIsFilledOnce) {
+    int filled = 0;
+    QObject::connect(Window().lstFonder->model(), &QAbstractItemModel::rowsInserted,
+                     [&filled] { ++filled; });
+    Open(In("annan.mdb"));
+    Window().mnuOpen->trigger();
+    EXPECT_EQ(filled, 3) << "one line after the other, each once";
+}
+
+TEST_F(OpenTest, AnotherProgramsLockIsToldInTheStatusBar) {
+    Write(In("annan.ldb"), "theirs");
+    Open(In("annan.mdb"));
+    Window().mnuOpen->trigger();
+    EXPECT_EQ(Window().staBar->Notice(),
+              "annan.ldb ligger bredvid filen : ett annat program kan ha den öppen");
+    ChooseFund(1);
+    EXPECT_EQ(Window().staBar->Notice(), "");
+}
+
+class OtherComputerTest : public OpenTest {
+  protected:
+    void SetUp() override {
+        OpenTest::SetUp();
+        Write(In("annan.mdb.lock"), "4711\nkvarnbo\nHALLA\nffffffffffffffffffffffffffffffff\n\n");
+    }
+    void Asked(Answer answer) {
+        outside.dialogs
+            .Expect(
+                "Filen är låst av Kvarnbo på en annan dator (dator HALLA). Den kan vara öppen "
+                "där, eller så blev låset kvar efter ett avbrott.\r\n\r\nDu kan se den men "
+                "inte ändra något.\r\n\r\nÄr du säker på att Kvarnbo inte är igång där kan du "
+                "ta över filen.\r\n\r\nVill du ta över den ?",
+                Buttons::YesNo, Icon::Exclamation, DefaultButton::Second)
+            .Answer(answer);
+    }
+};
+
+TEST_F(OtherComputerTest, NoLeavesItsLockAndTheFileReadable) {
+    Open(In("annan.mdb"));
+    Asked(Answer::No);
+    Window().mnuOpen->trigger();
+    EXPECT_TRUE(Window().FundDb->ReadOnly());
+    EXPECT_EQ(Lines().size(), 3U);
+    EXPECT_TRUE(fs::exists(In("annan.mdb.lock")));
+}
+
+TEST_F(OtherComputerTest, YesTakesTheFileOver) {
+    Open(In("annan.mdb"));
+    Asked(Answer::Yes);
+    Window().mnuOpen->trigger();
+    EXPECT_FALSE(Window().FundDb->ReadOnly());
+    ChooseFund(2);
+    TypePrice("150");
+    EXPECT_EQ(PointsOf(3).back(), (CurvePoint{Window().TodayDay, 50}));
+}
+
+TEST_F(OtherComputerTest, TheFileToStartWithIsOfferedToo) {
+    outside.settings.Save("Kvarnbo", "StartUp", "StartPath", In("annan.mdb"));
+    Asked(Answer::Yes);
+    Start();
+    EXPECT_FALSE(Window().FundDb->ReadOnly());
+    EXPECT_EQ(Lines().size(), 3U);
+    EXPECT_EQ(Caption(Window().lblRubrik), "Du arbetar med annan");
+}
+
+TEST_F(OpenTest, TheOpenFileThatIsDamagedMeanwhileLeavesAnEmptyWindowWithTheReason) {
+    Write(SamplePath(), "no database any more");
+    Open(SamplePath().string());
+    Told("Filen öppnades inte", SamplePath().string(),
+         "Filen är ingen databas i Access-format. Den är inte ändrad.");
+    Window().mnuOpen->trigger();
+    EXPECT_EQ(Caption(Window().lblRubrik), "Ingen fondfil är öppen");
+    EXPECT_FALSE(Window().lblIngenFil->isHidden());
+    EXPECT_TRUE(Lines().empty());
+    Open(In("annan.mdb"));
+    Window().mnuOpen->trigger();
+    EXPECT_TRUE(Window().lblIngenFil->isHidden());
+    EXPECT_EQ(Caption(Window().lblRubrik), "Du arbetar med annan");
+}
+
 TEST_F(OpenTest, AFileThatIsGoneIsToldSo) {
     Open(In("borta.mdb"));
     Told("Filen öppnades inte", In("borta.mdb"), "Filen finns inte.");
@@ -485,6 +575,22 @@ TEST_F(FileMenuTest, ACopyHoldsTheSameRowsAndTheProgramStaysWhereItWas) {
     CloseFundFile(copy.database);
     TypePrice("75");
     EXPECT_EQ(PointsOf(2).back(), (CurvePoint{Window().TodayDay, 50}));
+}
+
+TEST_F(FileMenuTest, ASavedCopyIsTold) {
+    SaveAs(In("kopia.mdb"));
+    Window().mnuSaveAs->trigger();
+    EXPECT_EQ(Window().staBar->Notice(), "Kopian är sparad : kopia.mdb");
+    outside.clock.Pass(std::chrono::seconds(8));
+    EXPECT_EQ(Window().staBar->Notice(), "");
+}
+
+TEST_F(FileMenuTest, AReceiptEndsWhenTheStatusBarHasSomethingElseToSay) {
+    SaveAs(In("kopia.mdb"));
+    Window().mnuSaveAs->trigger();
+    ChooseFund(1);
+    EXPECT_EQ(Window().staBar->Notice(), "");
+    EXPECT_EQ(Status(2), "Kvarnbo Europa");
 }
 
 TEST_F(FileMenuTest, ACancelledSaveAsMakesNoFile) {
@@ -589,23 +695,29 @@ TEST_F(FileMenuTest, AFileThatAnotherCopyHasOpenIsNotDeleted) {
     EXPECT_TRUE(fs::exists(In("annan.mdb")));
 }
 
-TEST_F(FileMenuTest, ACancelledDeleteAsksAllTheSameAndFailsSilently) {
+TEST_F(FileMenuTest, ACancelledDeleteAsksNothing) {
     const auto before = Names();
     Delete("");
-    AskedToDelete("", Answer::Yes, Answer::Yes);
     Window().mnuRadera->trigger();
     EXPECT_EQ(Names(), before);
 }
 
-TEST_F(FileMenuTest, AFileThatIsGoneIsDeletedSilently) {
+TEST_F(FileMenuTest, NobodyIsAskedAboutAFileThatIsNotThere) {
     Delete(In("borta.mdb"));
-    AskedToDelete(In("borta.mdb"), Answer::Yes, Answer::Yes);
+    Told("Filen raderades inte", In("borta.mdb"), "Filen finns inte.");
     Window().mnuRadera->trigger();
+}
+
+TEST_F(FileMenuTest, DeleteCompletesATypedName) {
+    Write(In("prov.2026.mdb"), "old");
+    Delete(In("prov.2026"));
+    AskedToDelete(In("prov.2026.mdb"), Answer::Yes, Answer::Yes);
+    Window().mnuRadera->trigger();
+    EXPECT_FALSE(fs::exists(In("prov.2026.mdb")));
 }
 
 TEST_F(FileMenuTest, TheDeleteDialogKeepsTheFlagsOfTheLastUse) {
     Delete("");
-    AskedToDelete("", Answer::No, Answer::No);
     Window().mnuRadera->trigger();
     EXPECT_FALSE(outside.dialogs.LastFileRequest().askBeforeOverwriting);
     EXPECT_FALSE(outside.dialogs.LastFileRequest().mustExist);
@@ -613,14 +725,12 @@ TEST_F(FileMenuTest, TheDeleteDialogKeepsTheFlagsOfTheLastUse) {
     SaveAs("");
     Window().mnuSaveAs->trigger();
     Delete("");
-    AskedToDelete("", Answer::No, Answer::No);
     Window().mnuRadera->trigger();
     EXPECT_TRUE(outside.dialogs.LastFileRequest().askBeforeOverwriting);
 
     Open("");
     Window().mnuOpen->trigger();
     Delete("");
-    AskedToDelete("", Answer::No, Answer::No);
     Window().mnuRadera->trigger();
     EXPECT_TRUE(outside.dialogs.LastFileRequest().mustExist);
 }
@@ -630,16 +740,34 @@ TEST_F(FileMenuTest, TheDeleteDialogKeepsTheFlagsOfTheLastUse) {
 class StartFileTest : public FileMenuTest, public testing::WithParamInterface<std::string> {};
 
 TEST_P(StartFileTest, IsAlwaysTheSameWhateverWasPicked) {
-    StartFile(GetParam().empty() ? "" : In(GetParam()));
+    StartFile(In(GetParam()));
     Window().mnuStartFile->trigger();
     EXPECT_EQ(Setting("StartPath"), AppFolder() + "Rusken_Kina.mdb");
     EXPECT_EQ(Setting("StartX"), "1");
-    EXPECT_EQ(Window().CurrentFile, AppFolder() + "Rusken_Kina.mdb");
     EXPECT_EQ(Window().CmDialog->tag, "");
+    EXPECT_EQ(Window().staBar->Notice(), "Nästa gång startar Kvarnbo med Rusken_Kina.mdb");
+    ExpectStillOnSample();
 }
 
-INSTANTIATE_TEST_SUITE_P(Picks, StartFileTest,
-                         testing::Values("annan.mdb", "Vimmels_exempel.mdb", ""));
+INSTANTIATE_TEST_SUITE_P(Picks, StartFileTest, testing::Values("annan.mdb", "Vimmels_exempel.mdb"));
+
+TEST_F(FileMenuTest, ACancelledStartFileStoresNothing) {
+    const std::string before = Setting("StartPath");
+    Window().DayStep = 7;
+    StartFile("");
+    Window().mnuStartFile->trigger();
+    EXPECT_EQ(Setting("StartPath"), before);
+    EXPECT_EQ(Setting("StartX"), "1");
+    EXPECT_EQ(Window().staBar->Notice(), "");
+    ExpectStillOnSample();
+}
+
+TEST_F(FileMenuTest, HeadingGoesOnNamingTheOpenFileAfterAStartFileWasChosen) {
+    StartFile(In("annan.mdb"));
+    Window().mnuStartFile->trigger();
+    Window().Activate();
+    EXPECT_EQ(Caption(Window().lblRubrik), "Du arbetar med Vimmels_exempel");
+}
 
 TEST_F(FileMenuTest, WhileTheStartFileIsChosenDialogAndListAreMarkedAndThenAsBefore) {
     ChooseFund(1);
@@ -667,7 +795,7 @@ TEST_F(FileMenuTest, TheStartFileTakesEffectAtTheNextStartOnly) {
 
 TEST_F(FileMenuTest, ADayStepOfZeroIsStoredAsOne) {
     Window().DayStep = 0;
-    StartFile("");
+    StartFile(In("annan.mdb"));
     Window().mnuStartFile->trigger();
     EXPECT_EQ(Setting("StartX"), "1");
     EXPECT_EQ(Window().DayStep, 1);
@@ -675,14 +803,14 @@ TEST_F(FileMenuTest, ADayStepOfZeroIsStoredAsOne) {
 
 TEST_F(FileMenuTest, TheWeekViewIsStoredAsSeven) {
     Window().DayStep = 7;
-    StartFile("");
+    StartFile(In("annan.mdb"));
     Window().mnuStartFile->trigger();
     EXPECT_EQ(Setting("StartX"), "7");
 }
 
 TEST_F(FileMenuTest, AfterTheStartFileWasChosenOpenOpensAgain) {
     WriteFundFile(In("annan.mdb"), TwoHoldings());
-    StartFile("");
+    StartFile(In("annan.mdb"));
     Window().mnuStartFile->trigger();
     Open(In("annan.mdb"));
     Window().mnuOpen->trigger();
@@ -692,10 +820,12 @@ TEST_F(FileMenuTest, AfterTheStartFileWasChosenOpenOpensAgain) {
 
 TEST_F(FileMenuTest, ASettingsStoreThatCannotBeWrittenIsToldAndTheNextOpenIsAnOrdinaryOne) {
     outside.settings.broken = true;
-    StartFile("");
-    outside.dialogs.Expect("Fel 70: Du har inte rätt att läsa eller skriva filen.");
+    StartFile(In("annan.mdb"));
+    Told("Valet av startfil sparades inte", In("Rusken_Kina.mdb"),
+         "Programmets inställningar kan inte skrivas. Kvarnbo startar med samma fil som förut.");
     Window().mnuStartFile->trigger();
     EXPECT_EQ(Window().CmDialog->tag, "");
+    EXPECT_EQ(Window().staBar->Notice(), "");
 }
 
 }  // namespace

@@ -46,6 +46,29 @@ TEST_F(ScalingTest, DesignScreenMovesNothing) {
     EXPECT_NEAR(Window().lblRubrik->font().pointSizeF(), 13, 0.01);
 }
 
+TEST_F(ScalingTest, TheDesktopsBarsTakeHeightFromTheDesignScreenAndNothingFromItsFonts) {
+    outside.screen.room = QSize(800, 560);
+    StartOn(800, 600);
+    EXPECT_EQ(Window().size(), QSize(800, 560));
+    EXPECT_NEAR(Window().lblRubrik->font().pointSizeF(), 13, 0.01);
+    EXPECT_NEAR(Window().lstFonder->font().pointSizeF(), 9, 0.01);
+    EXPECT_EQ(Window().picDiagram->width(), 490);
+}
+
+TEST_F(ScalingTest, NoFontIsUnderEightPoints) {
+    for (const QSize screen : {QSize(640, 480), QSize(800, 600), QSize(1066, 800)}) {
+        outside.screen.room = screen - QSize(0, 40);
+        StartOn(screen.width(), screen.height());
+        for (const bool smallest : {false, true}) {
+            if (smallest) Window().resize(Window().minimumSize());
+            for (const QWidget* control : Window().centralWidget()->findChildren<QWidget*>()) {
+                EXPECT_GE(control->font().pointSizeF(), 7.999)
+                    << control->objectName().toStdString() << " on " << screen.width();
+            }
+        }
+    }
+}
+
 TEST_F(ScalingTest, SmallerScreenShrinksWindowAndFonts) {
     StartOn(800, 600);
     const Look design = LookOf(Window().picDiagram);

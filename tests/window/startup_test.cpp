@@ -27,6 +27,8 @@
 #include <chrono>
 #include <fstream>
 #include <functional>
+#include <string>
+#include <utility>
 
 namespace {
 
@@ -293,12 +295,37 @@ TEST_F(StartUpTest, PanelsAndMenusWaitForTheEndOfThePause) {
     EXPECT_TRUE(outside.clock.Running().empty()) << "the timer ticks once";
 }
 
-TEST_F(StartUpTest, DamagedStartFileIsNotReported) {
-    std::ofstream(SamplePath()) << "not a database";
+TEST_F(StartUpTest, DamagedStartFileIsToldByTheEmptyWindowAndNotByABox) {
+    const std::pair<std::string, std::string> kinds[] = {
+        {"not a database", "Filen är ingen databas i Access-format. Den är inte ändrad."},
+        {"", "Filen är ingen databas i Access-format. Den är inte ändrad."}};
+    const std::string skrot = (Folder() / "skrot.mdb").string();
+    Save("StartPath", skrot);
+    for (const auto& [bytes, why] : kinds) {
+        std::ofstream(skrot) << bytes;
+        Start();
+        EXPECT_EQ(Window().FundDb, nullptr);
+        EXPECT_EQ(Lines().size(), 0U);
+        EXPECT_TRUE(Window().panDiagram->isVisible());
+        EXPECT_TRUE(Window().lblIngenFil->isVisible());
+        EXPECT_EQ(Caption(Window().lblIngenFil),
+                  "Fondfilen kunde inte öppnas :\n" + skrot + "\n\n" + why +
+                      "\n\nÖppna en annan fondfil med Arkiv, Öppna, eller lägg upp en ny med "
+                      "Arkiv, Ny Fondfil.");
+        EXPECT_EQ(Caption(Window().lblRubrik), "Ingen fondfil är öppen");
+    }
+}
+
+TEST_F(StartUpTest, WithoutAnyFileTheEmptyWindowSaysWhichOneIsMissing) {
     Start();
-    EXPECT_EQ(Window().FundDb, nullptr);
-    EXPECT_EQ(Lines().size(), 0U);
-    EXPECT_TRUE(Window().panDiagram->isVisible());
+    EXPECT_NE(Caption(Window().lblIngenFil).find("Vimmels_exempel.mdb\n\nFilen finns inte."),
+              std::string::npos);
+}
+
+TEST_F(StartUpTest, WithAFileOpenNothingStandsOverThePicture) {
+    MakeFile(TwoHoldings());
+    Start();
+    EXPECT_FALSE(Window().lblIngenFil->isVisible());
 }
 
 TEST_F(StartUpTest, EscapeLeavesThePanelsAndClearsTheTotals) {

@@ -119,6 +119,7 @@ const std::vector<Row>& Rows() {
         {"printing",         AfterPrinting,     "SDBPTECKLDBXxDD", ".DDDDDDDDDDDDDD", "..............."},
         {"file opened",      AfterFileOpened,   "SPPPPPPPPPPPPPP", ".LLLLLLLLLLLLLL", "..............."},
         {"empty file opened",OpensEmptyFile,    "SGGGGGGGGGGGGGG", ".GGGGGGGGGGGGGG", "..............."},
+        {"file lost",        AfterFileLost,     "SDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDD", "..............."},
         {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxGN", "...............", "..............."},
         {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxGN", "...PPPP........", ".......R......."},
         {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxGN", "...............", "..............."},
@@ -217,6 +218,7 @@ TEST(Modes, ForgetWhatBelongsToWhatIsLeft) {
         {"all",    {AfterAllCurvesMenu, ".............xx", ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx"}},
         {"print",  {AfterPrinting,      ".............xx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
         {"file",   {AfterFileOpened,    ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
+        {"lost",   {AfterFileLost,      ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
         {"closed", {AfterHoldingClosed, "...............", "xxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxx"}},
         // clang-format on
     };
@@ -236,6 +238,16 @@ TEST(Modes, ForgetWhatBelongsToWhatIsLeft) {
         EXPECT_EQ(totals, row.totals) << name;
         EXPECT_EQ(reading, row.reading) << name;
         EXPECT_EQ(holding, row.holding) << name;
+    }
+}
+
+TEST(Modes, EndANoticeWithTheHoldingThatTheStatusBarTellsOf) {
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        state.notice = "saved";
+        EXPECT_EQ(AfterHoldingOpened(state, Holding(2), {}).notice, "");
+        EXPECT_EQ(AfterHoldingClosed(state).notice, "");
+        EXPECT_EQ(AfterEscape(state).notice, "saved");
     }
 }
 

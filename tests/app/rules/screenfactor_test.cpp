@@ -58,6 +58,11 @@ TEST(FontFactor, OfAControlNeverOutgrowsTheControlOnASmallScreen) {
     EXPECT_EQ(ControlFontFactor(1.333F), 1.3F);
 }
 
+TEST(SmallestPoints, AreEightOnEveryScreenDesignedFor) {
+    const struct { float factor, points; } rows[] = {{0.4F, 4}, {0.8F, 8}, {1.0F, 8}, {1.333F, 8}};
+    for (const auto& row : rows) EXPECT_EQ(SmallestPoints(row.factor), row.points) << row.factor;
+}
+
 TEST(FontFactor, OfListsAndGridsStaysReadableAndGrowsLess) {
     const struct {
         float factor, list, grid;

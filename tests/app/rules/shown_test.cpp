@@ -67,6 +67,7 @@ TEST(Shown, ControlsAreVisibleAsTheTableSays) {
         {"panControl",    ".xxxxxxxxxxxx", &V::panControl},
         {"panDiagram",    ".xxxxxxxxxxxx", &V::panDiagram},
         {"fraStartData",  ".xxxxxxxxxxxx", &V::fraStartData},
+        {"lblIngenFil",   ".............", &V::lblIngenFil},
         {"panListFonder", "...xxxxxx....", &V::panListFonder},
         {"panTotal",      ".........x...", &V::panTotal},
         {"panPlottData",  "..........x..", &V::panPlottData},
@@ -163,6 +164,19 @@ TEST(Shown, AFileWithoutHoldingsOffersNoNotice) {
     EXPECT_FALSE(ShownBy(state).enabled.cmdNyAndel);
 }
 
+TEST(Shown, WithoutAFileTheReasonStandsInThePictureAndTheHeadingNamesNone) {
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        state.CurrentFile = "/fonder/skrot.mdb";
+        state.NoFileReason = "Filen är skadad.";
+        const Shown shown = ShownBy(state);
+        EXPECT_TRUE(shown.visible.lblIngenFil);
+        EXPECT_EQ(shown.captions.lblIngenFil, "Filen är skadad.");
+        EXPECT_EQ(shown.captions.lblRubrik, "Ingen fondfil är öppen");
+        EXPECT_EQ(shown.captions.picDiagram, "") << "one text in the picture";
+    }
+}
+
 TEST(Shown, APictureWithoutACurveSaysWhatToDoUnlessCurvesAreBeingChosen) {
     for (const char mode : kModes) {
         WindowState state = In(mode);
@@ -201,6 +215,7 @@ TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     state.caption = "caption";
     state.totals = "sums";
     state.reading = {"date", "value"};
+    state.notice = "saved";
     state.TodayDay = 38772;
     state.focus = Focus::Accounts;
     state.typedPrice = TypedPrice::Cleared;
@@ -210,6 +225,7 @@ TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     EXPECT_EQ(shown.captions.lblTotal, "sums");
     EXPECT_EQ(shown.captions.lblXCord, "date");
     EXPECT_EQ(shown.captions.lblYCord, "value");
+    EXPECT_EQ(shown.captions.staBar, "saved");
     EXPECT_EQ(shown.captions.lblPanDatum, "Fredag 24 Februari 2006");
     EXPECT_EQ(shown.focus, Focus::Accounts);
     EXPECT_EQ(shown.typedPrice, TypedPrice::Cleared);
