@@ -297,4 +297,23 @@ TEST(VisiblePieces, KeepEveryPointWhereAllDetailShows) {
     EXPECT_EQ(pieces[0].size(), 1000);
 }
 
+TEST(DiagramView, SaysItsQuietLineOnlyWhileItHasNoCurve) {
+    DiagramView view;
+    view.resize(300, 200);
+    const QImage empty = view.grab().toImage();
+    view.SetQuietLine(QStringLiteral("Inga kurvor valda: F12"));
+    const QImage saying = view.grab().toImage();
+    EXPECT_NE(saying, empty);
+    // It stands in the upper half.
+    const QRect lower(0, 100, 300, 100);
+    EXPECT_EQ(saying.copy(lower), empty.copy(lower));
+    Drawing beside;
+    beside.label = "1";
+    beside.line = {{-20, 0}, {-10, 0}};
+    view.Add(beside);
+    EXPECT_EQ(view.grab().toImage().copy(100, 20, 100, 60), empty.copy(100, 20, 100, 60));
+    view.Clear();
+    EXPECT_EQ(view.grab().toImage(), saying);
+}
+
 }  // namespace
