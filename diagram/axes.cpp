@@ -118,27 +118,17 @@ void Axes::ToggleStep(std::int32_t days) {
 
 void Axes::mnuPlus_Click() {
     const bool single = window.holding.has_value();
-    const ScaleRange automatic = single ? ScaleRange{window.FundScaleTop, window.FundScaleBottom}
-                                        : ScaleRange{window.AllScaleTop, window.AllScaleBottom};
+    const ScaleRange automatic = single ? window.FundScale : window.AllScale;
     const Zoomed zoomed =
-        ZoomIn(StoredScale(), automatic, single ? CurveView::Single : CurveView::Several);
-    StoreScale(zoomed.scale);
+        ZoomIn(window.Scale, automatic, single ? CurveView::Single : CurveView::Several);
+    window.Scale = zoomed.scale;
     if (zoomed.redraw) SetVerticalScale(zoomed.scale.bottom, zoomed.scale.top);
 }
 
 void Axes::mnuMinus_Click() {
-    const Zoomed zoomed = ZoomOut(StoredScale());
-    StoreScale(zoomed.scale);
+    const Zoomed zoomed = ZoomOut(window.Scale);
+    window.Scale = zoomed.scale;
     if (zoomed.redraw) SetVerticalScale(zoomed.scale.bottom, zoomed.scale.top);
-}
-
-ScaleRange Axes::StoredScale() const {
-    return {window.ScaleTop, window.ScaleBottom};
-}
-
-void Axes::StoreScale(ScaleRange scale) {
-    window.ScaleTop = scale.top;
-    window.ScaleBottom = scale.bottom;
 }
 
 void Axes::Redraw() {

@@ -41,7 +41,5 @@ class Axes : Controller {
     void MoveWindow(WindowMove move);
     void Scroll(WindowMove move);
     void ToggleStep(std::int32_t days);
-    void StoreScale(ScaleRange scale);
-    ScaleRange StoredScale() const;
     void Redraw();
 };

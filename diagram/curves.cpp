@@ -86,7 +86,7 @@ void Curves::PlotCurves() try {
 }
 
 void Curves::PrintCurves(PrinterPage& page) try {
-    const ScaleRange scale{window.ScaleTop, window.ScaleBottom};
+    const ScaleRange scale = window.Scale;
     std::vector<Drawing> drawings;
     ForEachCurve([&](std::span<const CurvePoint> points, const CurveStyle& style) {
         drawings.push_back(

@@ -53,15 +53,13 @@ void SeveralCurves::SelectCurves(std::vector<std::int32_t> kontoIds) {
     if (!kontoIds.empty()) holdings.MoveFirst();
     const ScaleRange scale = top > 0 ? ScaleWithTop(top) : ScaleRange{};
     window.SelectedCurves = std::move(kontoIds);
-    window.AllScaleTop = scale.top;
-    window.AllScaleBottom = scale.bottom;
+    window.AllScale = scale;
     window.ShowState();
 }
 
 void SeveralCurves::DrawOnAllScale() {
-    window.ScaleTop = window.AllScaleTop;
-    window.ScaleBottom = window.AllScaleBottom;
-    window.SetVerticalScale(window.ScaleBottom, window.ScaleTop);
+    window.Scale = window.AllScale;
+    window.SetVerticalScale(window.Scale.bottom, window.Scale.top);
 }
 
 void SeveralCurves::mnuAll_Click() {
@@ -99,5 +97,5 @@ void SeveralCurves::DrawOpenHolding() {
     DataSource& holdings = *window.dtaBasData;
     holdings.FindFirst(queries::KontoIdIs(window.holding->kontoId));
     window.SelectedCurves = {window.holding->kontoId};
-    window.SetVerticalScale(window.ScaleBottom, window.ScaleTop);
+    window.SetVerticalScale(window.Scale.bottom, window.Scale.top);
 }

@@ -242,8 +242,7 @@ WindowState AfterHoldingOpened(WindowState state, OpenHolding holding, HoldingVi
     // A price typed for one holding is not the next one's.
     if (another) state.typedPrice = TypedPrice::Cleared;
     state.caption = view.windowCaption;
-    state.ScaleTop = state.FundScaleTop = holding.scale.top;
-    state.ScaleBottom = state.FundScaleBottom = holding.scale.bottom;
+    state.Scale = state.FundScale = holding.scale;
     state.SelectedCurves = {holding.kontoId};
     state.holding = std::move(holding);
     state.view = std::move(view);

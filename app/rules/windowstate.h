@@ -77,12 +77,9 @@ struct WindowState {
     std::int32_t WindowStartDay = 0;  ///< first of the twelve months shown, always the 1st of one
     std::int32_t DayStep = 1;         ///< 1, 7 or 30: day, week or month view
 
-    std::int32_t ScaleTop = 15;  ///< the diagram's scale in whole percent
-    std::int32_t ScaleBottom = -10;
-    std::int32_t FundScaleTop = 15;  ///< the automatic scale of the single holding shown
-    std::int32_t FundScaleBottom = -10;
-    std::int32_t AllScaleTop = 15;  ///< the automatic scale of the several-curves view
-    std::int32_t AllScaleBottom = -10;
+    ScaleRange Scale;       ///< ScaleTop and ScaleBottom: the diagram's
+    ScaleRange FundScale;   ///< FundScaleTop and FundScaleBottom: of the single holding shown
+    ScaleRange AllScale;    ///< AllScaleTop and AllScaleBottom: of the several-curves view
     ScaleRange drawnScale;  ///< what the picture and its labels show; a zoom may be stored only
 
     std::vector<std::int32_t> SelectedCurves;  ///< KontoId of each curve drawn, in drawing order

@@ -24,10 +24,10 @@ class AxesTest : public WindowTest {
     std::string ShownFrom() { return FormatDay(Window().WindowStartDay); }
     void SetScale(ScaleRange scale) {
         Window().SetVerticalScale(scale.bottom, scale.top);
-        Window().ScaleTop = scale.top;
-        Window().ScaleBottom = scale.bottom;
+        Window().Scale.top = scale.top;
+        Window().Scale.bottom = scale.bottom;
     }
-    ScaleRange StoredScale() { return {Window().ScaleTop, Window().ScaleBottom}; }
+    ScaleRange StoredScale() { return {Window().Scale.top, Window().Scale.bottom}; }
     ScaleRange DrawnScale() { return Window().picDiagram->UserScale(); }
     std::vector<std::string> ScaleCaptions() {
         std::vector<std::string> captions;
@@ -186,8 +186,8 @@ TEST_F(AxesTest, ZoomOutBeyondAThousandIsStoredAndNotDrawnAndZoomInDrawsAgain) {
     EXPECT_FALSE(Redrawn());
 
     SetScale({975, -650});
-    Window().ScaleTop = 1005;
-    Window().ScaleBottom = -670;
+    Window().Scale.top = 1005;
+    Window().Scale.bottom = -670;
     Wipe();
     Type("+");
     EXPECT_EQ(StoredScale(), (ScaleRange{990, -660}));
@@ -203,7 +203,7 @@ TEST_F(AxesTest, TheStoredScaleKeepsGrowingBeyondAThousand) {
 }
 
 TEST_F(AxesTest, ZoomInFromTheAutomaticScaleOfSeveralCurvesChangesNothing) {
-    const ScaleRange automatic{Window().AllScaleTop, Window().AllScaleBottom};
+    const ScaleRange automatic{Window().AllScale.top, Window().AllScale.bottom};
     ASSERT_EQ(automatic, (ScaleRange{45, -30}));
     ASSERT_EQ(StoredScale(), automatic);
     Wipe();
@@ -242,8 +242,8 @@ TEST_F(AxesTest, OneFundAndSeveralCurvesHaveTheirOwnNarrowestScale) {
 
 TEST_F(AxesTest, ABottomThatWouldPassMinusTenResetsOneFundWithoutDrawing) {
     ChooseFund(0);
-    Window().ScaleTop = 30;
-    Window().ScaleBottom = -10;
+    Window().Scale.top = 30;
+    Window().Scale.bottom = -10;
     Wipe();
     Type("+");
     EXPECT_EQ(StoredScale(), (ScaleRange{15, -10}));

@@ -151,7 +151,7 @@ TEST_F(CurveSelectionTest, TheChoiceIsThereAtTheNextStart) {
     CloseWindow();
     Start();
     EXPECT_EQ(Labels(), (std::vector<std::string>{"3", "1"}));
-    EXPECT_EQ(Window().ScaleTop, 90);
+    EXPECT_EQ(Window().Scale.top, 90);
 }
 
 TEST_F(CurveSelectionTest, TheSeveralCurvesViewTakesTheLargestScaleOfTheChosen) {

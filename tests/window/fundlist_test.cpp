@@ -164,13 +164,13 @@ TEST_F(FundListTest, CaptionNamesTheFundAndItsLatestDay) {
 TEST_F(FundListTest, OpeningDrawsTheFundOnItsOwnScale) {
     StartWith(TwoHoldings());
     ChooseFund(0);
-    EXPECT_EQ(Window().FundScaleTop, 15);
-    EXPECT_EQ(Window().ScaleTop, 15);
-    EXPECT_EQ(Window().ScaleBottom, -10);
+    EXPECT_EQ(Window().FundScale.top, 15);
+    EXPECT_EQ(Window().Scale.top, 15);
+    EXPECT_EQ(Window().Scale.bottom, -10);
     ASSERT_EQ(Window().picDiagram->Drawings().size(), 1U);
     EXPECT_EQ(Window().picDiagram->Drawings()[0].label, "1");
     ChooseFund(1);
-    EXPECT_EQ(Window().FundScaleTop, 45);
+    EXPECT_EQ(Window().FundScale.top, 45);
     EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
 }
 
@@ -290,8 +290,8 @@ TEST_F(FundListTest, ShowAllDrawsEveryFundOneStepOut) {
     Window().mnuAll->trigger();
     EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{1, 2, 3, 4}));
     EXPECT_EQ(Window().picDiagram->Drawings().size(), 4U);
-    EXPECT_EQ(Window().ScaleTop, 30);
-    EXPECT_EQ(Window().ScaleBottom, -20);
+    EXPECT_EQ(Window().Scale.top, 30);
+    EXPECT_EQ(Window().Scale.bottom, -20);
     EXPECT_FALSE(Window().panListFonder->isVisible());
     EXPECT_EQ(Tag(Window().panListFonder), "");
     EXPECT_EQ(FraData(0), "");
@@ -303,7 +303,7 @@ TEST_F(FundListTest, ScreenButtonShowsTheStoredCurvesOnTheirScale) {
     Click(Window().imgScreen);
     EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{1, 2}));
     EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
-    EXPECT_EQ(Window().ScaleTop, 45);
+    EXPECT_EQ(Window().Scale.top, 45);
     EXPECT_EQ(FraData(0), "");
 }
 

@@ -117,10 +117,10 @@ TEST_F(KeyboardTest, PlusAndMinusZoomEverywhere) {
     ChooseFund(0);
     Window().txtValue->setFocus();
     Type("-");
-    EXPECT_EQ(Window().ScaleTop, 30);
+    EXPECT_EQ(Window().Scale.top, 30);
     EXPECT_EQ(Caption(Window().txtValue), "");
     Type("+");
-    EXPECT_EQ(Window().ScaleTop, 15);
+    EXPECT_EQ(Window().Scale.top, 15);
 }
 
 TEST_F(KeyboardTest, MinusCanBeTypedInThePlotDataButPlusZooms) {
@@ -129,10 +129,10 @@ TEST_F(KeyboardTest, MinusCanBeTypedInThePlotDataButPlusZooms) {
     SetCaption(Window().txtTranslate, "");
     Type("1-2");
     EXPECT_EQ(Caption(Window().txtTranslate), "1-2");
-    const int top = Window().ScaleTop;
+    const int top = Window().Scale.top;
     Type("+");
     EXPECT_EQ(Caption(Window().txtTranslate), "1-2");
-    EXPECT_EQ(Window().ScaleTop, top) << "already at the automatic scale";
+    EXPECT_EQ(Window().Scale.top, top) << "already at the automatic scale";
 }
 
 TEST_F(KeyboardTest, EscapeInTheHoldingsGridGoesBackToTheDiagram) {
@@ -148,14 +148,14 @@ TEST_F(KeyboardTest, EscapeInTheHoldingsGridGoesBackToTheDiagram) {
 TEST_F(KeyboardTest, KeysDoNothingUntilTheStartUpPauseHasEnded) {
     Create();
     Show();
-    const int top = Window().ScaleTop;
+    const int top = Window().Scale.top;
     for (const Qt::Key key :
          {Qt::Key_F11, Qt::Key_Left, Qt::Key_F8, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Escape}) {
         Press(key);
     }
     EXPECT_FALSE(Window().panListFonder->isVisible());
     EXPECT_EQ(Month(), "2025-04-01");
-    EXPECT_EQ(Window().ScaleTop, top);
+    EXPECT_EQ(Window().Scale.top, top);
     PassPause();
     Press(Qt::Key_F11);
     EXPECT_FALSE(Window().panListFonder->isVisible()) << "F11 closes the list that came up";

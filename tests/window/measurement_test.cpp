@@ -190,8 +190,8 @@ TEST_F(MeasurementTest, OtherButtonsDoNothing) {
 }
 
 TEST_F(MeasurementTest, TheDrawnScaleDecidesWhatIsInside) {
-    Window().ScaleTop = 1005;  // stored, not drawn
-    Window().ScaleBottom = -670;
+    Window().Scale.top = 1005;  // stored, not drawn
+    Window().Scale.bottom = -670;
     PressAt(At(100, 5));
     MoveTo(QPoint(100, -30));
     EXPECT_EQ(Value(), "");

@@ -206,16 +206,16 @@ TEST_F(PriceEntryTest, PriceInsideTheScaleLeavesItAsItIs) {
     ChooseFund(0);
     TypePrice("114");
     EXPECT_EQ(Holding(0, 16), "1.2./15/-10");
-    EXPECT_EQ(Window().ScaleTop, 15);
+    EXPECT_EQ(Window().Scale.top, 15);
 }
 
 TEST_F(PriceEntryTest, PriceAboveTheScaleWidensItAndTheFirstRowKeepsItsList) {
     ChooseFund(0);
     TypePrice("120");
     EXPECT_EQ(Holding(0, 16), "1.2./30/-20");
-    EXPECT_EQ(Window().ScaleTop, 30);
-    EXPECT_EQ(Window().ScaleBottom, -20);
-    EXPECT_EQ(Window().FundScaleTop, 30);
+    EXPECT_EQ(Window().Scale.top, 30);
+    EXPECT_EQ(Window().Scale.bottom, -20);
+    EXPECT_EQ(Window().FundScale.top, 30);
     EXPECT_EQ(Caption(Window().lblVertical[6]), "30");
     EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
 }
@@ -231,8 +231,8 @@ TEST_F(PriceEntryTest, PriceBelowTheScaleWidensItInAnotherRowWithoutAList) {
 
 TEST_F(PriceEntryTest, ScaleZoomedOutBeyondThePictureIsNotStored) {
     ChooseFund(1);
-    while (Window().ScaleTop <= 1000) Window().mnuMinus_Click();
-    ASSERT_NE(Caption(Window().lblVertical[1]), std::to_string(Window().ScaleBottom));
+    while (Window().Scale.top <= 1000) Window().mnuMinus_Click();
+    ASSERT_NE(Caption(Window().lblVertical[1]), std::to_string(Window().Scale.bottom));
     TypePrice("55");
     EXPECT_EQ(Holding(1, 16), "45/-30");
 }
@@ -423,7 +423,7 @@ TEST_F(PriceEntryTest, FailureHalfWayLeavesTheFileAndTheTypedText) {
     EXPECT_EQ(Status(4), "Senaste : 110,00");
     EXPECT_EQ(Status(5), "10 %");
     EXPECT_EQ(Caption(&Window()), caption);
-    EXPECT_EQ(Window().ScaleTop, 15);
+    EXPECT_EQ(Window().Scale.top, 15);
     EXPECT_TRUE(TodaysPoints(1).empty());
     std::ifstream log(Folder() / "FonderLogg.txt", std::ios::binary);
     const std::string text((std::istreambuf_iterator<char>(log)), {});

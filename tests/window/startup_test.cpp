@@ -202,10 +202,10 @@ TEST_F(StartUpTest, SeveralCurvesScaleIsTheLargestOfTheListed) {
     MakeFile(TwoHoldings());
     Start();
     EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{1, 2}));
-    EXPECT_EQ(Window().ScaleTop, 45);
-    EXPECT_EQ(Window().ScaleBottom, -30);
-    EXPECT_EQ(Window().AllScaleTop, 45);
-    EXPECT_EQ(Window().AllScaleBottom, -30);
+    EXPECT_EQ(Window().Scale.top, 45);
+    EXPECT_EQ(Window().Scale.bottom, -30);
+    EXPECT_EQ(Window().AllScale.top, 45);
+    EXPECT_EQ(Window().AllScale.bottom, -30);
     EXPECT_EQ(Caption(Window().lblVertical[1]), "-30");
     EXPECT_EQ(Caption(Window().lblVertical[6]), "45");
 }
@@ -214,8 +214,8 @@ TEST_F(StartUpTest, WithoutListedCurvesTheScaleIsTheDefault) {
     MakeFile(ManyHoldings(3));
     Start();
     EXPECT_TRUE(Window().SelectedCurves.empty());
-    EXPECT_EQ(Window().ScaleTop, 15);
-    EXPECT_EQ(Window().ScaleBottom, -10);
+    EXPECT_EQ(Window().Scale.top, 15);
+    EXPECT_EQ(Window().Scale.bottom, -10);
 }
 
 TEST_F(StartUpTest, ListedCurveThatIsGoneIsPassedOver) {
@@ -223,7 +223,7 @@ TEST_F(StartUpTest, ListedCurveThatIsGoneIsPassedOver) {
     holdings[0].skala = "7.2./15/-10";
     MakeFile(holdings);
     Start();
-    EXPECT_EQ(Window().ScaleTop, 45);
+    EXPECT_EQ(Window().Scale.top, 45);
     EXPECT_EQ(Window().picDiagram->Drawings().size(), 1U);
 }
 
@@ -480,7 +480,7 @@ TEST_F(StartUpTest, FileWithoutScalesThatCanOnlyBeReadShowsItsCurves) {
     Create();
     Show();
     EXPECT_EQ(Lines().size(), 2U);
-    EXPECT_EQ(Window().ScaleTop, 15);
+    EXPECT_EQ(Window().Scale.top, 15);
     ChooseFund(1);
     EXPECT_EQ(Window().picDiagram->Drawings().size(), 1U);
 }

@@ -269,8 +269,8 @@ TEST(Modes, OpenAHoldingOnItsOwnScaleAndForgetWhatWasTypedForAnother) {
         EXPECT_EQ(after.view, view);
         EXPECT_EQ(after.caption, "fund 2");
         EXPECT_EQ(after.SelectedCurves, std::vector<std::int32_t>{2});
-        EXPECT_EQ(after.ScaleTop, 45);
-        EXPECT_EQ(after.FundScaleBottom, -30);
+        EXPECT_EQ(after.Scale.top, 45);
+        EXPECT_EQ(after.FundScale.bottom, -30);
         EXPECT_EQ(after.typedPrice, TypedPrice::Cleared);
         EXPECT_EQ(after.reading, Reading{});
         const WindowState again = AfterHoldingOpened(In(mode), Holding(1), view);
