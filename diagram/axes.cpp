@@ -49,10 +49,9 @@ void Axes::LabelScale(ScaleRange scale) {
 }
 
 void Axes::ShowFundScale(ScaleRange stored) {
-    const bool changed = stored != ScaleRange{window.FundScaleTop, window.FundScaleBottom};
-    if (!changed && stored.top <= window.ScaleTop) return Redraw();
-    window.FundScaleTop = stored.top;
-    window.FundScaleBottom = stored.bottom;
+    const bool changed = stored != window.FundScale;
+    if (!changed && stored.top <= window.Scale.top) return Redraw();
+    window.FundScale = stored;
     StoreScale(stored);
     SetVerticalScale(stored.bottom, stored.top);
 }

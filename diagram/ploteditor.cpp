@@ -100,9 +100,9 @@ void PlotEditor::ShowFund() {
 }
 
 void PlotEditor::ShowSeveral() {
-    const std::int32_t before = window.AllScaleTop;
+    const std::int32_t before = window.AllScale.top;
     window.SelectCurves(window.SelectedCurves);
-    if (window.AllScaleTop != before) return window.DrawOnAllScale();
+    if (window.AllScale.top != before) return window.DrawOnAllScale();
     window.picDiagram->Clear();
     window.PlotCurves();
 }

@@ -139,7 +139,7 @@ TEST_F(PlotEditorTest, ACorrectedPointTakesScaleAndPictureWithIt) {
     Key(Qt::Key_Up);
     EXPECT_EQ(Holding(0, 16), "./105/-70");
     EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{105, -70}));
-    EXPECT_EQ(Window().FundScaleTop, 105);
+    EXPECT_EQ(Window().FundScale.top, 105);
     Go(1, YCord);
     Keys("12");
     Key(Qt::Key_Up);

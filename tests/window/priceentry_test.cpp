@@ -252,21 +252,21 @@ TEST_F(PriceEntryTest, AMistypedPriceThatIsCorrectedLeavesNoTraceInTheScale) {
     TypePrice("190,29");
     EXPECT_EQ(Holding(1, 16), "30/-20");
     EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
-    EXPECT_EQ(Window().ScaleTop, 30);
-    EXPECT_EQ(Window().FundScaleTop, 30);
+    EXPECT_EQ(Window().Scale.top, 30);
+    EXPECT_EQ(Window().FundScale.top, 30);
     EXPECT_EQ(Caption(Window().lblVertical[6]), "30");
     Window().imgScreen_Click();
-    EXPECT_EQ(Window().AllScaleTop, 30);
+    EXPECT_EQ(Window().AllScale.top, 30);
 }
 
 TEST_F(PriceEntryTest, ScaleThatIsZoomedOutIsNotTakenForTheStoredOne) {
     ChooseFund(0);
     Window().mnuMinus_Click();
     Window().mnuMinus_Click();
-    ASSERT_EQ(Window().ScaleTop, 45);
+    ASSERT_EQ(Window().Scale.top, 45);
     TypePrice("120");
     EXPECT_EQ(Holding(0, 16), "1.2./30/-20");
-    EXPECT_EQ(Window().FundScaleTop, 30);
+    EXPECT_EQ(Window().FundScale.top, 30);
     EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
 }
 
