@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-/// One field's filter. Characters are those that a key press types; the control keys type control
-/// characters (backspace 8, tab 9, Enter 13, Ctrl+C 3, Ctrl+V 22).
+/// One field's filter of the characters that key presses type. The keys that erase, confirm, copy
+/// and paste type none: they are every field's.
 struct KeyFilter {
     std::u32string_view allowed;     ///< these pass
     bool pointBecomesComma = false;  ///< "." passes as ","
@@ -16,12 +16,12 @@ struct KeyFilter {
 };
 
 /// The day's price.
-inline constexpr KeyFilter kPriceKeys{U"\x03\x08\x0D\x16,0123456789", true};
+inline constexpr KeyFilter kPriceKeys{U",0123456789", true};
 /// The columns of the holdings grid after the first.
-inline constexpr KeyFilter kGridKeys{U"\x08\x0D ,-0123456789", true};
+inline constexpr KeyFilter kGridKeys{U" ,-0123456789", true};
 /// Account number and personal identity number.
-inline constexpr KeyFilter kAccountKeys{U"\x08\x0D,-.0123456789", false};
+inline constexpr KeyFilter kAccountKeys{U",-.0123456789", false};
 /// The boxes of a new shares notice.
-inline constexpr KeyFilter kNewSharesKeys{U"\x08\x09\x0D\x16,-0123456789", true};
+inline constexpr KeyFilter kNewSharesKeys{U",-0123456789", true};
 /// Start and new value of the percent calculator.
-inline constexpr KeyFilter kPercentKeys{U"\x03\x08\x0D,0123456789", true};
+inline constexpr KeyFilter kPercentKeys{U",0123456789", true};

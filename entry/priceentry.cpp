@@ -5,6 +5,7 @@
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "base/number.h"
+#include "base/pastedtext.h"
 #include "entry/rules/pricecheck.h"
 #include "entry/texts.h"
 #include "fundfile/dayprice.h"
@@ -24,7 +25,7 @@
 PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
     EntryField& price = *window.txtValue;
     price.SetFilter(kPriceKeys);
-    price.SetPasteFilter(PastedPrice);
+    price.SetPasteFilter(PastedNumber);
     price.BlockWhile([this] { return !window.holding; });
     price.Swallow(Qt::Key_Delete);
     price.SetEnter([this] { Run([this] { txtValue_Enter(); }); });

@@ -3,6 +3,7 @@
 #include "app/frmPPM.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
+#include "base/pastedtext.h"
 #include "platform/caption.h"
 #include "tools/rules/percent.h"
 #include "tools/rules/translate.h"
@@ -25,6 +26,7 @@ void ShowTwoDecimals(EntryField& box) {
 Calculators::Calculators(frmPPM& ppm) : Controller(ppm) {
     for (EntryField* box : {window.txtprcStart, window.txtprcNy}) {
         box->SetFilter(kPercentKeys);
+        box->SetPasteFilter(PastedNumber);
         On(box, &EntryField::Left, [box] { ShowTwoDecimals(*box); });
     }
     window.txtprcStart->SetEnter([this] {

@@ -1,8 +1,11 @@
 #include "widgets/entryfield.h"
 
+#include "base/pastedtext.h"
 #include "platform/caption.h"
+#include "platform/typedkey.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
 #include <QColor>
 #include <QContextMenuEvent>
@@ -28,27 +31,20 @@ constexpr QColor kFaintText(96, 96, 104);
 constexpr QColor kChosenGround(31, 92, 125);
 constexpr QColor kChosenText(255, 255, 255);
 
-constexpr char32_t kCopyCode = 3, kPasteCode = 22, kCutCode = 24;
-
 bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-// The character that a key press types; none for keys that type nothing.
-std::optional<char32_t> TypedCode(const QKeyEvent& event) {
-    if (event.matches(QKeySequence::Copy)) return kCopyCode;
-    if (event.matches(QKeySequence::Paste)) return kPasteCode;
-    if (event.matches(QKeySequence::Cut)) return kCutCode;
-    if (event.key() == Qt::Key_Backspace) return 8;
-    const auto modifiers =
-        event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    // Control with Alt is AltGr, which types characters.
-    const bool command =
-        modifiers != Qt::NoModifier && modifiers != (Qt::ControlModifier | Qt::AltModifier);
-    const QList<uint> codes = event.text().toUcs4();
-    if (command || codes.isEmpty()) return std::nullopt;
-    if (event.key() == Qt::Key_Delete || event.key() == Qt::Key_Escape) return std::nullopt;
-    return codes.first();
+// A key press that brings a character along without typing it. The text box itself knows what Ctrl
+// does, and would write the letters of the other two.
+bool TypesNothing(const QKeyEvent& event) {
+    const bool command = (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0;
+    return command && !event.text().isEmpty() && event.text().front().isPrint() &&
+           !TypedCharacter(event);
+}
+
+bool Erases(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Delete || event.key() == Qt::Key_Backspace;
 }
 
 // The menu's actions have no names, but every language shows the same key beside this one.
@@ -90,10 +86,6 @@ bool EntryField::Blocked() const {
     return blocked_ && blocked_();
 }
 
-bool EntryField::Passes(char32_t code) const {
-    return !filter_ || filter_(code).has_value();
-}
-
 QString EntryField::Filtered(const QString& text) const {
     if (!filter_) return text;
     QString passed;
@@ -115,27 +107,30 @@ void EntryField::InsertFiltered(const QString& text) {
 }
 
 void EntryField::InsertPasted(const QString& text) {
-    if (!pasteFilter_) return InsertFiltered(text);
+    if (!pasteFilter_) return InsertFiltered(ToQt(PastedLine(FromQt(text))));
     if (isReadOnly() || Blocked()) return;
-    const QString passed = ToQt(pasteFilter_(FromQt(text)));
-    if (!passed.isEmpty()) insert(passed);
+    const std::optional<std::string> pasted = pasteFilter_(FromQt(text));
+    // A sign that may not stand here is not left out: the rest would be another number.
+    if (!pasted || Filtered(ToQt(*pasted)) != ToQt(*pasted)) return QApplication::beep();
+    insert(ToQt(*pasted));
 }
 
 void EntryField::keyPressEvent(QKeyEvent* event) {
-    const std::optional<char32_t> code = TypedCode(*event);
+    const std::optional<char32_t> typed = TypedCharacter(*event);
     if (swallowed_.contains(event->key())) return event->accept();
-    if (Blocked() && (code || event->key() == Qt::Key_Delete) && event->key() != Qt::Key_Tab) {
-        return event->accept();
+    if (event->matches(QKeySequence::Paste)) {
+        event->accept();
+        return InsertPasted(QGuiApplication::clipboard()->text());
     }
+    if (Blocked() && (typed || Erases(*event) || IsEnter(*event))) return event->accept();
     if (IsEnter(*event) && enter_) {
         event->accept();
         return enter_();
     }
-    if (!code || !filter_ || IsEnter(*event)) return QLineEdit::keyPressEvent(event);
+    // A command is for the window; the text box would write its letter.
+    if (TypesNothing(*event)) return event->ignore();
+    if (!typed || !filter_) return QLineEdit::keyPressEvent(event);
     event->accept();
-    if (!Passes(*code)) return;
-    if (*code == kPasteCode) return InsertPasted(QGuiApplication::clipboard()->text());
-    if (*code < 32) return QLineEdit::keyPressEvent(event);
     InsertFiltered(event->text());
 }
 
@@ -166,7 +161,8 @@ void EntryField::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void EntryField::dropEvent(QDropEvent* event) {
-    if (!filter_ && !Blocked()) return QLineEdit::dropEvent(event);
+    // Its own text moved to another place has been through the filter.
+    if (event->source() == this && !Blocked()) return QLineEdit::dropEvent(event);
     event->acceptProposedAction();
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
     InsertPasted(event->mimeData()->text());
@@ -186,7 +182,9 @@ void EntryField::mouseReleaseEvent(QMouseEvent* event) {
 void EntryField::focusInEvent(QFocusEvent* event) {
     ShowFocus(true);
     QLineEdit::focusInEvent(event);
-    emit Entered();
+    const bool neverLeft = away_ && event->reason() == Qt::ActiveWindowFocusReason;
+    away_ = false;
+    if (!neverLeft) emit Entered();
 }
 
 void EntryField::focusOutEvent(QFocusEvent* event) {
@@ -194,7 +192,9 @@ void EntryField::focusOutEvent(QFocusEvent* event) {
     // The field's own context menu takes the focus only for a while.
     if (event->reason() == Qt::PopupFocusReason) return;
     ShowFocus(false);
-    emit Left();
+    // Another window has the keys for a while: what is half typed here goes on afterwards.
+    away_ = event->reason() == Qt::ActiveWindowFocusReason;
+    if (!away_) emit Left();
 }
 
 void EntryField::ShowFocus(bool focused) {

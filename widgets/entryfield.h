@@ -17,15 +17,15 @@ class QInputMethodEvent;
 class QKeyEvent;
 class QMouseEvent;
 
-/// What becomes of a typed character: another one, itself, or nothing. Control keys come as their
-/// codes: 3 copy, 8 backspace, 22 paste, 24 cut.
+/// What becomes of a typed character: another one, itself, or nothing.
 using CharacterFilter = std::function<std::optional<char32_t>(char32_t)>;
 
-/// What becomes of a text that is pasted or dropped.
-using TextFilter = std::function<std::string(std::string_view)>;
+/// What becomes of a text that is pasted or dropped; nothing refuses it.
+using TextFilter = std::function<std::optional<std::string>(std::string_view)>;
 
-/// Typed, pasted, dropped and composed text goes through the same filter, unless there is another
-/// one for pasted text.
+/// Typed, pasted, dropped and composed text goes through the same filter. Pasted text is one line;
+/// with a filter of its own it goes in as that one leaves it, or not at all. The keys that move,
+/// erase, copy and paste work whatever the filter says; keys with Alt, Ctrl or Meta never type.
 class EntryField : public QLineEdit {
     Q_OBJECT
 
@@ -41,6 +41,7 @@ class EntryField : public QLineEdit {
     void Swallow(Qt::Key key);
 
   signals:
+    // The focus that goes to another window and comes back from there counts for neither.
     void Entered();  ///< got the focus
     void Left();     ///< lost it
 
@@ -58,7 +59,6 @@ class EntryField : public QLineEdit {
 
   private:
     QString Filtered(const QString& text) const;
-    bool Passes(char32_t code) const;
     void InsertFiltered(const QString& text);
     void InsertPasted(const QString& text);
     void ShowFocus(bool focused);
@@ -68,4 +68,5 @@ class EntryField : public QLineEdit {
     std::function<bool()> blocked_;
     std::function<void()> enter_;
     std::set<int> swallowed_;
+    bool away_ = false;  ///< the focus went to another window and is to come back
 };

@@ -1,5 +1,6 @@
 #include "widgets/gridtable.h"
 
+#include "platform/typedkey.h"
 #include "widgets/gridcells.h"
 #include "widgets/gridkeys.h"
 #include "widgets/recordsetmodel.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -67,10 +69,10 @@ void GridTable::Stroke(QKeyEvent* key) {
 }
 
 bool GridTable::Passes(int column, const QKeyEvent& event) const {
+    if (event.key() == Qt::Key_Backspace) return true;
     const CharacterFilter& filter = model_.Columns()[static_cast<std::size_t>(column)].filter;
-    if (!filter) return true;
-    const QList<uint> codes = event.text().toUcs4();
-    return !codes.isEmpty() && filter(codes.first()).has_value();
+    const std::optional<char32_t> typed = TypedCharacter(event);
+    return typed && (!filter || filter(*typed));
 }
 
 bool GridTable::edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) {
@@ -105,7 +107,9 @@ void GridTable::keyPressEvent(QKeyEvent* event) {
 }
 
 void GridTable::PasteIntoCell(QKeyEvent* event) {
-    if (!currentIndex().isValid() || !Passes(currentIndex().column(), *event)) return;
+    if (!currentIndex().isValid()) return;
+    const auto column = static_cast<std::size_t>(currentIndex().column());
+    if (model_.Columns()[column].filter) return;
     edit(currentIndex(), EditKeyPressed, event);
     if (cells_.Editor() == nullptr) return;
     cells_.OpenedBy(CellOpening::Typing);

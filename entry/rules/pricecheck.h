@@ -3,16 +3,11 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 /// The price in a text; nothing if it is no number, is 0 or negative, or too large for single
 /// precision.
 std::optional<double> ReadPrice(std::string_view text);
-
-/// What of a copied text goes into the price field: the number with what stands inside it, its sign
-/// included, without the words around it and the blanks. Whether it is a price is said later.
-std::string PastedPrice(std::string_view text);
 
 enum class Verdict {
     Accept,

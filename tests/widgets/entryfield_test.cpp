@@ -1,6 +1,7 @@
 #include "widgets/entryfield.h"
 
 #include "base/keyfilter.h"
+#include "base/pastedtext.h"
 #include "platform/caption.h"
 
 #include <QAction>
@@ -9,6 +10,7 @@
 #include <QColor>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QPalette>
@@ -36,6 +38,15 @@ class EntryFieldTest : public ::testing::Test {
 
     void Type(const char* text) {
         for (const char* c = text; *c != 0; ++c) QTest::keyClick(&field_, *c);
+    }
+    void Paste(const char* text) {
+        Copy(text);
+        QTest::keyClick(&field_, Qt::Key_V, Qt::ControlModifier);
+    }
+    /// A key press with the text that the keyboard gives it.
+    void Stroke(Qt::Key key, Qt::KeyboardModifiers held, const QString& text) {
+        QKeyEvent press(QEvent::KeyPress, key, held, text);
+        QApplication::sendEvent(&field_, &press);
     }
     void Copy(const char* text) { QGuiApplication::clipboard()->setText(QString::fromUtf8(text)); }
     void Compose(const char* text) {
@@ -92,25 +103,58 @@ TEST_F(EntryFieldTest, CursorKeysAndBackspaceWorkBehindAFilter) {
 
 TEST_F(EntryFieldTest, PastedTextGoesThroughTheFilter) {
     field_.SetFilter(kPriceKeys);
-    Copy("ab 12.5\n");
-    QTest::keyClick(&field_, Qt::Key_V, Qt::ControlModifier);
+    Paste("ab 12.5\n");
     EXPECT_EQ(Text(), "12,5");
 }
 
-TEST_F(EntryFieldTest, PastingIsAKeyThatAFilterCanDiscard) {
-    field_.SetFilter(kPercentKeys);
-    Copy("12");
-    QTest::keyClick(&field_, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Text(), "");
+TEST_F(EntryFieldTest, OnlyTheFirstLineIsPasted) {
+    Paste("\n  Granvassa Ränta \r\nBjörkfonden\n");
+    EXPECT_EQ(Text(), "Granvassa Ränta");
 }
 
-TEST_F(EntryFieldTest, CopyingWorksWhereTheFilterLetsItThrough) {
-    field_.SetFilter(kPercentKeys);
-    Type("12");
-    field_.selectAll();
-    Copy("");
-    QTest::keyClick(&field_, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("12"));
+TEST_F(EntryFieldTest, PastedTextGoesInAsItsOwnFilterLeavesItOrNotAtAll) {
+    field_.SetFilter(kPriceKeys);
+    field_.SetPasteFilter(PastedNumber);
+    for (const char* text : {"1 12,50", "-5", "1,2,3", "kr", ""}) {
+        Paste(text);
+        EXPECT_EQ(Text(), "") << text;
+    }
+    Paste("1 234,50 kr");
+    EXPECT_EQ(Text(), "1234,50");
+}
+
+TEST_F(EntryFieldTest, CopyingAndPastingIsNothingThatAFilterCanDiscard) {
+    for (const KeyFilter& filter : {kPriceKeys, kGridKeys, kAccountKeys, kNewSharesKeys}) {
+        field_.SetFilter(filter);
+        field_.clear();
+        Paste("12");
+        EXPECT_EQ(Text(), "12");
+        field_.selectAll();
+        Copy("");
+        QTest::keyClick(&field_, Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("12"));
+        QTest::keyClick(&field_, Qt::Key_X, Qt::ControlModifier);
+        EXPECT_EQ(Text(), "");
+    }
+}
+
+// On a keyboard these keys bring their character along.
+TEST_F(EntryFieldTest, KeysWithAltCtrlOrMetaTypeNothing) {
+    for (const bool filtered : {false, true}) {
+        if (filtered) field_.SetFilter(kPriceKeys);
+        for (const auto held : {Qt::AltModifier, Qt::MetaModifier, Qt::ControlModifier}) {
+            Stroke(Qt::Key_1, held, QStringLiteral("1"));
+            Stroke(Qt::Key_X, held | Qt::ShiftModifier, QStringLiteral("X"));
+            Stroke(Qt::Key_Y, held, QStringLiteral("y"));
+        }
+        EXPECT_EQ(Text(), "");
+    }
+}
+
+TEST_F(EntryFieldTest, AltGrTypes) {
+    Stroke(Qt::Key_At, Qt::GroupSwitchModifier, QStringLiteral("@"));
+    Stroke(Qt::Key_BraceLeft, Qt::ControlModifier | Qt::AltModifier, QStringLiteral("{"));
+    EXPECT_EQ(Text(), "@{");
 }
 
 TEST_F(EntryFieldTest, TheMenusPasteGoesThroughTheFilter) {

@@ -154,18 +154,14 @@ TEST_F(PriceEntryTest, TextThatIsNoPriceIsRefused) {
     EXPECT_EQ(Bytes(), before);
 }
 
-TEST_F(PriceEntryTest, APastedTextThatIsNoPriceIsRefused) {
+TEST_F(PriceEntryTest, APastedTextThatIsNoPriceDoesNotGetIn) {
     ChooseFund(0);
     Window().txtValue->setFocus();
-    const std::string before = Bytes();
-    for (const char* text : {"-105", "\u2212105", "10x5", "2026-11-20", "0"}) {
+    for (const char* text : {"-105", "\u2212105", "10x5", "2026-11-20", "1 12,50", "1,234.50"}) {
         QGuiApplication::clipboard()->setText(ToQt(text));
         QTest::keySequence(Window().txtValue, QKeySequence::Paste);
-        outside.dialogs.Expect("Felaktig inmatning");
-        Press(Qt::Key_Return);
         EXPECT_EQ(Price(), "") << text;
     }
-    EXPECT_EQ(Bytes(), before);
 }
 
 TEST_F(PriceEntryTest, APriceIsPastedWithoutTheWordsAroundIt) {
