@@ -5,7 +5,7 @@
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
-#include "base/number.h"
+#include "base/pastedtext.h"
 #include "entry/rules/cells.h"
 #include "entry/texts.h"
 #include "fundfile/editrow.h"
@@ -32,7 +32,9 @@ namespace {
 
 using namespace schema::holding;
 
-constexpr int kFirstChecked = 2;
+constexpr int kNameBox = 0;
+constexpr int kNumberBox = 1;
+constexpr int kDateBox = 2;
 constexpr int kSharesBox = 3;
 constexpr int kPriceBox = 4;
 constexpr int kValueBox = 5;
@@ -46,8 +48,14 @@ NewSharesNotice::NewSharesNotice(frmPPM& ppm) : Controller(ppm) {
         box->Bind(window.dtaBasData, std::string(kNames[kFond + i]));
         box->StoreOnlyWhenTold();
         box->SetFilter(kNewSharesKeys);
+        box->SetPasteFilter(index == kDateBox ? PastedDate : PastedNumber);
         box->SetEnter([this] { Run([this] { window.platform.keyStrokes.Send("{TAB}"); }); });
         On(box, &EntryField::Entered, [this, index] { txtNyAndel_GotFocus(index); });
+    }
+    // They say which holding the notice is about.
+    for (const int index : {kNameBox, kNumberBox}) {
+        window.txtNyAndel[index]->ShowOnly();
+        window.txtNyAndel[index]->setFocusPolicy(Qt::ClickFocus);
     }
     On(window.cmdNyAndel, &QPushButton::clicked, [this] { cmdNyAndel_Click(); });
     On(window.cmdNyOk, &QPushButton::clicked, [this] { cmdNyOk_Click(); });
@@ -81,7 +89,7 @@ void NewSharesNotice::cmdNyAndel_Click() {
 void NewSharesNotice::OpenRow() {
     ForgetTyping();
     window.Put(AfterNoticeOpened(window.State()));
-    window.txtNyAndel[kFirstChecked]->selectAll();
+    window.txtNyAndel[kDateBox]->selectAll();
 }
 
 void NewSharesNotice::CloseRow() {
@@ -137,8 +145,8 @@ void NewSharesNotice::Store(const Notice& notice) {
         if (saved) row.Set(kSparadeVarden, *saved);
         row.Set(kBokfortDatum, FormatDay(notice.day));
         row.Set(kFondandelar, notice.shares);
-        row.Set(kKursKr, WidenSingle(notice.price));
-        if (const auto value = RowValue(notice.shares, WidenSingle(notice.price))) {
+        row.Set(kKursKr, notice.price);
+        if (const auto value = RowValue(notice.shares, notice.price)) {
             row.Set(kVardeKr, *value);
         }
         row.Set(kAndel, notice.percent);

@@ -33,6 +33,11 @@ void BoundField::StoreOnlyWhenTold() {
     onlyWhenTold_ = true;
 }
 
+void BoundField::ShowOnly() {
+    showsOnly_ = true;
+    setReadOnly(true);
+}
+
 bool BoundField::Changed() const {
     return row_ >= 0 && text() != shown_;
 }
@@ -48,7 +53,7 @@ void BoundField::Reload() {
         shown_ = ToQt(ShownText(source_->Field(column_)));
         row_ = source_->Position();
     });
-    setReadOnly(row_ < 0);
+    setReadOnly(row_ < 0 || showsOnly_);
     setText(shown_);
     // A text longer than the box shows its beginning.
     setCursorPosition(0);

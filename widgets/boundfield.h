@@ -24,6 +24,8 @@ class BoundField : public EntryField {
     void Bind(DataSource* source, std::string column);
     /// From now on only Store stores; leaving the field keeps what is typed.
     void StoreOnlyWhenTold();
+    /// From now on it takes no typing; what it shows can be copied.
+    void ShowOnly();
     /// Whether there is something typed that is not stored yet.
     bool Changed() const;
     bool Store();   ///< true when nothing is left to store
@@ -47,4 +49,5 @@ class BoundField : public EntryField {
     int row_ = -1;  ///< the row shown; -1: none
     bool storing_ = false;
     bool onlyWhenTold_ = false;
+    bool showsOnly_ = false;
 };

@@ -23,14 +23,14 @@ std::optional<std::size_t> EmptyBox(const NoticeBoxes& boxes) {
 
 std::optional<std::string> ValueBoxText(std::string_view sharesBox, std::string_view priceBox) {
     if (sharesBox.empty() || priceBox.empty()) return std::nullopt;
-    return Fixed(ParseSingle(sharesBox) * ParseSingle(priceBox), kValueDecimals);
+    return Fixed(ParseDouble(sharesBox) * ParseDouble(priceBox), kValueDecimals);
 }
 
 Notice ReadNotice(const NoticeBoxes& boxes) {
     const auto day = ParseDate(boxes[kDate]);
     if (!day) throw Error{ErrorNumber::TypeMismatch, "not a date: \"" + boxes[kDate] + "\""};
-    const float shares = ParseSingle(boxes[kShares]);
-    return {*day, ParseDouble(Fixed(shares, kShareDecimals)), ParseSingle(boxes[kPrice]),
+    const double shares = ParseDouble(boxes[kShares]);
+    return {*day, ParseDouble(Fixed(shares, kShareDecimals)), ParseDouble(boxes[kPrice]),
             ParseInteger(boxes[kPercent])};
 }
 

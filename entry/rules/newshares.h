@@ -24,7 +24,7 @@ std::optional<std::string> ValueBoxText(std::string_view sharesBox, std::string_
 struct Notice {
     std::int32_t day = 0;
     double shares = 0;
-    float price = 0;
+    double price = 0;
     std::int32_t percent = 0;
     bool operator==(const Notice&) const = default;
 };

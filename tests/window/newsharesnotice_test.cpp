@@ -5,8 +5,11 @@
 #include "widgets/datagrid.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QColor>
 #include <QGroupBox>
+#include <QGuiApplication>
+#include <QKeySequence>
 #include <QPalette>
 #include <QTableView>
 
@@ -94,10 +97,57 @@ TEST_F(NewSharesTest, YesOpensTheRowOnTheCurrentHolding) {
 TEST_F(NewSharesTest, APointBecomesACommaAndLettersAreDropped) {
     StartWith("x");
     OpenRow();
-    for (int i = 0; i <= 6; ++i) {
+    for (int i = Datum; i <= Andel; ++i) {
         Fill(i, "a12.5");
         EXPECT_EQ(Caption(&Box(i)), "12,5") << i;
     }
+}
+
+TEST_F(NewSharesTest, TheHoldingsNameAndNumberTakeNoTyping) {
+    StartWith("x");
+    OpenRow();
+    for (const int i : {Fond, FondNr}) {
+        const std::string before = Caption(&Box(i));
+        Fill(i, "7");
+        EXPECT_EQ(Caption(&Box(i)), before);
+        QGuiApplication::clipboard()->setText(QStringLiteral("7"));
+        Key(Qt::Key_End);
+        QTest::keySequence(&Box(i), QKeySequence::Paste);
+        EXPECT_EQ(Caption(&Box(i)), before);
+        Box(i).selectAll();
+        QTest::keySequence(&Box(i), QKeySequence::Copy);
+        EXPECT_EQ(FromQt(QGuiApplication::clipboard()->text()), before);
+    }
+}
+
+TEST_F(NewSharesTest, NumbersArePastedAsTheyWouldBeTyped) {
+    StartWith("x");
+    OpenRow();
+    const struct {
+        int box;
+        const char *copied, *pasted;
+    } rows[] = {{Datum, "2026/02/16\n", "2026-02-16"},
+                {Andelar, "1 234.5678 st", "1234,5678"},
+                {Kurs, "1 12,50", ""},
+                {Kurs, "524 287,99 kr", "524287,99"},
+                {Andel, "33 %", "33"}};
+    for (const auto& row : rows) {
+        Fill(row.box, "");
+        QGuiApplication::clipboard()->setText(ToQt(row.copied));
+        QTest::keySequence(&Box(row.box), QKeySequence::Paste);
+        EXPECT_EQ(Caption(&Box(row.box)), row.pasted) << row.copied;
+    }
+}
+
+TEST_F(NewSharesTest, LosesNoDigitOfTheSharesAndThePrice) {
+    StartWith("x");
+    OpenRow();
+    FillAll();
+    Fill(Andelar, "1234,5678");
+    Fill(Kurs, "524287,99");
+    Click(Window().cmdNyOk);
+    EXPECT_EQ(Holding(1, kFondandelar), "1234.5678");
+    EXPECT_EQ(Holding(1, kKursKr), "524287.99");
 }
 
 TEST_F(NewSharesTest, EnterMovesToTheNextBox) {

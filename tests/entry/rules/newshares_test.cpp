@@ -37,12 +37,23 @@ TEST(NewShares, ValueOfATextIsATypeMismatch) {
 
 TEST(NewShares, ValueTooLargeOverflows) {
     Skipping skip;
-    skip([] { ValueBoxText("1e30", "1e30"); });
+    skip([] { ValueBoxText("1e300", "1e300"); });
     EXPECT_EQ(skip.Number(), ErrorNumber::Overflow);
 }
 
 TEST(NewShares, StoresFourDecimalsOfTheSharesAndAWholePercentage) {
-    EXPECT_EQ(ReadNotice(kFilled), (Notice{38772, 10.1235, 123.4567F, 12}));
+    EXPECT_EQ(ReadNotice(kFilled), (Notice{38772, 10.1235, 123.4567, 12}));
+}
+
+// Single precision would make 1234.5677 and 524288 of them.
+TEST(NewShares, LosesNoDigitOfWhatIsTyped) {
+    NoticeBoxes boxes = kFilled;
+    boxes[3] = "1234,5678";
+    boxes[4] = "524287,99";
+    const Notice notice = ReadNotice(boxes);
+    EXPECT_EQ(notice.shares, 1234.5678);
+    EXPECT_EQ(notice.price, 524287.99);
+    EXPECT_EQ(ValueBoxText(boxes[3], boxes[4]), "647269070,38");
 }
 
 TEST(NewShares, StoresNothingOfWhatIsNoNumber) {
