@@ -16,13 +16,20 @@
 
 namespace {
 
+/// A desktop hides and shows windows as well: minimised, on another desktop, brought back. What the
+/// program shows has not changed by that, and nothing may be reset or forgotten.
+bool IsTheDesktops(const QEvent& event) {
+    const bool shows = event.type() == QEvent::Show || event.type() == QEvent::Hide;
+    return shows && event.spontaneous();
+}
+
 class EventWatcher final : public QObject {
   public:
     EventWatcher(QObject* parent, QEvent::Type type, std::function<bool(QEvent&)> handler)
         : QObject(parent), type_(type), handler_(std::move(handler)) {}
 
     bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        return event->type() == type_ && handler_(*event);
+        return event->type() == type_ && !IsTheDesktops(*event) && handler_(*event);
     }
 
   private:
@@ -87,5 +94,9 @@ void Controller::Report(std::string_view text, std::string_view logText, const E
 }
 
 void Controller::Tell(std::string_view text) {
+    if (window.heard != nullptr) {
+        window.heard->emplace_back(text);
+        return;
+    }
     window.platform.dialogs.Show(Message{.text = std::string(text)});
 }

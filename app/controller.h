@@ -37,7 +37,8 @@ class Controller {
                          [this, work = std::move(work)] { Run([&work] { work(); }); });
     }
 
-    /// Shows `target`'s events of one type to `handler` first; true swallows the event.
+    /// Shows `target`'s events of one type to `handler` first; true swallows the event. Show and
+    /// Hide are the program's own only, not those that the desktop causes.
     using EventHandler = std::function<bool(QEvent&)>;
     void OnEvent(QObject* target, QEvent::Type type, EventHandler handler);
 
@@ -51,7 +52,8 @@ class Controller {
     /// For a procedure's own trap: the message box, then `logText` and the error's number in the
     /// log.
     void Report(std::string_view text, std::string_view logText, const Error& error);
-    /// A message box with one OK button and no icon.
+    /// A message box with one OK button and no icon; or, while the window listens, a text that is
+    /// `heard`.
     void Tell(std::string_view text);
 
     frmPPM& window;

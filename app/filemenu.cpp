@@ -109,8 +109,8 @@ void FileMenu::mnuOpen_Click() {
         return;
     }
     if (dialog.fileName.empty()) return;
-    // A row that is still being typed belongs to the file that is open now.
-    if (window.StoreTypedRows()) SwitchTo(dialog.fileName);
+    // What is still being typed belongs to the file that is open now.
+    if (window.MayLeaveFile()) SwitchTo(dialog.fileName);
 }
 
 /// The file to start with is always the same one, whatever the dialog gave.

@@ -10,6 +10,8 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 struct Platform;
 class Panels;
@@ -30,6 +32,8 @@ class frmPPM : public QMainWindow, public WindowState, public Controls, public P
 
     Platform& platform;
     Layout layout;
+    /// While somebody listens: what controllers would tell in message boxes.
+    std::vector<std::string>* heard = nullptr;
 
   protected:
     /// The window with its controls, furnished; nobody listens to them yet.

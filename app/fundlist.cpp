@@ -159,6 +159,7 @@ void FundList::lstFonder_Enter() {
     if (Choosing(window.State())) ChooseColour();
     OpenSelectedFund();
     window.Put(AfterEnterInList(window.State()));
+    // A price that was left there is replaced, not added to.
     window.txtValue->selectAll();
 }
 

@@ -35,6 +35,7 @@ class Procedures {
     virtual void SelectCurves(std::vector<std::int32_t> kontoIds) = 0;  // SeveralCurves
     virtual void DrawOnAllScale() = 0;     // SeveralCurves: those curves
     virtual bool StoreTypedRows() = 0;     // GridSwitch
+    virtual bool MayLeaveFile() = 0;       // TypedWork
     virtual bool LeaveHoldingsGrid() = 0;  // GridSwitch
     virtual void RefreshFundSummary(const OpenHolding& stored,
                                     double newPrice) = 0;                      // FundSummary

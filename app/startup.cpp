@@ -26,7 +26,6 @@
 #include "platform/platform.h"
 #include "platform/screen.h"
 #include "platform/settings.h"
-#include "widgets/datagrid.h"
 
 #include <QAction>
 #include <QEvent>
@@ -68,7 +67,7 @@ StartUp::StartUp(frmPPM& ppm) : Controller(ppm) {
     OnEvent(&window, QEvent::Show, activated);
     OnEvent(&window, QEvent::WindowActivate, activated);
     OnEvent(&window, QEvent::Close, [this](QEvent& event) {
-        if (StoreWhatIsTyped()) {
+        if (window.MayLeaveFile()) {
             Unload();
             return false;
         }
@@ -186,20 +185,6 @@ void StartUp::Timer1_Timer() {
 
 void StartUp::ResetPanels() {
     window.Put(AfterPanelsReset(window.State()));
-}
-
-/// Leaving a field or a row stores it; closing the window leaves them all. False when a row cannot
-/// be stored: the user has been told why, and the window stays for him to correct it or to press
-/// Esc.
-bool StartUp::StoreWhatIsTyped() {
-    // A grid keeps the focus: it stores its own row, and has it again if that fails.
-    QWidget* focused = window.focusWidget();
-    const bool inGrid =
-        window.DBGrid->isAncestorOf(focused) || window.GridPlott->isAncestorOf(focused);
-    if (focused != nullptr && !inGrid) focused->clearFocus();
-    bool stored = false;
-    Run([&] { stored = window.StoreTypedRows(); });
-    return stored;
 }
 
 void StartUp::Unload() {

@@ -27,7 +27,6 @@ class StartUp : Controller {
     void OpenDatabase();
     void InitialiseScales();
     void SetToday();
-    bool StoreWhatIsTyped();
 
     std::unique_ptr<Clock::Pause> Timer1_;  ///< `Timer1`, the start-up pause
     FundFile opened_;  ///< until the window has come up and says how the file was opened

@@ -10,4 +10,12 @@ inline constexpr std::string_view FailureNumber = "Fel ";
 
 inline constexpr std::string_view SampleFile = "Vimmels_exempel.mdb";
 
+// What is named when a file is to be left with something in it that is not stored.
+inline constexpr std::string_view HoldingOf = "Raden för ";
+inline constexpr std::string_view NamelessHolding = "En rad utan namn i PPM Data";
+inline constexpr std::string_view PointOf = "Punkten i plottdata för fond ";
+inline constexpr std::string_view NamelessPoint = "En punkt i plottdata utan fondnummer";
+inline constexpr std::string_view NoticeOf = "Meddelandet om nya andelar för ";
+inline constexpr std::string_view AccountField = "Kontouppgiften ";
+
 }  // namespace texts

@@ -6,8 +6,10 @@
 #include "app/fundsummary.h"
 #include "app/gridswitch.h"
 #include "app/keyboard.h"
+#include "app/listtyping.h"
 #include "app/screenscaling.h"
 #include "app/startup.h"
+#include "app/typedwork.h"
 #include "diagram/axes.h"
 #include "diagram/curves.h"
 #include "diagram/curveselection.h"
@@ -40,8 +42,10 @@ struct MainWindow::Controllers {
           measurement(window),
           keyboard(window),
           fundList(window),
+          listTyping(window),
           severalCurves(window),
           gridSwitch(window),
+          typedWork(window),
           fundSummary(window),
           priceEntry(window),
           printedReport(window),
@@ -65,8 +69,10 @@ struct MainWindow::Controllers {
     Measurement measurement;
     Keyboard keyboard;
     FundList fundList;
+    ListTyping listTyping;
     SeveralCurves severalCurves;
     GridSwitch gridSwitch;
+    TypedWork typedWork;
     FundSummary fundSummary;
     PriceEntry priceEntry;
     PrintedReport printedReport;
@@ -139,6 +145,9 @@ void MainWindow::DrawOnAllScale() {
 }
 bool MainWindow::StoreTypedRows() {
     return controllers_->gridSwitch.StoreTypedRows();
+}
+bool MainWindow::MayLeaveFile() {
+    return controllers_->typedWork.MayLeaveFile();
 }
 bool MainWindow::LeaveHoldingsGrid() {
     return controllers_->gridSwitch.LeaveHoldingsGrid();

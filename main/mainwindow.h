@@ -28,6 +28,7 @@ class MainWindow final : public frmPPM {
     void SelectCurves(std::vector<std::int32_t> kontoIds) override;
     void DrawOnAllScale() override;
     bool StoreTypedRows() override;
+    bool MayLeaveFile() override;
     bool LeaveHoldingsGrid() override;
     void RefreshFundSummary(const OpenHolding& stored, double newPrice) override;
     void SetVerticalScale(std::int32_t bottom, std::int32_t top) override;

@@ -5,11 +5,23 @@
 #include "widgets/gridkeys.h"
 #include "widgets/recordsetmodel.h"
 
+#include <QEvent>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPersistentModelIndex>
 #include <QStyleOptionViewItem>
 
 #include <cstddef>
+
+namespace {
+
+/// The keys go elsewhere for a while, to a message or to another program: the cell is not left.
+bool GoesToAnotherWindow(const QEvent& event) {
+    return event.type() == QEvent::FocusOut &&
+           static_cast<const QFocusEvent&>(event).reason() == Qt::ActiveWindowFocusReason;
+}
+
+}  // namespace
 
 GridCells::GridCells(const RecordSetModel& model, const GridEvents& events)
     : model_(model), events_(events) {
@@ -78,6 +90,7 @@ bool GridCells::LeavesCell(const EntryField& editor, const QKeyEvent& key) const
 }
 
 bool GridCells::eventFilter(QObject* watched, QEvent* event) {
+    if (GoesToAnotherWindow(*event)) return false;
     auto* editor = qobject_cast<EntryField*>(watched);
     if (editor == nullptr || event->type() != QEvent::KeyPress) {
         return QStyledItemDelegate::eventFilter(watched, event);

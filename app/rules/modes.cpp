@@ -203,6 +203,11 @@ WindowState AfterPriceFocus(WindowState state) {
     return state;
 }
 
+WindowState WithKeysInPrice(WindowState state) {
+    if (state.stage == Stage::Diagram) state.focus = Focus::Price;
+    return state;
+}
+
 WindowState WithKeysInList(WindowState state) {
     if (state.left == LeftPanel::FundList) state.focus = Focus::FundList;
     return state;

@@ -13,6 +13,8 @@ inline constexpr std::string_view LastUpdate = " Senaste uppdatering    ";
 
 inline constexpr std::string_view WorkingWith = "Du arbetar med ";
 inline constexpr std::string_view NoFileOpen = "Ingen fondfil är öppen";
+inline constexpr std::string_view NotStored = "Det här är inte sparat:";
+inline constexpr std::string_view GoOnWithoutIt = "Vill du gå vidare utan det ?";
 
 inline constexpr std::string_view StartData = "StartData ";
 inline constexpr std::string_view StartPrice = "Startkurs : ";

@@ -391,7 +391,12 @@ TEST_F(StartUpTest, ARowThatCannotBeStoredKeepsTheWindowOpenUntilItIsGivenUp) {
     Window().DBGrid->setFocus();
     Window().DBGrid->MoveToNewRow();
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("N"));
-    outside.dialogs.Expect(texts::PriceMissing);
+    outside.dialogs
+        .Expect(
+            "Det här är inte sparat:\r\n\r\nRaden för N\r\n"
+            "    Kurs Kr saknas eller är inte större än 0\r\n\r\nVill du gå vidare utan det ?",
+            Buttons::YesNo, Icon::Question, DefaultButton::Second)
+        .Answer(Answer::No);
     Window().mnuAvbryt->trigger();
     EXPECT_TRUE(Window().isVisible());
     ASSERT_NE(Window().FundDb, nullptr);

@@ -77,6 +77,19 @@ void WindowTest::CloseWindow() {
     window_->close();
 }
 
+void WindowTest::Minimise() {
+    QApplication::setActiveWindow(nullptr);
+    // Every control gets a Hide that comes from outside the program.
+    window_->setWindowState(window_->windowState() | Qt::WindowMinimized);
+    QApplication::processEvents();
+}
+
+void WindowTest::Restore() {
+    window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+    QApplication::setActiveWindow(window_.get());
+    QApplication::processEvents();
+}
+
 void WindowTest::ChooseFund(int row) {
     QListWidget& list = *window_->lstFonder;
     const QRect place = list.visualItemRect(list.item(row));

@@ -42,6 +42,9 @@ class WindowTest : public ::testing::Test {
     void PassPause();
     frmPPM& Window();
     void CloseWindow();
+    /// What a desktop does: the window loses the keys, and with it everything in it is hidden.
+    void Minimise();
+    void Restore();
 
     // What a user does
     void ChooseFund(int row);  ///< clicks on the line, counted from 0
