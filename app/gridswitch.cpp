@@ -13,7 +13,7 @@ GridSwitch::GridSwitch(frmPPM& ppm) : Controller(ppm) {
 
 void GridSwitch::cmdPPMData_Click() {
     if (GridShown(window.State())) {
-        ShowDiagram();
+        LeaveHoldingsGrid();
     } else {
         ShowHoldings();
     }
@@ -36,13 +36,7 @@ bool GridSwitch::StoreTypedRows() {
 }
 
 bool GridSwitch::LeaveHoldingsGrid() {
-    if (!StoreTypedRows()) return false;
+    if (!StoreTypedRows() || !window.MayLeaveNotice()) return false;
     window.Put(AfterGridLeft(window.State()));
     return true;
-}
-
-void GridSwitch::ShowDiagram() {
-    // A row that may not be stored yet stays on the screen for correction.
-    if (!StoreTypedRows()) return;
-    window.Put(AfterGridLeft(window.State()));
 }

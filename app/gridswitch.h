@@ -12,11 +12,10 @@ class GridSwitch : Controller {
     /// been told why and corrects it first.
     bool StoreTypedRows();
     /// The diagram is wanted: typed rows are stored and the holdings grid gives way to it. False
-    /// when a row cannot be stored.
+    /// when a row cannot be stored, or a half-typed notice is not to be given up.
     bool LeaveHoldingsGrid();
     void cmdPPMData_Click();
 
   private:
     void ShowHoldings();
-    void ShowDiagram();
 };

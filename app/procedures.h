@@ -36,6 +36,7 @@ class Procedures {
     virtual void DrawOnAllScale() = 0;     // SeveralCurves: those curves
     virtual bool StoreTypedRows() = 0;     // GridSwitch
     virtual bool MayLeaveFile() = 0;       // TypedWork
+    virtual bool MayLeaveNotice() = 0;     // TypedWork
     virtual bool LeaveHoldingsGrid() = 0;  // GridSwitch
     virtual void RefreshFundSummary(const OpenHolding& stored,
                                     double newPrice) = 0;                      // FundSummary

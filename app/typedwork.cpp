@@ -59,6 +59,12 @@ bool TypedWork::MayLeaveFile() {
     return false;
 }
 
+bool TypedWork::MayLeaveNotice() {
+    if (!NoticeTyped() || Ask({{NoticeName(), {}}})) return true;
+    window.txtNyAndel[kTypedBoxes[0]]->setFocus();
+    return false;
+}
+
 /// In the order in which the question names them.
 std::vector<TypedWork::Piece> TypedWork::Pieces() {
     std::vector<Piece> pieces;

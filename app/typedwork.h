@@ -1,5 +1,5 @@
 #pragma once
-// What is half typed when its file is to be left: rows in the grids, account fields, a new shares
+// What is half typed when its place is to be left: rows in the grids, account fields, a new shares
 // notice. A price that is not confirmed does not count.
 
 #include "app/controller.h"
@@ -18,6 +18,8 @@ class TypedWork : Controller {
     /// Stores what can be stored. Of the rest, all in one question, the user says whether to go on
     /// without it; false: he does not, and the cursor stands there.
     bool MayLeaveFile();
+    /// The same question about a notice alone, which nothing but its own button stores.
+    bool MayLeaveNotice();
 
   private:
     struct Piece {

@@ -22,6 +22,13 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+namespace {
+
+constexpr auto kHeldKeys =
+    Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+
+}  // namespace
+
 PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
     EntryField& price = *window.txtValue;
     price.SetFilter(kPriceKeys);
@@ -31,7 +38,7 @@ PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
     price.SetEnter([this] { Run([this] { txtValue_Enter(); }); });
     On(&price, &EntryField::Entered, [this] { txtValue_GotFocus(); });
     OnEvent(&price, QEvent::KeyPress, [this](QEvent& event) {
-        return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Tab && txtValue_Tab();
+        return txtValue_KeyDown(static_cast<const QKeyEvent&>(event));
     });
     On(window.cmdFondList, &QPushButton::clicked, [this] { cmdFondList_Click(); });
     // The button must not take the focus from a grid before it knows whether the row may be left.
@@ -45,6 +52,33 @@ void PriceEntry::cmdFondList_Click() {
 
 void PriceEntry::txtValue_GotFocus() {
     window.Put(AfterPriceFocus(window.State()));
+}
+
+bool PriceEntry::txtValue_KeyDown(const QKeyEvent& event) {
+    if ((event.modifiers() & kHeldKeys) != Qt::NoModifier) return false;
+    switch (event.key()) {
+        case Qt::Key_Tab:
+            return txtValue_Tab();
+        case Qt::Key_Up:
+            OpenNeighbour(-1);
+            return true;
+        case Qt::Key_Down:
+            OpenNeighbour(1);
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// From one price to the next without the list. A price that is being typed keeps its holding open.
+void PriceEntry::OpenNeighbour(std::int32_t step) {
+    if (!window.holding || Choosing(window.State()) || !Caption(window.txtValue).empty()) return;
+    MoveToOpenHolding();
+    DataSource& holdings = *window.dtaBasData;
+    const std::int32_t row = holdings.Position() + step;
+    if (row < 0 || row >= holdings.RecordCount()) return;
+    holdings.MoveTo(row);
+    window.OpenFund(KontoIdOf(holdings));
 }
 
 /// The list and the price field take turns; everything else is one Shift+Tab away.

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <optional>
 
+class QKeyEvent;
+
 class PriceEntry : Controller {
   public:
     explicit PriceEntry(frmPPM& window);
@@ -22,7 +24,10 @@ class PriceEntry : Controller {
 
     void txtValue_GotFocus();
     void txtValue_Enter();
+    bool txtValue_KeyDown(const QKeyEvent& event);
     bool txtValue_Tab();
+    /// -1 is the line above that of the open holding, 1 the one below; the last line has none.
+    void OpenNeighbour(std::int32_t step);
     std::optional<Entry> ReadEntry() const;
     /// Asks or refuses; false: nothing is stored.
     bool Believable(std::int32_t percent);

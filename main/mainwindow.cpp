@@ -149,6 +149,9 @@ bool MainWindow::StoreTypedRows() {
 bool MainWindow::MayLeaveFile() {
     return controllers_->typedWork.MayLeaveFile();
 }
+bool MainWindow::MayLeaveNotice() {
+    return controllers_->typedWork.MayLeaveNotice();
+}
 bool MainWindow::LeaveHoldingsGrid() {
     return controllers_->gridSwitch.LeaveHoldingsGrid();
 }

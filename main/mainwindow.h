@@ -29,6 +29,7 @@ class MainWindow final : public frmPPM {
     void DrawOnAllScale() override;
     bool StoreTypedRows() override;
     bool MayLeaveFile() override;
+    bool MayLeaveNotice() override;
     bool LeaveHoldingsGrid() override;
     void RefreshFundSummary(const OpenHolding& stored, double newPrice) override;
     void SetVerticalScale(std::int32_t bottom, std::int32_t top) override;

@@ -172,6 +172,92 @@ TEST_F(TypingTest, APriceThatWasTypedStaysWhenItsFundIsChosenAgain) {
     EXPECT_EQ(Price(), "18");
 }
 
+// ---- A round of prices ----
+
+class RoundTest : public TypingTest {
+  protected:
+    /// What is shown while the price of each fund is typed, and the prices that are stored then.
+    void ExpectEachHasItsPrice() {
+        for (int row = 0; row < 10; ++row) {
+            EXPECT_EQ(Holding(row, kSenasteKurs), "Senaste : " + PriceOf(row) + ",00");
+        }
+    }
+    std::string PriceOf(int row) { return std::to_string(120 + row); }
+    void Count(Qt::Key key) {
+        Key(key);
+        ++keys;
+    }
+    int keys = 0;  ///< beside the digits
+};
+
+TEST_F(RoundTest, TakesThreeKeysAFundBesideTheDigits) {
+    StartWith(TenFunds());
+    Key(Qt::Key_F11);
+    Key(Qt::Key_F11);  // closed and opened again: no fund is open
+    for (int row = 0; row < 10; ++row) {
+        if (row > 0) Count(Qt::Key_Down);
+        Count(Qt::Key_Return);
+        ASSERT_EQ(QApplication::focusWidget(), Window().txtValue);
+        Keys(PriceOf(row));
+        Count(Qt::Key_Return);
+    }
+    EXPECT_EQ(keys, 29);
+    ExpectEachHasItsPrice();
+}
+
+TEST_F(RoundTest, TakesTwoKeysAFundWithoutTheListsEnter) {
+    StartWith(TenFunds());
+    Count(Qt::Key_Return);
+    for (int row = 0; row < 10; ++row) {
+        if (row > 0) Count(Qt::Key_Down);
+        Keys(PriceOf(row));
+        Count(Qt::Key_Return);
+    }
+    EXPECT_EQ(keys, 20);
+    ExpectEachHasItsPrice();
+}
+
+TEST_F(RoundTest, GoesOnInThePriceFieldWhileTheListIsClosed) {
+    StartWith(TenFunds());
+    ChooseFund(0);
+    Key(Qt::Key_F11);
+    ASSERT_FALSE(Window().panListFonder->isVisible());
+    Window().txtValue->setFocus();
+    for (int row = 0; row < 10; ++row) {
+        if (row > 0) Key(Qt::Key_Down);
+        Keys(PriceOf(row));
+        Key(Qt::Key_Return);
+    }
+    ExpectEachHasItsPrice();
+}
+
+TEST_F(RoundTest, UpAndDownInTheEmptyPriceFieldOpenTheNeighbours) {
+    StartWith(TenFunds());
+    ChooseFund(8);
+    Key(Qt::Key_Return);
+    ASSERT_EQ(QApplication::focusWidget(), Window().txtValue);
+    for (const char* next : {"Idegran", "Idegran"}) {
+        Key(Qt::Key_Down);
+        EXPECT_EQ(Open(), next);
+    }
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Open(), "Hassel");
+    EXPECT_EQ(Window().lstFonder->currentRow(), 8);
+    EXPECT_EQ(Window().holding->kontoId, 9);
+    EXPECT_EQ(QApplication::focusWidget(), Window().txtValue);
+}
+
+TEST_F(RoundTest, UpAndDownLeaveAPriceThatIsTypedToItsFund) {
+    StartWith(TenFunds());
+    ChooseFund(1);
+    Keys("18");
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Up}) {
+        Key(key);
+        EXPECT_EQ(Open(), "Björk");
+        EXPECT_EQ(Price(), "18");
+    }
+}
+
 // ---- Through a minimised window ----
 
 class MinimisedTest : public TypingTest {
@@ -361,6 +447,42 @@ TEST_F(LeavingTest, ClosingAsksOnceAboutAHalfTypedNotice) {
     ExpectQuestion("Meddelandet om nya andelar för Ceder", Answer::Yes);
     CloseWindow();
     EXPECT_FALSE(Window().isVisible());
+}
+
+TEST_F(LeavingTest, TheDiagramButtonAsksTheSameAboutANotice) {
+    StartWith(TenFunds());
+    TypeHalfANotice();
+    ExpectQuestion("Meddelandet om nya andelar för Ceder", Answer::No);
+    Click(Window().cmdPPMData);
+    EXPECT_TRUE(Window().panBasData->isVisible());
+    EXPECT_EQ(Caption(Window().txtNyAndel[2]), "2026-02-16");
+    EXPECT_EQ(QApplication::focusWidget(), Window().txtNyAndel[2]);
+    ExpectQuestion("Meddelandet om nya andelar för Ceder", Answer::Yes);
+    Click(Window().cmdPPMData);
+    EXPECT_FALSE(Window().panBasData->isVisible());
+    OpenGrid(2);
+    EXPECT_FALSE(Window().fraNyAndel->isVisible());
+    CloseWindow();
+    EXPECT_FALSE(Window().isVisible());
+}
+
+TEST_F(LeavingTest, AMenuThatLeavesTheGridAsksTheSameAboutANotice) {
+    StartWith(TenFunds());
+    TypeHalfANotice();
+    ExpectQuestion("Meddelandet om nya andelar för Ceder", Answer::No);
+    Window().mnuPEdit->trigger();
+    EXPECT_TRUE(Window().fraNyAndel->isVisible());
+    EXPECT_FALSE(Window().panPlottData->isVisible());
+}
+
+TEST_F(LeavingTest, EscAsksTheSameAboutANotice) {
+    StartWith(TenFunds());
+    TypeHalfANotice();
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        ExpectQuestion("Meddelandet om nya andelar för Ceder", answer);
+        Key(Qt::Key_Escape);
+        EXPECT_EQ(Window().fraNyAndel->isVisible(), answer == Answer::No);
+    }
 }
 
 TEST_F(LeavingTest, ANoticeThatNothingIsTypedInIsNotAskedAbout) {
