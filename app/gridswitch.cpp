@@ -3,6 +3,7 @@
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
 #include "platform/datasource.h"
+#include "widgets/boundfield.h"
 #include "widgets/datagrid.h"
 
 #include <QPushButton>
@@ -28,9 +29,10 @@ void GridSwitch::ShowHoldings() {
 
 bool GridSwitch::StoreTypedRows() {
     for (DataGrid* grid : {window.DBGrid, window.GridPlott}) {
-        if (grid->StoreRow()) continue;
-        grid->setFocus();  // the row waits there for correction
-        return false;
+        if (!grid->StoreRow()) return false;
+    }
+    for (BoundField* field : {window.txtKontoNr, window.txtPnr, window.txtNamn}) {
+        if (!field->Store()) return false;
     }
     return true;
 }

@@ -1,8 +1,11 @@
 #include "app/keyboard.h"
 
 #include "app/frmPPM.h"
+#include "app/texts.h"
 #include "base/text.h"
 #include "platform/caption.h"
+#include "platform/dialogs.h"
+#include "platform/platform.h"
 #include "widgets/boundfield.h"
 #include "widgets/datagrid.h"
 
@@ -11,6 +14,7 @@
 #include <QKeyEvent>
 
 #include <optional>
+#include <string>
 
 namespace {
 
@@ -124,16 +128,30 @@ void Keyboard::Act(KeyAction action) {
             window.GridPlott->CancelRow();
             return window.ResetPanels();
         case KeyAction::ToDiagramFromGrid:
-            // Esc gives up what is being typed.
-            window.DBGrid->CancelRow();
-            for (BoundField* field : {window.txtKontoNr, window.txtPnr, window.txtNamn}) {
-                field->Reload();
-            }
-            window.ResetPanels();
-            return window.cmdPPMData_Click();
+            return EscapeFromHoldings();
         case KeyAction::ZoomIn:
             return window.mnuPlus_Click();
         case KeyAction::ZoomOut:
             return window.mnuMinus_Click();
     }
+}
+
+/// Esc gives up the cell that is being typed. The next one leaves the grid: a complete row is
+/// stored as the button does it, one that cannot be stored is given up only after a question.
+void Keyboard::EscapeFromHoldings() {
+    DataGrid& grid = *window.DBGrid;
+    if (grid.GiveUpCell()) return;
+    const bool stored = grid.RowIsComplete() && grid.StoreRow();
+    if (!stored && !MayGiveUpRow()) return grid.setFocus();
+    grid.CancelRow();
+    for (BoundField* field : {window.txtKontoNr, window.txtPnr, window.txtNamn}) field->Reload();
+    window.ResetPanels();
+    window.cmdPPMData_Click();
+}
+
+bool Keyboard::MayGiveUpRow() {
+    return window.platform.dialogs.Show({.text = std::string(texts::AskGiveUpRow),
+                                         .buttons = Buttons::YesNo,
+                                         .icon = Icon::Question,
+                                         .defaultButton = DefaultButton::Second}) == Answer::Yes;
 }

@@ -23,6 +23,8 @@ class Keyboard : Controller {
     bool Waits() const;
     ShownPanels KeyPanels() const;
     void Act(KeyAction action);
+    void EscapeFromHoldings();
+    bool MayGiveUpRow();
 
     std::unique_ptr<QObject> preview_;
 };

@@ -17,5 +17,7 @@ inline constexpr std::string_view PointOf = "Punkten i plottdata för fond ";
 inline constexpr std::string_view NamelessPoint = "En punkt i plottdata utan fondnummer";
 inline constexpr std::string_view NoticeOf = "Meddelandet om nya andelar för ";
 inline constexpr std::string_view AccountField = "Kontouppgiften ";
+inline constexpr std::string_view AskGiveUpRow =
+    "Raden är inte färdig och kan inte sparas\r\n\r\nVill du lämna den utan att spara ?";
 
 }  // namespace texts

@@ -5,9 +5,11 @@
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "diagram/texts.h"
 #include "fundfile/dayprice.h"
 #include "fundfile/records.h"
+#include "fundfile/queries.h"
 #include "fundfile/schema.h"
 #include "fundfile/texts.h"
 #include "platform/caption.h"
@@ -21,6 +23,7 @@
 #include <QLabel>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -33,14 +36,17 @@ constexpr int kXCordColumn = static_cast<int>(schema::point::kXCord);
 /// A fund number has seven characters and must be read whole in the narrow panel.
 constexpr std::array<int, schema::point::kColumnCount> kWidthShares = {8, 6, 5, 6};
 
+std::string FieldAt(std::size_t column) {
+    return std::string(schema::point::kNames[column]);
+}
+
 }  // namespace
 
 PlotEditor::PlotEditor(frmPPM& ppm) : Controller(ppm) {
     DataGrid& grid = *window.GridPlott;
     std::vector<GridColumn> columns;
     for (std::size_t i = 0; i < schema::point::kColumnCount; ++i) {
-        const std::string name(schema::point::kNames[i]);
-        GridColumn column{.caption = name, .field = name};
+        GridColumn column{.caption = FieldAt(i), .field = FieldAt(i)};
         column.enterKeys = "{RIGHT}";
         column.widthShare = kWidthShares[i];
         columns.push_back(std::move(column));
@@ -51,6 +57,12 @@ PlotEditor::PlotEditor(frmPPM& ppm) : Controller(ppm) {
     window.dtaPlott->StoreThrough([this](const std::function<void()>& store) {
         StoreWithScales(window.FundDb, *window.dtaPlott, store);
     });
+    grid.events.afterCellStore = [this](int) { Run([this] { GridPlott_AfterColUpdate(); }); };
+    grid.events.beforeRowStore = [this] {
+        bool allowed = false;
+        Run([&] { allowed = GridPlott_BeforeUpdate(); });
+        return allowed;
+    };
     grid.events.rowOrColumnChanged = [this] { Run([this] { GridPlott_RowColChange(); }); };
     grid.events.afterRowStore = [this](bool) { Run([this] { GridPlott_AfterUpdate(); }); };
     grid.events.afterRowDelete = [this] { Run([this] { GridPlott_AfterUpdate(); }); };
@@ -62,8 +74,65 @@ void PlotEditor::mnuPEdit_Click() {
     if (!window.LeaveHoldingsGrid()) return;
     window.dtaPlott->Refresh();
     window.Put(AfterPlotDataMenu(window.State()));
+    GoToLastPointOfOpenFund();
     window.GridPlott->SetCurrentColumn(kXCordColumn);
     ShowCount();
+}
+
+/// The points are ordered by holding and day.
+void PlotEditor::GoToLastPointOfOpenFund() {
+    if (!window.holding) return;
+    DataSource& points = *window.dtaPlott;
+    const std::int32_t kontoId = window.holding->kontoId;
+    Skipping skip;
+    skip([&] {
+        if (points.Empty() || !points.FindFirst(queries::KontoIdIs(kontoId))) return;
+        const std::int32_t count = points.RecordCount();
+        std::int32_t last = points.Position();
+        const auto isOurs = [&](std::int32_t row) {
+            return points.Records().At(row, schema::point::kKontoId).Integer() == kontoId;
+        };
+        while (last + 1 < count && isOurs(last + 1)) ++last;
+        points.MoveTo(last);
+    });
+}
+
+/// What stands above the row that is typed; nothing in the first row.
+std::string PlotEditor::TextAbove(std::size_t column) const {
+    const DataGrid& grid = *window.GridPlott;
+    return grid.CellText(grid.CurrentRow() - 1, static_cast<int>(column));
+}
+
+/// A new point is one more of the holding whose point stands above it.
+void PlotEditor::GridPlott_AfterColUpdate() {
+    DataGrid& grid = *window.GridPlott;
+    if (!grid.OnNewRow()) return;
+    for (const std::size_t column : {schema::point::kFondNr, schema::point::kKontoId}) {
+        if (Trim(TypedText(column)).empty()) grid.TypeText(FieldAt(column), TextAbove(column));
+    }
+}
+
+std::string PlotEditor::TypedText(std::size_t column) const {
+    return window.GridPlott->TypedText(FieldAt(column));
+}
+
+/// Some holdings have no fund number: their points need none.
+bool PlotEditor::IsMissing(std::size_t column) const {
+    if (!Trim(TypedText(column)).empty()) return false;
+    if (column != schema::point::kFondNr) return true;
+    const bool first = window.GridPlott->CurrentRow() == 0;
+    return window.GridPlott->OnNewRow() && (first || !TextAbove(column).empty());
+}
+
+bool PlotEditor::GridPlott_BeforeUpdate() {
+    for (std::size_t column = 0; column < schema::point::kColumnCount; ++column) {
+        if (!IsMissing(column)) continue;
+        Tell(FieldAt(column) + std::string(texts::PointIncomplete));
+        window.GridPlott->SetCurrentColumn(static_cast<int>(column));
+        window.GridPlott->setFocus();
+        return false;
+    }
+    return true;
 }
 
 void PlotEditor::ShowCount() {

@@ -3,6 +3,9 @@
 
 #include "app/controller.h"
 
+#include <cstddef>
+#include <string>
+
 class PlotEditor : Controller {
   public:
     explicit PlotEditor(frmPPM& window);
@@ -14,4 +17,10 @@ class PlotEditor : Controller {
     void ShowCount();
     void ShowFund();
     void ShowSeveral();
+    void GoToLastPointOfOpenFund();
+    std::string TextAbove(std::size_t column) const;
+    std::string TypedText(std::size_t column) const;
+    bool IsMissing(std::size_t column) const;
+    void GridPlott_AfterColUpdate();
+    bool GridPlott_BeforeUpdate();
 };

@@ -5,6 +5,8 @@
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "base/number.h"
+#include "base/pastedtext.h"
+#include "base/text.h"
 #include "entry/rules/cells.h"
 #include "entry/texts.h"
 #include "fundfile/curvelist.h"
@@ -28,6 +30,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 
@@ -52,10 +55,33 @@ std::optional<char32_t> DateKey(char32_t typed) {
     return kGridKeys(typed == U'/' ? U'-' : typed);
 }
 
-GridColumn GridColumnOf(Column column, std::string_view caption, int widthShare) {
-    GridColumn made{.caption = std::string(caption), .field = FieldAt(PositionOf(column))};
+/// The columns' captions, in their order.
+constexpr std::array kCaptions = {texts::FondColumn,   texts::FondNrColumn, texts::DateColumn,
+                                  texts::SharesColumn, texts::PriceColumn,  texts::ValueColumn,
+                                  texts::PercentColumn};
+
+std::string PastedCellNumber(std::string_view text) {
+    return PastedNumber(text).value_or("");
+}
+
+/// Names take every character, other columns what may be typed there.
+std::string PastedFundNumber(std::string_view text) {
+    std::u32string passed;
+    for (const char32_t character : ToCodePoints(PastedLine(text))) {
+        if (const auto typed = kGridKeys(character)) passed += *typed;
+    }
+    return ToUtf8(passed);
+}
+
+std::string PastedCellDate(std::string_view text) {
+    return PastedDate(text).value_or("");
+}
+
+GridColumn GridColumnOf(Column column, int widthShare) {
+    GridColumn made{.caption = std::string(kCaptions[static_cast<std::size_t>(column)]),
+                    .field = FieldAt(PositionOf(column))};
     made.widthShare = widthShare;
-    // Names take every key, and Enter in them is left alone.
+    // Names take every key, and Enter in them moves on by itself.
     if (column == Fond) return made;
     made.filter = kGridKeys;
     made.enterKeys = "{RIGHT}";
@@ -72,6 +98,12 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
     PrepareField(window.txtKontoNr, "{DOWN}");
     PrepareField(window.txtPnr, "{TAB}");
     PrepareField(window.txtNamn, "{TAB}");
+    window.txtNamn->SetTooLong(
+        [this](int maxLength) { TellTooLong(texts::NameTooLong, maxLength); });
+    for (BoundField* field : {window.txtKontoNr, window.txtPnr}) {
+        field->SetTooLong(
+            [this](int maxLength) { TellTooLong(texts::AccountTextTooLong, maxLength); });
+    }
     // The fund panel names the account.
     On(window.txtNamn, &BoundField::Stored, [this] { window.RefreshFundList(std::nullopt); });
     window.txtKontoNr->SetFilter(kAccountKeys);
@@ -96,14 +128,17 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
 
 void HoldingsGrid::PrepareGrid() {
     DataGrid& grid = *window.DBGrid;
-    std::vector<GridColumn> columns = {GridColumnOf(Fond, texts::FondColumn, 30),
-                                       GridColumnOf(FondNr, texts::FondNrColumn, 12),
-                                       GridColumnOf(BokfortDatum, texts::DateColumn, 13),
-                                       GridColumnOf(Fondandelar, texts::SharesColumn, 15),
-                                       GridColumnOf(KursKr, texts::PriceColumn, 13),
-                                       GridColumnOf(VardeKr, texts::ValueColumn, 15),
-                                       GridColumnOf(Andel, texts::PercentColumn, 10)};
+    std::vector<GridColumn> columns = {
+        GridColumnOf(Fond, 30),        GridColumnOf(FondNr, 12), GridColumnOf(BokfortDatum, 13),
+        GridColumnOf(Fondandelar, 15), GridColumnOf(KursKr, 13), GridColumnOf(VardeKr, 15),
+        GridColumnOf(Andel, 10)};
+    columns[Fond].pasteFilter = PastedLine;
+    columns[FondNr].pasteFilter = PastedFundNumber;
     columns[BokfortDatum].filter = DateKey;
+    columns[BokfortDatum].pasteFilter = PastedCellDate;
+    for (const Column number : {Fondandelar, KursKr, Andel}) {
+        columns[static_cast<std::size_t>(number)].pasteFilter = PastedCellNumber;
+    }
     columns[Fondandelar].decimals = 4;
     columns[VardeKr].decimals = 2;
     columns[VardeKr].locked = true;
@@ -122,6 +157,8 @@ void HoldingsGrid::PrepareGrid() {
     grid.events.afterCellStore = [this](int column) {
         Run([&] { DBGrid_AfterColUpdate(column); });
     };
+    grid.events.beforeRowLeave = [this] { return StoreAccountFields(); };
+    grid.events.rowIsComplete = [this] { return MissingIn(TypedRow()) == Missing::Nothing; };
     grid.events.beforeRowStore = [this] {
         bool allowed = false;
         Run([&] { allowed = DBGrid_BeforeUpdate(); });
@@ -135,8 +172,28 @@ void HoldingsGrid::PrepareField(EntryField* field, std::string_view enterKeys) {
         [this, enterKeys] { Run([&] { window.platform.keyStrokes.Send(enterKeys); }); });
 }
 
+void HoldingsGrid::TellTooLong(std::string_view reason, int maxLength) {
+    Tell(std::string(reason) + PlainText(static_cast<std::int32_t>(maxLength)) +
+         std::string(texts::Characters));
+}
+
+/// A field that shows another row would lose what is typed there and cannot be stored.
+bool HoldingsGrid::StoreAccountFields() {
+    const std::array fields{window.txtKontoNr, window.txtPnr, window.txtNamn};
+    return std::all_of(fields.begin(), fields.end(),
+                       [](BoundField* field) { return field->Store(); });
+}
+
+/// The open holding's row is the current one, marked.
 void HoldingsGrid::panBasData_Show() {
     window.DBGrid->SetCurrentColumn(Fond);
+    DataSource& holdings = *window.dtaBasData;
+    Skipping skip;
+    skip([&] {
+        if (!window.holding || holdings.Empty()) return;
+        if (!holdings.FindFirst(queries::KontoIdIs(window.holding->kontoId))) return;
+        window.DBGrid->MarkRow();
+    });
 }
 
 /// The grid has moved the shared row. The holding that is open in the fund panel is the current one
@@ -169,15 +226,38 @@ void HoldingsGrid::DBGrid_BeforeColUpdate(CellChange& change) {
         case FondNr:
             change.text = CellFundNumber(change.text);
             return;
-        case BokfortDatum: {
-            const std::optional<std::int32_t> day = ParseDate(change.text);
-            change.text = day ? FormatDay(*day) : "";
-            if (!day) Tell(texts::WrongDate);
-            return;
-        }
+        case BokfortDatum:
+            return TakeDate(change);
         default:
-            return;
+            return TakeNumber(change);
     }
+}
+
+void HoldingsGrid::TakeDate(CellChange& change) {
+    const std::optional<std::int32_t> day = ParseDate(change.text);
+    change.text = day ? FormatDay(*day) : "";
+    if (day) return;
+    change.stay = true;
+    Tell(texts::WrongDate);
+}
+
+/// A text that is no number for its column stays in the open cell: the column keeps its number.
+void HoldingsGrid::TakeNumber(CellChange& change) {
+    const std::string column = Trim(kCaptions[static_cast<std::size_t>(change.column)]);
+    const std::optional<std::string> number = CellNumber(change.text);
+    if (!number) {
+        return RefuseCell(change, column + std::string(texts::BeforeNoNumber) + change.text +
+                                      std::string(texts::AfterNoNumber));
+    }
+    if (change.column == Fondandelar && number->starts_with('-')) {
+        return RefuseCell(change, column + std::string(texts::NegativeShares));
+    }
+    change.text = *number;
+}
+
+void HoldingsGrid::RefuseCell(CellChange& change, std::string_view reason) {
+    change.cancel = change.stay = true;
+    Tell(reason);
 }
 
 void HoldingsGrid::DBGrid_AfterColUpdate(int column) {
@@ -198,23 +278,27 @@ void HoldingsGrid::TypeValue() {
 
 // ---- A row is stored ----
 
-bool HoldingsGrid::DBGrid_BeforeUpdate() {
-    DataGrid& grid = *window.DBGrid;
+/// What keeps a row from being stored is looked for in the row as it is typed.
+HoldingRow HoldingsGrid::TypedRow() const {
+    const DataGrid& grid = *window.DBGrid;
     HoldingRow row;
     row.fond = grid.TypedText(FieldAt(kFond));
     row.kursKr = TypedNumber(kKursKr);
-    switch (MissingIn(row)) {
+    row.bokfortDatum = ParseDate(grid.TypedText(FieldAt(kBokfortDatum)));
+    return row;
+}
+
+bool HoldingsGrid::DBGrid_BeforeUpdate() {
+    DataGrid& grid = *window.DBGrid;
+    switch (MissingIn(TypedRow())) {
         case Missing::Name:
-            return RefuseRow(texts::NameMissing);
+            return RefuseRow(texts::NameMissing, Fond);
         case Missing::Price:
-            return RefuseRow(texts::PriceMissing);
+            return RefuseRow(texts::PriceMissing, KursKr);
+        case Missing::Date:
+            return RefuseRow(texts::DateMissing, BokfortDatum);
         case Missing::Nothing:
             break;
-    }
-    // An old holding keeps its date, and with it its points; a new one is looked at when it is
-    // stored.
-    if (!grid.OnNewRow() && !ParseDate(grid.TypedText(FieldAt(kBokfortDatum)))) {
-        return RefuseRow(texts::DateMissing);
     }
     grid.TypeText(FieldAt(kFondNr), FundNumberOrDefault(grid.TypedText(FieldAt(kFondNr))));
     TypeValue();
@@ -223,8 +307,9 @@ bool HoldingsGrid::DBGrid_BeforeUpdate() {
 }
 
 /// What was typed stays for correction, and the keys go there, whatever the row was left for.
-bool HoldingsGrid::RefuseRow(std::string_view reason) {
+bool HoldingsGrid::RefuseRow(std::string_view reason, int column) {
     Tell(reason);
+    window.DBGrid->SetCurrentColumn(column);
     window.DBGrid->setFocus();
     return false;
 }
@@ -250,7 +335,6 @@ void HoldingsGrid::DBGrid_AfterUpdate(bool isNew) {
 void HoldingsGrid::CompleteNewHolding() {
     DataSource& holdings = *window.dtaBasData;
     const HoldingRow row = ReadHolding(holdings);
-    if (!row.bokfortDatum) return RemoveNewHolding();
     window.BringTodayUpToDate();
 
     {
@@ -264,7 +348,7 @@ void HoldingsGrid::CompleteNewHolding() {
         });
         if (!HasPoints(*window.FundDb, row.kontoId)) {
             AddPoint(*window.dtaPlott, {.fondNr = row.fondNr,
-                                        .day = *row.bokfortDatum,
+                                        .day = row.bokfortDatum.value_or(window.TodayDay),
                                         .percent = 0,
                                         .kontoId = row.kontoId});
         }
@@ -274,10 +358,4 @@ void HoldingsGrid::CompleteNewHolding() {
     window.dtaPlott->Refresh();
     window.dtaPlott->FindFirst(queries::KontoIdIs(row.kontoId));
     window.RefreshFundList(row.kontoId);
-}
-
-void HoldingsGrid::RemoveNewHolding() {
-    Tell(texts::DateMissing);
-    window.dtaBasData->Delete();
-    window.dtaBasData->Refresh();
 }

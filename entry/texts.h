@@ -23,6 +23,14 @@ inline constexpr std::string_view PercentColumn = "Andel %";
 
 inline constexpr std::string_view LockedField = "Detta fält är låst";
 inline constexpr std::string_view WrongDate = "Felaktigt Datum\r\nSkall skrivas typ\r\n2000-12-31";
+// They follow the column's caption; the wrong text stands between the first two.
+inline constexpr std::string_view BeforeNoNumber = ": \"";
+inline constexpr std::string_view AfterNoNumber = "\" är inget tal\r\nSkriv till exempel 1234,50";
+inline constexpr std::string_view NegativeShares = " får inte vara mindre än 0";
+// Around the number of characters.
+inline constexpr std::string_view NameTooLong = "Namnet på kontot är för långt\r\nHögst ";
+inline constexpr std::string_view AccountTextTooLong = "Texten är för lång\r\nHögst ";
+inline constexpr std::string_view Characters = " tecken";
 inline constexpr std::string_view DateMissing = "Datum Felaktigt ifyllt";
 inline constexpr std::string_view NameMissing =
     "Fondens namn saknas\r\nFyll i kolumnen Fond, eller tryck <Esc>";

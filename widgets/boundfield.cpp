@@ -6,6 +6,7 @@
 #include "widgets/recordsetmodel.h"
 
 #include <QKeyEvent>
+#include <QMetaObject>
 
 #include <utility>
 
@@ -36,6 +37,8 @@ void BoundField::StoreOnlyWhenTold() {
 void BoundField::ShowOnly() {
     showsOnly_ = true;
     setReadOnly(true);
+void BoundField::SetTooLong(std::function<void(int maxLength)> tell) {
+    tooLong_ = std::move(tell);
 }
 
 bool BoundField::Changed() const {
@@ -69,6 +72,12 @@ void BoundField::Follow() {
 
 bool BoundField::Store() {
     if (!Changed()) return true;
+    refusalWaits_ = false;
+    if (const std::optional<int> maxLength = ExceededLength()) {
+        tooLong_(*maxLength);
+        setFocus();
+        return false;
+    }
     const std::string typed = FromQt(text());
     storing_ = true;
     const bool stored = source_->Guard([&] {
@@ -82,6 +91,20 @@ bool BoundField::Store() {
     Reload();
     emit Stored();
     return true;
+}
+
+/// How many characters the column holds, where the text has more and somebody can say so.
+std::optional<int> BoundField::ExceededLength() const {
+    if (!tooLong_ || !HasRow()) return std::nullopt;
+    std::optional<int> exceeded;
+    Skipping skip;
+    skip([&] {
+        jet::RecordSet& rows = source_->Records();
+        const jet::ColumnDesign& column = rows.Column(rows.FieldPosition(column_));
+        const bool shortText = column.type == jet::ColumnType::Text && column.size > 0;
+        if (shortText && text().size() > column.size) exceeded = column.size;
+    });
+    return exceeded;
 }
 
 void BoundField::keyPressEvent(QKeyEvent* event) {
@@ -100,5 +123,21 @@ void BoundField::focusOutEvent(QFocusEvent* event) {
     EntryField::focusOutEvent(event);
     const bool stays =
         event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason;
-    if (!stays && !onlyWhenTold_) Store();
+    if (!stays && !onlyWhenTold_) StoreOnLeaving();
+}
+
+/// A message in the middle of a change of focus, or of the mouse press that caused it, would leave
+/// both half done.
+void BoundField::StoreOnLeaving() {
+    if (!Changed() || !ExceededLength()) {
+        Store();
+        return;
+    }
+    refusalWaits_ = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (refusalWaits_) Store();
+        },
+        Qt::QueuedConnection);
 }

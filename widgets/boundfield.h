@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+#include <functional>
+#include <optional>
 #include <string>
 
 class QFocusEvent;
@@ -26,6 +28,9 @@ class BoundField : public EntryField {
     void StoreOnlyWhenTold();
     /// From now on it takes no typing; what it shows can be copied.
     void ShowOnly();
+    /// Says that the text is longer than its column, which holds `maxLength` characters. The field
+    /// keeps the text and has the focus again.
+    void SetTooLong(std::function<void(int maxLength)> tell);
     /// Whether there is something typed that is not stored yet.
     bool Changed() const;
     bool Store();   ///< true when nothing is left to store
@@ -40,6 +45,8 @@ class BoundField : public EntryField {
 
   private:
     bool HasRow() const;
+    std::optional<int> ExceededLength() const;
+    void StoreOnLeaving();
     void Follow();
     void MoveFocus(bool forward, QKeyEvent* event);
 
@@ -50,4 +57,6 @@ class BoundField : public EntryField {
     bool storing_ = false;
     bool onlyWhenTold_ = false;
     bool showsOnly_ = false;
+    std::function<void(int maxLength)> tooLong_;
+    bool refusalWaits_ = false;  ///< left with a text that is too long: told after the event
 };

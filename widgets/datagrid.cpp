@@ -57,11 +57,11 @@ struct DataGrid::Parts {
 
 DataGrid::Parts::Parts(DataGrid& grid)
     : cells(model, grid.events),
-      selection([this] { return row.Store(); }),
+      selection({[this] { return cells.Finish(); }, [this] { return row.MayLeave(); }}),
       caption(MadeCaption(&grid)),
       table(MadeTable(grid)),
       cursor(*table, model, selection),
-      row(model, cells, grid.events),
+      row(model, cells, grid.events, *table),
       deletion(model, selection, cursor, grid.events) {}
 
 DataGrid::Parts::~Parts() {
@@ -118,10 +118,15 @@ void DataGrid::ConnectParts() {
     connect(&parts.cursor, &GridCursor::Moved, this, [this] {
         if (events.rowOrColumnChanged) events.rowOrColumnChanged();
     });
+    connect(&parts.cells, &GridCells::Typed, this, [this] {
+        if (OnNewRow()) parts_->model.SetNewRowBegun(true);
+    });
+    connect(&parts.cells, &QAbstractItemDelegate::closeEditor, this,
+            [this] { parts_->model.SetNewRowBegun(false); });
     connect(&parts.cells, &GridCells::LeftBy, parts.table, &GridTable::Stroke);
     connect(parts.table, &GridTable::MarkPressed, this, &DataGrid::MarkRow);
     connect(parts.table, &GridTable::DeletePressed, this, &DataGrid::DeleteMarkedRow);
-    connect(parts.table, &GridTable::EnterPressed, this, &DataGrid::ForwardEnter);
+    connect(parts.table, &GridTable::EnterPressed, this, &DataGrid::LeaveCellByEnter);
     connect(parts.table, &GridTable::EscapePressed, this, &DataGrid::GiveUpRow);
     connect(parts.table->verticalHeader(), &QHeaderView::sectionPressed, this,
             &DataGrid::RowHeaderPressed);
@@ -184,6 +189,10 @@ bool DataGrid::RowTyped() const {
     return parts_->row.IsTyped();
 }
 
+bool DataGrid::RowIsComplete() const {
+    return !RowTyped() || !events.rowIsComplete || events.rowIsComplete();
+}
+
 std::string DataGrid::TypedText(const std::string& field) const {
     return parts_->model.TextAt(parts_->model.TypedRow().value_or(CurrentRow()), field);
 }
@@ -198,6 +207,10 @@ bool DataGrid::StoreRow() {
 
 void DataGrid::CancelRow() {
     parts_->row.Cancel();
+}
+
+bool DataGrid::GiveUpCell() {
+    return parts_->cells.GiveUp();
 }
 
 std::optional<int> DataGrid::MarkedRow() const {
@@ -218,16 +231,24 @@ QTableView& DataGrid::View() const {
 
 void DataGrid::RowHeaderPressed(int row) {
     parts_->table->setFocus(Qt::MouseFocusReason);
-    parts_->cells.Finish();
+    if (!parts_->cells.Finish()) return;
     parts_->table->setCurrentIndex(parts_->model.index(row, std::max(0, CurrentColumn())));
     if (CurrentRow() == row) MarkRow();
 }
 
-void DataGrid::ForwardEnter() {
-    if (CurrentColumn() < 0 || parts_->keyStrokes == nullptr) return;
-    const auto column = static_cast<std::size_t>(CurrentColumn());
-    const std::string keys = parts_->model.Columns()[column].enterKeys;
-    if (!keys.empty()) parts_->keyStrokes->Send(keys);
+void DataGrid::LeaveCellByEnter() {
+    const int column = CurrentColumn();
+    if (column < 0) return;
+    const std::vector<GridColumn>& columns = parts_->model.Columns();
+    const bool last = column + 1 == static_cast<int>(columns.size());
+    if (last && RowTyped()) {
+        parts_->table->setCurrentIndex(parts_->model.index(CurrentRow() + 1, 0));
+        return;
+    }
+    const std::string& keys = columns[static_cast<std::size_t>(column)].enterKeys;
+    if (keys.empty())
+        return SetCurrentColumn(std::min(column + 1, parts_->model.columnCount() - 1));
+    if (parts_->keyStrokes != nullptr) parts_->keyStrokes->Send(keys);
 }
 
 void DataGrid::GiveUpRow(QKeyEvent* key) {

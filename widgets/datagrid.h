@@ -19,10 +19,11 @@ class QKeyEvent;
 class QShowEvent;
 class QTableView;
 
-/// Keys: arrows move, typing or F2 edits, Esc gives up the cell, then the row; Shift+Space or
-/// Ctrl+Space marks the row as a click on its left edge does, Delete deletes the marked row, Tab
-/// goes on to the next control. Leaving a typed row stores it: by another row, another control, or
-/// StoreRow.
+/// Keys: arrows move, typing or F2 edits, Enter goes to the next cell or stores the row behind the
+/// last one, Esc gives up the cell, then the row; Shift+Space or Ctrl+Space marks the row as a
+/// click on its left edge does, Delete deletes the marked row. Tab goes through the cells of a row
+/// that is typed, and on to the next control. As soon as a new row is typed the next empty one
+/// stands under it. Leaving a typed row stores it: by another row, another control, or StoreRow.
 class DataGrid : public QFrame {
     Q_OBJECT
     Q_PROPERTY(QString caption READ GridCaption WRITE SetGridCaption)
@@ -46,13 +47,15 @@ class DataGrid : public QFrame {
     bool OnNewRow() const;
     void MoveToNewRow();
 
-    bool RowTyped() const;  ///< something is typed that is not stored
+    bool RowTyped() const;       ///< something is typed that is not stored
+    bool RowIsComplete() const;  ///< false when storing it would be refused
     /// The row being typed or, where nothing is typed, the current row: what it would hold when
     /// stored.
     std::string TypedText(const std::string& field) const;
     void TypeText(const std::string& field, std::string text);
-    bool StoreRow();  ///< true when nothing is left to store
+    bool StoreRow();  ///< true when nothing is left to store; else the grid has the focus
     void CancelRow();
+    bool GiveUpCell();  ///< what is typed in the open cell; false when none is open
 
     std::optional<int> MarkedRow() const;
     void MarkRow();  ///< the current one
@@ -68,7 +71,7 @@ class DataGrid : public QFrame {
   private:
     void ConnectParts();
     void RowHeaderPressed(int row);
-    void ForwardEnter();
+    void LeaveCellByEnter();
     void GiveUpRow(QKeyEvent* key);
 
     struct Parts;

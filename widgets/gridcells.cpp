@@ -9,9 +9,25 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPersistentModelIndex>
+#include <QPointer>
+#include <QScopedValueRollback>
 #include <QStyleOptionViewItem>
 
 #include <cstddef>
+#include <optional>
+
+namespace {
+
+/// Copying, pasting and cutting need no character of their own in a column.
+CharacterFilter WithClipboard(const CharacterFilter& filter) {
+    return [filter](char32_t typed) {
+        constexpr char32_t kCopy = 3, kPaste = 22, kCut = 24;
+        const bool clipboard = typed == kCopy || typed == kPaste || typed == kCut;
+        return clipboard ? std::optional(typed) : filter(typed);
+    };
+}
+
+}  // namespace
 
 namespace {
 
@@ -37,22 +53,43 @@ void GridCells::OpenedBy(CellOpening opening) {
     opening_ = opening;
 }
 
-void GridCells::Finish() {
-    if (!editor_) return;
-    emit commitData(editor_);
-    emit closeEditor(editor_, NoHint);
+bool GridCells::Finish() {
+    if (!editor_) return true;
+    // While a message stands the cell is still open, and whoever asks meanwhile must wait.
+    if (finishing_) return false;
+    const QScopedValueRollback finishing(finishing_, true);
+    const QPointer<QWidget> editor = editor_;
+    QWidget* const table = editor->parentWidget();
+    taken_ = {};
+    emit commitData(editor);
+    if (!editor) return !taken_.stay;
+    if (taken_.stay && taken_.cancel) {
+        editor->setFocus();
+        return false;
+    }
+    // After a message the window is not yet active again. The focus that it will get back must not
+    // go with the field.
+    if (taken_.stay || editor->window()->focusWidget() == editor) table->setFocus();
+    emit closeEditor(editor, NoHint);
+    return !taken_.stay;
 }
 
-void GridCells::GiveUp() {
-    if (editor_) emit closeEditor(editor_, RevertModelCache);
+bool GridCells::GiveUp() {
+    if (!editor_ || finishing_) return false;
+    emit closeEditor(editor_, RevertModelCache);
+    return true;
 }
 
 QWidget* GridCells::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
     auto* editor = new EntryField(parent);
     editor->setFont(option.font);
-    editor->SetFilter(model_.Columns()[static_cast<std::size_t>(index.column())].filter);
+    const GridColumn& column = model_.Columns()[static_cast<std::size_t>(index.column())];
+    if (column.filter) editor->SetFilter(WithClipboard(column.filter));
+    if (column.pasteFilter) editor->SetPasteFilter(column.pasteFilter);
     editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));
+    // Setting the cell's own text comes before anybody types.
+    connect(editor, &QLineEdit::textEdited, this, &GridCells::Typed);
     editor_ = editor;
     return editor;
 }
@@ -65,6 +102,7 @@ void GridCells::setModelData(QWidget* editor, QAbstractItemModel* model,
                       .text = FromQt(static_cast<EntryField*>(editor)->text())};
     if (change.text == change.oldText) return;
     if (events_.beforeCellStore) events_.beforeCellStore(change);
+    taken_ = change;
     if (change.cancel || !cell.isValid()) return;
     model->setData(cell, ToQt(change.text), Qt::EditRole);
     if (events_.afterCellStore) events_.afterCellStore(change.column);
@@ -92,13 +130,14 @@ bool GridCells::LeavesCell(const EntryField& editor, const QKeyEvent& key) const
 bool GridCells::eventFilter(QObject* watched, QEvent* event) {
     if (GoesToAnotherWindow(*event)) return false;
     auto* editor = qobject_cast<EntryField*>(watched);
+    // Where the focus goes to says whether the cell is left: the grid sees that.
+    if (event->type() == QEvent::FocusOut) return false;
     if (editor == nullptr || event->type() != QEvent::KeyPress) {
         return QStyledItemDelegate::eventFilter(watched, event);
     }
     auto* key = static_cast<QKeyEvent*>(event);
     if (LeavesCell(*editor, *key)) {
-        Finish();
-        emit LeftBy(key);
+        if (Finish()) emit LeftBy(key);
         return true;
     }
     if (key->key() == Qt::Key_Escape) {

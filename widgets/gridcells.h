@@ -23,8 +23,10 @@ class GridCells : public QStyledItemDelegate {
 
     QWidget* Editor() const;  ///< null while no cell is edited
     void OpenedBy(CellOpening opening);
-    void Finish();  ///< takes over what was typed and closes
-    void GiveUp();  ///< closes; the cell keeps its text
+    /// Takes over what was typed and closes. False when the cell may not be left: it has the focus,
+    /// with what was typed, unless that was rewritten.
+    bool Finish();
+    bool GiveUp();  ///< closes, the cell keeps its text; false when none was open
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
@@ -34,6 +36,7 @@ class GridCells : public QStyledItemDelegate {
                               const QModelIndex& index) const override;
 
   signals:
+    void Typed();                 ///< the open cell has a text of its own
     void LeftBy(QKeyEvent* key);  ///< the cell is closed; what the key does is still to be done
 
   protected:
@@ -45,5 +48,7 @@ class GridCells : public QStyledItemDelegate {
     const RecordSetModel& model_;
     const GridEvents& events_;
     mutable QPointer<QWidget> editor_;
+    mutable CellChange taken_;  ///< what the cell made of the text that was taken over last
+    bool finishing_ = false;
     CellOpening opening_ = CellOpening::Editing;
 };

@@ -10,6 +10,7 @@ struct CellChange {
     std::string oldText = {};
     std::string text = {};  ///< may be rewritten
     bool cancel = false;    ///< true: the cell keeps its old text
+    bool stay = false;      ///< true: the cell is not left; the user has been told why
 };
 
 /// Called in the order in which they stand here. An empty one is not called; a `bool` answer of
@@ -18,6 +19,8 @@ struct GridEvents {
     std::function<bool(int column)> beforeCellEdit;
     std::function<void(CellChange&)> beforeCellStore;
     std::function<void(int column)> afterCellStore;
+    std::function<bool()> beforeRowLeave;  ///< another row is wanted, whether or not one is typed
+    std::function<bool()> rowIsComplete;   ///< whether it would be stored; tells the user nothing
     std::function<bool()>
         beforeRowStore;  ///< the row is still typed: ask TypedText, complete with TypeText
     std::function<void(bool isNew)> afterRowStore;

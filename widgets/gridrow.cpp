@@ -3,24 +3,33 @@
 #include "widgets/gridcells.h"
 #include "widgets/recordsetmodel.h"
 
+#include <QGuiApplication>
 #include <QMenuBar>
+#include <QMetaObject>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QWidget>
 
 #include <optional>
 
-GridRow::GridRow(RecordSetModel& model, GridCells& cells, const GridEvents& events)
-    : model_(model), cells_(cells), events_(events) {}
+GridRow::GridRow(RecordSetModel& model, GridCells& cells, const GridEvents& events, QWidget& table)
+    : model_(model), cells_(cells), events_(events), table_(table) {}
 
 bool GridRow::IsTyped() const {
     return model_.TypedRow().has_value();
 }
 
+bool GridRow::MayLeave() {
+    return Store() && (!events_.beforeRowLeave || events_.beforeRowLeave());
+}
+
 bool GridRow::Store() {
     if (storing_) return false;
     const QScopedValueRollback storing(storing_, true);
-    cells_.Finish();
-    return StoreTyped();
+    if (!cells_.Finish()) return false;
+    if (StoreTyped()) return true;
+    table_.setFocus();
+    return false;
 }
 
 bool GridRow::StoreTyped() {
@@ -38,11 +47,29 @@ void GridRow::Cancel() {
     model_.Forget();
 }
 
+// A message in the middle of a mouse press would keep the press from what was pressed on. Where the
+// press has put the focus back, the user has been told already.
+void GridRow::LeaveOnceThePressIsOver(const QWidget& left, const std::function<void()>& leave) {
+    if (QGuiApplication::mouseButtons() == Qt::NoButton) return leave();
+    const auto leaveUnlessBack = [this, leave, back = QPointer<const QWidget>(&left)] {
+        const QWidget* now = table_.window()->focusWidget();
+        if (back && now != nullptr && (now == back || back->isAncestorOf(now))) return;
+        leave();
+    };
+    QMetaObject::invokeMethod(&cells_, leaveUnlessBack, Qt::QueuedConnection);
+}
+
 void GridRow::FocusMoves(const QWidget& grid, const QWidget* from, const QWidget* to) {
-    if (from == nullptr || to == nullptr || !IsTyped()) return;
+    // A window that is only put aside, or a message over it, leaves nothing.
+    if (from == nullptr || to == nullptr || to->window() != grid.window()) return;
     // A menu has the focus only for a while: what is chosen there tells whether the row is left.
     if (qobject_cast<const QMenuBar*>(to) != nullptr) return;
-    const bool wasHere = from == &grid || grid.isAncestorOf(from);
-    const bool isHere = to == &grid || grid.isAncestorOf(to);
-    if (wasHere && !isHere && to->window() == grid.window()) Store();
+    if (from != &grid && !grid.isAncestorOf(from)) return;
+    const bool stays = to == &grid || grid.isAncestorOf(to);
+    if (stays && from == cells_.Editor()) {
+        LeaveOnceThePressIsOver(*from, [this] { cells_.Finish(); });
+    }
+    if (!stays && (IsTyped() || cells_.Editor() != nullptr)) {
+        LeaveOnceThePressIsOver(grid, [this] { Store(); });
+    }
 }

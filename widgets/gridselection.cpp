@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-GridSelection::GridSelection(std::function<bool()> leaveRow) : leaveRow_(std::move(leaveRow)) {}
+GridSelection::GridSelection(GridGuards guards) : guards_(std::move(guards)) {}
 
 void GridSelection::MoveUnasked(const std::function<void()>& move) {
     const QScopedValueRollback unasked(unasked_, true);
@@ -15,12 +15,12 @@ void GridSelection::MoveUnasked(const std::function<void()>& move) {
 
 void GridSelection::setCurrentIndex(const QModelIndex& index,
                                     QItemSelectionModel::SelectionFlags command) {
-    const bool otherRow =
-        currentIndex().isValid() && index.isValid() && index.row() != currentIndex().row();
     stayed_ = false;
-    if (!otherRow || unasked_) return QItemSelectionModel::setCurrentIndex(index, command);
+    const bool leaves = currentIndex().isValid() && index.isValid() && index != currentIndex();
+    if (!leaves || unasked_) return QItemSelectionModel::setCurrentIndex(index, command);
     const int row = index.row(), column = index.column();
-    if (!leaveRow_()) {
+    const bool sameRow = row == currentIndex().row();
+    if (!(sameRow ? guards_.leaveCell() : guards_.leaveRow())) {
         stayed_ = true;
         return;
     }
@@ -31,7 +31,7 @@ void GridSelection::setCurrentIndex(const QModelIndex& index,
 
 void GridSelection::select(const QItemSelection& selection,
                            QItemSelectionModel::SelectionFlags command) {
-    const bool elsewhere = !selection.isEmpty() && selection.first().top() != currentIndex().row();
+    const bool elsewhere = !selection.isEmpty() && selection.first().topLeft() != currentIndex();
     if (stayed_ && elsewhere) return;
     QItemSelectionModel::select(selection, command);
 }

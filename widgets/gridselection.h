@@ -1,14 +1,20 @@
 #pragma once
-// The current cell of a grid: a row is left only when what was typed in it is stored.
+// The current cell of a grid: a cell is left only when its text is taken, a row only when what was
+// typed in it is stored.
 
 #include <QItemSelectionModel>
 
 #include <functional>
 
+/// They say whether the current cell, or the current row with its cell, may be left.
+struct GridGuards {
+    std::function<bool()> leaveCell;
+    std::function<bool()> leaveRow;
+};
+
 class GridSelection : public QItemSelectionModel {
   public:
-    /// `leaveRow` says whether the current row may be left.
-    explicit GridSelection(std::function<bool()> leaveRow);
+    explicit GridSelection(GridGuards guards);
 
     /// The program moves: nothing is asked.
     void MoveUnasked(const std::function<void()>& move);
@@ -20,7 +26,7 @@ class GridSelection : public QItemSelectionModel {
                 QItemSelectionModel::SelectionFlags command) override;
 
   private:
-    std::function<bool()> leaveRow_;
+    GridGuards guards_;
     bool unasked_ = false;
     bool stayed_ = false;  ///< the last move was refused: what would select its target does not
 };

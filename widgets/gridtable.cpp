@@ -1,6 +1,7 @@
 #include "widgets/gridtable.h"
 
 #include "platform/typedkey.h"
+#include "widgets/entryfield.h"
 #include "widgets/gridcells.h"
 #include "widgets/gridkeys.h"
 #include "widgets/recordsetmodel.h"
@@ -68,6 +69,24 @@ void GridTable::Stroke(QKeyEvent* key) {
     keyPressEvent(key);
 }
 
+/// While a row is typed Tab goes through its cells, and out of the grid at the row's ends.
+bool GridTable::focusNextPrevChild(bool next) {
+    const QModelIndex cell = currentIndex();
+    const QModelIndex beside = cell.siblingAtColumn(cell.column() + (next ? 1 : -1));
+    if (!model_.TypedRow() || !beside.isValid()) return QTableView::focusNextPrevChild(next);
+    setCurrentIndex(beside);
+    return true;
+}
+
+/// A new row begins with its first cell.
+QModelIndex GridTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const int row = currentIndex().row();
+    if (action == MoveDown && model_.TypedRow() == row && model_.IsNewRow(row)) {
+        return model_.index(row + 1, 0);
+    }
+    return QTableView::moveCursor(action, modifiers);
+}
+
 bool GridTable::Passes(int column, const QKeyEvent& event) const {
     if (event.key() == Qt::Key_Backspace) return true;
     const CharacterFilter& filter = model_.Columns()[static_cast<std::size_t>(column)].filter;
@@ -113,6 +132,8 @@ void GridTable::PasteIntoCell(QKeyEvent* event) {
     edit(currentIndex(), EditKeyPressed, event);
     if (cells_.Editor() == nullptr) return;
     cells_.OpenedBy(CellOpening::Typing);
+    // What is pasted into a cell takes the place of its text.
+    static_cast<EntryField*>(cells_.Editor())->selectAll();
     QApplication::sendEvent(cells_.Editor(), event);
 }
 

@@ -85,6 +85,7 @@ void RecordSetModel::SetAwake(bool awake) {
 void RecordSetModel::Reload() {
     beginResetModel();
     typing_.reset();
+    newRowBegun_ = secondEmptyRow_ = false;
     storedRows_ = -1;
     positions_.assign(columns_.size(), std::nullopt);
     if (awake_ && source_) {
@@ -100,7 +101,8 @@ void RecordSetModel::FindRows() {
 }
 
 int RecordSetModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : storedRows_ + 1;
+    if (parent.isValid()) return 0;
+    return storedRows_ + 1 + (secondEmptyRow_ ? 1 : 0);
 }
 
 int RecordSetModel::columnCount(const QModelIndex& parent) const {
@@ -108,7 +110,11 @@ int RecordSetModel::columnCount(const QModelIndex& parent) const {
 }
 
 bool RecordSetModel::IsNewRow(int row) const {
-    return storedRows_ >= 0 && row == storedRows_;
+    return storedRows_ >= 0 && row >= storedRows_;
+}
+
+bool RecordSetModel::NewRowTyped() const {
+    return typing_ && typing_->row >= storedRows_;
 }
 
 std::optional<int> RecordSetModel::TypedRow() const {
@@ -125,8 +131,24 @@ std::optional<std::string> RecordSetModel::Typed(const std::string& field) const
 void RecordSetModel::Type(int row, const std::string& field, std::string text) {
     if (!typing_) typing_ = Typing{row, {}};
     if (typing_->row != row) return;
+    UpdateSecondEmptyRow();
     typing_->texts[field] = std::move(text);
     ShowRow(row);
+}
+
+/// After every change of what is typed: the next empty row stands under a new one that is typed.
+void RecordSetModel::UpdateSecondEmptyRow() {
+    const bool wanted = NewRowTyped() || newRowBegun_;
+    if (wanted == secondEmptyRow_) return;
+    const int second = storedRows_ + 1;
+    wanted ? beginInsertRows({}, second, second) : beginRemoveRows({}, second, second);
+    secondEmptyRow_ = wanted;
+    wanted ? endInsertRows() : endRemoveRows();
+}
+
+void RecordSetModel::SetNewRowBegun(bool begun) {
+    newRowBegun_ = begun && storedRows_ >= 0;
+    UpdateSecondEmptyRow();
 }
 
 std::string RecordSetModel::TextAt(int row, const std::string& field) const {
@@ -228,6 +250,7 @@ void RecordSetModel::Forget() {
     if (!typing_) return;
     const int row = typing_->row;
     typing_.reset();
+    UpdateSecondEmptyRow();
     ShowRow(row);
 }
 
@@ -241,15 +264,19 @@ void RecordSetModel::RowStored(int position) {
     if (storedRows_ < 0) return;
     if (position < storedRows_) return ShowRow(position);
     const int added = storedRows_;
-    // A row stored by others comes before the one being typed at the end; a typed row that was
-    // stored now stands where it was typed.
-    const bool typedElsewhere = typing_ && typing_->row == added && !writing_;
-    beginInsertRows({}, added + 1, added + 1);
+    if (NewRowTyped() && writing_) {
+        // It stands where it was typed, with the next empty row under it already.
+        ++storedRows_;
+        secondEmptyRow_ = false;
+        ShowRow(added);
+        return;
+    }
+    // A row stored by others comes before the one being typed at the end.
+    beginInsertRows({}, rowCount(), rowCount());
+    if (NewRowTyped()) ++typing_->row;
     ++storedRows_;
-    if (typedElsewhere) ++typing_->row;
     endInsertRows();
-    ShowRow(added);
-    ShowRow(added + 1);
+    for (int row = added; row < rowCount(); ++row) ShowRow(row);
 }
 
 void RecordSetModel::RowDeleted(int position) {

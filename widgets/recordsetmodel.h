@@ -1,6 +1,6 @@
 #pragma once
-// A data source as an item model, with an empty last row for new data. Reads only the cells
-// somebody looks at.
+// A data source as an item model, with an empty last row for new data; while a new row is typed the
+// next empty one stands under it. Reads only the cells somebody looks at.
 
 #include "jet/value.h"
 #include "widgets/entryfield.h"
@@ -22,7 +22,8 @@ struct GridColumn {
     bool locked = false;
     int decimals = -1;            ///< shown with so many; -1: as many as there are
     CharacterFilter filter = {};  ///< what may be typed; none: everything
-    std::string enterKeys = {};   ///< key strokes that Enter becomes; "": Enter stays Enter
+    TextFilter pasteFilter = {};  ///< what a pasted text becomes; none: what may be typed of it
+    std::string enterKeys = {};   ///< key strokes that Enter becomes; "": Enter moves on itself
     int widthShare = 1;
 };
 
@@ -51,10 +52,13 @@ class RecordSetModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    bool IsNewRow(int row) const;
+    bool IsNewRow(int row) const;         ///< the empty last row, or the new one being typed
     std::optional<int> TypedRow() const;  ///< the row that has typed cells not yet stored
     /// What was typed into a field of the row being typed; none where nothing was.
     std::optional<std::string> Typed(const std::string& field) const;
+    /// A cell of the new row has a text that is not taken over yet: the row counts as typed only
+    /// when it is, but the next empty row stands under it already.
+    void SetNewRowBegun(bool begun);
     /// As if the user had typed it; any field of the record set, shown or not.
     void Type(int row, const std::string& field, std::string text);
     std::string TextAt(int row, const std::string& field) const;  ///< typed, else stored
@@ -69,6 +73,8 @@ class RecordSetModel : public QAbstractTableModel {
         std::map<std::string, std::string> texts;
     };
     void FindRows();
+    bool NewRowTyped() const;
+    void UpdateSecondEmptyRow();
     std::optional<std::size_t> Position(const std::string& field) const;
     std::string StoredText(int row, std::optional<std::size_t> position, int decimals) const;
     void WriteTyping(const Typing& typing);
@@ -81,6 +87,8 @@ class RecordSetModel : public QAbstractTableModel {
     std::vector<std::optional<std::size_t>> positions_;  ///< of the columns in the record set
     std::optional<Typing> typing_;
     int storedRows_ = -1;  ///< -1: no record set, no rows at all
+    bool newRowBegun_ = false;
+    bool secondEmptyRow_ = false;
     bool awake_ = false;
     bool writing_ = false;
 };

@@ -1,5 +1,6 @@
 #include "entry/rules/cells.h"
 
+#include "base/error.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "entry/rules/texts.h"
@@ -26,6 +27,16 @@ std::string CellFundNumber(std::string_view typed) {
     return Left(typed, kNumberGroup) + " " + Right(typed, kNumberGroup);
 }
 
+std::optional<std::string> CellNumber(std::string_view typed) try {
+    if (Trim(typed).empty()) return "";
+    ParseDouble(typed);
+    std::string number(typed);
+    std::erase(number, ' ');
+    return number;
+} catch (const Error&) {
+    return std::nullopt;
+}
+
 std::string FundNumberOrDefault(std::string_view fondNr) {
     return std::string(Trim(fondNr).empty() ? kSummaryFondNr : fondNr);
 }
@@ -37,7 +48,8 @@ std::optional<double> RowValue(std::optional<double> shares, std::optional<doubl
 
 Missing MissingIn(const HoldingRow& row) {
     if (Trim(row.fond).empty()) return Missing::Name;
-    return row.kursKr.value_or(0) > 0 ? Missing::Nothing : Missing::Price;
+    if (row.kursKr.value_or(0) <= 0) return Missing::Price;
+    return row.bokfortDatum ? Missing::Nothing : Missing::Date;
 }
 
 std::string DeletionEntry(const HoldingRow& row, std::string_view today) {

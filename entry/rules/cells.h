@@ -14,6 +14,10 @@ std::string CellName(std::string_view typed);
 /// A number of more than 5 characters becomes its first 3, a blank and its last 3.
 std::string CellFundNumber(std::string_view typed);
 
+/// A typed number as it is stored: without the blanks between its groups of three, nothing as
+/// nothing. None when it is no number.
+std::optional<std::string> CellNumber(std::string_view typed);
+
 /// A row saved without a fund number gets the summary row's.
 std::string FundNumberOrDefault(std::string_view fondNr);
 
@@ -21,9 +25,9 @@ std::string FundNumberOrDefault(std::string_view fondNr);
 /// missing.
 std::optional<double> RowValue(std::optional<double> shares, std::optional<double> price);
 
-enum class Missing { Nothing, Name, Price };
+enum class Missing { Nothing, Name, Price, Date };
 
-/// The first thing that keeps a row from being stored: no name, or no price above 0.
+/// The first thing that keeps a row from being stored: no name, no price above 0, or no date.
 Missing MissingIn(const HoldingRow& row);
 
 /// The log entry of a deleted row; `today` is today's date text.

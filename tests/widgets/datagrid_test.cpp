@@ -12,6 +12,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QModelIndexList>
 #include <QPalette>
 #include <QPoint>
@@ -19,6 +20,7 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <cmath>
@@ -119,6 +121,9 @@ class GridTest : public ::testing::Test {
         const QPoint at = CellCentre(row, column);
         QTest::mouseClick(View().viewport(), Qt::LeftButton, Qt::NoModifier, at);
         QTest::mouseDClick(View().viewport(), Qt::LeftButton, Qt::NoModifier, at);
+        // The toolkit's own double click leaves the button down. The cell's field, or a box over
+        // it, must not see it come up.
+        QTest::mouseRelease(&other_, Qt::LeftButton);
     }
 
     QWidget window_;
@@ -312,11 +317,11 @@ TEST_F(GridTest, EnterMovesRightOutOfATextWhoseStartTheCursorIsAt) {
     EXPECT_EQ(Cell(), std::pair(1, static_cast<int>(kDay)));
 }
 
-TEST_F(GridTest, EnterInAColumnWithoutKeyStrokeStaysAndKeepsTheText) {
+TEST_F(GridTest, EnterInAColumnWithoutKeyStrokeMovesRightByItself) {
     Go(1, kName);
     Type("Ny");
     Key(Qt::Key_Return);
-    EXPECT_EQ(Cell(), std::pair(1, static_cast<int>(kName)));
+    EXPECT_EQ(Cell(), std::pair(1, static_cast<int>(kShares)));
     EXPECT_FALSE(Editing());
     EXPECT_EQ(grid_.CellText(1, kName), "Ny");
     EXPECT_EQ(Stored(1, kName), "Två");
@@ -326,6 +331,41 @@ TEST_F(GridTest, EnterInTheLastColumnStays) {
     Go(1, kSum);
     Key(Qt::Key_Return);
     EXPECT_EQ(Cell(), std::pair(1, static_cast<int>(kSum)));
+}
+
+TEST_F(GridTest, EnterInTheLastColumnStoresARowThatIsTyped) {
+    Go(1, kDay);
+    Type("7");
+    Key(Qt::Key_Return);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Stored(1, kDay), "7");
+    EXPECT_EQ(Cell(), std::pair(2, static_cast<int>(kName)));
+}
+
+TEST_F(GridTest, TabGoesThroughTheCellsOfARowThatIsTyped) {
+    Go(1, kName);
+    Type("Ny");
+    for (const int column : {kShares, kDay, kSum}) {
+        Key(Qt::Key_Tab);
+        EXPECT_EQ(Cell(), std::pair(1, column));
+        EXPECT_TRUE(View().hasFocus());
+    }
+    EXPECT_EQ(Stored(1, kName), "Två");
+    Key(Qt::Key_Tab);
+    EXPECT_TRUE(other_.hasFocus());
+    EXPECT_EQ(Stored(1, kName), "Ny");
+}
+
+TEST_F(GridTest, ShiftAndTabGoBackThroughThem) {
+    Go(1, kDay);
+    Type("7");
+    for (const int column : {kShares, kName}) {
+        Key(Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_EQ(Cell(), std::pair(1, column));
+    }
+    Key(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(other_.hasFocus());
+    EXPECT_EQ(Stored(1, kDay), "7");
 }
 
 TEST_F(GridTest, AnArrowLeavesACellThatWasOpenedByTyping) {
@@ -413,6 +453,102 @@ TEST_F(GridTest, ACellsTextCanBeRefused) {
     EXPECT_FALSE(grid_.RowTyped());
 }
 
+/// Says no to every text, in a box that the desktop shows and that is closed as soon as it stands.
+class RefusingGridTest : public GridTest {
+  protected:
+    RefusingGridTest() {
+        grid_.events.beforeCellStore = [this](CellChange& change) {
+            change.stay = change.cancel = true;
+            ++told_;
+            QMessageBox box(QApplication::activeWindow());
+            QTimer::singleShot(0, &box, [&box] { box.accept(); });
+            box.exec();
+        };
+        Go(1, kDay);
+        Type("7");
+    }
+    void ExpectTypingGoesOn() {
+        EXPECT_EQ(told_, 1);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+        EXPECT_EQ(Cell(), std::pair(1, static_cast<int>(kDay)));
+        EXPECT_EQ(Editor(), "7");
+        grid_.events.beforeCellStore = {};
+        Type("5");
+        Key(Qt::Key_Down);
+        EXPECT_EQ(Stored(1, kDay), "75");
+        EXPECT_EQ(FromQt(other_.text()), "");
+    }
+
+    int told_ = 0;
+};
+
+TEST_F(RefusingGridTest, KeysStayInTheCell) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Down, Qt::Key_Left}) {
+        told_ = 0;
+        Key(key);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+        EXPECT_EQ(told_, 1);
+        EXPECT_EQ(Cell(), std::pair(1, static_cast<int>(kDay)));
+        EXPECT_EQ(Editor(), "7");
+    }
+    told_ = 1;
+    ExpectTypingGoesOn();
+}
+
+TEST_F(RefusingGridTest, AClickOnAnotherCellStays) {
+    QTest::mouseClick(View().viewport(), Qt::LeftButton, Qt::NoModifier, CellCentre(1, kName));
+    ExpectTypingGoesOn();
+}
+
+TEST_F(RefusingGridTest, AClickOnAnotherRowStays) {
+    QTest::mouseClick(View().viewport(), Qt::LeftButton, Qt::NoModifier, CellCentre(0, kDay));
+    ExpectTypingGoesOn();
+}
+
+TEST_F(RefusingGridTest, AnotherControlStays) {
+    other_.setFocus();
+    ExpectTypingGoesOn();
+}
+
+TEST_F(RefusingGridTest, StoringStays) {
+    EXPECT_FALSE(grid_.StoreRow());
+    ExpectTypingGoesOn();
+}
+
+TEST_F(RefusingGridTest, EscGivesTheCellUp) {
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    EXPECT_TRUE(grid_.GiveUpCell());
+    EXPECT_FALSE(grid_.RowTyped());
+    EXPECT_EQ(grid_.CellText(1, kDay), "200");
+}
+
+TEST_F(GridTest, ACellWhoseTextIsTakenAwayStaysCurrent) {
+    grid_.events.beforeCellStore = [](CellChange& change) {
+        change.text = "";
+        change.stay = true;
+    };
+    Go(1, kDay);
+    Type("7");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(grid_.CellText(1, kDay), "");
+    EXPECT_EQ(Cell(), std::pair(1, static_cast<int>(kDay)));
+    EXPECT_TRUE(View().hasFocus());
+}
+
+TEST_F(GridTest, AWindowThatComesOverItLeavesTheCellOpen) {
+    Go(1, kDay);
+    Type("7");
+    QWidget over;
+    over.show();
+    over.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&over));
+    window_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    EXPECT_EQ(Editor(), "7");
+    EXPECT_FALSE(grid_.RowTyped());
+}
+
 TEST_F(GridTest, ACellLeftAsItWasIsNoChange) {
     int stores = 0;
     grid_.events.beforeCellStore = [&](CellChange&) { ++stores; };
@@ -483,21 +619,46 @@ TEST_F(GridTest, ANewRowIsAddedWhenItIsLeft) {
     EXPECT_EQ(View().model()->rowCount(), 5);
     EXPECT_EQ(grid_.CellText(3, kName), "Fyra");
     EXPECT_EQ(grid_.CellText(4, kName), "");
-    EXPECT_EQ(Cell(), std::pair(2, static_cast<int>(kName)));
+    EXPECT_EQ(Cell(), std::pair(2, static_cast<int>(kShares)));
 }
 
 TEST_F(GridTest, TwoNewRowsInARow) {
     grid_.MoveToNewRow();
     Type("Fyra");
     Key(Qt::Key_Down);
-    EXPECT_EQ(grid_.CurrentRow(), 3);
-    grid_.StoreRow();
-    Key(Qt::Key_Down);
+    EXPECT_EQ(grid_.CurrentRow(), 4);
     Type("Fem");
     Key(Qt::Key_Up);
     ASSERT_EQ(records_->Rows().size(), 5U);
     EXPECT_EQ(Stored(3, kName), "Fyra");
     EXPECT_EQ(Stored(4, kName), "Fem");
+}
+
+TEST_F(GridTest, TheNextEmptyRowStandsUnderANewRowThatIsTyped) {
+    grid_.MoveToNewRow();
+    Type("Fyra");
+    EXPECT_EQ(View().model()->rowCount(), 5);
+    EXPECT_EQ(Editor(), "Fyra");
+    EXPECT_TRUE(grid_.GiveUpCell());
+    EXPECT_EQ(View().model()->rowCount(), 4);
+    Type("Fyra");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(View().model()->rowCount(), 5);
+    EXPECT_EQ(grid_.CellText(4, kName), "");
+    grid_.CancelRow();
+    EXPECT_EQ(View().model()->rowCount(), 4);
+}
+
+TEST_F(GridTest, DownStoresANewRowAndBeginsTheNextOne) {
+    Give({});
+    Type("Ett");
+    Key(Qt::Key_Return);
+    Type("5");
+    Key(Qt::Key_Down);
+    ASSERT_EQ(records_->Rows().size(), 1U);
+    EXPECT_EQ(Stored(0, kShares), "5");
+    EXPECT_EQ(Cell(), std::pair(1, static_cast<int>(kName)));
+    EXPECT_TRUE(grid_.OnNewRow());
 }
 
 TEST_F(GridTest, AnEmptyCellIsStoredAsNothing) {
@@ -571,7 +732,7 @@ TEST_F(GridTest, ANewRowThatCannotBeStoredStaysTyped) {
     EXPECT_EQ(failures_, std::vector<int>{3027});
     EXPECT_EQ(Cell(), std::pair(3, static_cast<int>(kName)));
     EXPECT_EQ(grid_.CellText(3, kName), "Fyra");
-    EXPECT_EQ(View().model()->rowCount(), 4);
+    EXPECT_EQ(View().model()->rowCount(), 5);
 }
 
 TEST_F(GridTest, TellsWhetherTheStoredRowIsNew) {

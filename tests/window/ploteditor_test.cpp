@@ -202,6 +202,47 @@ TEST_F(PlotEditorTest, APointIsAddedOnTheLastRow) {
     EXPECT_EQ(Caption(Window().lblRecCount), "Listan innehåller 2 poster");
 }
 
+TEST_F(PlotEditorTest, OpensOnTheOpenFundsLastPoint) {
+    StartWith({With({{38718, 0}}), With({{38718, 0}, {38719, 3}, {38725, 4}}), With({{38720, 5}})});
+    ChooseFund(1);
+    Open();
+    EXPECT_EQ(Grid().CurrentRow(), 3);
+    EXPECT_EQ(Grid().CurrentColumn(), XCord);
+    EXPECT_EQ(Grid().CellText(3, XCord), "38725");
+    EXPECT_EQ(Window().dtaPlott->Position(), 3);
+}
+
+TEST_F(PlotEditorTest, ANewPointTakesFundNumberAndHoldingOfTheRowAbove) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Go(1, XCord);
+    Keys("38720");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Grid().CellText(1, FondNr), "249 995");
+    EXPECT_EQ(Grid().CellText(1, KontoId), "1");
+    Keys("5");
+    Key(Qt::Key_Down);
+    ASSERT_EQ(PointsOf(1).size(), 2U);
+    EXPECT_EQ(PointsOf(1)[1].value, 5);
+}
+
+TEST_F(PlotEditorTest, AnIncompletePointIsRefusedWithTheCursorWhereItIsMissing) {
+    StartWith({With({{38718, 0}})});
+    Open();
+    Go(1, YCord);
+    Keys("5");
+    outside.dialogs.Expect(
+        "XCord saknas\r\nEn punkt har FondNr, XCord, YCord och KontoId\r\n"
+        "Fyll i, eller tryck <Esc>");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Grid().CurrentRow(), 1);
+    EXPECT_EQ(Grid().CurrentColumn(), XCord);
+    EXPECT_EQ(PointsOf(1).size(), 1U);
+    Keys("38720");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(PointsOf(1).size(), 2U);
+}
+
 TEST_F(PlotEditorTest, APointIsDeletedByItsMark) {
     StartWith({With({{38718, 0}, {38719, 3}})});
     Open();

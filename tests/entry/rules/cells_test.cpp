@@ -30,6 +30,27 @@ TEST(CellFundNumber, GetsItsBlankFromSixCharactersOn) {
     for (const auto& row : rows) EXPECT_EQ(CellFundNumber(row.typed), row.stored) << row.typed;
 }
 
+TEST(CellNumber, IsStoredWithoutItsBlanks) {
+    const struct {
+        std::string_view typed;
+        std::optional<std::string> stored;
+    } rows[] = {
+        {"1234,5678", "1234,5678"},
+        {"1 234,5", "1234,5"},
+        {"12 345 678", "12345678"},
+        {"-5", "-5"},
+        {" 7 ", "7"},
+        {"12,50", "12,50"},
+        {"", ""},
+        {"  ", ""},
+        {"1 12,50", std::nullopt},
+        {"1,2,3", std::nullopt},
+        {"-", std::nullopt},
+        {"1-2", std::nullopt},
+    };
+    for (const auto& row : rows) EXPECT_EQ(CellNumber(row.typed), row.stored) << row.typed;
+}
+
 TEST(FundNumber, IsTheSummaryRowsWhenNoneWasTyped) {
     EXPECT_EQ(FundNumberOrDefault(""), "999 999");
     EXPECT_EQ(FundNumberOrDefault("  "), "999 999");
@@ -59,6 +80,8 @@ TEST(MissingIn, FindsWhatKeepsARowFromBeingStored) {
     row.kursKr = -1;
     EXPECT_EQ(MissingIn(row), Missing::Price);
     row.kursKr = 0.01;
+    EXPECT_EQ(MissingIn(row), Missing::Date);
+    row.bokfortDatum = 46024;
     EXPECT_EQ(MissingIn(row), Missing::Nothing);
 }
 
