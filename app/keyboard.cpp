@@ -145,6 +145,7 @@ void Keyboard::EscapeFromHoldings() {
     if (!stored && !MayGiveUpRow()) return grid.setFocus();
     grid.CancelRow();
     for (BoundField* field : {window.txtKontoNr, window.txtPnr, window.txtNamn}) field->Reload();
+    for (BoundField* box : window.txtNyAndel) box->Reload();
     window.ResetPanels();
     window.cmdPPMData_Click();
 }

@@ -19,17 +19,17 @@ struct FundFile;
 /// In every line the controller that does the work.
 class Procedures {
   public:
-    virtual void Activate() = 0;                      // StartUp: its work, done again
-    virtual void ResetPanels() = 0;                   // StartUp
-    virtual void Unload() = 0;                        // StartUp
-    virtual void BringTodayUpToDate() = 0;            // StartUp
-    virtual void ScaleToScreen(float factor) = 0;     // ScreenScaling
+    virtual void Activate() = 0;                       // StartUp: its work, done again
+    virtual void ResetPanels() = 0;                    // StartUp
+    virtual void Unload() = 0;                         // StartUp
+    virtual void BringTodayUpToDate() = 0;             // StartUp
+    virtual void ScaleToScreen(float factor) = 0;      // ScreenScaling
     virtual void FitInto(const QSize& room) = 0;       // ScreenScaling
     virtual void TellAbout(const FundFile& file) = 0;  // FileMenu: how it was opened
-    virtual void FillFundList() = 0;                  // FundList
-    virtual void OpenSelectedFund() = 0;              // FundList
-    virtual bool OpenFund(std::int32_t kontoId) = 0;  // FundList
-    virtual void ClearFundPanel() = 0;                // FundList
+    virtual void FillFundList() = 0;                   // FundList
+    virtual void OpenSelectedFund() = 0;               // FundList
+    virtual bool OpenFund(std::int32_t kontoId) = 0;   // FundList
+    virtual void ClearFundPanel() = 0;                 // FundList
     virtual void RefreshFundList(std::optional<std::int32_t> toOpen) = 0;  // FundList
     virtual void ReadCurveList() = 0;  // SeveralCurves: the stored list
     virtual void SelectCurves(std::vector<std::int32_t> kontoIds) = 0;  // SeveralCurves

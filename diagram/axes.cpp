@@ -52,7 +52,7 @@ void Axes::ShowFundScale(ScaleRange stored) {
     const bool changed = stored != window.FundScale;
     if (!changed && stored.top <= window.Scale.top) return Redraw();
     window.FundScale = stored;
-    StoreScale(stored);
+    window.Scale = stored;
     SetVerticalScale(stored.bottom, stored.top);
 }
 

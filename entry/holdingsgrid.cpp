@@ -5,8 +5,8 @@
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "base/number.h"
-#include "base/pastedtext.h"
 #include "base/text.h"
+#include "entry/holdingcolumns.h"
 #include "entry/rules/cells.h"
 #include "entry/texts.h"
 #include "fundfile/curvelist.h"
@@ -34,65 +34,12 @@
 #include <string>
 #include <utility>
 
-namespace {
-
+using namespace holdingcolumns;
 using namespace schema::holding;
-
-/// The grid's columns, counted from 0, are the record's from position 1 on.
-enum Column : int { Fond, FondNr, BokfortDatum, Fondandelar, KursKr, VardeKr, Andel };
-constexpr std::size_t kFirstPosition = kFond;
-
-constexpr std::size_t PositionOf(int column) {
-    return kFirstPosition + static_cast<std::size_t>(column);
-}
-
-std::string FieldAt(std::size_t position) {
-    return std::string(kNames[position]);
-}
-
-/// A date may be typed with slashes too.
-std::optional<char32_t> DateKey(char32_t typed) {
-    return kGridKeys(typed == U'/' ? U'-' : typed);
-}
-
-/// The columns' captions, in their order.
-constexpr std::array kCaptions = {texts::FondColumn,   texts::FondNrColumn, texts::DateColumn,
-                                  texts::SharesColumn, texts::PriceColumn,  texts::ValueColumn,
-                                  texts::PercentColumn};
-
-std::string PastedCellNumber(std::string_view text) {
-    return PastedNumber(text).value_or("");
-}
-
-/// Names take every character, other columns what may be typed there.
-std::string PastedFundNumber(std::string_view text) {
-    std::u32string passed;
-    for (const char32_t character : ToCodePoints(PastedLine(text))) {
-        if (const auto typed = kGridKeys(character)) passed += *typed;
-    }
-    return ToUtf8(passed);
-}
-
-std::string PastedCellDate(std::string_view text) {
-    return PastedDate(text).value_or("");
-}
-
-GridColumn GridColumnOf(Column column, int widthShare) {
-    GridColumn made{.caption = std::string(kCaptions[static_cast<std::size_t>(column)]),
-                    .field = FieldAt(PositionOf(column))};
-    made.widthShare = widthShare;
-    // Names take every key, and Enter in them moves on by itself.
-    if (column == Fond) return made;
-    made.filter = kGridKeys;
-    made.enterKeys = "{RIGHT}";
-    return made;
-}
-
-}  // namespace
 
 HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
     PrepareGrid();
-    window.txtNamn->Bind(window.dtaBasData, FieldAt(kNamn));
+    window.txtNamn->Bind(window.dtaBasData, HoldingField(kNamn));
     window.txtPnr->Bind(window.dtaBasData, std::string(kKontoinnehavare));
     window.txtKontoNr->Bind(window.dtaBasData, std::string(kKontonummer));
     PrepareField(window.txtKontoNr, "{DOWN}");
@@ -128,21 +75,7 @@ HoldingsGrid::HoldingsGrid(frmPPM& ppm) : Controller(ppm) {
 
 void HoldingsGrid::PrepareGrid() {
     DataGrid& grid = *window.DBGrid;
-    std::vector<GridColumn> columns = {
-        GridColumnOf(Fond, 30),        GridColumnOf(FondNr, 12), GridColumnOf(BokfortDatum, 13),
-        GridColumnOf(Fondandelar, 15), GridColumnOf(KursKr, 13), GridColumnOf(VardeKr, 15),
-        GridColumnOf(Andel, 10)};
-    columns[Fond].pasteFilter = PastedLine;
-    columns[FondNr].pasteFilter = PastedFundNumber;
-    columns[BokfortDatum].filter = DateKey;
-    columns[BokfortDatum].pasteFilter = PastedCellDate;
-    for (const Column number : {Fondandelar, KursKr, Andel}) {
-        columns[static_cast<std::size_t>(number)].pasteFilter = PastedCellNumber;
-    }
-    columns[Fondandelar].decimals = 4;
-    columns[VardeKr].decimals = 2;
-    columns[VardeKr].locked = true;
-    grid.SetColumns(std::move(columns));
+    grid.SetColumns(All());
     grid.SetKeyStrokes(window.platform.keyStrokes);
     grid.SetDataSource(window.dtaBasData);
 
@@ -243,7 +176,7 @@ void HoldingsGrid::TakeDate(CellChange& change) {
 
 /// A text that is no number for its column stays in the open cell: the column keeps its number.
 void HoldingsGrid::TakeNumber(CellChange& change) {
-    const std::string column = Trim(kCaptions[static_cast<std::size_t>(change.column)]);
+    const std::string column = Trim(window.DBGrid->ColumnCaption(change.column));
     const std::optional<std::string> number = CellNumber(change.text);
     if (!number) {
         return RefuseCell(change, column + std::string(texts::BeforeNoNumber) + change.text +
@@ -266,14 +199,14 @@ void HoldingsGrid::DBGrid_AfterColUpdate(int column) {
 
 /// Nothing for an empty cell, and for a text that is no number: storing the row reports that one.
 std::optional<double> HoldingsGrid::TypedNumber(std::size_t position) const try {
-    return ParseDouble(window.DBGrid->TypedText(FieldAt(position)));
+    return ParseDouble(window.DBGrid->TypedText(HoldingField(position)));
 } catch (const Error&) {
     return std::nullopt;
 }
 
 void HoldingsGrid::TypeValue() {
     const std::optional<double> value = RowValue(TypedNumber(kFondandelar), TypedNumber(kKursKr));
-    window.DBGrid->TypeText(FieldAt(kVardeKr), value ? PlainText(*value) : "");
+    window.DBGrid->TypeText(HoldingField(kVardeKr), value ? PlainText(*value) : "");
 }
 
 // ---- A row is stored ----
@@ -282,9 +215,9 @@ void HoldingsGrid::TypeValue() {
 HoldingRow HoldingsGrid::TypedRow() const {
     const DataGrid& grid = *window.DBGrid;
     HoldingRow row;
-    row.fond = grid.TypedText(FieldAt(kFond));
+    row.fond = grid.TypedText(HoldingField(kFond));
     row.kursKr = TypedNumber(kKursKr);
-    row.bokfortDatum = ParseDate(grid.TypedText(FieldAt(kBokfortDatum)));
+    row.bokfortDatum = ParseDate(grid.TypedText(HoldingField(kBokfortDatum)));
     return row;
 }
 
@@ -300,7 +233,8 @@ bool HoldingsGrid::DBGrid_BeforeUpdate() {
         case Missing::Nothing:
             break;
     }
-    grid.TypeText(FieldAt(kFondNr), FundNumberOrDefault(grid.TypedText(FieldAt(kFondNr))));
+    grid.TypeText(HoldingField(kFondNr),
+                  FundNumberOrDefault(grid.TypedText(HoldingField(kFondNr))));
     TypeValue();
     if (grid.OnNewRow()) TypeKontoId();
     return true;

@@ -9,6 +9,8 @@
 #include "entry/rules/pricecheck.h"
 #include "entry/texts.h"
 #include "fundfile/dayprice.h"
+#include "fundfile/queries.h"
+#include "fundfile/records.h"
 #include "fundfile/rules/point.h"
 #include "fundfile/rules/summary.h"
 #include "platform/caption.h"
@@ -73,8 +75,8 @@ bool PriceEntry::txtValue_KeyDown(const QKeyEvent& event) {
 /// From one price to the next without the list. A price that is being typed keeps its holding open.
 void PriceEntry::OpenNeighbour(std::int32_t step) {
     if (!window.holding || Choosing(window.State()) || !Caption(window.txtValue).empty()) return;
-    MoveToOpenHolding();
     DataSource& holdings = *window.dtaBasData;
+    if (!holdings.FindFirst(queries::KontoIdIs(window.holding->kontoId))) return;
     const std::int32_t row = holdings.Position() + step;
     if (row < 0 || row >= holdings.RecordCount()) return;
     holdings.MoveTo(row);

@@ -1,11 +1,16 @@
 #include "entry/sourcefailures.h"
 
 #include "app/frmPPM.h"
+#include "base/error.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "entry/texts.h"
+#include "fundfile/texts.h"
 #include "platform/datasource.h"
+#include "widgets/datagrid.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 SourceFailures::SourceFailures(frmPPM& ppm) : Controller(ppm) {
@@ -15,13 +20,24 @@ SourceFailures::SourceFailures(frmPPM& ppm) : Controller(ppm) {
 }
 
 void SourceFailures::dtaBasData_Error(int number) {
-    ShowSourceError(number, texts::BasDataFailed);
+    if (!ShowRefusedCell(number, *window.DBGrid)) ShowSourceError(number, texts::BasDataFailed);
 }
 void SourceFailures::dtaPlott_Error(int number) {
-    ShowSourceError(number, texts::PlottFailed);
+    if (!ShowRefusedCell(number, *window.GridPlott)) ShowSourceError(number, texts::PlottFailed);
 }
 void SourceFailures::dtaSQL_Error(int number) {
     ShowSourceError(number, texts::SqlFailed);
+}
+
+/// A text that its column cannot hold is the user's to mend: the column is named and the cursor
+/// stands there.
+bool SourceFailures::ShowRefusedCell(int number, DataGrid& grid) {
+    const std::optional<int> column = grid.RefusedColumn();
+    if (!column) return false;
+    grid.SetCurrentColumn(*column);
+    Tell(Trim(grid.ColumnCaption(*column)) + std::string(texts::AfterRefusedColumn) +
+         std::string(fundtexts::Explain(static_cast<ErrorNumber>(number))));
+    return true;
 }
 
 void SourceFailures::ShowSourceError(int number, std::string_view source) {

@@ -5,6 +5,8 @@
 
 #include <string_view>
 
+class DataGrid;
+
 class SourceFailures : Controller {
   public:
     explicit SourceFailures(frmPPM& window);
@@ -13,5 +15,6 @@ class SourceFailures : Controller {
     void dtaBasData_Error(int number);
     void dtaPlott_Error(int number);
     void dtaSQL_Error(int number);
+    bool ShowRefusedCell(int number, DataGrid& grid);
     void ShowSourceError(int number, std::string_view source);
 };

@@ -27,6 +27,7 @@ inline constexpr std::string_view WrongDate = "Felaktigt Datum\r\nSkall skrivas 
 inline constexpr std::string_view BeforeNoNumber = ": \"";
 inline constexpr std::string_view AfterNoNumber = "\" är inget tal\r\nSkriv till exempel 1234,50";
 inline constexpr std::string_view NegativeShares = " får inte vara mindre än 0";
+inline constexpr std::string_view AfterRefusedColumn = ": ";
 // Around the number of characters.
 inline constexpr std::string_view NameTooLong = "Namnet på kontot är för långt\r\nHögst ";
 inline constexpr std::string_view AccountTextTooLong = "Texten är för lång\r\nHögst ";

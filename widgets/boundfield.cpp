@@ -37,6 +37,8 @@ void BoundField::StoreOnlyWhenTold() {
 void BoundField::ShowOnly() {
     showsOnly_ = true;
     setReadOnly(true);
+}
+
 void BoundField::SetTooLong(std::function<void(int maxLength)> tell) {
     tooLong_ = std::move(tell);
 }

@@ -12,9 +12,13 @@
 #include "widgets/gridtable.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QPointer>
+#include <QRect>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -99,6 +103,7 @@ DataGrid::DataGrid(QWidget* parent) : QFrame(parent), parts_(std::make_unique<Pa
     column->setSpacing(0);
     column->addWidget(parts_->caption);
     column->addWidget(parts_->table, 1);
+    parts_->table->viewport()->installEventFilter(this);
     setFocusProxy(parts_->table);
 }
 
@@ -172,6 +177,10 @@ void DataGrid::SetCurrentColumn(int column) {
     parts_->cursor.SetColumn(column);
 }
 
+std::string DataGrid::ColumnCaption(int column) const {
+    return parts_->model.Columns()[static_cast<std::size_t>(column)].caption;
+}
+
 std::string DataGrid::CellText(int row, int column) const {
     return FromQt(parts_->model.index(row, column).data(Qt::DisplayRole).toString());
 }
@@ -203,6 +212,10 @@ void DataGrid::TypeText(const std::string& field, std::string text) {
 
 bool DataGrid::StoreRow() {
     return parts_->row.Store();
+}
+
+std::optional<int> DataGrid::RefusedColumn() const {
+    return parts_->model.RefusedColumn();
 }
 
 void DataGrid::CancelRow() {
@@ -254,6 +267,28 @@ void DataGrid::LeaveCellByEnter() {
 void DataGrid::GiveUpRow(QKeyEvent* key) {
     if (!RowTyped()) return key->ignore();
     CancelRow();
+}
+
+/// A row that does not fit is not cut: the grid ends above it.
+void DataGrid::LayOutWholeRows() {
+    const GridTable& table = *parts_->table;
+    const int row = table.verticalHeader()->defaultSectionSize();
+    const int rows = table.viewport()->height() + layout()->contentsMargins().bottom();
+    const int rest = rows > row ? rows % row : 0;
+    if (rest != layout()->contentsMargins().bottom()) layout()->setContentsMargins(0, 0, 0, rest);
+}
+
+bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) LayOutWholeRows();
+    return QFrame::eventFilter(watched, event);
+}
+
+/// What lies below the last whole row looks like the table's empty ground.
+void DataGrid::paintEvent(QPaintEvent* event) {
+    const QRect table = parts_->table->geometry();
+    const QRect below(table.left(), table.bottom() + 1, table.width(), height());
+    QPainter(this).fillRect(below, parts_->table->palette().base());
+    QFrame::paintEvent(event);
 }
 
 void DataGrid::showEvent(QShowEvent* event) {

@@ -14,8 +14,10 @@
 
 class DataSource;
 class KeyStrokes;
+class QEvent;
 class QHideEvent;
 class QKeyEvent;
+class QPaintEvent;
 class QShowEvent;
 class QTableView;
 
@@ -43,6 +45,7 @@ class DataGrid : public QFrame {
     int CurrentRow() const;     ///< -1: none
     int CurrentColumn() const;  ///< -1: none
     void SetCurrentColumn(int column);
+    std::string ColumnCaption(int column) const;
     std::string CellText(int row, int column) const;
     bool OnNewRow() const;
     void MoveToNewRow();
@@ -54,6 +57,8 @@ class DataGrid : public QFrame {
     std::string TypedText(const std::string& field) const;
     void TypeText(const std::string& field, std::string text);
     bool StoreRow();  ///< true when nothing is left to store; else the grid has the focus
+    /// While the data source tells why the row is not stored: the column that cannot hold its text.
+    std::optional<int> RefusedColumn() const;
     void CancelRow();
     bool GiveUpCell();  ///< what is typed in the open cell; false when none is open
 
@@ -65,11 +70,14 @@ class DataGrid : public QFrame {
     QTableView& View() const;  ///< the table that shows the rows
 
   protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
   private:
     void ConnectParts();
+    void LayOutWholeRows();
     void RowHeaderPressed(int row);
     void LeaveCellByEnter();
     void GiveUpRow(QKeyEvent* key);

@@ -26,6 +26,8 @@ namespace {
 constexpr QColor kFocusedBack(211, 240, 254);
 constexpr QColor kRestingBack(239, 239, 222);
 // A dark desktop theme would put light text on these light grounds.
+/// Where nothing may be typed: the ground of the panels, and a text that is there to be read only.
+constexpr QColor kOffBack(214, 214, 206);
 constexpr QColor kText(16, 16, 32);
 constexpr QColor kFaintText(96, 96, 104);
 constexpr QColor kChosenGround(31, 92, 125);
@@ -204,5 +206,7 @@ void EntryField::ShowFocus(bool focused) {
     colours.setColor(QPalette::PlaceholderText, kFaintText);
     colours.setColor(QPalette::Highlight, kChosenGround);
     colours.setColor(QPalette::HighlightedText, kChosenText);
+    colours.setColor(QPalette::Disabled, QPalette::Base, kOffBack);
+    colours.setColor(QPalette::Disabled, QPalette::Text, kFaintText);
     setPalette(colours);
 }

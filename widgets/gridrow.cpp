@@ -67,7 +67,10 @@ void GridRow::FocusMoves(const QWidget& grid, const QWidget* from, const QWidget
     if (from != &grid && !grid.isAncestorOf(from)) return;
     const bool stays = to == &grid || grid.isAncestorOf(to);
     if (stays && from == cells_.Editor()) {
-        LeaveOnceThePressIsOver(*from, [this] { cells_.Finish(); });
+        // Another cell may be open by then: it is not the one that was left.
+        LeaveOnceThePressIsOver(*from, [this, left = QPointer<const QWidget>(from)] {
+            if (left && left == cells_.Editor()) cells_.Finish();
+        });
     }
     if (!stays && (IsTyped() || cells_.Editor() != nullptr)) {
         LeaveOnceThePressIsOver(grid, [this] { Store(); });

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QColor>
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -127,8 +128,6 @@ void GridTable::keyPressEvent(QKeyEvent* event) {
 
 void GridTable::PasteIntoCell(QKeyEvent* event) {
     if (!currentIndex().isValid()) return;
-    const auto column = static_cast<std::size_t>(currentIndex().column());
-    if (model_.Columns()[column].filter) return;
     edit(currentIndex(), EditKeyPressed, event);
     if (cells_.Editor() == nullptr) return;
     cells_.OpenedBy(CellOpening::Typing);
@@ -137,9 +136,19 @@ void GridTable::PasteIntoCell(QKeyEvent* event) {
     QApplication::sendEvent(cells_.Editor(), event);
 }
 
+/// A window that comes back gives the keys to the table where the layout hid the open cell for a
+/// moment: they are the cell's.
+void GridTable::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    if (event->reason() != Qt::ActiveWindowFocusReason || cells_.Editor() == nullptr) return;
+    cells_.Editor()->setFocus(Qt::ActiveWindowFocusReason);
+}
+
 void GridTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     LayOutColumns();
+    // A table that is shown for the first time gets its size after its current cell.
+    scrollTo(currentIndex());
 }
 
 void GridTable::changeEvent(QEvent* event) {

@@ -222,6 +222,7 @@ bool RecordSetModel::Store() {
     writing_ = true;
     const bool stored = source_->Guard([&] { WriteTyping(typing); });
     writing_ = false;
+    refusedField_.reset();
     if (!stored) {
         source_->Guard([this] {
             if (source_->Pending()) source_->CancelUpdate();
@@ -241,9 +242,29 @@ void RecordSetModel::WriteTyping(const Typing& typing) {
         source_->Edit();
     }
     for (const auto& [field, text] : typing.texts) {
-        source_->Set(field, text.empty() ? jet::Value() : jet::Value(text));
+        Write(field, text);
     }
     source_->Update();
+}
+
+void RecordSetModel::Write(const std::string& field, const std::string& text) try {
+    source_->Set(field, text.empty() ? jet::Value() : jet::Value(text));
+} catch (const Error& error) {
+    const ErrorNumber number = error.Number();
+    const bool textDoesNotFit = number == ErrorNumber::TypeMismatch ||
+                                number == ErrorNumber::Overflow ||
+                                number == ErrorNumber::FieldTooLong;
+    if (textDoesNotFit) refusedField_ = field;
+    throw;
+}
+
+std::optional<int> RecordSetModel::RefusedColumn() const {
+    if (!refusedField_) return std::nullopt;
+    const auto found =
+        std::find_if(columns_.begin(), columns_.end(),
+                     [this](const GridColumn& column) { return column.field == *refusedField_; });
+    if (found == columns_.end()) return std::nullopt;
+    return static_cast<int>(found - columns_.begin());
 }
 
 void RecordSetModel::Forget() {

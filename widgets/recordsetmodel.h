@@ -66,6 +66,8 @@ class RecordSetModel : public QAbstractTableModel {
     /// has reported.
     bool Store();
     void Forget();
+    /// While the data source tells why the row is not stored: the column that cannot hold its text.
+    std::optional<int> RefusedColumn() const;
 
   private:
     struct Typing {
@@ -78,6 +80,7 @@ class RecordSetModel : public QAbstractTableModel {
     std::optional<std::size_t> Position(const std::string& field) const;
     std::string StoredText(int row, std::optional<std::size_t> position, int decimals) const;
     void WriteTyping(const Typing& typing);
+    void Write(const std::string& field, const std::string& text);
     void ShowRow(int row);
     void RowStored(int position);
     void RowDeleted(int position);
@@ -91,4 +94,5 @@ class RecordSetModel : public QAbstractTableModel {
     bool secondEmptyRow_ = false;
     bool awake_ = false;
     bool writing_ = false;
+    std::optional<std::string> refusedField_;
 };

@@ -7,7 +7,6 @@
 
 namespace {
 
-
 constexpr std::int32_t kAskAbove = 200;
 constexpr std::int32_t kRefuseAbove = 1000;
 

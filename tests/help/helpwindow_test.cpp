@@ -214,6 +214,8 @@ TEST_F(HelpContents, ExplainsEveryMessage) {
                                 "Du får inte radera sista posten",
                                 "Lösning: Öppna någon annan Fil",
                                 "Eventuellt Radera denna",
+                                "Talet är för stort för fältet.",
+                                "Värdet passar inte i fältet.",
                                 "i dtaBasData",
                                 "i dtaPlott",
                                 "i dtaSQL",

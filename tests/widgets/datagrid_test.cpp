@@ -460,9 +460,11 @@ class RefusingGridTest : public GridTest {
         grid_.events.beforeCellStore = [this](CellChange& change) {
             change.stay = change.cancel = true;
             ++told_;
-            QMessageBox box(QApplication::activeWindow());
+            QMessageBox box(&window_);
             QTimer::singleShot(0, &box, [&box] { box.accept(); });
             box.exec();
+            // A window manager does it.
+            window_.activateWindow();
         };
         Go(1, kDay);
         Type("7");
@@ -724,6 +726,22 @@ TEST_F(GridTest, ATextThatIsNoNumberStaysTypedAndTheFailureIsTold) {
     EXPECT_EQ(Stored(1, kShares), "2");
 }
 
+TEST_F(GridTest, TheColumnThatCannotHoldItsTextIsKnownWhileTheFailureIsTold) {
+    std::vector<std::optional<int>> refused;
+    QObject::connect(&source_, &DataSource::Failed, &source_,
+                     [&](int) { refused.push_back(grid_.RefusedColumn()); });
+    Go(1, kDay);
+    Type("3000000000");
+    Key(Qt::Key_Down);
+    Type("7");
+    records_->updateFails = ErrorNumber::DiskFull;
+    Key(Qt::Key_Down);
+    EXPECT_EQ(refused, (std::vector<std::optional<int>>{kDay, std::nullopt}));
+    EXPECT_EQ(grid_.RefusedColumn(), std::nullopt);
+    EXPECT_EQ(failures_, (std::vector<int>{6, 61}));
+    EXPECT_EQ(Stored(1, kDay), "200");
+}
+
 TEST_F(GridTest, ANewRowThatCannotBeStoredStaysTyped) {
     records_->updateFails = ErrorNumber::ReadOnly;
     grid_.MoveToNewRow();
@@ -963,6 +981,19 @@ TEST_F(GridTest, ItsRowsGrowWithTheFont) {
     large.setPointSizeF(large.pointSizeF() * 2);
     grid_.setFont(large);
     EXPECT_GT(View().rowHeight(0), before * 3 / 2);
+}
+
+TEST_F(GridTest, ItsLastRowIsNotCut) {
+    const auto expectWholeRows = [this] {
+        QApplication::processEvents();
+        EXPECT_EQ(View().viewport()->height() % View().rowHeight(0), 0);
+        EXPECT_GT(View().height() + View().rowHeight(0), grid_.height() - 2 * grid_.frameWidth())
+            << "more than one row is missing";
+    };
+    for (const int height : {300, 311, 322, 200}) {
+        window_.resize(500, height);
+        expectWholeRows();
+    }
 }
 
 TEST_F(GridTest, TheFarLeftShowsTheCurrentRow) {

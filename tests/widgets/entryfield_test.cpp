@@ -248,6 +248,15 @@ TEST_F(EntryFieldTest, ShowsWhereTheTypingGoes) {
     EXPECT_EQ(Pixel(other_), QColor(211, 240, 254));
 }
 
+TEST_F(EntryFieldTest, AFieldThatIsOffLooksIt) {
+    other_.setEnabled(false);
+    EXPECT_EQ(Pixel(other_), QColor(214, 214, 206));
+    other_.setText(QStringLiteral("175"));
+    EXPECT_EQ(other_.palette().color(QPalette::Disabled, QPalette::Text), QColor(96, 96, 104));
+    other_.setEnabled(true);
+    EXPECT_EQ(Pixel(other_), QColor(239, 239, 222));
+}
+
 TEST_F(EntryFieldTest, ItsTextIsDarkUnderADarkTheme) {
     QPalette dark;
     dark.setColor(QPalette::Base, Qt::black);

@@ -397,7 +397,12 @@ TEST_F(TypedRowTest, IsPartOfASavedCopy) {
 TEST_F(TypedRowTest, ThatCannotBeStoredIsCorrectedBeforeAnotherFileIsOpened) {
     TypeName(2, "Utan kurs");
     Open(In("annan.mdb"));
-    outside.dialogs.Expect(texts::PriceMissing);
+    outside.dialogs
+        .Expect(
+            "Det här är inte sparat:\r\n\r\nRaden för Utan kurs\r\n"
+            "    Kurs Kr saknas eller är inte större än 0\r\n\r\nVill du gå vidare utan det ?",
+            Buttons::YesNo, Icon::Question, DefaultButton::Second)
+        .Answer(Answer::No);
     Window().mnuOpen->trigger();
     EXPECT_EQ(Window().CurrentFile, SamplePath().string());
     EXPECT_TRUE(Window().DBGrid->RowTyped());

@@ -739,9 +739,12 @@ TEST_F(HoldingsGridTest, ScrollsToTheOpenHoldingsRow) {
     Start();
     Window().lstFonder->setCurrentRow(35);
     OpenGrid();
-    const QRect cell = Grid().View().visualRect(Grid().View().currentIndex());
+    QApplication::processEvents();
+    const QTableView& view = Grid().View();
+    const QRect cell = view.visualRect(view.currentIndex());
     EXPECT_EQ(Grid().CurrentRow(), 35);
-    EXPECT_TRUE(Grid().View().viewport()->rect().contains(cell.center()));
+    EXPECT_TRUE(view.viewport()->rect().contains(cell))
+        << cell.y() << " of " << view.viewport()->height();
 }
 
 struct Command {

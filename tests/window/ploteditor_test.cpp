@@ -94,9 +94,9 @@ TEST_F(PlotEditorTest, BeginsInTheDayColumn) {
 TEST_F(PlotEditorTest, TheDayUnderTheCursorIsShownAsADate) {
     StartWith({With({{38718, 0}, {38719, 3}})});
     Open();
-    EXPECT_EQ(Caption(Window().txtTranslate), "2006-01-01");
-    Key(Qt::Key_Down);
     EXPECT_EQ(Caption(Window().txtTranslate), "2006-01-02");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Caption(Window().txtTranslate), "2006-01-01");
 }
 
 TEST_F(PlotEditorTest, AnotherColumnLeavesTheDate) {
@@ -243,13 +243,34 @@ TEST_F(PlotEditorTest, AnIncompletePointIsRefusedWithTheCursorWhereItIsMissing) 
     EXPECT_EQ(PointsOf(1).size(), 2U);
 }
 
+TEST_F(PlotEditorTest, ANumberThatItsColumnCannotHoldIsToldWithTheColumnsName) {
+    StartWith({With({{38718, 0}, {38719, 3}})});
+    Open();
+    Go(1, YCord);
+    Keys("3000000000");
+    outside.dialogs.Expect("YCord: Talet är för stort för fältet.");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Grid().CurrentRow(), 1);
+    EXPECT_EQ(Grid().CurrentColumn(), YCord);
+    EXPECT_EQ(Grid().CellText(1, YCord), "3000000000");
+    Keys("4");
+    Go(1, XCord);
+    Keys("x");
+    outside.dialogs.Expect("XCord: Värdet passar inte i fältet.");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Grid().CurrentColumn(), XCord);
+    Keys("38720");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(PointsOf(1)[1].value, 4);
+}
+
 TEST_F(PlotEditorTest, APointIsDeletedByItsMark) {
     StartWith({With({{38718, 0}, {38719, 3}})});
     Open();
     Key(Qt::Key_Space, Qt::ShiftModifier);
     Key(Qt::Key_Delete);
     ASSERT_EQ(PointsOf(1).size(), 1U);
-    EXPECT_EQ(PointsOf(1)[0].day, 38719);
+    EXPECT_EQ(PointsOf(1)[0].day, 38718);
     EXPECT_EQ(Caption(Window().lblRecCount), "Listan innehåller 1 poster");
 }
 
@@ -286,7 +307,7 @@ TEST_F(PlotEditorTest, ARowThatCannotBeStoredKeepsThePanelOpen) {
     const std::int32_t start = Window().WindowStartDay;
     Open();
     Keys("abc");
-    outside.dialogs.Expect("13  i dtaPlott");
+    outside.dialogs.Expect("XCord: Värdet passar inte i fältet.");
     Click(Window().Image4);
     EXPECT_TRUE(Window().panPlottData->isVisible());
     EXPECT_EQ(Grid().CellText(0, XCord), "abc");
@@ -297,7 +318,12 @@ TEST_F(PlotEditorTest, ARowThatKeepsTheWindowOpenHasTheFocus) {
     StartWith({With({{38718, 0}})});
     Open();
     Keys("abc");
-    outside.dialogs.Expect("13  i dtaPlott");
+    outside.dialogs
+        .Expect(
+            "Det här är inte sparat:\r\n\r\nPunkten i plottdata för fond 249 995\r\n"
+            "    XCord: Värdet passar inte i fältet.\r\n\r\nVill du gå vidare utan det ?",
+            Buttons::YesNo, Icon::Question, DefaultButton::Second)
+        .Answer(Answer::No);
     CloseWindow();
     EXPECT_TRUE(Window().isVisible());
     EXPECT_TRUE(Grid().View().hasFocus());
@@ -325,14 +351,14 @@ TEST_F(PlotEditorTest, AMinusSignCanBeTyped) {
     EXPECT_EQ(PointsOf(1)[0].value, -5);
 }
 
-TEST_F(PlotEditorTest, ADayThatIsNoNumberStaysTypedAndTheSourceSaysSo) {
+TEST_F(PlotEditorTest, ADayThatIsNoNumberStaysTypedAndItsColumnIsNamed) {
     StartWith({With({{38718, 0}, {38719, 3}})});
     Open();
     Keys("abc");
-    outside.dialogs.Expect("13  i dtaPlott");
-    Key(Qt::Key_Down);
-    EXPECT_EQ(Grid().CurrentRow(), 0);
-    EXPECT_EQ(Grid().CellText(0, XCord), "abc");
+    outside.dialogs.Expect("XCord: Värdet passar inte i fältet.");
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Grid().CurrentRow(), 1);
+    EXPECT_EQ(Grid().CellText(1, XCord), "abc");
 }
 
 TEST_F(PlotEditorTest, TheFundListThatIsAskedForStandsOverIt) {
@@ -355,7 +381,7 @@ TEST_F(PlotEditorTest, ARowToCorrectKeepsItBeforeTheFundList) {
     StartWith({With({{38718, 0}})});
     Open();
     Keys("abc");
-    outside.dialogs.Expect("13  i dtaPlott");
+    outside.dialogs.Expect("XCord: Värdet passar inte i fältet.");
     Click(Window().cmdFondList);
     EXPECT_FALSE(Window().panListFonder->isVisible());
     EXPECT_EQ(Grid().CellText(0, XCord), "abc");
@@ -365,7 +391,7 @@ TEST_F(PlotEditorTest, ARowToCorrectKeepsItBeforeTheHoldingsGrid) {
     StartWith({With({{38718, 0}})});
     Open();
     Keys("abc");
-    outside.dialogs.Expect("13  i dtaPlott");
+    outside.dialogs.Expect("XCord: Värdet passar inte i fältet.");
     Click(Window().cmdPPMData);
     EXPECT_FALSE(Window().panBasData->isVisible());
     EXPECT_EQ(Caption(Window().cmdPPMData), "&PPM Data");

@@ -1,6 +1,7 @@
 // How the window comes up, and goes.
 
 #include "app/fileexists.h"
+#include "app/texts.h"
 #include "base/daynumber.h"
 #include "entry/texts.h"
 #include "fundfile/texts.h"
@@ -401,6 +402,9 @@ TEST_F(StartUpTest, ARowThatCannotBeStoredKeepsTheWindowOpenUntilItIsGivenUp) {
     EXPECT_TRUE(Window().isVisible());
     ASSERT_NE(Window().FundDb, nullptr);
     EXPECT_EQ(Window().DBGrid->CellText(2, 0), "N");
+    outside.dialogs
+        .Expect(texts::AskGiveUpRow, Buttons::YesNo, Icon::Question, DefaultButton::Second)
+        .Answer(Answer::Yes);
     Press(Qt::Key_Escape);
     CloseWindow();
     EXPECT_FALSE(Window().isVisible());

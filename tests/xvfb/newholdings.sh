@@ -64,6 +64,9 @@ leave key Tab
 leave key shift+Tab
 leave key Return
 leave key Up
+# "Visa alla kurvor", the first of its menu.
+by_menu() { key alt+v; key Return; }
+leave by_menu
 leave key alt+d
 leave key alt+n
 leave click $((WIDTH / 10)) $((HEIGHT * 35 / 100))
