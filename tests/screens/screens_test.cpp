@@ -7,6 +7,7 @@
 #include "widgets/statuspanels.h"
 
 #include <QApplication>
+#include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
