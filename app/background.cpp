@@ -28,9 +28,9 @@ Background::Background(frmPPM& ppm) : Controller(ppm) {
 void Background::DrawStrip(qreal pixelRatio) {
     strip_ = QPixmap(QSize(kStripWidth, kStripHeight) * pixelRatio);
     strip_.setDevicePixelRatio(pixelRatio);
-    strip_.fill(QColor(look::kGround));
+    strip_.fill(QColor(look::kBackground));
     QPainter painter(&strip_);
-    painter.setPen(QPen(QColor(look::kGroundThread), 1));
+    painter.setPen(QPen(QColor(look::kBackgroundThread), 1));
     // Slanting threads that meet where one strip ends and the next begins.
     for (int y = -kStripWidth; y < kStripHeight + kStripWidth; y += kThread) {
         painter.drawLine(QPointF(0, y + kStripWidth), QPointF(kStripWidth, y));

@@ -74,7 +74,7 @@ QListWidget#lstTotal { background: #FFFFFF; color: #1B2B36; padding: 3px 2px;
 
 void SetTextColour(QListWidget& list, QRgb colour) {
     QPalette palette = list.palette();
-    palette.setColor(QPalette::Base, QColor(kListGround));
+    palette.setColor(QPalette::Base, QColor(kListBackground));
     palette.setColor(QPalette::Text, QColor(colour));
     palette.setColor(QPalette::Highlight, QColor(kListChosen));
     palette.setColor(QPalette::HighlightedText, Qt::white);

@@ -10,13 +10,13 @@ class QListWidget;
 
 namespace look {
 
-inline constexpr QRgb kGround = 0xFFE4EAED;
-inline constexpr QRgb kGroundThread = 0xFFDDE4E8;
+inline constexpr QRgb kBackground = 0xFFE4EAED;
+inline constexpr QRgb kBackgroundThread = 0xFFDDE4E8;
 inline constexpr QRgb kPanel = 0xFFF7F9FA;
 inline constexpr QRgb kText = 0xFF1B2B36;
 inline constexpr QRgb kQuietText = 0xFF536673;
 inline constexpr QRgb kAccent = 0xFF1F5C7D;
-inline constexpr QRgb kListGround = 0xFF1C2E3A;
+inline constexpr QRgb kListBackground = 0xFF1C2E3A;
 inline constexpr QRgb kListChosen = 0xFF3A647C;
 inline constexpr QRgb kListGreen = 0xFF80FF80;   ///< the list while prices are typed
 inline constexpr QRgb kListCurves = 0xFFFFE08A;  ///< the list while curves are chosen

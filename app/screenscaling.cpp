@@ -11,7 +11,7 @@
 namespace {
 
 constexpr TwipRect kDesign{0, 0, kLayoutWidth, kLayoutHeight};
-constexpr float kLargestFont = 1.3F;
+constexpr float kMaxFontFactor = 1.3F;
 
 }  // namespace
 
@@ -37,7 +37,7 @@ void ScreenScaling::FitInto(const QSize& room) {
 void ScreenScaling::ComeUpIn(const QSize& size) {
     unresized_ = size;
     // No smaller than the smallest letters need, which is what fits on the smallest screen.
-    const TwipRect smallest = ScaledWindow(kDesign, kSmallestReadable);
+    const TwipRect smallest = ScaledWindow(kDesign, kMinReadableFactor);
     const QSize least(Pixels(smallest.width), Pixels(smallest.height));
     window.setMinimumSize(least.boundedTo(size));
     window.resize(size);
@@ -53,7 +53,7 @@ void ScreenScaling::Form_Resize(const QSize& size) {
     };
     const float byUser = std::min(
         {1.0F, share(size.width(), unresized_.width()), share(size.height(), unresized_.height())});
-    const auto font = [&](float ofScreen) { return std::min(ofScreen * byUser, kLargestFont); };
+    const auto font = [&](float ofScreen) { return std::min(ofScreen * byUser, kMaxFontFactor); };
     window.layout.Apply({across, down, font(ControlFontFactor(factor_)),
                          font(ListFontFactor(factor_)), font(GridFontFactor(factor_)),
                          SmallestPoints(factor_)});

@@ -24,9 +24,10 @@ Character First(std::string_view text) {
         if (!IsContinuation(text[i])) return {kReplacement, 1};
         codePoint = (codePoint << 6U) | (static_cast<unsigned char>(text[i]) & 0x3FU);
     }
-    constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    constexpr char32_t kMinCodePoint[] = {0, 0, 0x80, 0x800, 0x10000};
     const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    if (codePoint < kSmallest[bytes] || codePoint > 0x10FFFF || surrogate) return {kReplacement, 1};
+    if (codePoint < kMinCodePoint[bytes] || codePoint > 0x10FFFF || surrogate)
+        return {kReplacement, 1};
     return {codePoint, bytes};
 }
 

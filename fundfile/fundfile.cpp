@@ -139,9 +139,10 @@ void DeleteFundFile(const fs::path& path) {
 
 std::vector<jet::TableDesign> NewFundFileDesign() {
     using Type = jet::ColumnType;
-    constexpr std::uint16_t kWidest = 255;
+    constexpr std::uint16_t kMaxTextLength = 255;
     const auto text = [](std::string_view name) {
-        return jet::ColumnDesign{.name = std::string(name), .type = Type::Text, .size = kWidest};
+        return jet::ColumnDesign{
+            .name = std::string(name), .type = Type::Text, .size = kMaxTextLength};
     };
     const auto column = [](std::string_view name, Type type) {
         return jet::ColumnDesign{.name = std::string(name), .type = type};

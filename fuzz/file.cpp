@@ -98,9 +98,9 @@ void ReadTable(Engine& engine, const std::string& name) {
 /// What record sets do: rows in a query's order, and the first with a value.
 void FindRows(Engine& engine, const std::string& name) {
     OpenTable& table = engine.Table(name);
-    constexpr std::size_t kMostColumns = 3;
+    constexpr std::size_t kMaxColumns = 3;
     const auto& columns = table.Def().columns;
-    for (std::size_t i = 0; i < columns.size() && i < kMostColumns; ++i) {
+    for (std::size_t i = 0; i < columns.size() && i < kMaxColumns; ++i) {
         const std::string field = "[" + columns[i].name + "]";
         const char* const literal = columns[i].IsText() ? "'yÅäö'" : "5";
         Try([&] {
@@ -115,12 +115,12 @@ void FindRows(Engine& engine, const std::string& name) {
 }
 
 std::vector<std::uint32_t> FirstRows(const TableStore& store) {
-    constexpr std::size_t kMost = 8;
+    constexpr std::size_t kMaxRows = 8;
     std::vector<std::uint32_t> rows;
     Try([&] {
         store.Scan([&](RowPointer where, const RowView&) {
             rows.push_back(where.Packed());
-            return rows.size() < kMost;
+            return rows.size() < kMaxRows;
         });
     });
     return rows;
@@ -221,9 +221,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     Try([&] { Verify(engine->File()); });
-    constexpr std::size_t kMostTables = 8;
+    constexpr std::size_t kMaxTables = 8;
     const auto tables = engine->Objects().UserTables();
-    for (std::size_t i = 0; i < tables.size() && i < kMostTables; ++i) {
+    for (std::size_t i = 0; i < tables.size() && i < kMaxTables; ++i) {
         Try([&] { ReadTable(*engine, tables[i].name); });
         Try([&] { FindRows(*engine, tables[i].name); });
     }

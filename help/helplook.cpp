@@ -6,12 +6,13 @@
 namespace helplook {
 
 QPalette Palette() {
-    constexpr QRgb kPaper = 0xFFFFFFFF, kGround = 0xFFE4EAED, kText = 0xFF1B2B36,
+    constexpr QRgb kPaper = 0xFFFFFFFF, kBackground = 0xFFE4EAED, kText = 0xFF1B2B36,
                    kQuiet = 0xFF536673;
     constexpr QRgb kChosen = 0xFF1F5C7D, kPanel = 0xFFF3F6F8;
     const auto colour = [](QRgb rgb) { return QColor::fromRgb(rgb); };
-    QPalette palette(colour(kText), colour(kGround), colour(kPaper), colour(kQuiet), colour(kQuiet),
-                     colour(kText), colour(kPaper), colour(kPaper), colour(kGround));
+    QPalette palette(colour(kText), colour(kBackground), colour(kPaper), colour(kQuiet),
+                     colour(kQuiet), colour(kText), colour(kPaper), colour(kPaper),
+                     colour(kBackground));
     palette.setColor(QPalette::AlternateBase, colour(kPanel));
     palette.setColor(QPalette::Highlight, colour(kChosen));
     palette.setColor(QPalette::HighlightedText, colour(kPaper));

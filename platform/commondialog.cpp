@@ -18,9 +18,9 @@ std::string BareExtension(const std::string& extension) {
 
 // A date or an abbreviation in a name has points too: "Kopia 2026.11.21", "Fonder f.d. Elsa".
 bool IsExtension(std::string_view ending) {
-    constexpr std::size_t kLongest = 5;  // with its point
+    constexpr std::size_t kMaxLength = 5;  // with its point
     const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
-    return ending.size() > 1 && ending.size() <= kLongest &&
+    return ending.size() > 1 && ending.size() <= kMaxLength &&
            std::all_of(ending.begin() + 1, ending.end(), isLetter);
 }
 

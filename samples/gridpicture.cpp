@@ -11,13 +11,13 @@ constexpr std::uint32_t kDotsPerMetre = 11811;                    // 300 dots pe
 constexpr std::uint32_t kMonths = 12, kBands = 5, kZeroBand = 3;  // the scale is 3 up and 2 down
 constexpr std::uint32_t kThin = 2, kThick = 4;
 
-enum Ink : std::uint8_t { kPaper = 0, kLine, kMonthLine, kZeroLine, kInkCount };
+enum PaletteIndex : std::uint8_t { kPaper = 0, kLine, kMonthLine, kZeroLine, kColourCount };
 
 struct Rgb {
     std::uint8_t red, green, blue;
 };
-constexpr std::array<Rgb, kInkCount> kInks = {Rgb{255, 255, 255}, Rgb{205, 205, 200},
-                                              Rgb{222, 222, 218}, Rgb{120, 120, 115}};
+constexpr std::array<Rgb, kColourCount> kPalette = {Rgb{255, 255, 255}, Rgb{205, 205, 200},
+                                                    Rgb{222, 222, 218}, Rgb{120, 120, 115}};
 
 using Rows = std::vector<std::vector<std::uint8_t>>;
 
@@ -25,7 +25,7 @@ struct Box {
     std::uint32_t left, top, width, height;
 };
 
-void Fill(Rows& rows, const Box& box, Ink ink) {
+void Fill(Rows& rows, const Box& box, PaletteIndex ink) {
     for (std::uint32_t y = box.top; y < box.top + box.height; ++y) {
         for (std::uint32_t x = box.left; x < box.left + box.width; ++x) rows[y][x] = ink;
     }
@@ -82,12 +82,12 @@ void PutHeaders(Bytes& bytes) {
     bytes.Put32(kDotsPerMetre);
     bytes.Put32(kDotsPerMetre);
     bytes.Put32(kPaletteSize);
-    bytes.Put32(kInkCount);
+    bytes.Put32(kColourCount);
 }
 
 void PutPalette(Bytes& bytes) {
     for (std::uint32_t colour = 0; colour < kPaletteSize; ++colour) {
-        const Rgb ink = kInks[colour < kInks.size() ? colour : 0];  // 0 is the paper
+        const Rgb ink = kPalette[colour < kPalette.size() ? colour : 0];  // 0 is the paper
         bytes.Put8(ink.blue);
         bytes.Put8(ink.green);
         bytes.Put8(ink.red);

@@ -175,7 +175,7 @@ void DiagramView::paintEvent(QPaintEvent*) {
 
 void DiagramView::PaintPicture() {
     outdated_ = false;
-    picture_.fill(ToQColor(kDiagramGround));
+    picture_.fill(ToQColor(kDiagramBackground));
     QPainter painter(&picture_);
     PaintGrid(painter);
     painter.setFont(font());
@@ -183,7 +183,7 @@ void DiagramView::PaintPicture() {
     const double lineWidth = drawings_.size() <= kFewCurves ? kStrongLine : kFineLine;
     DrawCurves(painter, drawings_,
                {ToPixelsTransform(), QRectF(rect()), lineWidth, 1 / devicePixelRatioF(),
-                ToQColor(kDiagramGround)});
+                ToQColor(kDiagramBackground)});
     if (drawings_.empty() && !quietLine_.isEmpty()) PaintQuietLine(painter);
 }
 

@@ -30,7 +30,7 @@ constexpr QColor kRestingBack(239, 239, 222);
 constexpr QColor kOffBack(214, 214, 206);
 constexpr QColor kText(16, 16, 32);
 constexpr QColor kFaintText(96, 96, 104);
-constexpr QColor kChosenGround(31, 92, 125);
+constexpr QColor kChosenBackground(31, 92, 125);
 constexpr QColor kChosenText(255, 255, 255);
 
 bool IsEnter(const QKeyEvent& event) {
@@ -204,7 +204,7 @@ void EntryField::ShowFocus(bool focused) {
     colours.setColor(QPalette::Base, focused ? kFocusedBack : kRestingBack);
     colours.setColor(QPalette::Text, kText);
     colours.setColor(QPalette::PlaceholderText, kFaintText);
-    colours.setColor(QPalette::Highlight, kChosenGround);
+    colours.setColor(QPalette::Highlight, kChosenBackground);
     colours.setColor(QPalette::HighlightedText, kChosenText);
     colours.setColor(QPalette::Disabled, QPalette::Base, kOffBack);
     colours.setColor(QPalette::Disabled, QPalette::Text, kFaintText);

@@ -16,7 +16,7 @@
 namespace {
 
 /// Beside a panel's text. Above and under it stands none: in a small window the text needs it all.
-constexpr int kAir = 3;
+constexpr int kPadding = 3;
 
 }  // namespace
 
@@ -55,13 +55,13 @@ class StatusPanels::Panel : public QLabel {
     void MakeRoom() {
         if (leastWidth_ == 0 || sizePolicy().horizontalPolicy() == QSizePolicy::Fixed) return;
         const int frame = width() - contentsRect().width();
-        const int needed = fontMetrics().horizontalAdvance(whole_) + 2 * kAir + frame;
+        const int needed = fontMetrics().horizontalAdvance(whole_) + 2 * kPadding + frame;
         setMinimumWidth(std::max(leastWidth_, needed));
     }
 
     void Elide() {
         const QString shown =
-            fontMetrics().elidedText(whole_, Qt::ElideRight, contentsRect().width() - 2 * kAir);
+            fontMetrics().elidedText(whole_, Qt::ElideRight, contentsRect().width() - 2 * kPadding);
         setText(shown);
         setToolTip(shown == whole_ ? QString() : whole_);
     }
@@ -80,7 +80,7 @@ StatusPanels::StatusPanels(int panels, QWidget* parent) : QWidget(parent) {
         auto* panel = new Panel(this);
         panel->setTextFormat(Qt::PlainText);
         panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-        panel->setIndent(kAir);
+        panel->setIndent(kPadding);
         panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
         row->addWidget(panel, 1);
         panels_.push_back(panel);
@@ -88,7 +88,7 @@ StatusPanels::StatusPanels(int panels, QWidget* parent) : QWidget(parent) {
     notice_ = new Panel(this);
     notice_->setObjectName(QStringLiteral("notice"));
     notice_->setTextFormat(Qt::PlainText);
-    notice_->setIndent(kAir);
+    notice_->setIndent(kPadding);
     notice_->hide();
 }
 

@@ -10,15 +10,15 @@ constexpr float kSmallWindowHeightTwips = 8550;
 constexpr float kLarge = 1.2F;
 constexpr float kDesigned = 1.0F;
 constexpr float kTiny = 0.5F;
-constexpr float kLargestFont = 1.3F;
+constexpr float kMaxFontFactor = 1.3F;
 constexpr float kSmallFont = 0.78F;
 constexpr float kLargeListFont = 1.25F;
 constexpr float kLargeGridFont = 1.2F;
-constexpr float kSmallestFont = 0.5F;
+constexpr float kMinFontFactor = 0.5F;
 
 /// Fonts in a list: as a control's, but never so small that nobody can read them.
 float RowFontFactor(float factor, float large) {
-    if (factor < kTiny) return kSmallestFont;
+    if (factor < kTiny) return kMinFontFactor;
     return std::min(ControlFontFactor(factor), large);
 }
 
@@ -44,7 +44,7 @@ TwipRect ScaledWindow(const TwipRect& design, float factor) {
 }
 
 float FontFactor(float factor) {
-    if (factor >= kLarge) return kLargestFont;
+    if (factor >= kLarge) return kMaxFontFactor;
     return factor < kDesigned ? kSmallFont : factor;
 }
 
@@ -54,7 +54,7 @@ float ControlFontFactor(float factor) {
 
 float SmallestPoints(float factor) {
     constexpr float kReadablePoints = 8;
-    return kReadablePoints * std::min(1.0F, factor / kSmallestReadable);
+    return kReadablePoints * std::min(1.0F, factor / kMinReadableFactor);
 }
 
 float ListFontFactor(float factor) {

@@ -25,7 +25,7 @@ float FontFactor(float factor);
 float ControlFontFactor(float factor);
 /// The screens that the window is made for are no smaller than this; on them no letter is smaller
 /// than SmallestPoints.
-inline constexpr float kSmallestReadable = 0.8F;
+inline constexpr float kMinReadableFactor = 0.8F;
 /// In points; on still smaller screens it goes down with the screen.
 float SmallestPoints(float factor);
 /// The fund list and the grids: their rows must hold the same text, so they stay a little smaller

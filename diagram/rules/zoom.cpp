@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::int32_t kTopStep = 15;
 constexpr std::int32_t kBottomStep = 10;
-constexpr std::int32_t kLargestTop = 1000;
+constexpr std::int32_t kMaxTop = 1000;
 constexpr ScaleRange kNarrowest{15, -10};
 
 std::int32_t Sum(std::int32_t value, std::int32_t step) {
@@ -32,5 +32,5 @@ Zoomed ZoomIn(ScaleRange stored, ScaleRange automatic, CurveView view) {
 
 Zoomed ZoomOut(ScaleRange stored) {
     const ScaleRange next{Sum(stored.top, kTopStep), Sum(stored.bottom, -kBottomStep)};
-    return {next, next.top <= kLargestTop};
+    return {next, next.top <= kMaxTop};
 }

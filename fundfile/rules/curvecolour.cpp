@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kGoldenAngle = std::numbers::pi * (3 - 2.2360679774997896964);  // pi (3 - root 5)
 constexpr double kFirstHue = 2.1;  // the first holding's colour is blue
-constexpr double kMostChroma = 0.19;
+constexpr double kMaxChroma = 0.19;
 constexpr double kChromaStep = 0.005;
 constexpr double kLightnessStep = 0.01;
 constexpr double kReadable = 4.5;  // the contrast that small text needs
@@ -53,7 +53,7 @@ double Luminance(Colour colour) {
 
 /// The strongest colour of this lightness and hue that a screen can show.
 Colour Strongest(double lightness, double hue) {
-    double chroma = kMostChroma;
+    double chroma = kMaxChroma;
     while (chroma > 0 && !Displayable(ToLinear(lightness, chroma, hue))) chroma -= kChromaStep;
     const Linear linear = ToLinear(lightness, std::max(chroma, 0.0), hue);
     return {Encoded(linear[0]), Encoded(linear[1]), Encoded(linear[2])};
@@ -79,7 +79,7 @@ Colour NewCurveColour(std::int32_t kontoId) {
     const auto place = static_cast<std::size_t>(static_cast<std::uint32_t>(kontoId) % 3);
     double lightness = kLightnesses[place];
     Colour colour = Strongest(lightness, hue);
-    while (Contrast(colour, kDiagramGround) < kReadable && lightness > 0) {
+    while (Contrast(colour, kDiagramBackground) < kReadable && lightness > 0) {
         lightness -= kLightnessStep;
         colour = Strongest(lightness, hue);
     }

@@ -15,11 +15,11 @@ Colour ColourFromValue(std::int32_t value);
 std::int32_t ColourValue(Colour colour);
 
 /// The ground that curves are drawn on.
-inline constexpr Colour kDiagramGround{253, 253, 250};
+inline constexpr Colour kDiagramBackground{253, 253, 250};
 
 /// The curve colour of a new holding: the hue turns by the golden angle from one KontoId to the
 /// next, so that no two near ones look alike, and is always dark enough to be read on
-/// kDiagramGround.
+/// kDiagramBackground.
 Colour NewCurveColour(std::int32_t kontoId);
 
 /// The colour a holding's curve is drawn, shown and offered in: the file's, or the new curve's

@@ -11,7 +11,7 @@
 namespace jet::detail {
 namespace {
 
-constexpr std::size_t kDeepest = 20;
+constexpr std::size_t kMaxDepth = 20;
 
 bool BeginsWith(ByteView bytes, ByteView prefix) {
     return bytes.size() >= prefix.size() && std::equal(prefix.begin(), prefix.end(), bytes.begin());
@@ -91,7 +91,7 @@ BTree::Path BTree::Descend(ByteView wanted) const {
     Path path;
     std::uint32_t page = root_;
     while (true) {
-        if (path.size() == kDeepest) ThrowDamaged(page, 0, "index tree too deep");
+        if (path.size() == kMaxDepth) ThrowDamaged(page, 0, "index tree too deep");
         path.push_back({page, ReadPage(page)});
         Step& step = path.back();
         if (step.content.IsLeaf()) {
@@ -105,7 +105,7 @@ BTree::Path BTree::Descend(ByteView wanted) const {
 }
 
 BTree::Step BTree::LastLeafBelow(std::uint32_t page) const {
-    for (std::size_t depth = 0; depth < kDeepest; ++depth) {
+    for (std::size_t depth = 0; depth < kMaxDepth; ++depth) {
         IndexPage content = ReadPage(page);
         if (content.IsLeaf()) return {page, std::move(content)};
         if (content.ChildCount() == 0) ThrowDamaged(page, 0, "index node without children");
@@ -186,7 +186,7 @@ bool BTree::Insert(ByteView key, RowPointer row) {
 std::optional<bool> BTree::InsertInPlace(ByteView entry) {
     std::uint32_t page = root_;
     bool rightmost = true;
-    for (std::size_t depth = 0; depth < kDeepest; ++depth) {
+    for (std::size_t depth = 0; depth < kMaxDepth; ++depth) {
         const auto view = IndexPageView::Of(*file_, table_, page);
         if (!view) return std::nullopt;
         if (view->IsLeaf()) {
@@ -407,7 +407,7 @@ void BTree::CutChildLink(const IndexPage& left, const IndexPage& right) {
 
 /// While the root has one child only, it becomes that child.
 void BTree::CollapseRoot() {
-    for (std::size_t depth = 0; depth < kDeepest; ++depth) {
+    for (std::size_t depth = 0; depth < kMaxDepth; ++depth) {
         const IndexPage root = ReadPage(root_);
         if (root.IsLeaf() || root.ChildCount() != 1) return;
         const std::uint32_t child = root.Child(0);

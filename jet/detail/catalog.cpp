@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::int32_t kLocalTable = 1, kLinkedOdbc = 4, kQuery = 5, kLinkedTable = 6;
 constexpr std::uint32_t kPageOfId = 0x00FFFFFF, kNotForUsers = 0x80000002;
-constexpr std::size_t kDeepestQuery = 10, kMostQueryRows = 10000;
+constexpr std::size_t kMaxQueryDepth = 10, kMaxQueryRows = 10000;
 
 /// The kind of a table by its definition's first page; a table that cannot be looked at counts as
 /// the users', so that opening it says what is wrong.
@@ -28,7 +28,7 @@ std::vector<QueryRow> ReadQueryRows(PageFile& file, std::uint32_t queriesPage, s
     std::vector<QueryRow> rows;
     table.Scan([&](RowPointer, const RowView& row) {
         if (columns.Number(row, "ObjectId") != id) return;
-        if (rows.size() >= kMostQueryRows) ThrowDamaged(queriesPage, 0, "a query without end");
+        if (rows.size() >= kMaxQueryRows) ThrowDamaged(queriesPage, 0, "a query without end");
         rows.push_back({.attribute = columns.Number(row, "Attribute").value_or(0),
                         .flag = columns.Number(row, "Flag").value_or(0),
                         .name1 = columns.Text(row, "Name1"),
@@ -244,7 +244,7 @@ SavedQuery Catalog::ReadQuery(std::string_view name) const {
 std::vector<SavedQuery> Catalog::ResolveQuery(std::string_view name) const {
     std::vector<SavedQuery> path{ReadQuery(name)};
     while (FindTable(path.back().source) == nullptr) {
-        if (path.size() >= kDeepestQuery) ThrowQuery(path.front().name, "too deep");
+        if (path.size() >= kMaxQueryDepth) ThrowQuery(path.front().name, "too deep");
         path.push_back(ReadQuery(path.back().source));
     }
     return path;

@@ -116,8 +116,8 @@ std::optional<std::uint64_t> WholeLiteralKey(const ColumnDef& column, const Lite
     const double number = DoubleOf(plain);
     if (column.Type() == ColumnType::Boolean) return WholeKey(number != 0 ? -1 : 0);
     if (column.Type() == ColumnType::Currency) {
-        constexpr double kLargestAmount = 922337203685477.5;
-        if (std::abs(number) > kLargestAmount) return std::nullopt;
+        constexpr double kMaxCurrency = 922337203685477.5;
+        if (std::abs(number) > kMaxCurrency) return std::nullopt;
         const Currency amount = ToCurrency(plain);
         const bool exact = CanonicalDecimal(FullText(amount)) == CanonicalDecimal(plain);
         return exact ? std::optional(WholeKey(amount.tenThousandths)) : std::nullopt;

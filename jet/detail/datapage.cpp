@@ -23,7 +23,7 @@ std::size_t DataPage::FreeBytes() const {
 }
 
 bool DataPage::HasRoomFor(std::size_t length) const {
-    return slotCount_ <= kLargestSlot && FreeBytes() >= length + kSlotSize;
+    return slotCount_ <= kMaxSlot && FreeBytes() >= length + kSlotSize;
 }
 
 bool DataPage::AllDeleted() const {

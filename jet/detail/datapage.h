@@ -18,7 +18,7 @@ inline constexpr std::uint16_t kSlotDeleted = 0xC000;
 inline constexpr std::uint16_t kSlotFlags = 0xE000;
 inline constexpr std::uint16_t kSlotPlace = 0x1FFF;  ///< where the row begins
 inline constexpr std::size_t kSlotSize = 2;
-inline constexpr std::size_t kLargestSlot = 254;  ///< row numbers are one byte
+inline constexpr std::size_t kMaxSlot = 254;  ///< row numbers are one byte
 
 struct Slot {
     std::uint16_t flags = 0;

@@ -13,7 +13,7 @@
 namespace jet::detail {
 namespace {
 
-constexpr int kMostDigits = 28;
+constexpr int kMaxDigits = 28;
 constexpr std::uint8_t kCurrencyScale = 4;
 
 bool IsDigit(char c) {
@@ -220,12 +220,12 @@ Numeric ToNumeric(std::string_view plain, std::uint8_t scale) {
     if (surplus > 0) {
         DropDigits(parts.digits, static_cast<std::size_t>(surplus));
     } else if (!parts.digits.empty()) {
-        if (-surplus > kMostDigits) {
+        if (-surplus > kMaxDigits) {
             throw Error{ErrorNumber::Overflow, "number out of range: " + Excerpt(plain)};
         }
         parts.digits.append(static_cast<std::size_t>(-surplus), '0');
     }
-    if (parts.digits.size() > kMostDigits) {
+    if (parts.digits.size() > kMaxDigits) {
         throw Error{ErrorNumber::Overflow, "number out of range: " + Excerpt(plain)};
     }
     Numeric value;

@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uint64_t kLargestFile = 1ULL << 31;
+constexpr std::uint64_t kMaxFileSize = 1ULL << 31;
 constexpr int kLinkLimit = 40;
 
 /// Call it first thing after a failed system call.
@@ -81,9 +81,9 @@ fs::path FolderOf(const fs::path& file) {
 
 /// Beside the file and always the same, so that what a crash leaves behind is found and reused.
 fs::path TemporaryNameFor(const fs::path& file) {
-    constexpr std::size_t kLongestKept = 200;
+    constexpr std::size_t kMaxKeptLength = 200;
     std::string name = file.filename().string();
-    if (name.size() > kLongestKept) name.resize(kLongestKept);
+    if (name.size() > kMaxKeptLength) name.resize(kMaxKeptLength);
     return FolderOf(file) / ("." + name + ".kvarnbo-ny");
 }
 
@@ -248,7 +248,7 @@ LoadedFile Load(const std::filesystem::path& path) {
         throw Error{ErrorNumber::ForeignFormat, path.string() + " is not a file"};
     }
     const auto size = static_cast<std::uint64_t>(before.st_size);
-    if (size > kLargestFile) {
+    if (size > kMaxFileSize) {
         throw Error{ErrorNumber::ForeignFormat, path.string() + " is larger than any database"};
     }
     LoadedFile loaded{{}, FingerprintFrom(before)};

@@ -13,7 +13,7 @@ namespace jet::detail {
 namespace {
 
 constexpr std::size_t kOwnerOffset = 4, kFreeOffset = 2;
-constexpr std::size_t kWordBits = 64, kMostWords = 64;
+constexpr std::size_t kWordBits = 64, kMaxWords = 64;
 
 /// Compares the shorter's length of both; 0 when they agree so far.
 int CompareStart(ByteView a, ByteView b) {
@@ -163,16 +163,16 @@ void IndexPageView::Insert(PageFile& file, Place place, ByteView entry) const {
     const ByteView stored = entry.subspan(prefix_);
     const std::size_t count = stored.size(), words = MaskWords();
     // The ends behind the new entry move up by its bytes.
-    std::array<std::uint64_t, 2 * kMostWords> behind{};
-    std::array<std::uint64_t, kMostWords> before{};
+    std::array<std::uint64_t, 2 * kMaxWords> behind{};
+    std::array<std::uint64_t, kMaxWords> before{};
     for (std::size_t word = 0; word < words; ++word) {
         before[word] = MaskWord(word);
         const std::size_t firstBit = kWordBits * word;
         if (firstBit > place.begin) {
-            behind[kMostWords + word] = std::exchange(before[word], 0);
+            behind[kMaxWords + word] = std::exchange(before[word], 0);
         } else if (place.begin - firstBit < kWordBits - 1) {
             const std::uint64_t upper = ~std::uint64_t{0} << (place.begin - firstBit + 1);
-            behind[kMostWords + word] = before[word] & upper;
+            behind[kMaxWords + word] = before[word] & upper;
             before[word] &= ~upper;
         }
     }
@@ -183,7 +183,7 @@ void IndexPageView::Insert(PageFile& file, Place place, ByteView entry) const {
     const std::size_t newEnd = place.begin + count;
     before[newEnd / kWordBits] |= std::uint64_t{1} << newEnd % kWordBits;
     for (std::size_t word = 0; word < words; ++word) {
-        const std::size_t from = kMostWords + word - count / kWordBits;
+        const std::size_t from = kMaxWords + word - count / kWordBits;
         const std::size_t shift = count % kWordBits;
         std::uint64_t moved = behind[from] << shift;
         if (shift != 0) moved |= behind[from - 1] >> (kWordBits - shift);

@@ -51,7 +51,7 @@ ByteView PieceAt(const PageFile& file, RowPointer where) {
 template <typename Visit>
 void WalkChain(const PageFile& file, RowPointer where, Visit&& visit) {
     std::uint64_t steps = 0;
-    const std::uint64_t most = std::uint64_t{file.PageCount()} * (kLargestSlot + 1);
+    const std::uint64_t most = std::uint64_t{file.PageCount()} * (kMaxSlot + 1);
     while (!where.IsNull() && steps++ < most) {
         const ByteView piece = PieceAt(file, where);
         if (piece.size() <= kNextPiece) return;

@@ -42,8 +42,8 @@ constexpr std::uint32_t kContainersParent = 0x0F000000, kDatabases = 0x0F000002,
 constexpr std::uint32_t kSystemObject = 0x80000000;
 constexpr std::int16_t kTableType = 1, kDocumentType = 2, kContainerType = 3;
 
-constexpr std::size_t kMostColumns = 255, kMostIndexes = 32, kMostIndexColumns = 10;
-constexpr std::size_t kLongestName = 64, kLongestText = 255, kLongestBinary = 510;
+constexpr std::size_t kMaxColumns = 255, kMaxIndexes = 32, kMaxIndexColumns = 10;
+constexpr std::size_t kMaxNameLength = 64, kMaxTextLength = 255, kMaxBinarySize = 510;
 constexpr std::uint8_t kSystemColumn = 0x10, kSidColumn = 0x32;
 
 [[noreturn]] void Refuse(const std::string& what) {
@@ -59,7 +59,7 @@ void CheckName(std::string_view name, std::string_view kind) {
                 std::u32string_view(U".![]`").find(*character) == std::u32string_view::npos;
         units += sound && *character > 0xFFFF ? 2 : 1;
     }
-    if (!sound || units > kLongestName) {
+    if (!sound || units > kMaxNameLength) {
         Refuse("\"" + std::string(name) + "\" cannot be the name of " + std::string(kind));
     }
 }
@@ -102,15 +102,15 @@ std::uint16_t LengthOf(const ColumnDesign& column) {
 void CheckColumn(const ColumnDesign& column) {
     CheckName(column.name, "a column");
     const bool text = column.type == ColumnType::Text, binary = column.type == ColumnType::Binary;
-    if ((text && (column.size == 0 || column.size > kLongestText)) ||
-        (binary && (column.size == 0 || column.size > kLongestBinary))) {
+    if ((text && (column.size == 0 || column.size > kMaxTextLength)) ||
+        (binary && (column.size == 0 || column.size > kMaxBinarySize))) {
         Refuse("the size of " + column.name);
     }
     const bool countable = column.type == ColumnType::Long || column.type == ColumnType::Guid;
     if (column.autonumber && !countable) Refuse(column.name + " cannot number itself");
-    constexpr std::uint8_t kMostDigits = 28;
-    const bool digits = column.precision >= 1 && column.precision <= kMostDigits &&
-                        column.scale <= column.precision;
+    constexpr std::uint8_t kMaxDigits = 28;
+    const bool digits =
+        column.precision >= 1 && column.precision <= kMaxDigits && column.scale <= column.precision;
     if (column.type == ColumnType::Numeric && !digits) Refuse("the digits of " + column.name);
 }
 
@@ -159,7 +159,7 @@ std::vector<ColumnDef> ColumnsOf(const TableDesign& design) {
         }
         columns.push_back(std::move(column));
     }
-    if (columns.empty() || columns.size() > kMostColumns) Refuse("the number of columns");
+    if (columns.empty() || columns.size() > kMaxColumns) Refuse("the number of columns");
     if (std::count_if(columns.begin(), columns.end(), [](const ColumnDef& column) {
             return column.Type() == ColumnType::Long && column.Autonumber();
         }) > 1) {
@@ -186,7 +186,7 @@ RealIndex RealIndexOf(const IndexDesign& wanted, const TableDef& def) {
         CheckNew(names, part.name);
         index.columns.push_back({def.columns[*position].number, *position, part.descending});
     }
-    if (index.columns.empty() || index.columns.size() > kMostIndexColumns) {
+    if (index.columns.empty() || index.columns.size() > kMaxIndexColumns) {
         Refuse("the number of columns of the index " + wanted.name);
     }
     return index;
@@ -214,7 +214,7 @@ TableDef DefinitionOf(const TableDesign& design) {
         def.realIndexes.push_back(RealIndexOf(wanted, def));
         def.logicalIndexes.push_back(std::move(logical));
     }
-    if (def.realIndexes.size() > kMostIndexes) Refuse("more than 32 indexes");
+    if (def.realIndexes.size() > kMaxIndexes) Refuse("more than 32 indexes");
     return def;
 }
 
@@ -315,7 +315,7 @@ struct SystemTable {
 std::vector<SystemTable> SystemTables() {
     using enum ColumnType;
     const auto column = [](const char* name, ColumnType type) {
-        const auto size = type == Text ? kLongestText : type == Binary ? kLongestBinary : 0;
+        const auto size = type == Text ? kMaxTextLength : type == Binary ? kMaxBinarySize : 0;
         return ColumnDesign{.name = name, .type = type, .size = static_cast<std::uint16_t>(size)};
     };
     constexpr std::uint8_t kUnique = kIndexUnique, kRequired = kIndexRequired,

@@ -13,8 +13,8 @@ namespace {
 constexpr std::size_t kMaskStart = 0x18;
 constexpr std::size_t kSignature = 0x04, kVersion = 0x14, kGlobalMap = 0x18, kObjects = 0x20,
                       kCodePage = 0x3C, kKey = 0x3E, kPassword = 0x42;
-constexpr std::size_t kSmallestHeader = 0x800;
-constexpr std::uint32_t kSmallestPageCount = 3;
+constexpr std::size_t kMinHeaderSize = 0x800;
+constexpr std::uint32_t kMinPageCount = 3;
 
 /// The key stream that hides the header's fields: RC4 of a fixed four-byte key.
 std::array<std::uint8_t, 128> MaskBytes() {
@@ -59,8 +59,8 @@ const Layout& LayoutOf(const FileImage& image) {
     for (const Layout* layout : {&kJet3, &kJet4}) {
         if (version == layout->formatByte) return *layout;
     }
-    constexpr std::uint32_t kLargestVersion = 0xFF;
-    ThrowHeader(version <= kLargestVersion ? ErrorNumber::NewerFormat : ErrorNumber::NotADatabase,
+    constexpr std::uint32_t kMaxVersion = 0xFF;
+    ThrowHeader(version <= kMaxVersion ? ErrorNumber::NewerFormat : ErrorNumber::NotADatabase,
                 "unknown format version");
 }
 
@@ -116,9 +116,9 @@ PageFile::PageFile(const Layout& layout, FileImage image)
 
 std::unique_ptr<PageFile> PageFile::FromImage(FileImage image) {
     const Layout& layout = LayoutOf(image);
-    if (image.Size() < kSmallestHeader) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
+    if (image.Size() < kMinHeaderSize) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
     std::unique_ptr<PageFile> file(new PageFile(layout, std::move(image)));
-    if (file->pageCount_ < kSmallestPageCount) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
+    if (file->pageCount_ < kMinPageCount) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
     file->header_ = ReadHeader(layout, file->Page(0));
     const ByteView objects = file->Page(kSystemObjectsPage);
     if (U16(objects, 0) != (0x0100 | kTdefPage)) {

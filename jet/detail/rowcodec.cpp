@@ -9,9 +9,9 @@ namespace jet::detail {
 
 namespace {
 
-constexpr std::size_t kShortestRow = 4;  ///< room for an overflow pointer in its place
+constexpr std::size_t kMinRowSize = 4;  ///< room for an overflow pointer in its place
 constexpr std::uint8_t kNegative = 0x80, kNoJump = 0xFF;
-constexpr std::size_t kGuidSize = 16, kNumericSize = 17, kLargestText = 255;
+constexpr std::size_t kGuidSize = 16, kNumericSize = 17, kMaxTextSize = 255;
 
 [[noreturn]] void ThrowField(ErrorNumber number, const ColumnDef& column, const char* what) {
     throw Error{number, "column " + column.name + ": " + what};
@@ -67,7 +67,7 @@ std::vector<std::uint8_t> EncodeTextColumn(const TextForm& form, const ColumnDef
                                            const std::string& text) {
     std::vector<std::uint8_t> plain = EncodeText(form, text);
     if (StoredLength(form, plain) >
-        std::min<std::size_t>(column.length / form.unit, kLargestText)) {
+        std::min<std::size_t>(column.length / form.unit, kMaxTextSize)) {
         ThrowField(ErrorNumber::FieldTooLong, column, "a text longer than the column");
     }
     if (column.Fixed()) {
@@ -140,8 +140,8 @@ class RowBuilder {
         AddFixed();
         if (def_.variableCount > 0) AddVariable();
         const std::size_t mask = MaskSize(def_.maxColumns);
-        if (def_.variableCount == 0 && row_.size() + mask < kShortestRow) {
-            row_.resize(kShortestRow - mask, 0);
+        if (def_.variableCount == 0 && row_.size() + mask < kMinRowSize) {
+            row_.resize(kMinRowSize - mask, 0);
         }
         AddMask(mask);
         if (row_.size() > layout_.largestRow) {

@@ -11,7 +11,7 @@ namespace jet::detail {
 
 namespace {
 
-constexpr std::size_t kPointerSize = 4, kDeepestPointer = 4;
+constexpr std::size_t kPointerSize = 4, kMaxPointerDepth = 4;
 /// A page with less room than this is no place for a new row.
 constexpr std::size_t kFewBytes = 32;
 /// Row numbers of a page without rows are worth giving out again from here on.
@@ -57,7 +57,7 @@ std::uint64_t TableStore::CountRows() const {
     std::uint64_t rows = 0;
     for (const std::uint32_t number : DataPages()) {
         const DataPage page(*file_, number);
-        const std::size_t slots = std::min(page.SlotCount(), kLargestSlot + 1);
+        const std::size_t slots = std::min(page.SlotCount(), kMaxSlot + 1);
         const ByteView entries = Part(file_->Page(number), layout.slots, kSlotSize * slots, number);
         for (std::size_t at = 1; at < entries.size(); at += kSlotSize) {
             rows += (entries[at] & (kSlotHidden >> 8)) == 0 ? 1U : 0U;
@@ -69,7 +69,7 @@ std::uint64_t TableStore::CountRows() const {
 TableStore::Place TableStore::Follow(RowPointer from, ByteView pointer) const {
     Place place;
     place.trail.push_back(from);
-    for (std::size_t depth = 0; depth < kDeepestPointer; ++depth) {
+    for (std::size_t depth = 0; depth < kMaxPointerDepth; ++depth) {
         const RowPointer to = RowPointer::FromPacked(U32(pointer, 0, from.page));
         if (!IsOurs(to.page)) ThrowDamaged(from.page, from.row, "a row moved out of its table");
         const DataPage page(*file_, to.page);

@@ -113,7 +113,7 @@ void TableStore::Scan(Visitor&& visitor) const {
     const Layout& layout = file_->Format();
     for (const std::uint32_t number : DataPages()) {
         const DataPage page(*file_, number);
-        for (std::size_t row = 0; row < page.SlotCount() && row <= kLargestSlot; ++row) {
+        for (std::size_t row = 0; row < page.SlotCount() && row <= kMaxSlot; ++row) {
             const Slot slot = page.At(row);
             if (slot.Hidden()) continue;
             const RowPointer where{number, static_cast<std::uint8_t>(row)};

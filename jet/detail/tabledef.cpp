@@ -12,10 +12,10 @@ namespace jet::detail {
 namespace {
 
 constexpr std::size_t kPageHeader = 8, kNextPage = 4, kLength = 8, kDistinctKeys = 4;
-constexpr std::size_t kMostPages = 64, kMostColumns = 1024, kMostIndexes = 64, kLongestName = 255;
+constexpr std::size_t kMaxPages = 64, kMaxColumns = 1024, kMaxIndexes = 64, kMaxNameLength = 255;
 constexpr std::size_t kKeyColumns = 10, kKeyColumnSize = 3, kLongValueMapSize = 10;
 constexpr std::uint16_t kNoColumn = 0xFFFF;
-constexpr std::size_t kLargestFixedEnd = 4096;
+constexpr std::size_t kMaxFixedEnd = 4096;
 
 /// The definition's pages joined: the first whole, each further one from behind its header.
 std::vector<std::uint8_t> Join(const PageFile& file, std::uint32_t firstPage) {
@@ -24,7 +24,7 @@ std::vector<std::uint8_t> Join(const PageFile& file, std::uint32_t firstPage) {
     for (std::uint32_t page = firstPage; page != 0;) {
         const ByteView bytes = file.Page(page);
         if (bytes[0] != kTdefPage) ThrowDamaged(page, 0, "not a page of a table definition");
-        if (!seen.insert(page).second || seen.size() > kMostPages) {
+        if (!seen.insert(page).second || seen.size() > kMaxPages) {
             ThrowDamaged(page, kNextPage, "a definition's pages have no end");
         }
         const ByteView part = page == firstPage ? bytes : bytes.subspan(kPageHeader);
@@ -82,9 +82,8 @@ class Reader {
         columnCount_ = U16(header, layout_.tdefColumnCount);
         logicalCount_ = U32(header, layout_.tdefLogicalCount);
         const std::size_t realCount = U32(header, layout_.tdefRealCount);
-        if (columnCount_ > kMostColumns || logicalCount_ > kMostIndexes ||
-            realCount > kMostIndexes || def_.variableCount > kMostColumns ||
-            def_.maxColumns > kMostColumns) {
+        if (columnCount_ > kMaxColumns || logicalCount_ > kMaxIndexes || realCount > kMaxIndexes ||
+            def_.variableCount > kMaxColumns || def_.maxColumns > kMaxColumns) {
             Throw("too many columns or indexes");
         }
         def_.realIndexes.resize(realCount);
@@ -127,17 +126,17 @@ class Reader {
             if (other.number == column.number) Throw("two columns of one number");
         }
         if (column.Fixed()) {
-            if (std::size_t{column.fixedOffset} + column.length > kLargestFixedEnd) {
+            if (std::size_t{column.fixedOffset} + column.length > kMaxFixedEnd) {
                 Throw("a column beyond the end of every row");
             }
-        } else if (column.variableNumber >= kMostColumns) {
+        } else if (column.variableNumber >= kMaxColumns) {
             Throw("an impossible number of a variable column");
         }
     }
     std::string ReadName() {
         const std::size_t size =
             LittleEndian(Take(layout_.nameLengthSize), 0, layout_.nameLengthSize, def_.page);
-        if (size > kLongestName * layout_.textUnit) Throw("a name too long");
+        if (size > kMaxNameLength * layout_.textUnit) Throw("a name too long");
         return DecodeText(form_, Take(size));
     }
     void ReadReal(RealIndex& index) {
@@ -273,7 +272,7 @@ class Builder {
     }
     void AddName(const std::string& name) {
         const std::vector<std::uint8_t> stored = EncodeText(form_, name);
-        if (stored.size() > kLongestName * layout_.textUnit) {
+        if (stored.size() > kMaxNameLength * layout_.textUnit) {
             throw Error{ErrorNumber::FieldTooLong, "the name " + name + " is too long"};
         }
         PutLittleEndian(Add(layout_.nameLengthSize), 0, stored.size(), layout_.nameLengthSize);

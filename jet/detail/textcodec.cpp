@@ -8,8 +8,8 @@ namespace jet::detail {
 
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD, kLargestCharacter = 0x10FFFF, kByteOrderMark = 0xFEFF;
-constexpr std::size_t kShortestCompressed = 3;
+constexpr char32_t kReplacement = 0xFFFD, kMaxCodePoint = 0x10FFFF, kByteOrderMark = 0xFEFF;
+constexpr std::size_t kMinCompressedSize = 3;
 
 bool IsSurrogate(char32_t unit) {
     return unit >= 0xD800 && unit <= 0xDFFF;
@@ -104,8 +104,8 @@ std::optional<char32_t> NextCharacter(std::string_view utf8, std::size_t& positi
         if ((byte & 0xC0) != 0x80) return std::nullopt;
         character = character << 6 | (byte & 0x3F);
     }
-    constexpr std::array<char32_t, 5> kSmallest{0, 0, 0x80, 0x800, 0x10000};
-    if (character < kSmallest[length] || character > kLargestCharacter || IsSurrogate(character)) {
+    constexpr std::array<char32_t, 5> kMinCodePoint{0, 0, 0x80, 0x800, 0x10000};
+    if (character < kMinCodePoint[length] || character > kMaxCodePoint || IsSurrogate(character)) {
         return std::nullopt;
     }
     position += length;
@@ -161,7 +161,7 @@ std::vector<std::uint8_t> EncodeText(const TextForm& form, std::string_view utf8
 
 std::vector<std::uint8_t> EncodeCompressed(const TextForm& form, std::string_view utf8) {
     std::vector<std::uint8_t> plain = EncodeText(form, utf8);
-    if (form.unit == 1 || plain.size() / 2 < kShortestCompressed) return plain;
+    if (form.unit == 1 || plain.size() / 2 < kMinCompressedSize) return plain;
     for (std::size_t at = 0; at < plain.size(); at += 2) {
         if (plain[at] == 0 || plain[at + 1] != 0) return plain;
     }

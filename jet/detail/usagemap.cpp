@@ -293,8 +293,8 @@ std::optional<UsageMap> SoundMap(PageFile& file, RowPointer where) {
     if (where.IsNull() || where.page >= file.PageCount()) return std::nullopt;
     if (file.Page(where.page)[0] != kDataPage) return std::nullopt;
     const DataPage page(file, where.page);
-    constexpr std::uint32_t kLargestMapOwner = 1;
-    if (page.Owner() > kLargestMapOwner || where.row >= page.SlotCount()) return std::nullopt;
+    constexpr std::uint32_t kMaxMapOwner = 1;
+    if (page.Owner() > kMaxMapOwner || where.row >= page.SlotCount()) return std::nullopt;
     const ByteView row = page.Row(where.row);
     if (row.size() < file.Format().inlineMapRow || row[0] > 1) return std::nullopt;
     return UsageMap(file, where);

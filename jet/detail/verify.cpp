@@ -24,8 +24,8 @@
 namespace jet::detail {
 namespace {
 
-constexpr std::size_t kMostFaults = 1000;
-constexpr std::size_t kDeepest = 20;
+constexpr std::size_t kMaxFaults = 1000;
+constexpr std::size_t kMaxDepth = 20;
 constexpr std::uint32_t kHeaderPage = 0, kGlobalMapPage = 1;
 
 std::string PageText(std::uint32_t page) {
@@ -41,10 +41,10 @@ class Report {
     explicit Report(PageFile& file) : owners_(file.PageCount()) {}
 
     void Fault(const std::string& line) {
-        if (findings.faults.size() < kMostFaults) findings.faults.push_back(line);
+        if (findings.faults.size() < kMaxFaults) findings.faults.push_back(line);
     }
     void Note(const std::string& line) {
-        if (findings.notes.size() < kMostFaults) findings.notes.push_back(line);
+        if (findings.notes.size() < kMaxFaults) findings.notes.push_back(line);
     }
     /// Runs one part of the check; what it throws is a fault.
     template <typename Part>
@@ -134,7 +134,7 @@ class TreeCheck {
     /// The last entry below a page; none when nothing is known of it.
     std::optional<Bytes> Check(std::uint32_t number, std::size_t depth,
                                const std::optional<Bytes>& stated) {
-        if (depth == kDeepest) {
+        if (depth == kMaxDepth) {
             Fault(number, "too deep");
             return std::nullopt;
         }
@@ -290,7 +290,7 @@ class TableCheck {
 
     /// Every moved row has one pointer to it, and every pointer a row.
     void CheckSlots(const DataPage& page) {
-        for (std::size_t row = 0; row < page.SlotCount() && row <= kLargestSlot; ++row) {
+        for (std::size_t row = 0; row < page.SlotCount() && row <= kMaxSlot; ++row) {
             const Slot slot = page.At(row);
             const RowPointer where{page.Number(), static_cast<std::uint8_t>(row)};
             if (slot.Deleted()) continue;

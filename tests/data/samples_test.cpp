@@ -220,7 +220,7 @@ TEST_P(SampleFile, EveryScaleIsTheAutomaticOneAndTheFirstListsShownCurves) {
 TEST_P(SampleFile, ColoursCanBeReadOnTheDiagramAndToldApart) {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Colour colour = ColourFromValue(rows[i].plottFarg.value());
-        EXPECT_GE(Contrast(colour, kDiagramGround), 3.0) << rows[i].fond;
+        EXPECT_GE(Contrast(colour, kDiagramBackground), 3.0) << rows[i].fond;
         for (std::size_t j = 0; j < i; ++j) {
             const Colour other = ColourFromValue(rows[j].plottFarg.value());
             const int distance = std::abs(colour.red - other.red) +

@@ -11,7 +11,7 @@
 namespace {
 
 constexpr std::string_view kSmallDigits = "0123456789abcdef", kLargeDigits = "0123456789ABCDEF";
-constexpr std::size_t kLongestShownBinary = 256;
+constexpr std::size_t kMaxShownBinarySize = 256;
 
 void AppendHex(std::string& out, std::uint8_t byte, std::string_view digits) {
     out += digits[byte >> 4U];
@@ -80,8 +80,8 @@ void AppendFloating(std::string& out, Float number) {
         out += '0';
         return;
     }
-    constexpr int kSmallestPositional = -7, kLargestPositional = 20;
-    if (exponent < kSmallestPositional || exponent > kLargestPositional) {
+    constexpr int kMinPositionalExponent = -7, kMaxPositionalExponent = 20;
+    if (exponent < kMinPositionalExponent || exponent > kMaxPositionalExponent) {
         out += digits.front();
         if (digits.size() > 1) out.append(".").append(digits, 1);
         out.append(exponent < 0 ? "e-" : "e+");
@@ -101,7 +101,7 @@ void AppendFloating(std::string& out, Float number) {
 }
 
 void AppendBinary(std::string& out, const jet::Bytes& bytes) {
-    if (bytes.size() > kLongestShownBinary) {
+    if (bytes.size() > kMaxShownBinarySize) {
         out += "{\"bytes\":";
         AppendWhole(out, static_cast<std::int64_t>(bytes.size()));
         out.append(",\"sha256\":\"").append(Sha256(bytes)).append("\"}");

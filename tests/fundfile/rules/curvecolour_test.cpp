@@ -43,9 +43,9 @@ TEST(Colour, ContrastOfBlackOnWhiteIsTwentyOne) {
     EXPECT_NEAR(Contrast({90, 90, 90}, {90, 90, 90}), 1, 1e-9);
 }
 
-TEST(NewCurveColour, CanBeReadOnTheDiagramsGround) {
+TEST(NewCurveColour, CanBeReadOnTheDiagramsBackground) {
     for (std::int32_t kontoId = 1; kontoId <= 2000; ++kontoId) {
-        ASSERT_GE(Contrast(NewCurveColour(kontoId), kDiagramGround), 4.5) << kontoId;
+        ASSERT_GE(Contrast(NewCurveColour(kontoId), kDiagramBackground), 4.5) << kontoId;
     }
 }
 
@@ -61,7 +61,7 @@ TEST(NewCurveColour, TellsTwentyHoldingsInARowApart) {
 TEST(NewCurveColour, HasAnAnswerForEveryKontoId) {
     for (const std::int32_t kontoId : {0, -1, std::numeric_limits<std::int32_t>::max(),
                                        std::numeric_limits<std::int32_t>::min()}) {
-        EXPECT_GE(Contrast(NewCurveColour(kontoId), kDiagramGround), 4.5) << kontoId;
+        EXPECT_GE(Contrast(NewCurveColour(kontoId), kDiagramBackground), 4.5) << kontoId;
     }
 }
 

@@ -9,8 +9,8 @@
 
 namespace {
 
-constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kMaxInteger = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kMinInteger = std::numeric_limits<std::int32_t>::min();
 
 TEST(AutomaticScale, FollowsTheLargestAndTheSmallestValue) {
     struct Row {
@@ -55,7 +55,7 @@ TEST(AutomaticScale, AlwaysTakesAllValuesInAndKeepsTheProportion) {
 }
 
 TEST(AutomaticScale, BeyondThirtyTwoBitsIsAnOverflow) {
-    for (const std::int32_t value : {kHighest, kLowest}) {
+    for (const std::int32_t value : {kMaxInteger, kMinInteger}) {
         const std::vector<std::int32_t> values{value};
         try {
             AutomaticScale(values);
@@ -69,7 +69,7 @@ TEST(AutomaticScale, BeyondThirtyTwoBitsIsAnOverflow) {
 TEST(ScaleWithTop, TruncatesTheBottomTowardZero) {
     const std::vector<ScaleRange> rows{{15, -10},    {45, -30}, {20, -13},
                                        {16, -10},    {1, 0},    {0, 0},
-                                       {1005, -670}, {-15, 10}, {kHighest, -1431655764}};
+                                       {1005, -670}, {-15, 10}, {kMaxInteger, -1431655764}};
     for (const ScaleRange& row : rows) EXPECT_EQ(ScaleWithTop(row.top), row);
 }
 
@@ -93,8 +93,8 @@ TEST(Normalised, KeepsTheProportion) {
         {{99991, -1}, {15, -10}},
         {{100005, -66670}, {15, -10}},
         {{2000000000, -5}, {15, -10}},
-        {{15, kLowest}, {15, -10}},
-        {{kHighest, kLowest}, {15, -10}},
+        {{15, kMinInteger}, {15, -10}},
+        {{kMaxInteger, kMinInteger}, {15, -10}},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(Normalised(row.read), row.expected) << row.read.top << "/" << row.read.bottom;
@@ -146,7 +146,7 @@ TEST(ScaleLabels, StandAThirdOfTheTopApart) {
 
 TEST(ScaleLabels, EndForATopBelowZero) {
     EXPECT_LE(ScaleLabels({-30, -40}).size(), 6U);
-    EXPECT_LE(ScaleLabels({kHighest, kLowest}).size(), 6U);
+    EXPECT_LE(ScaleLabels({kMaxInteger, kMinInteger}).size(), 6U);
 }
 
 }  // namespace
