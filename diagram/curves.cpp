@@ -1,8 +1,8 @@
 #include "diagram/curves.h"
 
+#include "app/chosencurves.h"
 #include "app/frmPPM.h"
 #include "base/error.h"
-#include "base/number.h"
 #include "diagram/texts.h"
 #include "fundfile/editrow.h"
 #include "fundfile/queries.h"
@@ -30,29 +30,7 @@
 namespace {
 
 constexpr double kPrintedLineCm = 0.025;
-
-Colour ColourOf(jet::RecordSet& holdings, std::int32_t kontoId) {
-    if (!holdings.FindFirst(queries::KontoIdIs(kontoId))) return NewCurveColour(kontoId);
-    const jet::Value colour = holdings.Field(schema::holding::kPlottFarg);
-    return CurveColour(colour.IsNull() ? std::nullopt : std::optional(colour.Integer()), kontoId);
-}
-
-/// Empties the query data source when the work with it ends, however it ends.
-class QuerySource {
-  public:
-    explicit QuerySource(DataSource& source) : source_(source) {}
-    QuerySource(const QuerySource&) = delete;
-    QuerySource& operator=(const QuerySource&) = delete;
-    ~QuerySource() { source_.Close(); }
-
-    jet::RecordSet& Open(jet::Database& database, const std::string& query) {
-        source_.SetRecordSet(database.OpenRecordSet(query));
-        return source_.Records();
-    }
-
-  private:
-    DataSource& source_;
-};
+constexpr double kPrintedHaloCm = 0.026;  // a pixel of the screen
 
 /// The column with a scale behind the curve list that stands there, alone or before an older scale.
 std::string WithListKept(const std::string& column, ScaleRange scale) {
@@ -64,20 +42,8 @@ std::string WithListKept(const std::string& column, ScaleRange scale) {
 
 Curves::Curves(frmPPM& ppm) : Controller(ppm) {}
 
-void Curves::ForEachCurve(const Draw& draw) {
-    if (!window.FundDb) return;
-    const auto holdings = window.FundDb->OpenRecordSet(schema::kHoldingsTable);
-    if (holdings->Eof()) return;
-    QuerySource query(*window.dtaSQL);
-    for (const std::int32_t kontoId : window.SelectedCurves) {
-        const auto points = ReadPoints(query.Open(*window.FundDb, queries::PointsOf(kontoId)));
-        if (points.empty()) continue;
-        draw(points, {kontoId, ColourOf(*holdings, kontoId)});
-    }
-}
-
 void Curves::PlotCurves() try {
-    ForEachCurve([&](std::span<const CurvePoint> points, const CurveStyle& style) {
+    ForEachChosenCurve(window, [&](std::span<const CurvePoint> points, const CurveStyle& style) {
         window.picDiagram->Add(ScreenDrawing(points, style, window.WindowStartDay, window.DayStep));
     });
     DescribeDiagram();
@@ -88,7 +54,7 @@ void Curves::PlotCurves() try {
 void Curves::PrintCurves(PrinterPage& page) try {
     const ScaleRange scale = window.Scale;
     std::vector<Drawing> drawings;
-    ForEachCurve([&](std::span<const CurvePoint> points, const CurveStyle& style) {
+    ForEachChosenCurve(window, [&](std::span<const CurvePoint> points, const CurveStyle& style) {
         drawings.push_back(
             PageDrawing(points, style, window.WindowStartDay, window.DayStep, scale));
     });
@@ -96,10 +62,16 @@ void Curves::PrintCurves(PrinterPage& page) try {
     const QRectF areaCm(
         QPointF(onpage::kLeftCm, onpage::kZeroCm - onpage::CmPerPercent(scale) * scale.top),
         QSizeF(onpage::kEndCm - onpage::kLeftCm, onpage::kHeightCm));
+    StrokeSurface surface;
+    surface.toDevice = toDevice;
+    surface.area = toDevice.mapRect(areaCm);
+    surface.lineWidth = kPrintedLineCm * toDevice.m11();
+    surface.finest = 0;
+    surface.halo = Qt::white;
+    surface.haloWidth = kPrintedHaloCm * toDevice.m11();
     QPainter& painter = page.Painter();
     painter.setRenderHint(QPainter::Antialiasing);
-    DrawCurves(painter, drawings,
-               {toDevice, toDevice.mapRect(areaCm), kPrintedLineCm * toDevice.m11(), 0, {}});
+    DrawCurves(painter, drawings, surface);
 } catch (const Error& error) {
     Report(texts::PrintPlotFailed, texts::PrintPlotFailedLog, error);
 }

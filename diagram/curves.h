@@ -3,11 +3,8 @@
 // scale of a holding from its points.
 
 #include "app/controller.h"
-#include "widgets/rules/stroke.h"
 
 #include <cstdint>
-#include <functional>
-#include <span>
 
 class PrinterPage;
 
@@ -25,8 +22,5 @@ class Curves : Controller {
     void ComputeFundScale(std::int32_t kontoId, bool replace);
 
   private:
-    /// Hands the points and the look of each chosen holding that has points to `draw`, in order.
-    using Draw = std::function<void(std::span<const CurvePoint>, const CurveStyle&)>;
-    void ForEachCurve(const Draw& draw);
     void DescribeDiagram();
 };

@@ -176,5 +176,7 @@ std::optional<Rgb> QtDialogs::PickColour(Rgb shownFirst) {
 
 bool QtDialogs::PickPrinter(QPrinter& printer) {
     QPrintDialog dialog(&printer, Parent());
+    // The report is printed whole.
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
     return dialog.exec() == QDialog::Accepted;
 }

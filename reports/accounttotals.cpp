@@ -56,12 +56,17 @@ void AccountTotals::FillAccountList() {
 }
 
 std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName) {
+    return RowsOf(accountName,
+                  [](DataSource& row, std::size_t position) { return row.Field(position).Text(); });
+}
+
+std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName, const ReadColumn& read) {
     if (!window.FundDb) throw Error{ErrorNumber::ObjectNotSet, "totals without an open fund file"};
     DataSource& query = *window.dtaSQL;
     query.SetRecordSet(window.FundDb->OpenRecordSet(queries::TotalsOf(accountName)));
     std::vector<TotalsRow> rows;
     for (; !query.Eof(); query.MoveNext()) {
-        const auto text = [&](std::size_t position) { return query.Field(position).Text(); };
+        const auto text = [&](std::size_t position) { return read(query, position); };
         rows.push_back({text(0), text(1), text(2), text(3), text(4), text(5)});
     }
     query.SetRecordSet(nullptr);
@@ -70,9 +75,16 @@ std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName) {
 
 void AccountTotals::lstTotal_Click() {
     const std::string account = FromQt(window.lstTotal->currentItem()->text());
-    Totals totals;
+    std::vector<TotalsRow> rows;
     Skipping skip;
-    skip([&] { totals = PanelTotals(RowsOf(account)); });
+    // A column that cannot be read counts as empty: the steps beside it go on.
+    const auto read = [&](DataSource& row, std::size_t position) {
+        std::string text;
+        skip([&] { text = row.Field(position).Text(); });
+        return text;
+    };
+    skip([&] { rows = RowsOf(account, read); });
+    const Totals totals = PanelTotals(rows);
     window.totals = PanelText(account, totals);
     window.ShowState();
 }

@@ -5,9 +5,13 @@
 #include "app/controller.h"
 #include "reports/rules/totals.h"
 
+#include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+class DataSource;
 
 class AccountTotals : Controller {
   public:
@@ -22,5 +26,8 @@ class AccountTotals : Controller {
     void lstTotal_Click();
     void lblTotal_Click();
     std::vector<std::string> AccountNames();
+    /// How a column's text is taken from the current row.
+    using ReadColumn = std::function<std::string(DataSource& row, std::size_t position)>;
+    std::vector<TotalsRow> RowsOf(std::string_view accountName, const ReadColumn& read);
     std::vector<TotalsRow> RowsOf(std::string_view accountName);
 };

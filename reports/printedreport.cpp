@@ -1,16 +1,21 @@
 #include "reports/printedreport.h"
 
+#include "app/chosencurves.h"
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
 #include "app/rules/timewindow.h"
 #include "base/daynumber.h"
 #include "base/error.h"
 #include "base/number.h"
+#include "fundfile/queries.h"
 #include "fundfile/records.h"
+#include "fundfile/rules/holding.h"
+#include "jet/database.h"
 #include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/platform.h"
 #include "platform/printing.h"
+#include "reports/rules/totals.h"
 #include "reports/texts.h"
 #include "widgets/diagramview.h"
 #include "widgets/rules/stroke.h"
@@ -21,8 +26,11 @@
 #include <QRectF>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -57,6 +65,13 @@ QRectF DiagramAreaCm() {
     return {onpage::kLeftCm, kTopCm, onpage::kCmPerDay * DiagramView::kDays, onpage::kHeightCm};
 }
 
+QImage GridPicture(const std::string& folder) {
+    const std::string path = folder + std::string(kGridPicture);
+    const QImage grid(ToQt(path), "BMP");
+    if (grid.isNull()) throw Error{ErrorNumber::FileNotFound, "no grid picture: " + path};
+    return grid;
+}
+
 void PrintItems(PrinterPage& page, const PageItems& items) {
     for (const PageLine& line : items.lines) {
         page.DrawLine({line.x1Cm, line.y1Cm}, {line.x2Cm, line.y2Cm}, line.widthPoints);
@@ -85,25 +100,27 @@ void PrintedReport::mnuPrint_Click() {
 
 void PrintedReport::PrintReport() {
     window.FillAccountList();
+    // All is read before a printer is asked for: a report that fails prints no half page, and a
+    // file of an earlier one stays as it is.
+    const QImage grid = GridPicture(window.AppFolder);
+    ::Report report = Contents();
+    auto totals = Totals();
+    if (!totals) return;
+    report.totals = std::move(*totals);
+    ForEachChosenCurve(window, [](std::span<const CurvePoint>, const CurveStyle&) {});
+
     const auto page = window.platform.printing.Begin(Title());
     if (!page) return;
     const std::vector<PageItems> pages =
-        LayOut(Contents(), {page->WidthCm(), page->HeightCm()}, PageMeasure(*page));
-    PrintDiagram(*page);
+        LayOut(report, {page->WidthCm(), page->HeightCm()}, PageMeasure(*page));
+    page->DrawPicture(grid, DiagramAreaCm());
+    page->SetFont(kReportFamily, kCurveFont.points, kCurveFont.bold);
+    window.PrintCurves(*page);
     for (std::size_t number = 0; number < pages.size(); ++number) {
         if (number > 0) page->NewPage();
         PrintItems(*page, pages[number]);
     }
     page->EndDocument();
-}
-
-void PrintedReport::PrintDiagram(PrinterPage& page) {
-    const std::string path = window.AppFolder + std::string(kGridPicture);
-    const QImage grid(ToQt(path), "BMP");
-    if (grid.isNull()) throw Error{ErrorNumber::FileNotFound, "no grid picture: " + path};
-    page.DrawPicture(grid, DiagramAreaCm());
-    page.SetFont(kReportFamily, kCurveFont.points, kCurveFont.bold);
-    window.PrintCurves(page);
 }
 
 ::Report PrintedReport::Contents() {
@@ -118,17 +135,44 @@ void PrintedReport::PrintDiagram(PrinterPage& page) {
     report.diagram.leftYear = labels.leftYear;
     report.diagram.rightYear = labels.rightYear;
     if (window.dtaBasData->IsAttached()) report.holdings = ReadHoldings(*window.dtaBasData);
-    report.totals = Totals();
     return report;
 }
 
-std::vector<std::string> PrintedReport::Totals() {
+std::optional<std::vector<std::string>> PrintedReport::Totals() {
     std::vector<std::string> totals;
     totals.reserve(static_cast<std::size_t>(window.lstTotal->count()));
     for (int i = 0; i < window.lstTotal->count(); ++i) {
-        totals.push_back(window.BuildAccountTotals(FromQt(window.lstTotal->item(i)->text())));
+        const std::string account = FromQt(window.lstTotal->item(i)->text());
+        try {
+            totals.push_back(TotalsOf(account));
+        } catch (const Error& error) {
+            ReportAccount(account, error);
+            return std::nullopt;
+        }
     }
     return totals;
+}
+
+std::string PrintedReport::TotalsOf(const std::string& account) {
+    if (window.FundDb) {
+        const auto rows = window.FundDb->OpenRecordSet(queries::TotalsOf(account));
+        const auto text = [&](std::size_t position) { return rows->Field(position).Text(); };
+        if (!rows->Eof() && text(0) == kSummaryFondNr) {
+            const TotalsRow summary{text(0), text(1), text(2), text(3), text(4), text(5)};
+            return ReportLine(account, PanelTotals({&summary, 1}));
+        }
+    }
+    return window.BuildAccountTotals(account);
+}
+
+void PrintedReport::ReportAccount(const std::string& account, const Error& error) {
+    Tell(texts::PrintFailed);
+    Skipping skip;
+    skip([&] {
+        window.WriteLogEntry(std::string(texts::PrintFailedLog) +
+                             PlainText(static_cast<std::int32_t>(error.Number())) +
+                             std::string(texts::PrintFailedAccountLog) + account);
+    });
 }
 
 std::string PrintedReport::Title() const {

@@ -5,10 +5,11 @@
 #include "app/controller.h"
 #include "reports/rules/reportpage.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
-class PrinterPage;
+class Error;
 
 class PrintedReport : Controller {
   public:
@@ -17,8 +18,11 @@ class PrintedReport : Controller {
   private:
     void mnuPrint_Click();
     void PrintReport();
-    void PrintDiagram(PrinterPage& page);
     ::Report Contents();
-    std::vector<std::string> Totals();
+    /// One line per account; nothing when one could not be read, which is shown and logged.
+    std::optional<std::vector<std::string>> Totals();
+    /// The panel's totals where a summary row speaks for the account, else BuildAccountTotals.
+    std::string TotalsOf(const std::string& account);
+    void ReportAccount(const std::string& account, const Error& error);
     std::string Title() const;
 };

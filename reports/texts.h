@@ -7,5 +7,6 @@ namespace texts {
 
 inline constexpr std::string_view PrintFailed = "Fel i PrintRutinen";
 inline constexpr std::string_view PrintFailedLog = "Fel i Printrutinen mnuPrint ";
+inline constexpr std::string_view PrintFailedAccountLog = ", konto ";
 
 }  // namespace texts

@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QFontMetricsF>
 #include <QLineF>
+#include <QPainterPath>
 #include <QPen>
 #include <QPointF>
 #include <QPolygonF>
@@ -141,10 +142,12 @@ void DrawLabel(QPainter& painter, const Drawing& drawing, const StrokeSurface& s
     const QString text = QString::fromStdString(drawing.label);
     const QPointF base(place.left, place.Bottom());
     if (surface.halo.isValid()) {
-        painter.setPen(surface.halo);
-        for (const QPointF shift : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
-            painter.drawText(base + shift, text);
-        }
+        // A path, and no text: who searches or copies from a page finds every number once.
+        QPainterPath outline;
+        outline.addText(base, QFont(painter.font(), painter.device()), text);
+        const QPen pen(surface.halo, 2 * surface.haloWidth, Qt::SolidLine, Qt::RoundCap,
+                       Qt::RoundJoin);
+        painter.strokePath(outline, pen);
     }
     painter.setPen(ToQColor(drawing.colour));
     painter.drawText(base, text);

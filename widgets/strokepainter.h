@@ -21,7 +21,8 @@ struct StrokeSurface {
     QRectF area;           ///< in the painter's units; nothing is drawn outside
     double lineWidth = 1;  ///< in the painter's units
     double finest = 1;  ///< no detail smaller than this shows, in the painter's units; 0 keeps all
-    QColor halo;        ///< drawn round the labels' characters where it is valid
+    QColor halo{};      ///< drawn round the labels' characters where it is valid
+    double haloWidth = 1;  ///< in the painter's units
 };
 
 /// Draws in order: each curve's line, then its label, over what was there. Labels that would run

@@ -25,6 +25,10 @@ float Plus(float sum, std::string_view column) {
     return Single(static_cast<double>(sum) + LeadingNumber(column));
 }
 
+std::int32_t PlusPercent(std::int32_t sum, std::string_view column) {
+    return RoundHalfEven(sum + LeadingNumber(column));
+}
+
 Totals SummaryTotals(const TotalsRow& row) {
     Totals totals;
     Skipping skip;
@@ -41,7 +45,7 @@ Totals SummaryTotals(const TotalsRow& row) {
 
 Totals WithRow(Totals totals, const TotalsRow& row) {
     totals.start = Plus(totals.start, row.vardeKr);
-    totals.percent = RoundHalfEven(totals.percent + LeadingNumber(row.procent));
+    totals.percent = PlusPercent(totals.percent, row.procent);
     totals.latest = Plus(totals.latest, row.kursVarde);
     ++totals.rows;
     return totals;
@@ -55,7 +59,15 @@ Totals SumOf(std::span<const TotalsRow> rows) {
 
 Totals PanelTotals(std::span<const TotalsRow> rows) {
     if (!rows.empty() && rows.front().fondNr == kSummaryFondNr) return SummaryTotals(rows.front());
-    return SumOf(rows);
+    Totals totals;
+    Skipping skip;
+    for (const auto& row : rows) {
+        skip([&] { totals.start = Plus(totals.start, row.vardeKr); });
+        skip([&] { totals.percent = PlusPercent(totals.percent, row.procent); });
+        skip([&] { totals.latest = Plus(totals.latest, row.kursVarde); });
+        ++totals.rows;
+    }
+    return totals;
 }
 
 std::int32_t MeanPercent(const Totals& totals) {

@@ -29,8 +29,8 @@ Totals WithRow(Totals totals, const TotalsRow& row);
 Totals SumOf(std::span<const TotalsRow> rows);
 
 /// What the panel shows: if the first row is a summary row it alone speaks for the account, and its
-/// latest price text, "date:amount", holds the latest total with a decimal comma. What cannot be
-/// read stays 0.
+/// latest price text, "date:amount", holds the latest total with a decimal comma. An amount that
+/// cannot be read or added is left out, and nothing else with it.
 Totals PanelTotals(std::span<const TotalsRow> rows);
 
 /// The percent sum through the row count, truncated toward zero; the sum itself without rows.

@@ -18,7 +18,10 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMetaObject>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTime>
@@ -79,6 +82,22 @@ TEST_F(QtDialogsTest, ABoxHasTheDefaultTitleItsTextAndOneButton) {
     EXPECT_EQ(seen_.text, "Felaktigt Datum\nSkall skrivas typ\n2000-12-31");
     EXPECT_EQ(seen_.buttons, std::vector<std::string>{"OK"});
     EXPECT_EQ(seen_.icon, QMessageBox::NoIcon);
+}
+
+TEST_F(QtDialogsTest, ThePrintDialogOffersNoPartOfTheReport) {
+    QTimer::singleShot(0, qApp, [] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        int ranges = 0;
+        for (const QSpinBox* box : dialog->findChildren<QSpinBox*>()) {
+            if (box->objectName() == QLatin1String("from") && box->isVisibleTo(dialog)) ++ranges;
+        }
+        EXPECT_EQ(ranges, 0);
+        dialog->reject();
+    });
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    EXPECT_FALSE(dialogs_.PickPrinter(printer));
 }
 
 TEST_F(QtDialogsTest, AQuestionOffersYesAndNo) {

@@ -348,6 +348,62 @@ TEST_F(PrintedReportTest, AScaleFrom45ToMinus30IsPrintedAtSevenSeventyFifthsOfAC
     EXPECT_FALSE(RedNear(page, 1000, 650));
 }
 
+TEST_F(PrintedReportTest, APageOfAnEarlierYearHasTheCurvesNumbers) {
+    StartWith(Holdings(2, 2));
+    for (int quarter = 0; quarter < 2; ++quarter) Click(Window().Image4);
+    Print();
+    const Printed printed = Read(outside.printing.files.back());
+    for (const char* number : {"1", "2"}) {
+        const auto inFrame = [&](const Word& word) {
+            const QRectF frame(QPointF(3, 5), QPointF(18, 12));
+            return word.text == QLatin1String(number) && frame.contains(word.box.center());
+        };
+        EXPECT_EQ(std::count_if(printed.words.begin(), printed.words.end(), inFrame), 1) << number;
+    }
+}
+
+TEST_F(PrintedReportTest, ANumberOverACurveHasABrightEdge) {
+    auto holdings = Holdings(1, 1);
+    holdings[0].plottFarg = ColourValue({255, 0, 0});
+    holdings[0].skala = "1./15/-10";
+    // A number that stands in a thick bundle of lines.
+    holdings[0].points.clear();
+    for (int day = 0; day < 240; ++day) {
+        holdings[0].points.push_back({*ParseDate("2025-04-01") + day, day % 2 == 0 ? 14 : -9});
+    }
+    StartWith(holdings);
+    const Printed printed = Print();
+    const auto number =
+        std::find_if(printed.words.begin(), printed.words.end(), [](const Word& word) {
+            return word.text == QStringLiteral("1") && word.box.top() > 5 && word.box.top() < 12;
+        });
+    ASSERT_NE(number, printed.words.end());
+    const QImage page = FirstPage();
+    int bright = 0;
+    const QRect box((number->box.topLeft() * 100).toPoint(),
+                    (number->box.bottomRight() * 100).toPoint());
+    for (int y = box.top(); y <= box.bottom(); ++y) {
+        for (int x = box.left(); x <= box.right(); ++x) {
+            if (page.pixelColor(x, y) == QColor(Qt::white)) ++bright;
+        }
+    }
+    EXPECT_GT(bright, 0) << "paper stands round the number, not the grid picture";
+}
+
+TEST_F(PrintedReportTest, AnAccountKeptAsASummaryRowHasThePanelsTotals) {
+    auto holdings = Holdings(2, 2);
+    holdings[1].namn = "Hela kontot";
+    holdings[1].fondNr = "999 999";
+    holdings[1].kursKr = 203219.5;
+    holdings[1].senasteKurs = "Senaste : 123926,50";
+    holdings[1].kursVarde = "-";
+    holdings[1].procent = "-39 %";
+    StartWith(holdings);
+    const QString text = Print().Text();
+    EXPECT_TRUE(text.contains(ToQt("Hela kontot Startvärde 203219,5 kr"))) << text.toStdString();
+    EXPECT_TRUE(text.contains(ToQt("Senaste Totalvärde 123926,5 kr -39 %"))) << text.toStdString();
+}
+
 TEST_F(PrintedReportTest, AfterwardsTheDiagramStandsThereAgain) {
     StartWith(Holdings(2, 2));
     Print();
@@ -380,10 +436,33 @@ TEST_F(PrintedReportTest, APrinterThatFailsIsToldAndLogged) {
     ExpectPlainDiagramView();
 }
 
+TEST_F(PrintedReportTest, AnAccountThatCannotBeReadPrintsNothingAndIsNamedInTheLog) {
+    auto holdings = Holdings(2, 2);
+    holdings[1].namn = "Annas 'pension'";
+    StartWith(holdings);
+    outside.dialogs.Expect("Fel i PrintRutinen");
+    Window().mnuPrint->trigger();
+    EXPECT_TRUE(outside.printing.files.empty()) << "no printer was asked for";
+    EXPECT_NE(Log().find("Fel i Printrutinen mnuPrint 3075, konto Annas 'pension'"),
+              std::string::npos)
+        << Log();
+    ExpectPlainDiagramView();
+}
+
+TEST_F(PrintedReportTest, CurvesThatCannotBeReadPrintNothing) {
+    StartWith(Holdings(2, 2));
+    // Drawn while it lasted; the points are gone when the page wants them.
+    Window().FundDb->Close();
+    outside.dialogs.Expect("Fel i PrintRutinen");
+    Window().mnuPrint->trigger();
+    EXPECT_TRUE(outside.printing.files.empty());
+}
+
 TEST_F(PrintedReportTest, AMissingGridPictureEndsTheReport) {
     StartWith(Holdings(2, 2), false);
     outside.dialogs.Expect("Fel i PrintRutinen");
     Window().mnuPrint->trigger();
+    EXPECT_TRUE(outside.printing.files.empty());
     EXPECT_NE(Log().find("Fel i Printrutinen mnuPrint 53"), std::string::npos) << Log();
 }
 

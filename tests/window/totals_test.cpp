@@ -131,6 +131,12 @@ TEST_F(TotalsTest, ApostropheInTheNameBreaksTheQueryAndShowsZeros) {
     EXPECT_THROW(Window().BuildAccountTotals("Anna's"), Error);
 }
 
+TEST_F(TotalsTest, AnAmountThatCannotBeAddedLeavesTheOthersInTheSum) {
+    StartWith({Row("A", "1 %", "100", 10), Row("A", "1 %", std::string(39, '9').c_str(), 20),
+               Row("A", "1 %", "300", 30)});
+    EXPECT_EQ(Choose(0), Panel("A", "60,00", "400,00"));
+}
+
 TEST_F(TotalsTest, ClickOnTheResultClearsIt) {
     StartWith({Row("A", "7 %", "100", 100)});
     ASSERT_NE(Choose(0), "");

@@ -20,6 +20,27 @@ void Walk(std::size_t count, std::int32_t dayStep, Visit&& visit) {
     for (std::size_t at = 0; visit(at) && at != last;) at = last - at > step ? at + step : last;
 }
 
+/// Where the picture ends at the left and at the right, in a drawing's own units.
+struct Width {
+    double left = 0, right = 0;
+};
+
+/// The last joined point inside the picture. A curve that crosses it without a point in it has its
+/// number where it leaves; one that lies beside it ends or begins out there.
+Point LastInside(std::span<const Point> line, Width picture) {
+    for (std::size_t at = line.size(); at-- > 0;) {
+        const Point& point = line[at];
+        if (point.x >= picture.left && point.x <= picture.right) return point;
+        const bool crosses =
+            point.x < picture.left && at + 1 < line.size() && line[at + 1].x > picture.right;
+        if (!crosses) continue;
+        const Point& beyond = line[at + 1];
+        const double part = (picture.right - point.x) / (beyond.x - point.x);
+        return {picture.right, point.y + part * (beyond.y - point.y)};
+    }
+    return line.front().x > picture.right ? line.front() : line.back();
+}
+
 std::int64_t WindowDay(const CurvePoint& point, std::int32_t startDay) {
     return std::int64_t{point.day} - startDay;
 }
@@ -49,7 +70,8 @@ Drawing ScreenDrawing(std::span<const CurvePoint> points, const CurveStyle& styl
         // never ends the walk, and the picture's edge cuts the curve off.
         return index == 0 || WindowDay(points[index], startDay) <= startDay + kDaysShown;
     });
-    drawing.labelAt = {drawing.line.back().x, drawing.line.back().y + kLabelAboveLine};
+    const Point end = LastInside(drawing.line, {0, kDaysShown});
+    drawing.labelAt = {end.x, end.y + kLabelAboveLine};
     return drawing;
 }
 
@@ -84,7 +106,8 @@ Drawing PageDrawing(std::span<const CurvePoint> points, const CurveStyle& style,
         drawing.line.push_back(pinned(points[index]));
         return x(points[index]) < onpage::kEndCm;
     });
-    drawing.labelAt = {drawing.line.back().x,
-                       drawing.line.back().y - cmPerPercent * kLabelAboveLine};
+    const Point end = LastInside(
+        drawing.line, {onpage::kLeftCm, onpage::kLeftCm + onpage::kCmPerDay * kDaysShown});
+    drawing.labelAt = {end.x, end.y - cmPerPercent * kLabelAboveLine};
     return drawing;
 }

@@ -24,7 +24,7 @@ struct CurveStyle {
 
 struct Drawing {
     std::vector<Point> line;  ///< joined in order; empty where there is nothing to join
-    Point labelAt;            ///< the label's upper left corner
+    Point labelAt;            ///< the label's upper left corner: at the last point in the picture
     std::string label;        ///< the KontoId; empty: nothing at all is drawn
     Colour colour;
     bool operator==(const Drawing&) const = default;

@@ -83,6 +83,13 @@ TEST(PanelTotals, OfASummaryRowReadThePieceAfterTheFirstColon) {
     EXPECT_EQ(PanelTotals(Rows{row}).latest, 12.0F);
 }
 
+TEST(PanelTotals, LeaveOutOnlyWhatCannotBeAdded) {
+    const std::string tooMuch(39, '9');
+    const Rows rows = {Row("500", "5 %", "600"), Row(tooMuch, "7 %", "60"),
+                       Row("50", "2147483647", "6"), Row("5", "1 %", tooMuch)};
+    EXPECT_EQ(PanelTotals(rows), (Totals{555, 666, 13, 4}));
+}
+
 TEST(PanelTotals, OfNoRowsAreZero) {
     EXPECT_EQ(PanelTotals({}), Totals{});
 }

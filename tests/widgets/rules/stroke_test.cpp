@@ -83,7 +83,7 @@ TEST(ScreenDrawing, EndsAfterAPointBeyondTheStartDaysOwnNumber) {
     const std::vector<CurvePoint> points{{100, 1}, {865, 2}, {866, 3}, {867, 4}};
     const Drawing drawing = ScreenDrawing(points, kStyle, 250, 1);
     EXPECT_EQ(Values(drawing), (std::vector<double>{1, 2, 3}));
-    EXPECT_EQ(drawing.labelAt, (Point{616, 5}));
+    EXPECT_EQ(drawing.labelAt.x, 365) << "where it leaves the picture";
 }
 
 TEST(ScreenDrawing, SurvivesTheWidestDayNumbers) {
@@ -92,6 +92,44 @@ TEST(ScreenDrawing, SurvivesTheWidestDayNumbers) {
     const Drawing drawing =
         ScreenDrawing(points, kStyle, std::numeric_limits<std::int32_t>::min(), 1);
     EXPECT_EQ(drawing.line.back().x, 4294967295.0);
+}
+
+struct LabelRow {
+    const char* what;
+    std::vector<CurvePoint> points;
+    Point label;  // without the height over the line
+};
+const std::vector<LabelRow> kLabelRows = {
+    {"the last point stands on the edge", {{kStart, 4}, {kStart + 365, 6}}, {365, 6}},
+    {"the last point lies beyond", {{kStart, 4}, {kStart + 300, 6}, {kStart + 366, 9}}, {300, 6}},
+    {"no point in the picture", {{kStart - 135, 0}, {kStart + 865, 10}}, {365, 5}},
+};
+
+TEST(ScreenDrawing, PutsItsNumberAtTheLastPointInThePicture) {
+    for (const LabelRow& row : kLabelRows) {
+        const Drawing drawing = ScreenDrawing(row.points, kStyle, kStart, 1);
+        EXPECT_EQ(drawing.labelAt, (Point{row.label.x, row.label.y + 2})) << row.what;
+    }
+}
+
+TEST(ScreenDrawing, OfASeriesBesideThePictureHasItsNumberOutsideToo) {
+    const std::vector<CurvePoint> before{{kStart - 20, 1}, {kStart - 10, 2}};
+    EXPECT_EQ(ScreenDrawing(before, kStyle, kStart, 1).labelAt.x, -10);
+    const std::vector<CurvePoint> after{{kStart + 370, 1}, {kStart + 380, 2}};
+    EXPECT_EQ(ScreenDrawing(after, kStyle, kStart, 1).labelAt.x, 370);
+}
+
+TEST(PageDrawing, PutsItsNumberAtTheLastPointInTheFrame) {
+    const std::vector<LabelRow> rows{
+        kLabelRows[0],
+        kLabelRows[1],
+        {"no point in the frame but the pinned one", kLabelRows[2].points, {0, 0}},
+    };
+    for (const LabelRow& row : rows) {
+        const Drawing drawing = PageDrawing(row.points, kStyle, kStart, 1, {15, -10});
+        EXPECT_NEAR(drawing.labelAt.x, 3 + 0.041 * row.label.x, 1e-9) << row.what;
+        EXPECT_NEAR(drawing.labelAt.y, 9.2 - (row.label.y + 2) * 0.28, 1e-9) << row.what;
+    }
 }
 
 TEST(PageDrawing, SpansSevenCentimetresOverTheScale) {
