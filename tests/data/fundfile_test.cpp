@@ -443,9 +443,8 @@ TEST(FundFileDesign, HasTheColumnsInOrderAKeyAndAnIndexOnThePoints) {
 class SampleFundFile : public testing::TestWithParam<std::string> {
   protected:
     void SetUp() override {
-        SKIP_WITHOUT_SAMPLES();
         path = folder / (GetParam() + ".mdb");
-        fs::copy_file(*testdata::SampleFolder() / (GetParam() + ".mdb"), path);
+        fs::copy_file(samplefiles::FundFile(GetParam()), path);
         fs::permissions(path, fs::perms::owner_all);
     }
 
@@ -490,10 +489,9 @@ INSTANTIATE_TEST_SUITE_P(All, SampleFundFile,
                          [](const auto& file) { return file.param; });
 
 TEST(SavedQueryNamedFrFonddata, YieldsTheHoldingsEditableInTableOrder) {
-    SKIP_WITHOUT_SAMPLES();
     const testdata::TemporaryFolder folder;
     const fs::path path = folder / "konton.mdb";
-    fs::copy_file(*testdata::SampleFolder() / "konton.mdb", path);
+    fs::copy_file(samplefiles::FundFile("konton"), path);
     fs::permissions(path, fs::perms::owner_all);
     FundFile file = OpenFundFile(path);
     const auto query = file.database->OpenRecordSet("FR_FONDDATA");

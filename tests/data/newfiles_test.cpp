@@ -228,10 +228,9 @@ TEST_F(NewFilesTest, AFailingCopyLeavesTheOldFileWhole) {
 class CopyOfSample : public testing::TestWithParam<std::string> {};
 
 TEST_P(CopyOfSample, HoldsTheSamePointsAndHoldings) {
-    SKIP_WITHOUT_SAMPLES();
     const testdata::TemporaryFolder folder;
     const fs::path source = folder / "a.mdb", target = folder / "b.mdb";
-    fs::copy_file(*testdata::SampleFolder() / (GetParam() + ".mdb"), source);
+    fs::copy_file(samplefiles::FundFile(GetParam()), source);
     fs::permissions(source, fs::perms::owner_all);
     jet::Database::Create(folder / "Db0.dat", NewFundFileDesign());
     DataSource holdings("dtaBasData", "BasData"), points("dtaPlott", "Plotting");

@@ -11,30 +11,12 @@
 #include <QString>
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <memory>
 #include <sstream>
 
 namespace testdata {
-
-std::optional<fs::path> SampleFolder() {
-    const char* folder = std::getenv("KVARNBO_SAMPLES");
-    if (folder == nullptr || !fs::is_directory(fs::path(folder) / "fundfiles")) {
-        return std::nullopt;
-    }
-    return fs::path(folder) / "fundfiles";
-}
-
-std::vector<fs::path> SampleFundFiles() {
-    std::vector<fs::path> files;
-    for (const fs::directory_entry& entry : fs::directory_iterator(*SampleFolder())) {
-        if (entry.path().extension() == ".mdb") files.push_back(entry.path());
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
 
 void AddHolding(jet::RecordSet& records, std::string_view name) {
     records.AddNew();

@@ -8,13 +8,13 @@
 #include "jet/database.h"
 #include "platform/datasource.h"
 #include "tests/support/otherprocess.h"
+#include "tests/support/samplefiles.h"
 
 #include <QTemporaryDir>
 
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,10 +32,6 @@ class TemporaryFolder {
   private:
     QTemporaryDir folder_;
 };
-
-/// The sample files for development; null where KVARNBO_SAMPLES does not lead to them.
-std::optional<fs::path> SampleFolder();
-std::vector<fs::path> SampleFundFiles();
 
 /// A new fund file with `holdings` rows called Fond 1, Fond 2 ... and `points` points each.
 void MakeFundFile(const fs::path& path, int holdings, int points);
@@ -55,8 +51,3 @@ std::vector<std::string> NamesIn(const fs::path& folder);
 ErrorNumber NumberOf(const std::function<void()>& work);
 
 }  // namespace testdata
-
-#define SKIP_WITHOUT_SAMPLES()                                     \
-    if (!testdata::SampleFolder())                                 \
-    GTEST_SKIP() << "KVARNBO_SAMPLES does not name a folder with " \
-                    "fundfiles/"

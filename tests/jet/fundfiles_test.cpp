@@ -125,8 +125,7 @@ void ExpectSameRows(const TableDesign& table, std::vector<Row> ours, std::vector
 class FundFile : public testing::TestWithParam<std::string> {
   protected:
     void SetUp() override {
-        SKIP_WITHOUT_SAMPLES();
-        std::filesystem::copy_file(*Samples() / "fundfiles" / (GetParam() + ".mdb"), Path());
+        std::filesystem::copy_file(FundFile(GetParam()), Path());
         std::filesystem::permissions(Path(), std::filesystem::perms::owner_all);
         Open();
     }
@@ -305,10 +304,9 @@ INSTANTIATE_TEST_SUITE_P(Of, FundFile,
                          [](const auto& file) { return file.param; });
 
 TEST(FundFiles, KeepAForeignTableByteForByte) {
-    SKIP_WITHOUT_SAMPLES();
     const ScratchFolder folder;
     const std::filesystem::path path = folder / "valuta.mdb";
-    std::filesystem::copy_file(*Samples() / "fundfiles" / "valuta.mdb", path);
+    std::filesystem::copy_file(FundFile("valuta"), path);
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
     const std::string before = ReadWith({"mdb-json", path.string(), "Anteckningar"});
     {
@@ -325,10 +323,9 @@ TEST(FundFiles, KeepAForeignTableByteForByte) {
 }
 
 TEST(FundFiles, KeepTheirOwnCodePage) {
-    SKIP_WITHOUT_SAMPLES();
     const ScratchFolder folder;
     const std::filesystem::path path = folder / "polsk.mdb";
-    std::filesystem::copy_file(*Samples() / "fundfiles" / "access97.mdb", path);
+    std::filesystem::copy_file(FundFile("access97"), path);
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
     {
         // 1252 becomes 1250: the header is masked, so its bytes are turned, not set.
@@ -358,16 +355,14 @@ TEST(FundFiles, KeepTheirOwnCodePage) {
 }
 
 TEST(FundFiles, OpenASavedQueryAsItsTable) {
-    SKIP_WITHOUT_SAMPLES();
-    const auto database = Database::Open(*Samples() / "fundfiles" / "konton.mdb");
+    const auto database = Database::Open(FundFile("konton"));
     EXPECT_TRUE(database->HasSource("FR_FONDDATA"));
     EXPECT_EQ(RowsOf(*database, "FR_FONDDATA"), RowsOf(*database, "FONDDATA"));
     EXPECT_EQ(RowsOf(*database, "SELECT Namn FROM fr_fonddata WHERE KontoId = 3").size(), 1U);
 }
 
 TEST(FundFiles, FindAccountsWithBlanksAndInOtherLetterCase) {
-    SKIP_WITHOUT_SAMPLES();
-    const auto database = Database::Open(*Samples() / "fundfiles" / "valuta.mdb");
+    const auto database = Database::Open(FundFile("valuta"));
     const std::size_t exact =
         RowsOf(*database, "SELECT * FROM FONDDATA WHERE Namn = 'PPM Konto'").size();
     EXPECT_GT(exact, 1U);

@@ -126,7 +126,6 @@ TEST(Header, MaskIsTheKnownKeyStream) {
 }
 
 TEST(PageFile, OpensEverySampleFile) {
-    SKIP_WITHOUT_SAMPLES();
     for (const auto& path : jet::test::SampleFiles()) {
         const auto file = PageFile::Open(path);
         EXPECT_EQ(file->ByteCount(), jettest::fs::file_size(path));
@@ -206,7 +205,6 @@ TEST(PageFile, RefusesAPageThatIsNotThere) {
 class OnDisk : public testing::Test {
   protected:
     void SetUp() override {
-        SKIP_WITHOUT_SAMPLES();
         path_ = CopyInto(folder_, Sample("liten"));
         old_ = ReadText(path_);
     }

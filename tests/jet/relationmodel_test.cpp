@@ -40,7 +40,7 @@ class RelationModel : public testing::TestWithParam<std::string> {
   protected:
     void SetUp() override {
         SKIP_WITHOUT_SAMPLES();
-        path_ = jettest::CopyInto(folder_, *Samples() / "mdb-samples" / (GetParam() + ".mdb"));
+        path_ = jettest::CopyInto(folder_, *OtherFiles() / "mdb-samples" / (GetParam() + ".mdb"));
         file_ = Database::Open(path_);
         picture_ = Read();
         random_.seed(ModelSeed());

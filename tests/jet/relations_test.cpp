@@ -37,7 +37,7 @@ class RelationsOfASample : public testing::TestWithParam<std::string> {
   protected:
     void SetUp() override {
         SKIP_WITHOUT_SAMPLES();
-        jettest::CopyInto(folder, *Samples() / "mdb-samples" / (GetParam() + ".mdb"));
+        jettest::CopyInto(folder, *OtherFiles() / "mdb-samples" / (GetParam() + ".mdb"));
         database = Database::Open(folder / (GetParam() + ".mdb"));
     }
     std::shared_ptr<RecordSet> At(const std::string& table, int id) const {
@@ -165,8 +165,9 @@ class RelationOfAFundFile : public testing::TestWithParam<std::string> {
   protected:
     void SetUp() override {
         SKIP_WITHOUT_SAMPLES();
-        if (!std::filesystem::exists(*Samples() / "relations")) GTEST_SKIP() << "no such samples";
-        path = jettest::CopyInto(folder, *Samples() / "relations" / (GetParam() + ".mdb"));
+        if (!std::filesystem::exists(*OtherFiles() / "relations"))
+            GTEST_SKIP() << "no such samples";
+        path = jettest::CopyInto(folder, *OtherFiles() / "relations" / (GetParam() + ".mdb"));
         database = Database::Open(path);
         points = database->OpenRecordSet("PLOTTDATA");
     }

@@ -246,7 +246,7 @@ TEST(RowRulesOfSamples, AreAllRead) {
 TEST(RowRulesOfSamples, AreThoseThatWereWritten) {
     SKIP_WITHOUT_SAMPLES();
     const auto database =
-        Database::Open(*Samples() / "mdb-samples" / "nwind.mdb", Access::ReadOnly);
+        Database::Open(*OtherFiles() / "mdb-samples" / "nwind.mdb", Access::ReadOnly);
     const auto columns = database->Describe("Order Details").columns;
     const TableRules rules = database->Rules("Order Details");
     std::map<std::string, ColumnRules> byName;

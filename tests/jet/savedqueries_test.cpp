@@ -19,7 +19,7 @@ std::string TextOf(const Database& database, std::string_view name) {
 TEST(SavedQueries, AreListedWithTheirTexts) {
     SKIP_WITHOUT_SAMPLES();
     const auto database =
-        Database::Open(*Samples() / "mdb-samples" / "nwind.mdb", Access::ReadOnly);
+        Database::Open(*OtherFiles() / "mdb-samples" / "nwind.mdb", Access::ReadOnly);
     EXPECT_EQ(database->SavedQueries().size(), 22U);
     EXPECT_EQ(TextOf(*database, "Current Product List"),
               "SELECT [Product List].ProductID, [Product List].ProductName FROM Products AS "
@@ -40,7 +40,7 @@ TEST(SavedQueries, AreListedWithTheirTexts) {
 TEST(SavedQueries, OfEveryKindHaveAText) {
     SKIP_WITHOUT_SAMPLES();
     const auto database =
-        Database::Open(*Samples() / "mdb-samples" / "queryTestV2000.mdb", Access::ReadOnly);
+        Database::Open(*OtherFiles() / "mdb-samples" / "queryTestV2000.mdb", Access::ReadOnly);
     EXPECT_THAT(TextOf(*database, "DeleteQuery"),
                 "DELETE Table1.col1, Table1.col2, Table1.col3 FROM Table1 WHERE "
                 "(((Table1.col1)>\"blah\"))");
@@ -54,7 +54,7 @@ TEST(SavedQueries, OfEveryKindHaveAText) {
 TEST(SavedQueries, OverOneTableUnderAnotherNameOpen) {
     SKIP_WITHOUT_SAMPLES();
     const auto database =
-        Database::Open(*Samples() / "mdb-samples" / "nwind.mdb", Access::ReadOnly);
+        Database::Open(*OtherFiles() / "mdb-samples" / "nwind.mdb", Access::ReadOnly);
     const auto sold = database->OpenRecordSet("Current Product List");
     ASSERT_EQ(sold->FieldCount(), 2U);
     EXPECT_EQ(sold->Column(1).name, "ProductName");
@@ -74,7 +74,7 @@ TEST(SavedQueries, OverOneTableUnderAnotherNameOpen) {
 TEST(SavedQueries, OfOtherKindsAreRefused) {
     SKIP_WITHOUT_SAMPLES();
     const auto database =
-        Database::Open(*Samples() / "mdb-samples" / "nwind.mdb", Access::ReadOnly);
+        Database::Open(*OtherFiles() / "mdb-samples" / "nwind.mdb", Access::ReadOnly);
     for (const char* name : {"Catalog", "Order Subtotals", "Ten Most Expensive Products",
                              "Products Above Average Price", "Customers and Suppliers by City"}) {
         EXPECT_EQ(FailureOf([&] { database->OpenRecordSet(name); }), ErrorNumber::NotSupported)

@@ -26,9 +26,13 @@ void BecomeProgram(const std::vector<std::string>& arguments, int output) {
 
 std::vector<std::filesystem::path> SampleFiles() {
     std::vector<std::filesystem::path> files;
-    for (const char* folder : {"mdb-samples", "fundfiles", "relations"}) {
-        if (!std::filesystem::exists(*Samples() / folder)) continue;
-        for (const auto& entry : std::filesystem::directory_iterator(*Samples() / folder)) {
+    std::vector<std::filesystem::path> folders{samplefiles::FundFileFolder()};
+    for (const char* folder : {"mdb-samples", "relations"}) {
+        if (OtherFiles()) folders.push_back(*OtherFiles() / folder);
+    }
+    for (const auto& folder : folders) {
+        if (!std::filesystem::exists(folder)) continue;
+        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
             if (entry.path().extension() == ".mdb") files.push_back(entry.path());
         }
     }

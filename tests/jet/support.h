@@ -1,7 +1,8 @@
 #pragma once
 // What the engine's tests share: sample files, a folder to work in, other programs.
 
-#include <cstdlib>
+#include "tests/support/samplefiles.h"
+
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <optional>
@@ -10,14 +11,9 @@
 
 namespace jet::test {
 
-/// The folder with the sample files, if there is one on this machine.
-inline std::optional<std::filesystem::path> Samples() {
-    const char* folder = std::getenv("KVARNBO_SAMPLES");
-    if (folder == nullptr || *folder == '\0') return std::nullopt;
-    return std::filesystem::path(folder);
-}
+using samplefiles::OtherFiles;
 
-/// All sample files, sorted by name.
+/// Our own fund files, and other programs' files where they are there, sorted by path.
 std::vector<std::filesystem::path> SampleFiles();
 
 /// A folder that goes away with the object.
@@ -47,5 +43,7 @@ std::string ReadWith(const std::vector<std::string>& arguments);
 
 }  // namespace jet::test
 
-#define SKIP_WITHOUT_SAMPLES() \
-    if (!jet::test::Samples()) GTEST_SKIP() << "KVARNBO_SAMPLES names no folder of sample files"
+#define SKIP_WITHOUT_SAMPLES()                                   \
+    if (!jet::test::OtherFiles())                                \
+    GTEST_SKIP() << "KVARNBO_SAMPLES names no folder of sample " \
+                    "files"

@@ -227,7 +227,6 @@ TEST_P(Tables, ADefinitionOfManyColumnsTakesSeveralPages) {
 INSTANTIATE_FOR_BOTH_VERSIONS(Tables);
 
 TEST(Tables, OfSampleFilesHaveTheRowCountsTheySay) {
-    SKIP_WITHOUT_SAMPLES();
     for (const auto& path : jet::test::SampleFiles()) {
         const auto file = PageFile::Open(path);
         const Catalog catalog(*file);
@@ -244,7 +243,6 @@ TEST(Tables, OfSampleFilesHaveTheRowCountsTheySay) {
 }
 
 TEST(Definitions, OfSampleFilesAreBuiltAgainByteForByteInLength) {
-    SKIP_WITHOUT_SAMPLES();
     for (const auto& path : jet::test::SampleFiles()) {
         const auto file = PageFile::Open(path);
         const Catalog catalog(*file);
@@ -257,7 +255,6 @@ TEST(Definitions, OfSampleFilesAreBuiltAgainByteForByteInLength) {
 }
 
 TEST(Catalog, FindsTablesWhateverTheLetterCase) {
-    SKIP_WITHOUT_SAMPLES();
     const auto file = PageFile::Open(jettest::Sample("konton"));
     const Catalog catalog(*file);
     ASSERT_NE(catalog.FindTable("fonddata"), nullptr);
@@ -268,7 +265,6 @@ TEST(Catalog, FindsTablesWhateverTheLetterCase) {
 }
 
 TEST(Catalog, ResolvesASavedQueryOverOneTable) {
-    SKIP_WITHOUT_SAMPLES();
     const auto file = PageFile::Open(jettest::Sample("konton"));
     const Catalog catalog(*file);
     ASSERT_TRUE(catalog.HasQuery("fr_fonddata"));

@@ -161,13 +161,8 @@ TEST_P(Cut, AtEveryTenthAfterAWriteIsReadOnlyOrUnreadable) {
     CheckEveryTenth();
 }
 
-std::vector<fs::path> AllSamples() {
-    return Samples() ? SampleFiles() : std::vector<fs::path>();
-}
-
-INSTANTIATE_TEST_SUITE_P(Of, Cut, testing::ValuesIn(AllSamples()),
+INSTANTIATE_TEST_SUITE_P(Of, Cut, testing::ValuesIn(SampleFiles()),
                          [](const auto& tested) { return tested.param.stem().string(); });
-GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(Cut);
 
 /// A created file with a table of rows and memos.
 class Wholeness : public testing::Test {
@@ -258,7 +253,6 @@ TEST_F(Wholeness, AnEmptiedCatalogIsDamagedAndNotAFileWithoutTables) {
 }
 
 TEST_F(Wholeness, ATextColumnLongerThanTheFormatAllowsIsAFault) {
-    SKIP_WITHOUT_SAMPLES();
     const auto file =
         PageFile::FromImage(jettest::ImageOf(jettest::ReadText(jettest::Sample("liten"))));
     const std::uint32_t page = Catalog(*file).FindTable("PLOTTDATA")->page;

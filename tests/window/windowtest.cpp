@@ -3,13 +3,13 @@
 #include "fundfile/queries.h"
 #include "jet/database.h"
 #include "main/mainwindow.h"
+#include "tests/support/samplefiles.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QRect>
 
 #include <chrono>
-#include <cstdlib>
 #include <fstream>
 #include <sstream>
 
@@ -34,13 +34,9 @@ void WindowTest::MakeFile(const std::vector<TestHolding>& holdings) {
     WriteFundFile(SamplePath(), holdings);
 }
 
-bool WindowTest::CopySample(const std::string& name) {
-    const char* samples = std::getenv("KVARNBO_SAMPLES");
-    if (samples == nullptr) return false;
-    fs::copy_file(fs::path(samples) / "fundfiles" / name, SamplePath(),
-                  fs::copy_options::overwrite_existing);
+void WindowTest::CopySample(const std::string& name) {
+    fs::copy_file(samplefiles::FundFile(name), SamplePath(), fs::copy_options::overwrite_existing);
     fs::permissions(SamplePath(), fs::perms::owner_write, fs::perm_options::add);
-    return true;
 }
 
 void WindowTest::SetToday(int year, unsigned month, unsigned day) {

@@ -31,8 +31,7 @@ class WindowTest : public ::testing::Test {
     std::filesystem::path Folder() const;
     std::filesystem::path SamplePath() const;  ///< "Vimmels_exempel.mdb" in the program folder
     void MakeFile(const std::vector<TestHolding>& holdings);
-    /// A copy of a file under KVARNBO_SAMPLES; false without that folder.
-    bool CopySample(const std::string& name);
+    void CopySample(const std::string& name);  ///< one of our own fund files
     void SetToday(int year, unsigned month, unsigned day);
 
     // The window
