@@ -3,10 +3,10 @@
 #include "app/furnishing.h"
 #include "app/look.h"
 #include "app/places.h"
+#include "widgets/svgicon.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>
-#include <QIcon>
 #include <QMenuBar>
 #include <QPushButton>
 
@@ -21,7 +21,7 @@ void FurnishWindow(frmPPM& window) {
     Named(&window, "frmPPM");
     window.setPalette(look::WindowPalette());
     window.setStyleSheet(look::StyleSheet());
-    window.setWindowIcon(QIcon(QStringLiteral(":/icons/kvarnbo.svg")));
+    window.setWindowIcon(SvgIcon(QStringLiteral(":/icons/kvarnbo.svg")));
     auto* client = Named(new QWidget, "client");
     window.setCentralWidget(client);
     window.layout.AlsoScale([client](const Scaling& scaling) {

@@ -2,9 +2,9 @@
 
 #include "platform/caption.h"
 #include "widgets/imagebutton.h"
+#include "widgets/svgicon.h"
 
 #include <QColor>
-#include <QIcon>
 #include <QPalette>
 #include <QString>
 
@@ -27,7 +27,7 @@ QLabel* Heading(QWidget* parent, std::string_view text, QWidget* buddy) {
 ImageButton* PictureButton(frmPPM& window, QWidget* panel, const TwipRect& rect,
                            const QString& picture) {
     auto* button = new ImageButton(panel);
-    button->setIcon(QIcon(picture));
+    button->setIcon(SvgIcon(picture));
     Placed(window, button, rect);
     window.layout.AlsoScale(
         [button](const Scaling&) { button->setIconSize(button->size() * 3 / 4); });

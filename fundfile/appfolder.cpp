@@ -109,8 +109,7 @@ bool IsInUse(const fs::path& folder) {
 ProgramFolders FindProgramFolders() {
     const fs::path program = QCoreApplication::applicationDirPath().toStdString();
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return {program, (program / ".." / "share" / "kvarnbo").lexically_normal(),
-            fs::path(data.toStdString()) / "Kvarnbo"};
+    return {program, KVARNBO_DATA_FOLDER, fs::path(data.toStdString()) / "Kvarnbo"};
 }
 
 std::string AppFolder(const ProgramFolders& folders) {

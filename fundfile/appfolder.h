@@ -18,8 +18,8 @@ struct ProgramFolders {
     std::filesystem::path personal;  ///< this user's own folder, made when it is needed
 };
 
-/// This program's folders: the copies of an installed one lie in ../share/kvarnbo seen from the
-/// program, the user's own folder is the system's place for a program's data.
+/// This program's folders: where the copies lie is known from the build, the user's own folder is
+/// the system's place for a program's data.
 ProgramFolders FindProgramFolders();
 
 /// The program's folder when it can be written and holds the template or anything of the saver's: a

@@ -3,6 +3,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "base/version.h"
 #include "help/helpbook.h"
 
 #include <filesystem>
@@ -27,8 +28,13 @@ std::string Read(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+/// A page names the version by this word.
+std::string WithVersion(const std::string& html) {
+    return Join(Split(html, "@VERSION@"), Version());
+}
+
 HelpPage ReadPage(const fs::path& folder, const std::string& id, const std::string& section) {
-    const std::string html = Read(folder / (id + ".html"));
+    const std::string html = WithVersion(Read(folder / (id + ".html")));
     constexpr std::string_view kTitle = "<h1>";
     const std::size_t end = html.find("</h1>");
     if (!html.starts_with(kTitle) || end == std::string::npos)

@@ -4,7 +4,6 @@
 #include "help/texts.h"
 #include "platform/caption.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QIODevice>
 
@@ -12,7 +11,7 @@ namespace {
 
 QString PathOf(const std::string& path) {
     if (!path.empty()) return ToQt(path);
-    return QCoreApplication::applicationDirPath() + u'/' + ToQt(helptexts::NoFile);
+    return QStringLiteral(KVARNBO_DATA_FOLDER "/") + ToQt(helptexts::NoFile);
 }
 
 HelpBook Unreadable(const QString& path) {

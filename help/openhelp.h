@@ -6,5 +6,5 @@
 #include <string>
 
 /// The book in the file; where it cannot be read, a book of one page that says so. An empty path is
-/// the file beside the program.
+/// the installed file.
 HelpBook OpenHelp(const std::string& path);

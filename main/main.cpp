@@ -10,10 +10,10 @@
 int main(int argc, char* argv[]) {
     QApplication program(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kvarnbo"));
-    QApplication::setDesktopFileName(QStringLiteral("kvarnbo"));
+    QApplication::setDesktopFileName(QStringLiteral("org.example.Kvarnbo"));
     // One look on every desktop: the window's own colours are made for it.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    RealPlatform outside(AppFolder(FindProgramFolders()));
+    RealPlatform outside(AppFolder(FindProgramFolders()), KVARNBO_LIBEXEC_FOLDER);
     MainWindow window(outside.platform);
     window.show();
     return QApplication::exec();

@@ -23,6 +23,7 @@
 #include "entry/sourcefailures.h"
 #include "reports/accounttotals.h"
 #include "reports/printedreport.h"
+#include "tools/about.h"
 #include "tools/calculators.h"
 #include "tools/log.h"
 #include "tools/outsideprograms.h"
@@ -34,6 +35,7 @@ struct MainWindow::Controllers {
     explicit Controllers(frmPPM& window)
         : log(window),
           outsidePrograms(window),
+          about(window),
           background(window),
           screenScaling(window),
           axes(window),
@@ -61,6 +63,7 @@ struct MainWindow::Controllers {
 
     Log log;
     OutsidePrograms outsidePrograms;
+    About about;
     Background background;
     ScreenScaling screenScaling;
     Axes axes;

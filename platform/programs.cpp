@@ -3,7 +3,6 @@
 #include "base/error.h"
 #include "platform/caption.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QIODevice>
@@ -78,18 +77,19 @@ std::optional<Command> Editor(const QStringList& files) {
     return std::nullopt;
 }
 
-std::optional<Command> HelpViewer(const QStringList& files) {
+std::optional<Command> HelpViewer(const QString& folder, const QStringList& files) {
     const QString name = QString::fromLatin1(kOurHelpViewer);
-    QString program =
-        QStandardPaths::findExecutable(name, {QCoreApplication::applicationDirPath()});
+    QString program;
+    if (!folder.isEmpty()) program = QStandardPaths::findExecutable(name, {folder});
     if (program.isEmpty()) program = QStandardPaths::findExecutable(name);
     if (program.isEmpty()) return std::nullopt;
     return Command{program, files};
 }
 
-std::optional<Command> Resolve(const QString& name, const QStringList& words) {
+std::optional<Command> Resolve(const QString& name, const QStringList& words,
+                               const QString& viewerFolder) {
     if (name == QLatin1String(kEditor)) return Editor(words);
-    if (name == QLatin1String(kHelpViewer)) return HelpViewer(words);
+    if (name == QLatin1String(kHelpViewer)) return HelpViewer(viewerFolder, words);
     return Command{name, words};
 }
 
@@ -100,7 +100,7 @@ void DesktopPrograms::Start(std::string_view commandLine) {
     if (words.isEmpty())
         throw Error{ErrorNumber::FileNotFound, "the command line names no program"};
     const QString name = words.takeFirst();
-    const std::optional<Command> command = Resolve(name, words);
+    const std::optional<Command> command = Resolve(name, words, ToQt(viewerFolder_));
     if (!command || !QProcess::startDetached(command->program, command->arguments)) {
         throw Error{ErrorNumber::FileNotFound, "cannot start " + FromQt(name)};
     }

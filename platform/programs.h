@@ -1,7 +1,9 @@
 #pragma once
 // Starts outside programs by command line.
 
+#include <string>
 #include <string_view>
+#include <utility>
 
 class Programs {
   public:
@@ -15,9 +17,14 @@ class Programs {
     virtual void Start(std::string_view commandLine) = 0;
 };
 
-/// "NotePad.exe" is the desktop's plain-text editor, "WinHlp32.exe" the help viewer beside this
-/// program.
+/// "NotePad.exe" is the desktop's plain-text editor, "WinHlp32.exe" our help viewer.
 class DesktopPrograms final : public Programs {
   public:
+    /// The viewer lies in this folder; where it is not there it is looked for on the PATH.
+    explicit DesktopPrograms(std::string viewerFolder = {})
+        : viewerFolder_(std::move(viewerFolder)) {}
     void Start(std::string_view commandLine) override;
+
+  private:
+    std::string viewerFolder_;
 };

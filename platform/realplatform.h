@@ -18,9 +18,11 @@
 
 class RealPlatform {
   public:
-    explicit RealPlatform(std::string programFolder)
-        : platform{dialogs_,  clock_,  settings_,   printing_,
-                   programs_, screen_, keyStrokes_, std::move(programFolder)} {
+    RealPlatform(std::string programFolder, std::string viewerFolder)
+        : programs_(std::move(viewerFolder)), platform{dialogs_,    clock_,
+                                                       settings_,   printing_,
+                                                       programs_,   screen_,
+                                                       keyStrokes_, std::move(programFolder)} {
         QCoreApplication::installTranslator(&swedishTexts_);
     }
     RealPlatform(const RealPlatform&) = delete;

@@ -15,6 +15,11 @@ inline constexpr std::string_view HelpFile = "Kvarnbo.hlp";
 inline constexpr std::string_view EditorCommand = "NotePad.exe  ";
 inline constexpr std::string_view HelpCommand = "WinHlp32.exe ";
 
+inline constexpr std::string_view About = "Om Kvarnbo";
+inline constexpr std::string_view AboutVersion = "Kvarnbo ";
+inline constexpr std::string_view AboutFile = "\r\n\r\nFondfil: ";
+inline constexpr std::string_view AboutFolder = "\r\nProgrammets mapp: ";
+
 inline constexpr std::string_view NoEditor = "Kunde inte hitta fil NotePad.exe";
 // Not the name in the command line: users know this message as it is.
 inline constexpr std::string_view NoHelpViewer = "Kunde inte hitta fil WinHelp32.exe";

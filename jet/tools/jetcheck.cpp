@@ -2,6 +2,7 @@
 // used wrongly.
 
 #include "base/error.h"
+#include "base/tooloptions.h"
 #include "jet/detail/pagefile.h"
 #include "jet/detail/verify.h"
 
@@ -9,6 +10,10 @@
 #include <exception>
 
 namespace {
+
+constexpr const char* kUsage =
+    "usage: jetcheck FILE\n"
+    "Verifies every page, row and index of an Access-format file: prints OK, or the first fault.\n";
 
 int Check(const char* path) {
     const auto file = jet::detail::PageFile::Open(path);
@@ -21,9 +26,10 @@ int Check(const char* path) {
 
 int main(int argc, char** argv) {
     if (argc != 2) {
-        std::fputs("usage: jetcheck FILE\n", stderr);
+        std::fputs(kUsage, stderr);
         return 2;
     }
+    if (const auto status = Answered("jetcheck", argv[1], kUsage)) return *status;
     try {
         return Check(argv[1]);
     } catch (const std::exception& error) {

@@ -3,6 +3,7 @@
 // rows print the same.
 
 #include "base/error.h"
+#include "base/tooloptions.h"
 #include "jet/detail/catalog.h"
 #include "jet/detail/pagefile.h"
 #include "jet/detail/rowcodec.h"
@@ -18,6 +19,10 @@
 #include <vector>
 
 namespace {
+
+constexpr const char* kUsage =
+    "usage: jetdump FILE\n"
+    "Prints the tables, indexes and rows of an Access-format file as JSON lines.\n";
 
 using jet::ColumnType;
 using jet::detail::ColumnDef;
@@ -229,9 +234,10 @@ void Dump(const char* path) {
 
 int main(int argc, char** argv) try {
     if (argc != 2) {
-        std::fputs("usage: jetdump FILE\n", stderr);
+        std::fputs(kUsage, stderr);
         return 2;
     }
+    if (const auto status = Answered("jetdump", argv[1], kUsage)) return *status;
     Dump(argv[1]);
     return std::fflush(stdout) == 0 ? 0 : 1;
 } catch (const std::exception& error) {

@@ -16,7 +16,6 @@
 #include "tests/data/support.h"
 
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QString>
 
 #include <algorithm>
@@ -36,16 +35,13 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono;
 
-constexpr year_month_day kBuildDate = 2026y / February / 24;
+constexpr year_month_day kLastDay = 2026y / February / 24;
 
-void Make(const fs::path& folder, year_month_day date = kBuildDate) {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const auto epoch = duration_cast<seconds>(sys_days(date).time_since_epoch());
-    environment.insert(QStringLiteral("SOURCE_DATE_EPOCH"),
-                       QString::fromStdString(PlainText(std::int64_t{epoch.count()})));
+void Make(const fs::path& folder, year_month_day date = kLastDay) {
     QProcess program;
-    program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(MAKESAMPLES_PROGRAM), {QString::fromStdString(folder.string())});
+    const std::string day = FormatDay(DayNumber(date));
+    program.start(QStringLiteral(MAKESAMPLES_PROGRAM),
+                  {QString::fromStdString(folder.string()), QString::fromStdString(day)});
     ASSERT_TRUE(program.waitForFinished());
     ASSERT_EQ(program.exitCode(), 0) << program.readAllStandardError().toStdString();
 }
@@ -107,7 +103,7 @@ TEST_P(SampleFile, HasEightToFifteenHoldingsOnSeveralAccounts) {
     EXPECT_EQ(names.size(), rows.size());
 }
 
-TEST_P(SampleFile, PricesRunOverTwoToSixYearsOfWeekdaysUpToTheBuildDate) {
+TEST_P(SampleFile, PricesRunOverTwoToSixYearsOfWeekdaysUpToTheLastDay) {
     for (const HoldingRow& row : rows) {
         const std::vector<CurvePoint> series = PointsOf(row);
         const std::int32_t span = series.back().day - series.front().day;
@@ -259,17 +255,16 @@ TEST(SampleFiles, AnotherDateMovesTheEndOfTheSeries) {
     CloseFundFile(file.database);
 }
 
-TEST(SampleFiles, AFileThatSomebodyUsesIsKeptAndAnUntouchedOneIsRenewed) {
+TEST(SampleFiles, WithoutADateNothingIsMade) {
     const testdata::TemporaryFolder folder;
-    Make(folder.Path());
-    const std::string untouched = testdata::BytesOf(folder / "Rusken_Kina.mdb");
-    FundFile file = OpenFundFile(folder / "Vimmels_exempel.mdb");
-    file.database->Execute(queries::DeletePointsOf(1));
-    CloseFundFile(file.database);
-    const std::string used = testdata::BytesOf(folder / "Vimmels_exempel.mdb");
-    Make(folder.Path(), 2026y / March / 3);
-    EXPECT_EQ(testdata::BytesOf(folder / "Vimmels_exempel.mdb"), used);
-    EXPECT_NE(testdata::BytesOf(folder / "Rusken_Kina.mdb"), untouched);
+    for (const char* date : {"", "i dag", "2026-02-30"}) {
+        QProcess program;
+        program.start(QStringLiteral(MAKESAMPLES_PROGRAM),
+                      {QString::fromStdString(folder.Path().string()), QString::fromUtf8(date)});
+        ASSERT_TRUE(program.waitForFinished());
+        EXPECT_EQ(program.exitCode(), 2) << date;
+    }
+    EXPECT_TRUE(testdata::NamesIn(folder.Path()).empty());
 }
 
 TEST(SampleFiles, TheGridIsAPictureWithLinesInTheDiagramsProportions) {

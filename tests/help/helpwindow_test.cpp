@@ -3,6 +3,7 @@
 #include "help/helpwindow.h"
 
 #include "base/text.h"
+#include "base/version.h"
 #include "fundfile/texts.h"
 #include "help/openhelp.h"
 #include "platform/caption.h"
@@ -275,6 +276,12 @@ TEST_F(HelpContents, IsFoundByTheWordsASaverWouldUse) {
     EXPECT_EQ(first("säkerhetskopia"), "spara-som");
     EXPECT_EQ(first("ny dator"), "trygghet");
     EXPECT_EQ(first("uppgifter ligger"), "trygghet");
+}
+
+TEST_F(HelpContents, NamesItsVersion) {
+    const HelpBook book = OpenHelp(HELP_FILE);
+    const std::string welcome = PlainHelpText(book.Pages()[book.Find("valkommen").value()].html);
+    EXPECT_THAT(welcome, HasSubstr("Kvarnbo " + std::string(Version()) + "."));
 }
 
 TEST_F(HelpContents, ExplainsEveryErrorNumberOfTheFile) {

@@ -1,5 +1,6 @@
 // What jetdump prints for files of other engines, against what other readers found in them.
 
+#include "base/version.h"
 #include "jet/detail/bytes.h"
 #include "tests/jet/memoryfile.h"
 
@@ -44,6 +45,17 @@ TEST(Dump, ShowsEverySampleFileAsItsOtherReadersDo) {
             wanted = SortedLines(wanted);
         }
         EXPECT_TRUE(shown == wanted);
+    }
+}
+
+TEST(Tools, SayWhatTheyDoAndWhichVersionTheyAre) {
+    const std::string version(Version());
+    EXPECT_EQ(jet::test::Run({JETDUMP_PROGRAM, "--version"}).output, "jetdump " + version + "\n");
+    EXPECT_EQ(jet::test::Run({JETCHECK_PROGRAM, "--version"}).output, "jetcheck " + version + "\n");
+    for (const char* tool : {JETDUMP_PROGRAM, JETCHECK_PROGRAM}) {
+        const jet::test::Outcome help = jet::test::Run({tool, "--help"});
+        EXPECT_EQ(help.status, 0);
+        EXPECT_TRUE(help.output.starts_with("usage: jet")) << help.output;
     }
 }
 

@@ -125,7 +125,7 @@ void ExpectSameRows(const TableDesign& table, std::vector<Row> ours, std::vector
 class FundFile : public testing::TestWithParam<std::string> {
   protected:
     void SetUp() override {
-        std::filesystem::copy_file(FundFile(GetParam()), Path());
+        std::filesystem::copy_file(samplefiles::FundFile(GetParam()), Path());
         std::filesystem::permissions(Path(), std::filesystem::perms::owner_all);
         Open();
     }
@@ -306,7 +306,7 @@ INSTANTIATE_TEST_SUITE_P(Of, FundFile,
 TEST(FundFiles, KeepAForeignTableByteForByte) {
     const ScratchFolder folder;
     const std::filesystem::path path = folder / "valuta.mdb";
-    std::filesystem::copy_file(FundFile("valuta"), path);
+    std::filesystem::copy_file(samplefiles::FundFile("valuta"), path);
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
     const std::string before = ReadWith({"mdb-json", path.string(), "Anteckningar"});
     {
@@ -325,7 +325,7 @@ TEST(FundFiles, KeepAForeignTableByteForByte) {
 TEST(FundFiles, KeepTheirOwnCodePage) {
     const ScratchFolder folder;
     const std::filesystem::path path = folder / "polsk.mdb";
-    std::filesystem::copy_file(FundFile("access97"), path);
+    std::filesystem::copy_file(samplefiles::FundFile("access97"), path);
     std::filesystem::permissions(path, std::filesystem::perms::owner_all);
     {
         // 1252 becomes 1250: the header is masked, so its bytes are turned, not set.
@@ -355,14 +355,14 @@ TEST(FundFiles, KeepTheirOwnCodePage) {
 }
 
 TEST(FundFiles, OpenASavedQueryAsItsTable) {
-    const auto database = Database::Open(FundFile("konton"));
+    const auto database = Database::Open(samplefiles::FundFile("konton"));
     EXPECT_TRUE(database->HasSource("FR_FONDDATA"));
     EXPECT_EQ(RowsOf(*database, "FR_FONDDATA"), RowsOf(*database, "FONDDATA"));
     EXPECT_EQ(RowsOf(*database, "SELECT Namn FROM fr_fonddata WHERE KontoId = 3").size(), 1U);
 }
 
 TEST(FundFiles, FindAccountsWithBlanksAndInOtherLetterCase) {
-    const auto database = Database::Open(FundFile("valuta"));
+    const auto database = Database::Open(samplefiles::FundFile("valuta"));
     const std::size_t exact =
         RowsOf(*database, "SELECT * FROM FONDDATA WHERE Namn = 'PPM Konto'").size();
     EXPECT_GT(exact, 1U);

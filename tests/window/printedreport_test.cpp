@@ -1,4 +1,6 @@
+#include "app/imagebutton.h"
 #include "base/daynumber.h"
+#include "jet/database.h"
 #include "reports/texts.h"
 #include "tests/window/windowtest.h"
 
@@ -355,7 +357,7 @@ TEST_F(PrintedReportTest, APageOfAnEarlierYearHasTheCurvesNumbers) {
     const Printed printed = Read(outside.printing.files.back());
     for (const char* number : {"1", "2"}) {
         const auto inFrame = [&](const Word& word) {
-            const QRectF frame(QPointF(3, 5), QPointF(18, 12));
+            const QRectF frame(QPointF(3, 5), QPointF(18.3, 12));
             return word.text == QLatin1String(number) && frame.contains(word.box.center());
         };
         EXPECT_EQ(std::count_if(printed.words.begin(), printed.words.end(), inFrame), 1) << number;

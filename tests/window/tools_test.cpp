@@ -1,6 +1,7 @@
 // The log, the outside programs, the percent calculator and the date translator.
 
 #include "base/codepage.h"
+#include "base/version.h"
 #include "main/mainwindow.h"
 #include "platform/programs.h"
 #include "tests/window/windowtest.h"
@@ -93,6 +94,15 @@ TEST_F(ToolsTest, MenuItemsStartTheOutsidePrograms) {
               (std::vector<std::string>{Command("NotePad.exe  ", "FonderLogg.txt"),
                                         Command("NotePad.exe  ", "Anteckningar.txt"),
                                         Command("WinHlp32.exe ", "Kvarnbo.hlp")}));
+}
+
+TEST_F(ToolsTest, AboutNamesTheVersionTheFileAndTheFolder) {
+    auto* about = Window().findChild<QAction*>(QStringLiteral("mnuOm"));
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(FromQt(about->text()), "Om Kvarnbo");
+    outside.dialogs.Expect("Kvarnbo " + std::string(Version()) + "\r\n\r\nFondfil: " +
+                           Window().CurrentFile + "\r\nProgrammets mapp: " + Window().AppFolder);
+    about->trigger();
 }
 
 TEST_F(ToolsTest, ProgramsThatCannotBeStartedGiveOnlyTheirMessage) {

@@ -8,7 +8,7 @@ program=$folder/kvarnbo
 . "$here/screen.sh"
 
 file=$work/saver.mdb
-cp "$folder/Vimmels_exempel.mdb" "$file"
+cp "$folder/share/kvarnbo/Vimmels_exempel.mdb" "$file"
 chmod u+w "$file"
 today=$(($(date +%s -d "$(date +%F) UTC") / 86400 + 25569))
 

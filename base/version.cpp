@@ -1,0 +1,5 @@
+#include "base/version.h"
+
+std::string_view Version() {
+    return KVARNBO_VERSION;
+}

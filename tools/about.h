@@ -1,0 +1,12 @@
+#pragma once
+// "Om Kvarnbo": which version this is, and where its files lie.
+
+#include "app/controller.h"
+
+class About : Controller {
+  public:
+    explicit About(frmPPM& window);
+
+  private:
+    void mnuOm_Click();
+};
