@@ -47,7 +47,7 @@ void TreeCursor::Load(std::uint32_t leaf) {
 }
 
 void TreeCursor::Next() {
-    before_ = entry_;
+    before_.swap(entry_);
     const bool wasValid = std::exchange(valid_, false);
     if (at_ + 1 < content_.Count()) {
         GoTo(at_ + 1);
@@ -64,7 +64,7 @@ void TreeCursor::Next() {
 }
 
 void TreeCursor::Previous() {
-    before_ = entry_;
+    before_.swap(entry_);
     const bool wasValid = std::exchange(valid_, false);
     if (at_ > 0) {
         GoTo(at_ - 1);

@@ -123,10 +123,11 @@ IndexPage IndexPage::Read(const PageFile& file, std::uint32_t number) {
 }
 
 void IndexPage::Entry(std::size_t i, Bytes& into) const {
-    const ByteView suffix = Suffix(i);
-    into.assign(prefix_.begin(), prefix_.end());
-    into.insert(into.end(), suffix.begin(), suffix.end());
-    if (!leaf_) into.resize(into.size() - kChildSize);
+    const ByteView sorted = SortedPart(i);
+    into.resize(prefix_.size() + sorted.size());
+    std::copy(prefix_.begin(), prefix_.end(), into.begin());
+    std::copy(sorted.begin(), sorted.end(),
+              into.begin() + static_cast<std::ptrdiff_t>(prefix_.size()));
 }
 
 bool IndexPage::IsEntry(std::size_t i, ByteView wanted) const {
