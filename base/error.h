@@ -10,6 +10,7 @@ enum class ErrorNumber : std::int32_t {
     None = 0,
     InvalidProcedureCall = 5,
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,

@@ -69,8 +69,9 @@ std::shared_ptr<Database> Database::Open(const std::filesystem::path& path, Acce
     if (path.empty()) throw Error{ErrorNumber::FileNotFound, "no file name"};
     const std::filesystem::path resolved = detail::Resolve(path);
     if (auto open = FindOpen(resolved)) return open;
-    auto file = detail::PageFile::Open(resolved);
+    auto file = detail::PageFile::Open(path);
     if (access == Access::ReadOnly) file->SetReadOnly();
+    if (!file->ReadOnly()) detail::RemoveLeftOvers(resolved);
     // The constructor is private, which make_shared cannot reach.
     std::shared_ptr<Database> database(new Database(std::make_unique<Engine>(std::move(file))));
     OpenFiles().push_back(database);
@@ -101,6 +102,15 @@ std::int32_t Database::Execute(std::string_view sql) {
 void Database::SaveAs(const std::filesystem::path& path) const {
     RequireNotOpen(path);
     RequireOpen().File().SaveAs(path);
+}
+
+void Database::SaveAsCopyOf(const Database& source, const std::filesystem::path& path) const {
+    RequireNotOpen(path);
+    RequireOpen().File().SaveAsCopyOf(source.Path(), path);
+}
+
+void Database::RemoveLeftOvers(const std::filesystem::path& path) noexcept {
+    detail::RemoveLeftOvers(path);
 }
 
 void Database::Close() noexcept {

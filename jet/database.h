@@ -47,6 +47,11 @@ class Database : public std::enable_shared_from_this<Database> {
     static void Create(const std::filesystem::path& path, std::span<const TableDesign> tables,
                        std::optional<Date> created = std::nullopt);
 
+    /// Removes what processes that were killed while they stored this file left beside it; what a
+    /// living one is using stays. For who alone may write the file, before opening it or after
+    /// deleting it. Never fails: what cannot be removed stays.
+    static void RemoveLeftOvers(const std::filesystem::path& path) noexcept;
+
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
     ~Database();
@@ -60,6 +65,8 @@ class Database : public std::enable_shared_from_this<Database> {
 
     /// Writes the whole file to `path`, as Create does.
     void SaveAs(const std::filesystem::path& path) const;
+    /// The same for what is to be a copy of `source`: a new file gets the mode of that one.
+    void SaveAsCopyOf(const Database& source, const std::filesystem::path& path) const;
 
     /// Keeps `companion`, a lock for instance, for as long as the file is open here. It replaces a
     /// former one.

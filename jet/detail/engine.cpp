@@ -111,6 +111,9 @@ void Engine::CommitTransaction() {
     }
     try {
         file_->Commit();
+    } catch (const std::bad_alloc&) {
+        AfterRollback();
+        ThrowOutOfMemory();
     } catch (...) {
         AfterRollback();
         throw;
@@ -134,7 +137,12 @@ void Engine::RequireWritable() const {
     }
 }
 
-void Engine::AfterRollback() {
+/// What was to be changed is as it was, in memory and in the file, when this is thrown.
+void Engine::ThrowOutOfMemory() {
+    throw Error{ErrorNumber::OutOfMemory, "memory ran out, nothing was changed"};
+}
+
+void Engine::AfterRollback() noexcept {
     for (auto& [page, table] : tables_) table->AfterRollback();
 }
 

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -59,7 +60,8 @@ class Engine {
 
   private:
     void RequireWritable() const;
-    void AfterRollback();
+    void AfterRollback() noexcept;
+    [[noreturn]] static void ThrowOutOfMemory();
 
     std::unique_ptr<PageFile> file_;
     Catalog catalog_;
@@ -81,6 +83,9 @@ auto Engine::Statement(Work&& work) {
         auto result = work();
         scope.Commit();
         return result;
+    } catch (const std::bad_alloc&) {
+        AfterRollback();
+        ThrowOutOfMemory();
     } catch (...) {
         AfterRollback();
         throw;

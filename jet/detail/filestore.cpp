@@ -1,15 +1,15 @@
 #include "jet/detail/filestore.h"
 
-#include "base/systemerror.h"
+#include "base/error.h"
 
 #include <algorithm>
-#include <cerrno>
+#include <dirent.h>
+#include <exception>
 #include <fcntl.h>
-#include <sys/file.h>
+#include <memory>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
-#include <utility>
 
 namespace jet::detail {
 
@@ -20,186 +20,9 @@ namespace fs = std::filesystem;
 constexpr std::uint64_t kMaxFileSize = 1ULL << 31;
 constexpr int kLinkLimit = 40;
 
-/// Call it first thing after a failed system call.
-[[noreturn]] void ThrowSystem(const char* what, const fs::path& path) {
-    const int code = errno;
-    throw Error{NumberOfSystemError(code), std::string(what) + " " + path.string() + ": " +
-                                               std::generic_category().message(code)};
-}
-
-/// An open file; closed when the scope ends.
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() { Close(); }
-    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
-    Descriptor& operator=(Descriptor&& other) noexcept {
-        std::swap(number_, other.number_);
-        return *this;
-    }
-    bool IsOpen() const { return number_ >= 0; }
-    int Number() const { return number_; }
-    void Close() {
-        if (number_ >= 0) ::close(number_);
-        number_ = -1;
-    }
-
-  private:
-    int number_;
+struct CloseFolder {
+    void operator()(DIR* folder) const noexcept { ::closedir(folder); }
 };
-
-/// Calls again while a signal interrupts.
-template <typename Call>
-auto Uninterrupted(Call&& call) {
-    auto result = call();
-    while (result == -1 && errno == EINTR) result = call();
-    return result;
-}
-
-Descriptor Open(const fs::path& path, int flags, mode_t mode = 0) {
-    return Descriptor(Uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
-}
-
-Fingerprint FingerprintFrom(const struct stat& status) {
-    return {.device = static_cast<std::uint64_t>(status.st_dev),
-            .inode = static_cast<std::uint64_t>(status.st_ino),
-            .size = static_cast<std::uint64_t>(status.st_size),
-            .modifiedSeconds = static_cast<std::int64_t>(status.st_mtim.tv_sec),
-            .modifiedNanoseconds = static_cast<std::int64_t>(status.st_mtim.tv_nsec)};
-}
-
-struct stat StatusOf(const Descriptor& file, const fs::path& path) {
-    struct stat status {};
-    if (::fstat(file.Number(), &status) != 0) ThrowSystem("status of", path);
-    return status;
-}
-
-fs::path FolderOf(const fs::path& file) {
-    const fs::path folder = file.parent_path();
-    return folder.empty() ? fs::path(".") : folder;
-}
-
-/// Beside the file and always the same, so that what a crash leaves behind is found and reused.
-fs::path TemporaryNameFor(const fs::path& file) {
-    constexpr std::size_t kMaxKeptLength = 200;
-    std::string name = file.filename().string();
-    if (name.size() > kMaxKeptLength) name.resize(kMaxKeptLength);
-    return FolderOf(file) / ("." + name + ".kvarnbo-ny");
-}
-
-bool Lock(const Descriptor& file, const fs::path& path) {
-    if (Uninterrupted([&] { return ::flock(file.Number(), LOCK_EX | LOCK_NB); }) == 0) return true;
-    if (errno == EWOULDBLOCK) return false;
-    if (errno == ENOLCK || errno == EOPNOTSUPP || errno == EINVAL) return true;  // no locks here
-    ThrowSystem("lock", path);
-}
-
-/// The new file while it is being written; removed again unless it was renamed into place. Its lock
-/// tells a writer that lives from a left-over of one that died.
-class TemporaryFile {
-  public:
-    TemporaryFile(fs::path path, mode_t mode) : path_(std::move(path)), file_(Create(mode)) {}
-    ~TemporaryFile() {
-        if (file_.IsOpen() && !renamed_) ::unlink(path_.c_str());
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    const Descriptor& File() const { return file_; }
-    const fs::path& Path() const { return path_; }
-
-    void Write(const FileImage& image) const {
-        for (std::uint64_t at = 0; at < image.Size();) {
-            const std::uint64_t piece =
-                std::min<std::uint64_t>(FileImage::kChunkBytes, image.Size() - at);
-            WriteAll(image.At(at), static_cast<std::size_t>(piece));
-            at += piece;
-        }
-    }
-    void Sync() const {
-        if (Uninterrupted([&] { return ::fsync(file_.Number()); }) != 0) ThrowSystem("sync", path_);
-    }
-    void RenameTo(const fs::path& target) {
-        if (::rename(path_.c_str(), target.c_str()) != 0) ThrowSystem("replace", target);
-        renamed_ = true;
-    }
-
-  private:
-    Descriptor Create(mode_t mode) const {
-        constexpr int kAttempts = 3;
-        for (int attempt = 0; attempt < kAttempts; ++attempt) {
-            Descriptor file = Open(path_, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
-            if (file.IsOpen()) {
-                if (!Lock(file, path_)) ThrowInUse();
-                // Another process may have taken the name for a left-over before the lock was ours.
-                if (StatusOf(file, path_).st_nlink > 0) return file;
-                continue;
-            }
-            if (errno != EEXIST) ThrowSystem("create", path_);
-            RemoveLeftOver();
-        }
-        ThrowInUse();
-    }
-    void RemoveLeftOver() const {
-        const Descriptor old = Open(path_, O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
-        if (old.IsOpen() && !Lock(old, path_)) ThrowInUse();
-        if (::unlink(path_.c_str()) != 0 && errno != ENOENT) ThrowSystem("remove", path_);
-    }
-    [[noreturn]] void ThrowInUse() const {
-        throw Error{ErrorNumber::FileInUse, "another process is writing " + path_.string()};
-    }
-    void WriteAll(const std::uint8_t* bytes, std::size_t size) const {
-        while (size > 0) {
-            const ssize_t written =
-                Uninterrupted([&] { return ::write(file_.Number(), bytes, size); });
-            if (written < 0) ThrowSystem("write", path_);
-            if (written == 0) {
-                throw Error{ErrorNumber::DeviceIo, "write " + path_.string() + ": nothing written"};
-            }
-            bytes += written;
-            size -= static_cast<std::size_t>(written);
-        }
-    }
-
-    fs::path path_;
-    Descriptor file_;
-    bool renamed_ = false;
-};
-
-/// Mode as before; owner and group as far as the system lets us, which only matters when somebody
-/// else's file is saved.
-void TakeOver(const TemporaryFile& file, const struct stat& old) {
-    const struct stat now = StatusOf(file.File(), file.Path());
-    if (now.st_uid != old.st_uid || now.st_gid != old.st_gid) {
-        if (::fchown(file.File().Number(), old.st_uid, old.st_gid) != 0) {
-            // Not allowed to give files away: at least the group, if we belong to it.
-            if (::fchown(file.File().Number(), static_cast<uid_t>(-1), old.st_gid) != 0) errno = 0;
-        }
-    }
-    constexpr mode_t kPermissions = 0777;
-    if (::fchmod(file.File().Number(), old.st_mode & kPermissions) != 0) {
-        ThrowSystem("set the mode of", file.Path());
-    }
-}
-
-/// False when the folder could be synced but the disk failed. A folder that cannot be synced at all
-/// (some network file systems, no right to read it) counts as synced: nothing more can be done
-/// there.
-bool SyncFolder(const fs::path& folder) {
-    const Descriptor descriptor = Open(folder, O_RDONLY | O_DIRECTORY);
-    if (!descriptor.IsOpen()) return errno == EACCES || errno == EPERM;
-    if (Uninterrupted([&] { return ::fsync(descriptor.Number()); }) == 0) return true;
-    return errno == EINVAL || errno == ENOTSUP || errno == EBADF;
-}
-
-void CheckUnchanged(const fs::path& path, const Fingerprint& expected) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) ThrowSystem("save", path);
-    if (FingerprintFrom(status) != expected) {
-        throw Error{ErrorNumber::ChangedByOther,
-                    path.string() + " was changed by another program since it was read"};
-    }
-}
 
 void ReadAll(const Descriptor& file, const fs::path& path, FileImage& image) {
     for (std::uint64_t at = 0; at < image.Size();) {
@@ -217,14 +40,6 @@ void ReadAll(const Descriptor& file, const fs::path& path, FileImage& image) {
 
 }  // namespace
 
-void FileImage::Resize(std::uint64_t size) {
-    const std::size_t chunks = static_cast<std::size_t>((size + kChunkBytes - 1) / kChunkBytes);
-    while (chunks_.size() < chunks) {
-        chunks_.push_back(std::make_unique<std::uint8_t[]>(kChunkBytes));
-    }
-    size_ = size;
-}
-
 std::filesystem::path Resolve(const std::filesystem::path& path) {
     fs::path target = path;
     std::error_code failed;
@@ -241,7 +56,7 @@ std::filesystem::path Resolve(const std::filesystem::path& path) {
 
 LoadedFile Load(const std::filesystem::path& path) {
     // Not to wait for a writer when the name is a pipe's.
-    const Descriptor file = Open(path, O_RDONLY | O_NONBLOCK);
+    const Descriptor file = OpenDescriptor(path, O_RDONLY | O_NONBLOCK);
     if (!file.IsOpen()) ThrowSystem("open", path);
     const struct stat before = StatusOf(file, path);
     if (!S_ISREG(before.st_mode)) {
@@ -254,7 +69,8 @@ LoadedFile Load(const std::filesystem::path& path) {
     LoadedFile loaded{{}, FingerprintFrom(before)};
     loaded.image.Resize(size);
     ReadAll(file, path, loaded.image);
-    if (FingerprintFrom(StatusOf(file, path)) != loaded.fingerprint) {
+    // Another program may put a new file in its place meanwhile; this one stays what it was.
+    if (!FingerprintFrom(StatusOf(file, path)).SameButForChange(loaded.fingerprint)) {
         throw Error{ErrorNumber::ChangedByOther, path.string() + " was changed while it was read"};
     }
     return loaded;
@@ -272,35 +88,51 @@ bool CanReplace(const std::filesystem::path& path) {
            ::access(FolderOf(target).c_str(), W_OK | X_OK) == 0;
 }
 
-Replaced ReplaceAtomically(const std::filesystem::path& path, const FileImage& image,
-                           const Fingerprint* expected) {
+void RemoveLeftOvers(const std::filesystem::path& path) noexcept try {
     const fs::path target = Resolve(path);
-    if (expected != nullptr) CheckUnchanged(target, *expected);
+    const fs::path in = FolderOf(target);
+    const std::string name = target.filename().string();
+    // Not the library's iterator, which ends the program when memory runs out.
+    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(in.c_str()));
+    if (folder == nullptr) return;
+    while (const dirent* entry = ::readdir(folder.get())) {
+        if (!IsTemporaryNameFor(entry->d_name, name)) continue;
+        const fs::path left = in / entry->d_name;
+        const Descriptor file = OpenDescriptor(left, O_RDONLY | O_NONBLOCK | O_NOFOLLOW);
+        // Without locks nobody knows whether its process lives.
+        if (file.IsOpen() && TryLock(file) == LockResult::Taken) ::unlink(left.c_str());
+    }
+} catch (const std::exception&) {
+    // Memory ran out: they stay until the next time.
+}
+
+void SaveWhole(const FileImage& image, const std::filesystem::path& path, mode_t mode) {
+    const fs::path target = Resolve(path);
+    const fs::path in = FolderOf(target);
+    std::error_code unknown;
+    if (!fs::exists(in, unknown)) {
+        throw Error{ErrorNumber::PathNotFound, "there is no folder " + in.string()};
+    }
     struct stat old {};
     const bool exists = ::stat(target.c_str(), &old) == 0;
     if (exists && !S_ISREG(old.st_mode)) {
         throw Error{ErrorNumber::PermissionDenied, target.string() + " is not a file"};
     }
-    TemporaryFile file(TemporaryNameFor(target), exists ? 0600 : 0666);
-    if (exists) TakeOver(file, old);
+    TemporaryFile file(target, exists ? mode_t{0600} : mode);
+    if (exists) TakeOver(file.File(), old);
     file.Write(image);
     file.Sync();
-    const Fingerprint fingerprint = FingerprintFrom(StatusOf(file.File(), file.Path()));
-    if (expected != nullptr) CheckUnchanged(target, *expected);
+    const Folder folder(in);
     file.RenameTo(target);
-    return {fingerprint, SyncFolder(FolderOf(target))};
+    if (folder.Sync() == Folder::Synced::Failed) {
+        throw Error{ErrorNumber::DeviceIo, "sync the folder " + in.string() + ": device failed"};
+    }
 }
 
-void SaveWhole(const FileImage& image, const std::filesystem::path& path) {
-    std::error_code code;
-    const fs::path folder = FolderOf(Resolve(path));
-    if (!fs::exists(folder, code)) {
-        throw Error{ErrorNumber::PathNotFound, "there is no folder " + folder.string()};
-    }
-    if (!ReplaceAtomically(path, image, nullptr).folderSynced) {
-        throw Error{ErrorNumber::DeviceIo,
-                    "sync the folder of " + path.string() + ": device failed"};
-    }
+mode_t ModeForCopyOf(const std::filesystem::path& path) {
+    constexpr mode_t kPermissions = 0777;
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & kPermissions : kNewFileMode;
 }
 
 }  // namespace jet::detail

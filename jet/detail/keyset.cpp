@@ -65,12 +65,16 @@ std::uint32_t Keyset::At(std::int32_t position) {
     return rows_[static_cast<std::size_t>(position)];
 }
 
-const std::vector<std::uint32_t>& Keyset::Rows() {
-    Fill();
-    return rows_;
+bool Keyset::IsWholeTable() const {
+    return plan_.conditions.empty() && plan_.order.empty();
 }
 
-void Keyset::Append(std::uint32_t row) {
+void Keyset::MakeRoom() {
+    constexpr std::size_t kFewRows = 16;
+    if (rows_.size() == rows_.capacity()) rows_.reserve(std::max(kFewRows, 2 * rows_.size()));
+}
+
+void Keyset::Append(std::uint32_t row) noexcept {
     rows_.push_back(row);
     position_ = static_cast<std::int64_t>(rows_.size()) - 1;
 }

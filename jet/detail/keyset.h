@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace jet::detail {
@@ -27,15 +28,22 @@ class Keyset {
     /// Packed pointers. Current throws NoCurrentRecord, At SubscriptOutOfRange.
     std::uint32_t Current();
     std::uint32_t At(std::int32_t position);
-    const std::vector<std::uint32_t>& Rows();
+    /// Calls visitor(const RowView&) for each row in order. Rows that are not known yet are looked
+    /// for and visited in the same pass where no order or condition is asked for.
+    template <typename Visitor>
+    void Visit(Visitor&& visitor);
 
-    void Append(std::uint32_t row);
+    /// Append may be called only after MakeRoom, and then takes no memory: it tells of a row that
+    /// is stored already.
+    void MakeRoom();
+    void Append(std::uint32_t row) noexcept;
     void RemoveCurrent();
 
     /// The first row for which the condition holds.
     std::optional<std::int32_t> Find(const Condition& condition);
 
   private:
+    bool IsWholeTable() const;
     void Fill();
     std::optional<std::int32_t> Scan(const Condition& condition);
 
@@ -46,5 +54,23 @@ class Keyset {
     bool filled_ = false;
     std::uint64_t filledVersion_ = 0;  ///< of the table; while it stays, the rows are in order
 };
+
+template <typename Visitor>
+void Keyset::Visit(Visitor&& visitor) {
+    const TableStore& store = plan_.table->Store();
+    if (filled_ || !rows_.empty() || !IsWholeTable()) {
+        Fill();
+        for (const std::uint32_t row : rows_) visitor(store.Read(RowPointer::FromPacked(row)));
+        return;
+    }
+    std::vector<std::uint32_t> rows;
+    store.Scan([&](RowPointer where, const RowView& row) {
+        rows.push_back(where.Packed());
+        visitor(row);
+    });
+    rows_ = std::move(rows);
+    filledVersion_ = plan_.table->Version();
+    filled_ = true;
+}
 
 }  // namespace jet::detail

@@ -153,11 +153,10 @@ void KeysetRecordSet::VisitIntegers(std::span<const std::size_t> positions,
         columns.emplace_back(store.File(), store.Def().columns[TablePosition(position)]);
     }
     std::vector<std::int32_t> numbers(columns.size());
-    for (const std::uint32_t row : rows_.Rows()) {
-        const RowView view = store.Read(RowPointer::FromPacked(row));
-        for (std::size_t i = 0; i < columns.size(); ++i) numbers[i] = columns[i].Read(view);
+    rows_.Visit([&](const RowView& row) {
+        for (std::size_t i = 0; i < columns.size(); ++i) numbers[i] = columns[i].Read(row);
         visit(numbers);
-    }
+    });
 }
 
 bool KeysetRecordSet::AllowsEmptyText(std::size_t position) const {
@@ -215,8 +214,10 @@ void KeysetRecordSet::StoreNewRow(Engine& engine) {
         const auto& given = pending_->values[i];
         values.push_back(given ? *given : ConvertTo(Value(), table.Design().columns[i]));
     }
-    const RowPointer row =
-        engine.Statement([&] { return InsertRow(engine, table, std::move(values)); });
+    const RowPointer row = engine.Statement([&] {
+        rows_.MakeRoom();
+        return InsertRow(engine, table, std::move(values));
+    });
     rows_.Append(row.Packed());
 }
 

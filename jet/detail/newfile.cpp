@@ -6,13 +6,13 @@
 #include "jet/detail/indexkey.h"
 #include "jet/detail/indexpage.h"
 #include "jet/detail/names.h"
+#include "jet/detail/systemtables.h"
 #include "jet/detail/table.h"
 #include "jet/detail/tableindexes.h"
 #include "jet/detail/textcodec.h"
 #include "jet/detail/usagemap.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <set>
 #include <string>
@@ -299,72 +299,29 @@ void PlaceTable(PageFile& file, std::uint32_t page, TableDef& def) {
 // --- the system tables
 // -------------------------------------------------------------------------------------
 
-struct SystemIndex {
-    std::string_view name;
-    std::vector<std::string> columns;
-    std::uint8_t flags = 0;
-    bool primary = false;
-};
-
-struct SystemTable {
-    std::uint32_t page;
+TableDesign DesignOf(const SystemTable& table) {
     TableDesign design;
-    std::vector<SystemIndex> indexes;
-};
-
-std::vector<SystemTable> SystemTables() {
-    using enum ColumnType;
-    const auto column = [](const char* name, ColumnType type) {
-        const auto size = type == Text ? kMaxTextLength : type == Binary ? kMaxBinarySize : 0;
-        return ColumnDesign{.name = name, .type = type, .size = static_cast<std::uint16_t>(size)};
-    };
-    constexpr std::uint8_t kUnique = kIndexUnique, kRequired = kIndexRequired,
-                           kIgnore = kIndexIgnoreNulls;
-    return {
-        {kSystemObjectsPage,
-         {"MSysObjects",
-          {column("Id", Long), column("ParentId", Long), column("Name", Text),
-           column("Type", Integer), column("DateCreate", Date), column("DateUpdate", Date),
-           column("Owner", Binary), column("Flags", Long), column("Database", Memo),
-           column("Connect", Memo), column("ForeignName", Text), column("RmtInfoShort", Binary),
-           column("RmtInfoLong", Ole), column("Lv", Ole), column("LvProp", Ole),
-           column("LvModule", Ole), column("LvExtra", Ole)},
-          {}},
-         {{"ParentIdName", {"ParentId", "Name"}, kUnique, false}, {"Id", {"Id"}, kUnique, true}}},
-        {kSystemAcesPage,
-         {"MSysACEs",
-          {column("ObjectId", Long), column("SID", Binary), column("ACM", Long),
-           column("FInheritable", Boolean)},
-          {}},
-         {{"ObjectId", {"ObjectId"}, kRequired, false}}},
-        {kSystemQueriesPage,
-         {"MSysQueries",
-          {column("ObjectId", Long), column("Attribute", Byte), column("Order", Binary),
-           column("Name1", Text), column("Name2", Text), column("Expression", Memo),
-           column("Flag", Integer), column("LvExtra", Long)},
-          {}},
-         {{"ObjectIdAttribute", {"ObjectId", "Attribute", "Order"}, kUnique, true}}},
-        {kSystemRelationshipsPage,
-         {"MSysRelationships",
-          {column("szRelationship", Text), column("grbit", Long), column("ccolumn", Long),
-           column("icolumn", Long), column("szObject", Text), column("szColumn", Text),
-           column("szReferencedObject", Text), column("szReferencedColumn", Text)},
-          {}},
-         {{"szRelationship", {"szRelationship"}, kIgnore, false},
-          {"szObject", {"szObject"}, kIgnore, false},
-          {"szReferencedObject", {"szReferencedObject"}, kIgnore, false}}},
-    };
+    design.name = table.name;
+    for (const SystemColumn& column : table.columns) {
+        ColumnDesign& added = design.columns.emplace_back();
+        added.name = column.name;
+        added.type = column.type;
+        if (column.type == ColumnType::Text) added.size = kMaxTextLength;
+        if (column.type == ColumnType::Binary) added.size = kMaxBinarySize;
+    }
+    for (const SystemIndex& index : table.indexes) {
+        IndexDesign& added = design.indexes.emplace_back();
+        added.name = index.name;
+        added.primary = index.primary;
+        for (const std::string_view name : index.columns) {
+            if (!name.empty()) added.columns.emplace_back().name = name;
+        }
+    }
+    return design;
 }
 
 TableDef DefinitionOf(const SystemTable& table) {
-    TableDesign design = table.design;
-    for (const SystemIndex& index : table.indexes) {
-        IndexDesign wanted{
-            .name = std::string(index.name), .columns = {}, .primary = index.primary};
-        for (const std::string& name : index.columns) wanted.columns.push_back({name, false});
-        design.indexes.push_back(std::move(wanted));
-    }
-    TableDef def = DefinitionOf(design);
+    TableDef def = DefinitionOf(DesignOf(table));
     def.type = kSystemTable;
     for (ColumnDef& column : def.columns) {
         column.ordinal = 0;
@@ -422,8 +379,8 @@ void AddSystemRows(CatalogWriter& catalog) {
     catalog.AddObject(
         {kDatabaseObject, kDatabases, "MSysDb", kDocumentType, kSystemObject, kAdmin});
     for (const SystemTable& table : SystemTables()) {
-        catalog.AddObject(
-            {table.page, kTablesContainer, table.design.name, kTableType, kSystemObject, kEngine});
+        catalog.AddObject({table.page, kTablesContainer, std::string(table.name), kTableType,
+                           kSystemObject, kEngine});
     }
     struct Access {
         std::uint32_t object;
@@ -455,7 +412,7 @@ void AddSystemRows(CatalogWriter& catalog) {
 
 void CheckTableNames(std::span<const TableDesign> tables) {
     std::set<std::string> names;
-    for (const SystemTable& table : SystemTables()) CheckNew(names, table.design.name);
+    for (const SystemTable& table : SystemTables()) CheckNew(names, std::string(table.name));
     for (const TableDesign& table : tables) {
         CheckName(table.name, "a table");
         CheckNew(names, table.name);

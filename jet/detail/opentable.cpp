@@ -171,7 +171,7 @@ void OpenTable::Delete(std::span<const std::uint32_t> rows) {
     store_.Delete(rows);
 }
 
-void OpenTable::AfterRollback() {
+void OpenTable::AfterRollback() noexcept {
     store_.Reload();
     lookups_.clear();
     ++version_;

@@ -54,7 +54,7 @@ class OpenTable {
     RowPointer Insert(std::vector<Value> values);
     void Update(RowPointer row, std::span<const std::optional<Value>> values);
     void Delete(std::span<const std::uint32_t> rows);  ///< packed pointers
-    void AfterRollback();
+    void AfterRollback() noexcept;
     /// The check before the first write, and before its indexes are trusted. Throws NotADatabase.
     void RequireSoundOnce();
 

@@ -1,10 +1,18 @@
 #include "jet/detail/pagefile.h"
 
+#include "base/error.h"
+#include "jet/detail/filestore.h"
+#include "jet/detail/storedfile.h"
+
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cassert>
 #include <cmath>
 #include <cstring>
+#include <exception>
+#include <functional>
+#include <system_error>
 
 namespace jet::detail {
 
@@ -131,8 +139,12 @@ std::unique_ptr<PageFile> PageFile::Open(const std::filesystem::path& path) {
     const std::filesystem::path target = Resolve(path);
     LoadedFile loaded = Load(target);
     std::unique_ptr<PageFile> file = FromImage(std::move(loaded.image));
+    std::error_code unknown;
+    const auto reached = std::filesystem::is_symlink(path, unknown)
+                             ? StoredFile::Reached::ThroughLink
+                             : StoredFile::Reached::Directly;
+    file->stored_ = std::make_unique<StoredFile>(target, loaded.fingerprint, reached);
     file->path_ = target;
-    file->fingerprint_ = loaded.fingerprint;
     if (!CanReplace(target)) file->readOnly_ = true;
     return file;
 }
@@ -142,6 +154,8 @@ std::unique_ptr<PageFile> PageFile::New(const Layout& layout) {
     file->header_ = {.collation = 1033, .collationVersion = 0, .codePage = 1252};
     return file;
 }
+
+PageFile::~PageFile() = default;
 
 void PageFile::ThrowNoSuchPage(std::uint32_t page) const {
     throw Error{ErrorNumber::NotADatabase,
@@ -185,43 +199,38 @@ void PageFile::Begin() {
 
 void PageFile::Commit() {
     assert(!levels_.empty());
-    if (levels_.size() == 1) {
-        if (levels_.back().changed) {
-            try {
-                Store();
-            } catch (...) {
-                Rollback();
-                throw;
-            }
+    if (levels_.size() > 1) return JoinOuter();
+    if (levels_.back().changed) {
+        try {
+            Store();
+        } catch (...) {
+            Rollback();
+            throw;
         }
-        levels_.pop_back();
-        return;
     }
+    levels_.pop_back();
+}
+
+/// Moves what the inner level kept, which takes no memory: it must not stay half joined.
+void PageFile::JoinOuter() noexcept {
     Level inner = std::move(levels_.back());
     levels_.pop_back();
     Level& outer = levels_.back();
     outer.changed = outer.changed || inner.changed;
-    outer.freed.insert(outer.freed.end(), inner.freed.begin(), inner.freed.end());
-    for (auto& [page, image] : inner.images) {
-        if (page < outer.pageCount) outer.images.try_emplace(page, std::move(image));
-    }
+    if (!outer.freed) outer.freed = std::move(inner.freed);
+    inner.images.erase(inner.images.lower_bound(outer.pageCount), inner.images.end());
+    outer.images.merge(inner.images);
 }
 
-void PageFile::Rollback() {
+void PageFile::Rollback() noexcept {
     assert(!levels_.empty());
     Level level = std::move(levels_.back());
     levels_.pop_back();
     SwapImages(level);
-    for (auto step = level.freed.rbegin(); step != level.freed.rend(); ++step) {
-        if (step->given) {
-            freed_.erase(step->page);
-        } else {
-            freed_.insert(step->page);
-        }
-    }
+    if (level.freed) freed_ = *std::move(level.freed);
 }
 
-void PageFile::SwapImages(Level& level) {
+void PageFile::SwapImages(Level& level) noexcept {
     ++changeCount_;
     for (auto& [page, image] : level.images) {
         std::uint8_t* bytes = image_.At(static_cast<std::uint64_t>(page) << pageShift_);
@@ -233,21 +242,44 @@ void PageFile::SwapImages(Level& level) {
     }
 }
 
-/// The rename is what stores. When it went well but the folder's sync failed, the caller is to hear
-/// of a failure and find nothing stored: the old state is put back in the same way. Should that
-/// fail too, the new state is in the file and stays in memory: what the file shows and what we show
+std::vector<std::uint32_t> PageFile::ChangedPages(const Level& level) const {
+    std::vector<std::uint32_t> pages;
+    pages.reserve(level.images.size() + (pageCount_ - level.pageCount));
+    for (const auto& [page, image] : level.images) pages.push_back(page);
+    for (std::uint32_t page = level.pageCount; page < pageCount_; ++page) pages.push_back(page);
+    return pages;
+}
+
+/// Whether the bytes are the file's at the level's Begin.
+bool PageFile::IsBefore(const Level& level, const FileImage& image) const {
+    if (image.Size() != static_cast<std::uint64_t>(level.pageCount) << pageShift_) return false;
+    for (std::uint32_t page = 0; page < level.pageCount; ++page) {
+        const std::uint64_t at = static_cast<std::uint64_t>(page) << pageShift_;
+        const auto kept = level.images.find(page);
+        const std::uint8_t* before =
+            kept == level.images.end() ? image_.At(at) : kept->second.get();
+        if (std::memcmp(before, image.At(at), layout_.pageSize) != 0) return false;
+    }
+    return true;
+}
+
+/// When the new version is in place but the folder could not be synced, the caller is to hear of a
+/// failure and find nothing stored: the old state is put back in the same way. Should that fail
+/// too, the new state is in the file and stays in memory: what the file shows and what we show
 /// never differ.
 void PageFile::Store() {
-    if (path_.empty()) return;
-    const Replaced replaced =
-        ReplaceAtomically(path_, image_, fingerprint_ ? &*fingerprint_ : nullptr);
-    fingerprint_ = replaced.fingerprint;
-    if (replaced.folderSynced) return;
+    if (!stored_) return;
     Level& level = levels_.front();
+    const auto isBefore = [&](const FileImage& image) { return IsBefore(level, image); };
+    if (stored_->Store({image_, layout_.pageSize, ChangedPages(level), isBefore}) ==
+        StoredFile::Stored::Safely) {
+        return;
+    }
     SwapImages(level);
     try {
-        fingerprint_ = ReplaceAtomically(path_, image_, &*fingerprint_).fingerprint;
-    } catch (const Error&) {
+        const auto unknown = [](const FileImage&) { return false; };
+        stored_->Store({image_, layout_.pageSize, {}, unknown});
+    } catch (const std::exception&) {
         SwapImages(level);
         return;
     }
@@ -259,17 +291,28 @@ void PageFile::SaveAs(const std::filesystem::path& path) const {
     SaveWhole(image_, path);
 }
 
+void PageFile::SaveAsCopyOf(const std::filesystem::path& source,
+                            const std::filesystem::path& path) const {
+    SaveWhole(image_, path, ModeForCopyOf(source));
+}
+
 std::optional<std::uint32_t> PageFile::TakeFreed() {
     if (freed_.empty()) return std::nullopt;
-    const std::uint32_t page = *freed_.begin();
-    freed_.erase(freed_.begin());
-    if (!levels_.empty()) levels_.back().freed.push_back({page, false});
+    KeepFreed();
+    const std::uint32_t page = freed_.back();
+    freed_.pop_back();
     return page;
 }
 
 void PageFile::GiveFreed(std::uint32_t page) {
-    freed_.insert(page);
-    if (!levels_.empty()) levels_.back().freed.push_back({page, true});
+    KeepFreed();
+    const auto place = std::lower_bound(freed_.begin(), freed_.end(), page, std::greater<>());
+    if (place == freed_.end() || *place != page) freed_.insert(place, page);
+}
+
+/// Before the first change in a level.
+void PageFile::KeepFreed() {
+    if (!levels_.empty() && !levels_.back().freed) levels_.back().freed = freed_;
 }
 
 }  // namespace jet::detail

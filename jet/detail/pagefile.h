@@ -3,15 +3,14 @@
 // Commit, all or none. Knows the header page; knows nothing of what the other pages hold.
 
 #include "jet/detail/bytes.h"
-#include "jet/detail/filestore.h"
+#include "jet/detail/fileimage.h"
 #include "jet/detail/layout.h"
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <memory>
 #include <optional>
-#include <set>
-#include <unordered_map>
 #include <vector>
 
 namespace jet::detail {
@@ -20,6 +19,8 @@ namespace jet::detail {
 struct FileHeader {
     std::uint16_t collation = 0, collationVersion = 0, codePage = 0;
 };
+
+class StoredFile;
 
 class PageFile {
   public:
@@ -35,6 +36,7 @@ class PageFile {
     /// by SaveAs.
     static std::unique_ptr<PageFile> New(const Layout& layout);
 
+    ~PageFile();
     PageFile(const PageFile&) = delete;
     PageFile& operator=(const PageFile&) = delete;
 
@@ -65,11 +67,12 @@ class PageFile {
     /// changes to the outer level.
     void Begin();
     /// Outermost level: stores the file when something changed. Throws DiskFull, DeviceIo,
-    /// PermissionDenied, ReadOnly, ChangedByOther, FileNotFound; then everything since Begin is
-    /// rolled back, in memory and in the file.
+    /// PermissionDenied, ReadOnly, ChangedByOther, FileNotFound, and bad_alloc; then everything
+    /// since Begin is rolled back, in memory and in the file. An inner level that throws is rolled
+    /// back as well.
     void Commit();
-    /// Takes back everything since the matching Begin.
-    void Rollback();
+    /// Takes back everything since the matching Begin. Takes no memory, so it cannot fail.
+    void Rollback() noexcept;
     std::size_t Depth() const { return levels_.size(); }
     /// Counts up with every EditPage, AppendPage and Rollback: lets caches notice that pages
     /// changed.
@@ -78,6 +81,7 @@ class PageFile {
     /// Writes all pages to `path` (a new file, or in the place of one). The object is not bound to
     /// it.
     void SaveAs(const std::filesystem::path& path) const;
+    void SaveAsCopyOf(const std::filesystem::path& source, const std::filesystem::path& path) const;
 
     /// Pages that were freed since the file was opened, for AllocatePage and FreePage alone: a page
     /// that the file calls free is not trusted to be so, only one that we freed.
@@ -85,22 +89,22 @@ class PageFile {
     void GiveFreed(std::uint32_t page);
 
   private:
-    struct FreedStep {
-        std::uint32_t page;
-        bool given;  ///< else taken
-    };
     /// What is needed to go back to the state at Begin.
     struct Level {
         std::uint32_t pageCount = 0;
-        std::unordered_map<std::uint32_t, std::unique_ptr<std::uint8_t[]>> images;
-        std::vector<FreedStep> freed;
+        std::map<std::uint32_t, std::unique_ptr<std::uint8_t[]>> images;
+        std::optional<std::vector<std::uint32_t>> freed;  ///< none: unchanged
         bool changed = false;
     };
 
     PageFile(const Layout& layout, FileImage image);
     [[noreturn]] void ThrowNoSuchPage(std::uint32_t page) const;
-    void SwapImages(Level& level);
+    void SwapImages(Level& level) noexcept;
+    void JoinOuter() noexcept;
+    void KeepFreed();
     void Store();
+    std::vector<std::uint32_t> ChangedPages(const Level& level) const;
+    bool IsBefore(const Level& level, const FileImage& image) const;
 
     const Layout& layout_;
     unsigned pageShift_;
@@ -108,10 +112,10 @@ class PageFile {
     FileImage image_;
     std::uint32_t pageCount_ = 0;
     std::filesystem::path path_;
-    std::optional<Fingerprint> fingerprint_;
+    std::unique_ptr<StoredFile> stored_;  ///< none: it has no place on disk
     bool readOnly_ = false;
     std::vector<Level> levels_;
-    std::set<std::uint32_t> freed_;
+    std::vector<std::uint32_t> freed_;  ///< descending: the lowest is given out first
     std::uint64_t changeCount_ = 0;
 };
 

@@ -40,10 +40,8 @@ TableStore::TableStore(PageFile& file, std::uint32_t definitionPage)
                                  [](const ColumnDef& column) { return column.IsLongValue(); });
 }
 
-void TableStore::Reload() {
-    std::string name = std::move(def_.name);
-    def_ = ReadTableDef(*file_, def_.page);
-    def_.name = std::move(name);
+void TableStore::Reload() noexcept {
+    ReloadCounters(*file_, def_);
 }
 
 std::vector<std::uint32_t> TableStore::DataPages() const {

@@ -28,7 +28,7 @@ class TableStore {
     const TableDef& Def() const { return def_; }
     TableDef& EditDef() { return def_; }  ///< for StoreDistinctKeys and the name
     /// Reads the definition's counters anew, after a rollback.
-    void Reload();
+    void Reload() noexcept;
 
     /// Calls visitor(RowPointer, const RowView&) for each row in stored order; a visitor that
     /// returns bool ends the scan with false. The pointer is the row's identity, also when the row

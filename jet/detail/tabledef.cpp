@@ -386,6 +386,20 @@ void WriteTableDef(PageFile& file, std::uint32_t firstPage, ByteView built) {
     }
 }
 
+void ReloadCounters(const PageFile& file, TableDef& def) noexcept {
+    const Layout& layout = file.Format();
+    const ByteView page = file.Page(def.page);
+    def.rowCount = U32(page, layout.tdefRowCount);
+    def.autonumber = U32(page, layout.tdefAutonumber);
+    std::size_t place = layout.tdefHeader + kDistinctKeys;
+    for (RealIndex& index : def.realIndexes) {
+        // Counts on a further page of the definition are never changed.
+        if (place + sizeof(std::uint32_t) > page.size()) return;
+        index.distinctKeys = U32(page, place);
+        place += layout.indexCountsSize;
+    }
+}
+
 void StoreRowCount(PageFile& file, TableDef& def, std::uint32_t count) {
     PutU32(file.EditPage(def.page), file.Format().tdefRowCount, count);
     def.rowCount = count;

@@ -116,6 +116,8 @@ std::vector<std::uint8_t> BuildTableDef(const Layout& layout, std::uint16_t code
 void WriteTableDef(PageFile& file, std::uint32_t firstPage, ByteView built);
 
 // Counters; each also updates `def`.
+/// Row count, autonumber and distinct keys as the page has them, after a rollback. Takes no memory.
+void ReloadCounters(const PageFile& file, TableDef& def) noexcept;
 void StoreRowCount(PageFile& file, TableDef& def, std::uint32_t count);
 void StoreAutonumber(PageFile& file, TableDef& def, std::uint32_t last);
 void StoreDistinctKeys(PageFile& file, TableDef& def, std::size_t realIndex, std::uint32_t count);

@@ -5,6 +5,7 @@
 #include "faults.h"
 #include "jet/database.h"
 #include "jet/transaction.h"
+#include "operations.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -26,121 +27,28 @@
 namespace {
 
 namespace fs = std::filesystem;
+using crash::BytesOf;
+using crash::Create;
+using crash::Delete;
+using crash::DeleteWithPoints;
 using crash::Fault;
+using crash::Fill;
 using crash::Injection;
+using crash::Insert;
+using crash::Operation;
+using crash::StorePrice;
+using crash::Update;
+using crash::Write;
 using jet::Database;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::string BytesOf(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-void Write(const fs::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-}
-
-std::vector<jet::TableDesign> Tables() {
-    const auto column = [](std::string name, jet::ColumnType type, std::uint16_t size = 0) {
-        return jet::ColumnDesign{std::move(name), type, size, false, 0, 0};
-    };
-    jet::TableDesign holdings{"Innehav", {}, {}};
-    holdings.columns = {column("Id", jet::ColumnType::Long),
-                        column("Namn", jet::ColumnType::Text, 40),
-                        column("Text", jet::ColumnType::Memo)};
-    holdings.columns[0].autonumber = true;
-    jet::IndexDesign key;
-    key.name = "PrimaryKey";
-    key.columns = {{"Id", false}};
-    key.primary = key.unique = key.required = true;
-    holdings.indexes = {key};
-    jet::TableDesign points{"Punkter", {}, {}};
-    points.columns = {column("Id", jet::ColumnType::Long), column("Dag", jet::ColumnType::Long)};
-    jet::IndexDesign byHolding;
-    byHolding.name = "Id";
-    byHolding.columns = {{"Id", false}};
-    points.indexes = {byHolding};
-    return {holdings, points};
-}
-
-/// Three holdings with 6,000 points each: some 600 kB, so that a save takes several writes.
-void Fill(const fs::path& path) {
-    Database::Create(path, Tables(), jet::Date{45000});
-    const auto database = Database::Open(path);
-    jet::Transaction transaction(database);
-    const auto holdings = database->OpenRecordSet("Innehav");
-    const auto points = database->OpenRecordSet("Punkter");
-    for (std::int32_t id = 1; id <= 3; ++id) {
-        holdings->AddNew();
-        holdings->Set("Namn", "Innehav å");
-        holdings->Set("Text", std::string(5000, 'x'));
-        holdings->Update();
-        for (std::int32_t day = 0; day < 6000; ++day) {
-            points->AddNew();
-            points->Set("Id", id);
-            points->Set("Dag", 36000 + day);
-            points->Update();
-        }
-    }
-    transaction.Commit();
-    database->Close();
-}
-
-struct Operation {
-    const char* name;
-    /// Changes the file at the path; the database is that file, open, or null for operations that
-    /// open nothing.
-    std::function<void(const std::shared_ptr<Database>&, const fs::path&)> run;
-    bool opens = true;
-    bool replaces = true;  ///< a file is there before
-};
-
-void PrintTo(const Operation& tested, std::ostream* out) {
-    *out << tested.name;
-}
-
-void Insert(const std::shared_ptr<Database>& database, const fs::path&) {
-    const auto points = database->OpenRecordSet("Punkter");
-    points->AddNew();
-    points->Set("Id", 2);
-    points->Set("Dag", 50000);
-    points->Update();
-}
-void Update(const std::shared_ptr<Database>& database, const fs::path&) {
-    const auto holdings = database->OpenRecordSet("Innehav");
-    holdings->Edit();
-    holdings->Set("Namn", "Ett mycket längre namn än förut");
-    holdings->Set("Text", std::string(9000, 'y'));
-    holdings->Update();
-}
-void Delete(const std::shared_ptr<Database>& database, const fs::path&) {
-    const auto points = database->OpenRecordSet("Punkter");
-    points->MoveLast();
-    points->Delete();
-}
-void DeleteWithPoints(const std::shared_ptr<Database>& database, const fs::path&) {
-    jet::Transaction transaction(database);
-    database->Execute("DELETE FROM Punkter WHERE Id = 2");
-    database->Execute("DELETE FROM Innehav WHERE Id = 2");
-    transaction.Commit();
-}
-void StorePrice(const std::shared_ptr<Database>& database, const fs::path& path) {
-    jet::Transaction transaction(database);
-    Update(database, path);
-    database->Execute("DELETE FROM Punkter WHERE Dag = 41999");
-    Insert(database, path);
-    transaction.Commit();
-}
-void Create(const std::shared_ptr<Database>&, const fs::path& path) {
-    Database::Create(path, Tables(), jet::Date{45000});
-}
 
 class AnyOperation : public testing::TestWithParam<Operation> {
   protected:
     static void SetUpTestSuite() {
         folder_ = fs::temp_directory_path() / ("crashtest-" + std::to_string(::getpid()));
         fs::create_directories(folder_);
-        Fill(folder_ / "filled.mdb");
+        Fill(folder_ / "filled.mdb", crash::kManyDays);
         filled_ = BytesOf(folder_ / "filled.mdb");
         fs::remove(folder_ / "filled.mdb");
     }
@@ -196,6 +104,8 @@ class AnyOperation : public testing::TestWithParam<Operation> {
         EXPECT_TRUE(now == Old() || now == new_) << now.size() << " bytes";
         if (!exists) return;
         ExpectSound();
+        Database::RemoveLeftOvers(path_);
+        EXPECT_EQ(FilesInFolder(), 1);
         if (now == new_) return;
         Run();
         EXPECT_TRUE(BytesOf(path_) == new_);
@@ -215,11 +125,12 @@ class AnyOperation : public testing::TestWithParam<Operation> {
 TEST_P(AnyOperation, SyncsTheNewFileBeforeItTakesTheOldOnesPlace) {
     std::vector<std::string> order;
     for (const std::string& call : calls_) {
-        if (order.empty() || order.back() != call) order.push_back(call);
+        const bool ofRights = call == "fchmod" || call == "fchown";
+        if (!ofRights && (order.empty() || order.back() != call)) order.push_back(call);
     }
     if (GetParam().opens) order.erase(order.begin());  // to read; the next one joined it
     if (order.front() != "open") order.insert(order.begin(), "open");
-    EXPECT_THAT(order, ElementsAre("open", "write", "fsync", "rename", "open", "fsync folder"));
+    EXPECT_THAT(order, ElementsAre("open", "write", "fsync", "open", "rename", "fsync folder"));
 }
 
 TEST_P(AnyOperation, IsWholeOrUndoneWhereverTheProcessDies) {
@@ -254,6 +165,33 @@ TEST_P(AnyOperation, GoesOnAfterShortWrites) {
         EXPECT_TRUE(injection.Hit());
         EXPECT_TRUE(BytesOf(path_) == new_) << at;
     }
+}
+
+TEST_P(AnyOperation, StoresWhereModesAndOwnersAreRefused) {
+    for (const char* call : {"fchmod", "fchown"}) {
+        for (const int code : {EPERM, EOPNOTSUPP, EIO}) {
+            StartAnew();
+            // So that there is an owner to be kept, where the tests may give files away.
+            if (GetParam().replaces)
+                EXPECT_TRUE(::chown(path_.c_str(), 12345, 12345) == 0 || ::geteuid() != 0);
+            const Injection injection({Fault::FailFromNow, 0, call, code});
+            Run();
+            EXPECT_TRUE(BytesOf(path_) == new_) << call << code;
+        }
+    }
+}
+
+TEST_P(AnyOperation, WritesANewFileUnderANameThatNobodyCanForesee) {
+    std::vector<std::string> names;
+    for (int time = 0; time < 2; ++time) {
+        StartAnew();
+        const Injection injection({});
+        Run();
+        ASSERT_EQ(injection.CreatedAnew().size(), 1u);
+        names.push_back(injection.CreatedAnew().front());
+    }
+    EXPECT_NE(names[0], names[1]);
+    EXPECT_EQ(fs::path(names[0]).parent_path(), folder_);
 }
 
 TEST_P(AnyOperation, GoesOnAfterASignal) {

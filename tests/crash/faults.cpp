@@ -16,7 +16,11 @@ ssize_t __real_pwrite(int file, const void* bytes, size_t size, off_t at);
 int __real_fsync(int file);
 int __real_rename(const char* from, const char* to);
 int __real_unlink(const char* path);
-int __real_ftruncate(int file, off_t size);
+int __real_fdatasync(int file);
+int __real_renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned how);
+int __real_fcntl(int file, int command, ...);
+int __real_fchmod(int file, mode_t mode);
+int __real_fchown(int file, uid_t user, gid_t group);
 int __real_open(const char* path, int flags, ...);
 }
 
@@ -26,7 +30,7 @@ namespace {
 struct State {
     bool active = false, hit = false;
     Plan plan;
-    std::vector<std::string> calls;
+    std::vector<std::string> calls, created;
     std::size_t counted = 0;
 };
 State state;
@@ -105,6 +109,9 @@ Injection::~Injection() {
 const std::vector<std::string>& Injection::Calls() const {
     return state.calls;
 }
+const std::vector<std::string>& Injection::CreatedAnew() const {
+    return state.created;
+}
 bool Injection::Hit() const {
     return state.hit;
 }
@@ -131,8 +138,26 @@ int __wrap_rename(const char* from, const char* to) {
 int __wrap_unlink(const char* path) {
     return crash::Whole("unlink", [&] { return __real_unlink(path); });
 }
-int __wrap_ftruncate(int file, off_t size) {
-    return crash::Whole("ftruncate", [&] { return __real_ftruncate(file, size); });
+int __wrap_fdatasync(int file) {
+    return crash::Whole("fdatasync", [&] { return __real_fdatasync(file); });
+}
+int __wrap_renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned how) {
+    return crash::Whole("exchange",
+                        [&] { return __real_renameat2(fromFolder, from, toFolder, to, how); });
+}
+int __wrap_fcntl(int file, int command, ...) {
+    va_list rest;
+    va_start(rest, command);
+    const long argument = va_arg(rest, long);
+    va_end(rest);
+    const auto call = [&] { return __real_fcntl(file, command, argument); };
+    return command == F_SETLEASE && argument == F_WRLCK ? crash::Whole("lease", call) : call();
+}
+int __wrap_fchmod(int file, mode_t mode) {
+    return crash::Whole("fchmod", [&] { return __real_fchmod(file, mode); });
+}
+int __wrap_fchown(int file, uid_t user, gid_t group) {
+    return crash::Whole("fchown", [&] { return __real_fchown(file, user, group); });
 }
 int __wrap_open(const char* path, int flags, ...) {
     mode_t mode = 0;
@@ -142,6 +167,8 @@ int __wrap_open(const char* path, int flags, ...) {
         mode = va_arg(rest, mode_t);
         va_end(rest);
     }
+    constexpr int kAnew = O_CREAT | O_EXCL | O_NOFOLLOW;
+    if (crash::state.active && (flags & kAnew) == kAnew) crash::state.created.emplace_back(path);
     return crash::Whole("open", [&] { return __real_open(path, flags, mode); });
 }
 }

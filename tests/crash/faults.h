@@ -32,9 +32,11 @@ class Injection {
     Injection(const Injection&) = delete;
     Injection& operator=(const Injection&) = delete;
 
-    /// The names of the calls so far: "open", "write", "fsync", "fsync folder", "rename", "unlink",
-    /// "ftruncate".
+    /// The names of the calls so far: "open", "write", "pwrite", "fsync", "fdatasync", "fsync
+    /// folder", "rename", "exchange", "lease", "unlink", "fchmod", "fchown".
     const std::vector<std::string>& Calls() const;
+    /// The paths of files that were created, each as a new one and never through a link.
+    const std::vector<std::string>& CreatedAnew() const;
     bool Hit() const;
 };
 

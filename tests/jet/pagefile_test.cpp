@@ -1,10 +1,14 @@
 #include "jet/detail/pagefile.h"
 
+#include "jet/detail/filestore.h"
 #include "tests/jet/memoryfile.h"
 #include "tests/jet/versions.h"
 
+#include <fcntl.h>
 #include <functional>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -303,27 +307,83 @@ TEST_F(OnDisk, ALinkStaysALink) {
     EXPECT_EQ(file->Path().filename(), path_.filename());
 }
 
-TEST_F(OnDisk, WhatACrashLeftBehindIsCleanedUpByTheNextSave) {
-    const auto leftOver = folder_ / ("." + path_.filename().string() + ".kvarnbo-ny");
-    WriteText(leftOver, "half a file");
+TEST_F(OnDisk, AChangeOfEqualSizeAndTimeIsNoticed) {
     const auto file = PageFile::Open(path_);
+    struct stat before {};
+    ASSERT_EQ(::stat(path_.c_str(), &before), 0);
+    std::string others = old_;
+    others[0x300] = static_cast<char>(others[0x300] ^ 1);
+    WriteText(path_, others);
+    const timespec times[] = {before.st_atim, before.st_mtim};
+    ASSERT_EQ(::utimensat(AT_FDCWD, path_.c_str(), times, 0), 0);
     file->Begin();
     Change(*file);
-    file->Commit();
-    EXPECT_FALSE(jettest::fs::exists(leftOver));
-    EXPECT_EQ(ReadText(path_).size(), old_.size());
+    EXPECT_EQ(NumberOf([&] { file->Commit(); }), ErrorNumber::ChangedByOther);
+    EXPECT_EQ(ReadText(path_), others);
 }
 
-TEST_F(OnDisk, ALinkInTheWayOfTheNewFileIsNotWrittenThrough) {
-    const auto victim = folder_ / "victim";
-    WriteText(victim, "precious");
-    jettest::fs::create_symlink(victim,
-                                folder_ / ("." + path_.filename().string() + ".kvarnbo-ny"));
+TEST_F(OnDisk, ANewModeIsKeptAndIsNoChangeOfTheFile) {
     const auto file = PageFile::Open(path_);
-    file->Begin();
-    Change(*file);
-    file->Commit();
-    EXPECT_EQ(ReadText(victim), "precious");
+    for (const ::mode_t mode : {0600u, 0640u, 0604u}) {
+        ::chmod(path_.c_str(), mode);
+        file->Begin();
+        Change(*file);
+        file->Commit();
+        struct stat status {};
+        ASSERT_EQ(::stat(path_.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777u, mode);
+    }
+}
+
+TEST_F(OnDisk, ASecondNameKeepsWhatItHad) {
+    const auto file = PageFile::Open(path_);
+    std::string before = old_;
+    for (const char* name : {"first", "second", "third", "fourth"}) {
+        jettest::fs::create_hard_link(path_, folder_ / name);
+        file->Begin();
+        Change(*file);
+        file->Commit();
+        EXPECT_EQ(ReadText(folder_ / name), before) << name;
+        before = ReadText(path_);
+    }
+}
+
+TEST_F(OnDisk, WhatACrashLeftBehindIsRemovedByWhoClaimsTheFile) {
+    const std::string name = "." + path_.filename().string();
+    const auto leftOver = folder_ / (name + ".0123456789abcdef.jet-new");
+    const auto others = folder_ / (".x" + name + ".0123456789abcdef.jet-new");
+    const auto another = folder_ / (name + ".0123456789abcdeg.jet-new");
+    for (const auto& path : {leftOver, others, another}) WriteText(path, "half a file");
+    RemoveLeftOvers(path_);
+    EXPECT_FALSE(jettest::fs::exists(leftOver));
+    EXPECT_TRUE(jettest::fs::exists(others));
+    EXPECT_TRUE(jettest::fs::exists(another));
+    EXPECT_EQ(ReadText(path_), old_);
+}
+
+TEST_F(OnDisk, WhatALivingProcessIsWritingIsNotRemoved) {
+    const auto written = folder_ / ("." + path_.filename().string() + ".0123456789abcdef.jet-new");
+    WriteText(written, "half a file");
+    const int descriptor = ::open(written.c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(descriptor, LOCK_EX), 0);
+    RemoveLeftOvers(path_);
+    EXPECT_TRUE(jettest::fs::exists(written));
+    ::close(descriptor);
+    RemoveLeftOvers(path_);
+    EXPECT_FALSE(jettest::fs::exists(written));
+}
+
+TEST_F(OnDisk, ANewFileFollowsTheUmask) {
+    const auto file = PageFile::Open(path_);
+    for (const ::mode_t mask : {0077u, 0022u, 0002u}) {
+        const ::mode_t former = ::umask(mask);
+        const auto copy = folder_ / ("copy" + std::to_string(mask));
+        file->SaveAs(copy);
+        ::umask(former);
+        struct stat status {};
+        ASSERT_EQ(::stat(copy.c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777u, 0666u & ~mask);
+    }
 }
 
 TEST_F(OnDisk, SaveAsWritesANewFile) {
