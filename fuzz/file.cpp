@@ -2,15 +2,15 @@
 // table. The engine may answer with Error; anything else (a crash, a hang, much memory) is a find.
 
 #include "base/error.h"
-#include "jet/detail/btree.h"
-#include "jet/detail/edits.h"
-#include "jet/detail/engine.h"
-#include "jet/detail/keyset.h"
-#include "jet/detail/pagefile.h"
-#include "jet/detail/queryplan.h"
-#include "jet/detail/table.h"
-#include "jet/detail/tableindexes.h"
-#include "jet/detail/verify.h"
+#include "jet/index/btree.h"
+#include "jet/index/tableindexes.h"
+#include "jet/query/edits.h"
+#include "jet/query/engine.h"
+#include "jet/query/keyset.h"
+#include "jet/query/queryplan.h"
+#include "jet/storage/pagefile.h"
+#include "jet/table/table.h"
+#include "jet/verify/verify.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -4,15 +4,15 @@
 //
 //   makeseeds FOLDER
 
-#include "jet/detail/btree.h"
-#include "jet/detail/catalog.h"
-#include "jet/detail/datapage.h"
-#include "jet/detail/indexpage.h"
-#include "jet/detail/table.h"
-#include "jet/detail/tabledef.h"
-#include "jet/detail/tableindexes.h"
-#include "jet/detail/textcodec.h"
-#include "jet/detail/usagemap.h"
+#include "jet/catalog/catalog.h"
+#include "jet/index/btree.h"
+#include "jet/index/indexpage.h"
+#include "jet/index/tableindexes.h"
+#include "jet/storage/datapage.h"
+#include "jet/storage/usagemap.h"
+#include "jet/table/table.h"
+#include "jet/table/tabledef.h"
+#include "jet/table/textcodec.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "jet/copyfile.h"
 
 #include "base/error.h"
-#include "jet/detail/filestore.h"
+#include "jet/storage/filestore.h"
 
 namespace jet {
 

@@ -2,13 +2,13 @@
 
 #include "base/error.h"
 #include "base/path.h"
-#include "jet/detail/edits.h"
-#include "jet/detail/engine.h"
-#include "jet/detail/filestore.h"
-#include "jet/detail/keysetrecordset.h"
-#include "jet/detail/newfile.h"
-#include "jet/detail/queryplan.h"
-#include "jet/detail/verify.h"
+#include "jet/create/newfile.h"
+#include "jet/query/edits.h"
+#include "jet/query/engine.h"
+#include "jet/query/keysetrecordset.h"
+#include "jet/query/queryplan.h"
+#include "jet/storage/filestore.h"
+#include "jet/verify/verify.h"
 
 #include <chrono>
 

@@ -1,6 +1,6 @@
 #include "jet/transaction.h"
 
-#include "jet/detail/engine.h"
+#include "jet/query/engine.h"
 
 namespace jet {
 

@@ -1,8 +1,8 @@
 #include "jet/value.h"
 
 #include "base/error.h"
-#include "jet/detail/bytes.h"
-#include "jet/detail/decimal.h"
+#include "jet/storage/bytes.h"
+#include "jet/table/decimal.h"
 
 #include <array>
 #include <charconv>

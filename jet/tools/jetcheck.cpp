@@ -3,8 +3,8 @@
 
 #include "base/error.h"
 #include "base/tooloptions.h"
-#include "jet/detail/pagefile.h"
-#include "jet/detail/verify.h"
+#include "jet/storage/pagefile.h"
+#include "jet/verify/verify.h"
 
 #include <cstdio>
 #include <exception>

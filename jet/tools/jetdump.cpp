@@ -4,10 +4,10 @@
 
 #include "base/error.h"
 #include "base/tooloptions.h"
-#include "jet/detail/catalog.h"
-#include "jet/detail/pagefile.h"
-#include "jet/detail/rowcodec.h"
-#include "jet/detail/table.h"
+#include "jet/catalog/catalog.h"
+#include "jet/storage/pagefile.h"
+#include "jet/table/rowcodec.h"
+#include "jet/table/table.h"
 #include "jet/tools/jetdump/jsontext.h"
 
 #include <algorithm>

@@ -19,8 +19,8 @@ bool MayBeSwedish(const house::SourceFile& file) {
     if (file.FileName() == "texts.h") return true;
     for (const std::string_view path :
          {"app/furnish", "fundfile/schema.h", "fundfile/queries", "base/daynumber", "samples/",
-          "bench/", "fuzz/", "help/", "jet/detail/indexkey", "jet/detail/textcodec",
-          "jet/detail/collation", "platform/qtdialogs", "platform/dialogs"}) {
+          "bench/", "fuzz/", "help/", "jet/index/indexkey", "jet/table/textcodec",
+          "platform/qtdialogs", "platform/dialogs"}) {
         if (file.In(path)) return true;
     }
     return false;

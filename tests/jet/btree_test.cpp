@@ -1,10 +1,10 @@
-#include "jet/detail/btree.h"
+#include "jet/index/btree.h"
 
 #include "base/error.h"
-#include "jet/detail/datapage.h"
-#include "jet/detail/indexkey.h"
-#include "jet/detail/layout.h"
-#include "jet/detail/usagemap.h"
+#include "jet/index/indexkey.h"
+#include "jet/storage/datapage.h"
+#include "jet/storage/layout.h"
+#include "jet/storage/usagemap.h"
 #include "tests/jet/versions.h"
 
 #include <algorithm>

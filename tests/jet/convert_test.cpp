@@ -1,4 +1,4 @@
-#include "jet/detail/convert.h"
+#include "jet/table/convert.h"
 
 #include "base/error.h"
 

@@ -2,11 +2,11 @@
 // and a failed change leaves the rest as it was. Run under the sanitizers, which see what does not
 // crash by itself.
 
-#include "jet/detail/engine.h"
-#include "jet/detail/queryplan.h"
-#include "jet/detail/table.h"
-#include "jet/detail/tableindexes.h"
-#include "jet/detail/verify.h"
+#include "jet/index/tableindexes.h"
+#include "jet/query/engine.h"
+#include "jet/query/queryplan.h"
+#include "jet/table/table.h"
+#include "jet/verify/verify.h"
 #include "memoryfile.h"
 
 #include <functional>

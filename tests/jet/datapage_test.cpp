@@ -1,4 +1,4 @@
-#include "jet/detail/datapage.h"
+#include "jet/storage/datapage.h"
 
 #include "tests/jet/memoryfile.h"
 #include "tests/jet/versions.h"

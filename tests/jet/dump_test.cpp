@@ -1,7 +1,7 @@
 // What jetdump prints for files of other engines, against what other readers found in them.
 
 #include "base/version.h"
-#include "jet/detail/bytes.h"
+#include "jet/storage/bytes.h"
 #include "tests/jet/memoryfile.h"
 
 namespace {

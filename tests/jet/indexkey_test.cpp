@@ -1,4 +1,4 @@
-#include "jet/detail/indexkey.h"
+#include "jet/index/indexkey.h"
 
 #include "base/error.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 // Small files of either version made in memory, and whole files as bytes.
 
-#include "jet/detail/datapage.h"
-#include "jet/detail/pagefile.h"
-#include "jet/detail/tabledef.h"
-#include "jet/detail/usagemap.h"
+#include "jet/storage/datapage.h"
+#include "jet/storage/pagefile.h"
+#include "jet/storage/usagemap.h"
+#include "jet/table/tabledef.h"
 #include "tests/jet/support.h"
 
 #include <cstdlib>

@@ -5,7 +5,7 @@
 
 #include "base/error.h"
 #include "jet/database.h"
-#include "jet/detail/indexkey.h"
+#include "jet/index/indexkey.h"
 #include "jet/recordset.h"
 
 #include <filesystem>

@@ -1,11 +1,11 @@
-#include "jet/detail/newfile.h"
+#include "jet/create/newfile.h"
 
 #include "base/error.h"
-#include "jet/detail/catalog.h"
-#include "jet/detail/layout.h"
-#include "jet/detail/table.h"
-#include "jet/detail/tableindexes.h"
-#include "jet/detail/verify.h"
+#include "jet/catalog/catalog.h"
+#include "jet/index/tableindexes.h"
+#include "jet/storage/layout.h"
+#include "jet/table/table.h"
+#include "jet/verify/verify.h"
 #include "support.h"
 
 #include <algorithm>

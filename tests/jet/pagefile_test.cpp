@@ -1,6 +1,6 @@
-#include "jet/detail/pagefile.h"
+#include "jet/storage/pagefile.h"
 
-#include "jet/detail/filestore.h"
+#include "jet/storage/filestore.h"
 #include "tests/jet/memoryfile.h"
 #include "tests/jet/versions.h"
 

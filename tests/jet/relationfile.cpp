@@ -1,8 +1,8 @@
 #include "relationfile.h"
 
-#include "jet/detail/catalog.h"
-#include "jet/detail/tabledef.h"
-#include "jet/detail/tableindexes.h"
+#include "jet/catalog/catalog.h"
+#include "jet/index/tableindexes.h"
+#include "jet/table/tabledef.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // Enforced relations are followed: a reference must lead to a row, and the rows that refer to a
 // changed or deleted one follow it or forbid the change.
 
-#include "jet/detail/relations.h"
+#include "jet/catalog/relations.h"
 
+#include "jet/catalog/catalog.h"
 #include "jet/database.h"
-#include "jet/detail/catalog.h"
-#include "jet/detail/edits.h"
+#include "jet/query/edits.h"
 #include "jet/transaction.h"
 #include "ledger.h"
 #include "memoryfile.h"

@@ -1,6 +1,6 @@
-#include "jet/detail/rowcodec.h"
+#include "jet/table/rowcodec.h"
 
-#include "jet/detail/table.h"
+#include "jet/table/table.h"
 #include "memoryfile.h"
 #include "versions.h"
 

@@ -1,10 +1,10 @@
 // What a file asks of values: required ones, empty texts, rules, default values.
 
+#include "jet/catalog/catalog.h"
+#include "jet/catalog/properties.h"
 #include "jet/database.h"
-#include "jet/detail/catalog.h"
-#include "jet/detail/expression.h"
-#include "jet/detail/properties.h"
-#include "jet/detail/table.h"
+#include "jet/query/expression.h"
+#include "jet/table/table.h"
 #include "ledger.h"
 #include "memoryfile.h"
 

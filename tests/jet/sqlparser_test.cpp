@@ -1,4 +1,4 @@
-#include "jet/detail/sqlparser.h"
+#include "jet/query/sqlparser.h"
 
 #include "base/error.h"
 

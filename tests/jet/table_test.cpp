@@ -1,6 +1,6 @@
-#include "jet/detail/table.h"
+#include "jet/table/table.h"
 
-#include "jet/detail/catalog.h"
+#include "jet/catalog/catalog.h"
 #include "memoryfile.h"
 #include "versions.h"
 

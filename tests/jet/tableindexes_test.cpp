@@ -1,10 +1,10 @@
-#include "jet/detail/tableindexes.h"
+#include "jet/index/tableindexes.h"
 
 #include "base/error.h"
-#include "jet/detail/catalog.h"
-#include "jet/detail/layout.h"
-#include "jet/detail/newfile.h"
-#include "jet/detail/verify.h"
+#include "jet/catalog/catalog.h"
+#include "jet/create/newfile.h"
+#include "jet/storage/layout.h"
+#include "jet/verify/verify.h"
 
 #include <gtest/gtest.h>
 #include <span>

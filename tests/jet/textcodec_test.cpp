@@ -1,6 +1,6 @@
-#include "jet/detail/textcodec.h"
+#include "jet/table/textcodec.h"
 
-#include "jet/detail/names.h"
+#include "jet/table/names.h"
 
 #include <gtest/gtest.h>
 

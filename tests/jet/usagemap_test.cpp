@@ -1,4 +1,4 @@
-#include "jet/detail/usagemap.h"
+#include "jet/storage/usagemap.h"
 
 #include "tests/jet/memoryfile.h"
 #include "tests/jet/versions.h"

@@ -1,7 +1,7 @@
 #pragma once
 // Both versions of the format as a test's parameter, which says its name.
 
-#include "jet/detail/layout.h"
+#include "jet/storage/layout.h"
 
 #include <gtest/gtest.h>
 #include <ostream>

@@ -2,12 +2,12 @@
 // with a wrong count. They are read-only, say how much is there, and never show one row's value as
 // another's.
 
+#include "jet/catalog/catalog.h"
 #include "jet/database.h"
-#include "jet/detail/catalog.h"
-#include "jet/detail/longvalue.h"
-#include "jet/detail/opentable.h"
-#include "jet/detail/verify.h"
+#include "jet/query/opentable.h"
+#include "jet/table/longvalue.h"
 #include "jet/transaction.h"
+#include "jet/verify/verify.h"
 #include "ledger.h"
 #include "memoryfile.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // Values of a file as JSON text.
 
-#include "jet/detail/bytes.h"
+#include "jet/storage/bytes.h"
 #include "jet/value.h"
 
 #include <string>

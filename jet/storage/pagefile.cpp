@@ -1,0 +1,318 @@
+#include "jet/storage/pagefile.h"
+
+#include "base/error.h"
+#include "jet/storage/filestore.h"
+#include "jet/storage/storedfile.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cassert>
+#include <cmath>
+#include <cstring>
+#include <exception>
+#include <functional>
+#include <system_error>
+
+namespace jet::detail {
+
+namespace {
+
+constexpr std::size_t kMaskStart = 0x18;
+constexpr std::size_t kSignature = 0x04, kVersion = 0x14, kGlobalMap = 0x18, kObjects = 0x20,
+                      kCodePage = 0x3C, kKey = 0x3E, kPassword = 0x42;
+constexpr std::size_t kMinHeaderSize = 0x800;
+constexpr std::uint32_t kMinPageCount = 3;
+
+/// The key stream that hides the header's fields: RC4 of a fixed four-byte key.
+std::array<std::uint8_t, 128> MaskBytes() {
+    constexpr std::array<std::uint8_t, 4> kMaskKey{0xC7, 0xDA, 0x39, 0x6B};
+    std::array<std::uint8_t, 256> state{};
+    for (std::size_t i = 0; i < state.size(); ++i) state[i] = static_cast<std::uint8_t>(i);
+    std::uint8_t j = 0;
+    for (std::size_t i = 0; i < state.size(); ++i) {
+        j = static_cast<std::uint8_t>(j + state[i] + kMaskKey[i % kMaskKey.size()]);
+        std::swap(state[i], state[j]);
+    }
+    std::array<std::uint8_t, 128> stream{};
+    std::uint8_t i = 0;
+    j = 0;
+    for (std::uint8_t& byte : stream) {
+        i = static_cast<std::uint8_t>(i + 1);
+        j = static_cast<std::uint8_t>(j + state[i]);
+        std::swap(state[i], state[j]);
+        byte = state[static_cast<std::uint8_t>(state[i] + state[j])];
+    }
+    return stream;
+}
+
+[[noreturn]] void ThrowHeader(ErrorNumber number, const char* what) {
+    throw Error{number, std::string("file header: ") + what};
+}
+
+/// The kind of file, by its first bytes in clear.
+const Layout& LayoutOf(const FileImage& image) {
+    if (image.Size() < kVersion + 4) ThrowHeader(ErrorNumber::ForeignFormat, "too short");
+    const ByteView start{image.At(0), kVersion + 4};
+    const auto signature = [&](std::string_view text) {
+        return std::equal(text.begin(), text.end(), start.begin() + kSignature,
+                          [](char c, std::uint8_t b) { return static_cast<std::uint8_t>(c) == b; });
+    };
+    if (signature("Standard ACE DB")) ThrowHeader(ErrorNumber::NewerFormat, "a later format");
+    if (!signature("Standard Jet DB")) {
+        ThrowHeader(ErrorNumber::ForeignFormat, "the signature of another kind of file");
+    }
+    if (U32(start, 0) != 0x00000100) ThrowHeader(ErrorNumber::NotADatabase, "damaged start");
+    const std::uint32_t version = U32(start, kVersion);
+    for (const Layout* layout : {&kJet3, &kJet4}) {
+        if (version == layout->formatByte) return *layout;
+    }
+    constexpr std::uint32_t kMaxVersion = 0xFF;
+    ThrowHeader(version <= kMaxVersion ? ErrorNumber::NewerFormat : ErrorNumber::NotADatabase,
+                "unknown format version");
+}
+
+/// The whole days of the creation date, with which the password is mixed.
+std::uint32_t CreationDay(const Layout& layout, ByteView header) {
+    if (!layout.passwordMixedWithDate) return 0;
+    const double date = F64(header, layout.creationDate, 0);
+    constexpr double kLimit = 2147483647.0;
+    if (!std::isfinite(date) || std::fabs(date) > kLimit) return 0;
+    return static_cast<std::uint32_t>(static_cast<std::int32_t>(date));
+}
+
+bool HasPassword(const Layout& layout, ByteView header) {
+    const std::uint32_t day = CreationDay(layout, header);
+    for (std::size_t at = 0; at < layout.passwordSize; at += 4) {
+        if (U32(header, kPassword + at, 0) != day) return true;
+    }
+    return false;
+}
+
+FileHeader ReadHeader(const Layout& layout, ByteView page) {
+    std::vector<std::uint8_t> header(page.begin(), page.end());
+    MaskHeader(layout, header);
+    if (U32(header, kKey) != 0) ThrowHeader(ErrorNumber::Encrypted, "the pages are encoded");
+    if (U32(header, kGlobalMap) != RowPointer{1, 0}.Packed() ||
+        U32(header, kObjects) != kSystemObjectsPage) {
+        ThrowHeader(ErrorNumber::NotADatabase, "the places of maps and tables are damaged");
+    }
+    if (HasPassword(layout, header)) {
+        ThrowHeader(ErrorNumber::PasswordProtected, "a password is set");
+    }
+    return {.collation = U16(header, layout.collation),
+            .collationVersion =
+                layout.textUnit == 1 ? std::uint16_t{0} : U16(header, layout.collation + 2),
+            .codePage = U16(header, kCodePage)};
+}
+
+}  // namespace
+
+void MaskHeader(const Layout& layout, ByteSpan page) {
+    static const std::array<std::uint8_t, 128> kMask = MaskBytes();
+    const ByteSpan masked = Part(page, kMaskStart, layout.maskedEnd - kMaskStart, 0);
+    for (std::size_t i = 0; i < masked.size(); ++i) masked[i] ^= kMask[i];
+}
+
+PageFile::PageFile(const Layout& layout, FileImage image)
+    : layout_(layout),
+      pageShift_(static_cast<unsigned>(std::countr_zero(layout.pageSize))),
+      image_(std::move(image)),
+      pageCount_(static_cast<std::uint32_t>(image_.Size() >> pageShift_)) {
+    if (image_.Size() % layout_.pageSize != 0) readOnly_ = true;
+}
+
+std::unique_ptr<PageFile> PageFile::FromImage(FileImage image) {
+    const Layout& layout = LayoutOf(image);
+    if (image.Size() < kMinHeaderSize) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
+    std::unique_ptr<PageFile> file(new PageFile(layout, std::move(image)));
+    if (file->pageCount_ < kMinPageCount) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
+    file->header_ = ReadHeader(layout, file->Page(0));
+    const ByteView objects = file->Page(kSystemObjectsPage);
+    if (U16(objects, 0) != (0x0100 | kTdefPage)) {
+        ThrowDamaged(kSystemObjectsPage, 0, "not the definition of the list of objects");
+    }
+    return file;
+}
+
+std::unique_ptr<PageFile> PageFile::Open(const std::filesystem::path& path) {
+    const std::filesystem::path target = Resolve(path);
+    LoadedFile loaded = Load(target);
+    std::unique_ptr<PageFile> file = FromImage(std::move(loaded.image));
+    std::error_code unknown;
+    const auto reached = std::filesystem::is_symlink(path, unknown)
+                             ? StoredFile::Reached::ThroughLink
+                             : StoredFile::Reached::Directly;
+    file->stored_ = std::make_unique<StoredFile>(target, loaded.fingerprint, reached);
+    file->path_ = target;
+    if (!CanReplace(target)) file->readOnly_ = true;
+    return file;
+}
+
+std::unique_ptr<PageFile> PageFile::New(const Layout& layout) {
+    std::unique_ptr<PageFile> file(new PageFile(layout, FileImage{}));
+    file->header_ = {.collation = 1033, .collationVersion = 0, .codePage = 1252};
+    return file;
+}
+
+PageFile::~PageFile() = default;
+
+void PageFile::ThrowNoSuchPage(std::uint32_t page) const {
+    throw Error{ErrorNumber::NotADatabase,
+                "page " + Decimal(page) + " of a file with " + Decimal(pageCount_) + " pages"};
+}
+
+ByteSpan PageFile::EditPage(std::uint32_t page) {
+    if (readOnly_) throw Error{ErrorNumber::ReadOnly, path_.string() + " is read-only"};
+    if (page >= pageCount_) ThrowNoSuchPage(page);
+    std::uint8_t* bytes = image_.At(static_cast<std::uint64_t>(page) << pageShift_);
+    ++changeCount_;
+    if (!levels_.empty()) {
+        Level& level = levels_.back();
+        level.changed = true;
+        if (page < level.pageCount && !level.images.contains(page)) {
+            auto image = std::make_unique_for_overwrite<std::uint8_t[]>(layout_.pageSize);
+            std::memcpy(image.get(), bytes, layout_.pageSize);
+            level.images.emplace(page, std::move(image));
+        }
+    }
+    return {bytes, layout_.pageSize};
+}
+
+std::uint32_t PageFile::AppendPage() {
+    if (readOnly_) throw Error{ErrorNumber::ReadOnly, path_.string() + " is read-only"};
+    const std::uint64_t newSize = (static_cast<std::uint64_t>(pageCount_) + 1) << pageShift_;
+    if (newSize > layout_.largestFile) {
+        throw Error{ErrorNumber::NotSupported, "the file has the largest size of its format"};
+    }
+    image_.Resize(newSize);
+    std::memset(image_.At(newSize - layout_.pageSize), 0, layout_.pageSize);
+    ++changeCount_;
+    if (!levels_.empty()) levels_.back().changed = true;
+    return pageCount_++;
+}
+
+void PageFile::Begin() {
+    levels_.emplace_back();
+    levels_.back().pageCount = pageCount_;
+}
+
+void PageFile::Commit() {
+    assert(!levels_.empty());
+    if (levels_.size() > 1) return JoinOuter();
+    if (levels_.back().changed) {
+        try {
+            Store();
+        } catch (...) {
+            Rollback();
+            throw;
+        }
+    }
+    levels_.pop_back();
+}
+
+/// Moves what the inner level kept, which takes no memory: it must not stay half joined.
+void PageFile::JoinOuter() noexcept {
+    Level inner = std::move(levels_.back());
+    levels_.pop_back();
+    Level& outer = levels_.back();
+    outer.changed = outer.changed || inner.changed;
+    if (!outer.freed) outer.freed = std::move(inner.freed);
+    inner.images.erase(inner.images.lower_bound(outer.pageCount), inner.images.end());
+    outer.images.merge(inner.images);
+}
+
+void PageFile::Rollback() noexcept {
+    assert(!levels_.empty());
+    Level level = std::move(levels_.back());
+    levels_.pop_back();
+    SwapImages(level);
+    if (level.freed) freed_ = *std::move(level.freed);
+}
+
+void PageFile::SwapImages(Level& level) noexcept {
+    ++changeCount_;
+    for (auto& [page, image] : level.images) {
+        std::uint8_t* bytes = image_.At(static_cast<std::uint64_t>(page) << pageShift_);
+        std::swap_ranges(bytes, bytes + layout_.pageSize, image.get());
+    }
+    if (level.pageCount != pageCount_) {
+        std::swap(level.pageCount, pageCount_);
+        image_.Resize(static_cast<std::uint64_t>(pageCount_) << pageShift_);
+    }
+}
+
+std::vector<std::uint32_t> PageFile::ChangedPages(const Level& level) const {
+    std::vector<std::uint32_t> pages;
+    pages.reserve(level.images.size() + (pageCount_ - level.pageCount));
+    for (const auto& [page, image] : level.images) pages.push_back(page);
+    for (std::uint32_t page = level.pageCount; page < pageCount_; ++page) pages.push_back(page);
+    return pages;
+}
+
+/// Whether the bytes are the file's at the level's Begin.
+bool PageFile::IsBefore(const Level& level, const FileImage& image) const {
+    if (image.Size() != static_cast<std::uint64_t>(level.pageCount) << pageShift_) return false;
+    for (std::uint32_t page = 0; page < level.pageCount; ++page) {
+        const std::uint64_t at = static_cast<std::uint64_t>(page) << pageShift_;
+        const auto kept = level.images.find(page);
+        const std::uint8_t* before =
+            kept == level.images.end() ? image_.At(at) : kept->second.get();
+        if (std::memcmp(before, image.At(at), layout_.pageSize) != 0) return false;
+    }
+    return true;
+}
+
+/// When the new version is in place but the folder could not be synced, the caller is to hear of a
+/// failure and find nothing stored: the old state is put back in the same way. Should that fail
+/// too, the new state is in the file and stays in memory: what the file shows and what we show
+/// never differ.
+void PageFile::Store() {
+    if (!stored_) return;
+    Level& level = levels_.front();
+    const auto isBefore = [&](const FileImage& image) { return IsBefore(level, image); };
+    if (stored_->Store({image_, layout_.pageSize, ChangedPages(level), isBefore}) ==
+        StoredFile::Stored::Safely) {
+        return;
+    }
+    SwapImages(level);
+    try {
+        const auto unknown = [](const FileImage&) { return false; };
+        stored_->Store({image_, layout_.pageSize, {}, unknown});
+    } catch (const std::exception&) {
+        SwapImages(level);
+        return;
+    }
+    SwapImages(level);  // Rollback, which follows, swaps for good
+    throw Error{ErrorNumber::DeviceIo, "sync the folder of " + path_.string() + ": device failed"};
+}
+
+void PageFile::SaveAs(const std::filesystem::path& path) const {
+    SaveWhole(image_, path);
+}
+
+void PageFile::SaveAsCopyOf(const std::filesystem::path& source,
+                            const std::filesystem::path& path) const {
+    SaveWhole(image_, path, ModeForCopyOf(source));
+}
+
+std::optional<std::uint32_t> PageFile::TakeFreed() {
+    if (freed_.empty()) return std::nullopt;
+    KeepFreed();
+    const std::uint32_t page = freed_.back();
+    freed_.pop_back();
+    return page;
+}
+
+void PageFile::GiveFreed(std::uint32_t page) {
+    KeepFreed();
+    const auto place = std::lower_bound(freed_.begin(), freed_.end(), page, std::greater<>());
+    if (place == freed_.end() || *place != page) freed_.insert(place, page);
+}
+
+/// Before the first change in a level.
+void PageFile::KeepFreed() {
+    if (!levels_.empty() && !levels_.back().freed) levels_.back().freed = freed_;
+}
+
+}  // namespace jet::detail
