@@ -6,6 +6,7 @@
 #include "jet/query/edits.h"
 #include "jet/query/engine.h"
 #include "jet/query/keysetrecordset.h"
+#include "jet/query/openfile.h"
 #include "jet/query/queryplan.h"
 #include "jet/storage/filestore.h"
 #include "jet/verify/verify.h"
@@ -38,9 +39,8 @@ Date Now() {
 }  // namespace
 
 Database::Database(std::unique_ptr<Engine> engine)
-    : path_(engine->File().Path()),
-      readOnly_(engine->File().ReadOnly()),
-      engine_(std::move(engine)) {}
+    : file_(std::make_unique<detail::OpenFile>(std::move(engine))),
+      readOnly_(file_->Get().File().ReadOnly()) {}
 
 Database::~Database() {
     Close();
@@ -85,12 +85,12 @@ void Database::Create(const std::filesystem::path& path, std::span<const TableDe
 }
 
 std::shared_ptr<RecordSet> Database::OpenRecordSet(std::string_view source) {
-    return std::make_shared<detail::KeysetRecordSet>(
-        shared_from_this(), detail::PlanSource(EngineForLibrary(), source));
+    return std::make_shared<detail::KeysetRecordSet>(Shared(),
+                                                     detail::PlanSource(RequireOpen(), source));
 }
 
 std::int32_t Database::Execute(std::string_view sql) {
-    Engine& engine = EngineForLibrary();
+    Engine& engine = RequireOpen();
     const detail::QueryPlan plan = detail::PlanDelete(engine, sql);
     return engine.Statement([&] {
         const auto rows = plan.Rows(detail::Ordering(plan.table->Store(), {}));
@@ -114,12 +114,12 @@ void Database::RemoveLeftOvers(const std::filesystem::path& path) noexcept {
 }
 
 void Database::Close() noexcept {
-    engine_.reset();
+    file_->Close();
     companion_.reset();
 }
 
 bool Database::IsOpen() const noexcept {
-    return engine_ != nullptr;
+    return file_->IsOpen();
 }
 bool Database::ReadOnly() const noexcept {
     return readOnly_;
@@ -131,7 +131,7 @@ int Database::Version() const {
     return RequireOpen().File().Format().version;
 }
 const std::filesystem::path& Database::Path() const noexcept {
-    return path_;
+    return file_->Path();
 }
 
 std::vector<std::string> Database::TableNames() const {
@@ -198,14 +198,11 @@ std::vector<std::string> Database::Verify() const {
 }
 
 Engine& Database::RequireOpen() const {
-    if (engine_ == nullptr) {
-        throw Error{ErrorNumber::ObjectClosed, "file was closed: " + path_.string()};
-    }
-    return *engine_;
+    return file_->Get();
 }
 
-Engine& Database::EngineForLibrary() {
-    return RequireOpen();
+std::shared_ptr<const detail::OpenFile> Database::Shared() const {
+    return {shared_from_this(), file_.get()};
 }
 
 }  // namespace jet

@@ -21,7 +21,8 @@ enum class Access { ReadWrite, ReadOnly };
 
 namespace detail {
 class Engine;
-}
+class OpenFile;
+}  // namespace detail
 
 /// A file of the format. One object per file and process: opening a path that is open gives the
 /// same object, so a second Open is cheap and sees the same rows. Not thread-safe.
@@ -107,15 +108,15 @@ class Database : public std::enable_shared_from_this<Database> {
     /// sound.
     std::vector<std::string> Verify() const;
 
-    detail::Engine& EngineForLibrary();  ///< for the library's own files only
-
   private:
+    friend class Transaction;
     explicit Database(std::unique_ptr<detail::Engine> engine);
     detail::Engine& RequireOpen() const;
+    /// The open file for what works on it; whoever holds that keeps this object alive.
+    std::shared_ptr<const detail::OpenFile> Shared() const;
 
-    std::filesystem::path path_;
+    std::unique_ptr<detail::OpenFile> file_;
     bool readOnly_ = false;
-    std::unique_ptr<detail::Engine> engine_;
     std::shared_ptr<void> companion_;
 };
 

@@ -1,20 +1,20 @@
 #include "jet/transaction.h"
 
-#include "jet/query/engine.h"
+#include "jet/query/openfile.h"
 
 namespace jet {
 
-Transaction::Transaction(std::shared_ptr<Database> database) : database_(std::move(database)) {
-    database_->EngineForLibrary().BeginTransaction();
+Transaction::Transaction(const std::shared_ptr<Database>& database) : file_(database->Shared()) {
+    file_->Get().BeginTransaction();
 }
 
 Transaction::~Transaction() {
     // A database that was closed meanwhile has taken everything back itself.
-    if (open_ && database_->IsOpen()) database_->EngineForLibrary().RollbackTransaction();
+    if (open_ && file_->IsOpen()) file_->Get().RollbackTransaction();
 }
 
 void Transaction::Commit() {
-    detail::Engine& engine = database_->EngineForLibrary();
+    detail::Engine& engine = file_->Get();
     if (!open_) return;
     open_ = false;
     engine.CommitTransaction();

@@ -12,7 +12,7 @@ namespace jet {
 /// outermost; rolling back an inner one makes the outer Commit throw.
 class Transaction {
   public:
-    explicit Transaction(std::shared_ptr<Database> database);
+    explicit Transaction(const std::shared_ptr<Database>& database);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
@@ -21,7 +21,7 @@ class Transaction {
     void Commit();
 
   private:
-    std::shared_ptr<Database> database_;
+    std::shared_ptr<const detail::OpenFile> file_;  ///< keeps the database alive
     bool open_ = true;
 };
 

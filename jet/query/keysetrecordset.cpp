@@ -39,8 +39,8 @@ class IntegerColumn {
 
 }  // namespace
 
-KeysetRecordSet::KeysetRecordSet(std::shared_ptr<Database> database, QueryPlan plan)
-    : database_(std::move(database)), rows_(std::move(plan)) {
+KeysetRecordSet::KeysetRecordSet(std::shared_ptr<const OpenFile> file, QueryPlan plan)
+    : file_(std::move(file)), rows_(std::move(plan)) {
     const QueryPlan& known = rows_.Plan();
     for (const std::size_t field : known.fields) {
         columns_.push_back(known.table->Design().columns[field]);
@@ -48,7 +48,7 @@ KeysetRecordSet::KeysetRecordSet(std::shared_ptr<Database> database, QueryPlan p
 }
 
 Engine& KeysetRecordSet::RequireOpen() const {
-    return database_->EngineForLibrary();
+    return file_->Get();
 }
 
 std::size_t KeysetRecordSet::TablePosition(std::size_t position) const {

@@ -2,8 +2,8 @@
 // The record set over a table or query: rows from a Keyset, values from the table's pages, and the
 // row being edited.
 
-#include "jet/database.h"
 #include "jet/query/keyset.h"
+#include "jet/query/openfile.h"
 #include "jet/recordset.h"
 
 #include <memory>
@@ -15,7 +15,7 @@ namespace jet::detail {
 
 class KeysetRecordSet final : public RecordSet {
   public:
-    KeysetRecordSet(std::shared_ptr<Database> database, QueryPlan plan);
+    KeysetRecordSet(std::shared_ptr<const OpenFile> file, QueryPlan plan);
 
     std::size_t FieldCount() const override { return columns_.size(); }
     const ColumnDesign& Column(std::size_t position) const override;
@@ -67,7 +67,7 @@ class KeysetRecordSet final : public RecordSet {
     void RequireRows();
     void StoreNewRow(Engine& engine);
 
-    std::shared_ptr<Database> database_;
+    std::shared_ptr<const OpenFile> file_;
     Keyset rows_;
     std::vector<ColumnDesign> columns_;
     std::optional<PendingRow> pending_;
