@@ -9,6 +9,7 @@
 #include "platform/caption.h"
 #include "widgets/diagramview.h"
 #include "widgets/imagebutton.h"
+#include "widgets/shortlabel.h"
 #include "widgets/tag.h"
 
 #include <QGroupBox>
@@ -26,13 +27,21 @@ constexpr float kLabelHeight = 240;
 constexpr int kValues = 6;
 constexpr int kMonths = 12;
 
-QLabel* Label(frmPPM& window, const TwipRect& rect, Qt::Alignment alignment,
-              std::string_view spoken, float points) {
-    auto* label = new QLabel(window.panDiagram);
-    Placed(window, label, rect, points);
+QLabel* Label(frmPPM& window, QLabel* label, const TwipRect& rect, Qt::Alignment alignment,
+              std::string_view spoken) {
     label->setAlignment(alignment | Qt::AlignVCenter);
     Speak(label, spoken);
-    return label;
+    return Placed(window, label, rect, kSmallPoints);
+}
+
+/// One of those under the picture.
+QLabel* Under(frmPPM& window, const char* name, const TwipRect& rect, Qt::Alignment alignment,
+              std::string_view spoken) {
+    constexpr float kPoints = 10;
+    auto* label = Named(new QLabel(window.panDiagram), name);
+    label->setAlignment(alignment | Qt::AlignVCenter);
+    Speak(label, spoken);
+    return Placed(window, label, rect, kPoints);
 }
 
 void FurnishScale(frmPPM& window) {
@@ -42,9 +51,9 @@ void FurnishScale(frmPPM& window) {
         const float line =
             kPicture.top + kPicture.height * static_cast<float>(kValues - i) / (kValues - 1);
         QLabel*& label = window.lblVertical[i];
-        label = Named(Label(window, {45, line - kLabelHeight / 2, 495, kLabelHeight},
-                            Qt::AlignRight, "Procentskala", kSmallPoints),
-                      "lblVertical", i);
+        label = Named(new QLabel(window.panDiagram), "lblVertical", i);
+        Label(window, label, {45, line - kLabelHeight / 2, 495, kLabelHeight}, Qt::AlignRight,
+              "Procentskala");
         SetCaption(label, kCaptions[static_cast<std::size_t>(i - 1)]);
     }
 }
@@ -56,9 +65,8 @@ void FurnishMonths(frmPPM& window) {
     for (int i = 1; i <= kMonths; ++i) {
         const float left = kPicture.left + width * static_cast<float>(i - 1);
         QLabel*& label = window.lblMonth[i];
-        label = Named(Label(window, {left, top, width, kLabelHeight}, Qt::AlignHCenter, "Månad",
-                            kSmallPoints),
-                      "lblMonth", i);
+        label = Named(new ShortLabel(window.panDiagram), "lblMonth", i);
+        Label(window, label, {left, top, width, kLabelHeight}, Qt::AlignHCenter, "Månad");
         SetCaption(label, names[static_cast<std::size_t>(i - 1)]);
     }
     SetTag(window.lblMonth[1], texts::MonthNames);
@@ -102,17 +110,13 @@ void FurnishDiagram(frmPPM& window) {
 
     // Under the picture, so that they never stand on a curve.
     window.lblXCord =
-        Named(Label(window, {2460, 5340, 2280, 330}, Qt::AlignRight, "Datum vid hårkorset", 10),
-              "lblXCord");
+        Under(window, "lblXCord", {2460, 5340, 2280, 330}, Qt::AlignRight, "Datum vid hårkorset");
     window.lblYCord =
-        Named(Label(window, {4860, 5340, 1380, 330}, Qt::AlignLeft, "Värde vid hårkorset", 10),
-              "lblYCord");
-
-    window.lbLeftYear = Named(
-        Label(window, {1215, 5340, 1050, 330}, Qt::AlignLeft, "År till vänster", 10), "lbLeftYear");
+        Under(window, "lblYCord", {4860, 5340, 1380, 330}, Qt::AlignLeft, "Värde vid hårkorset");
+    window.lbLeftYear =
+        Under(window, "lbLeftYear", {1215, 5340, 1050, 330}, Qt::AlignLeft, "År till vänster");
     window.lblRightYear =
-        Named(Label(window, {6315, 5340, 1050, 330}, Qt::AlignRight, "År till höger", 10),
-              "lblRightYear");
+        Under(window, "lblRightYear", {6315, 5340, 1050, 330}, Qt::AlignRight, "År till höger");
     window.Image4 = Named(Scroll(window, QStringLiteral(":/icons/left.svg"), 615, "Bakåt i tiden",
                                  "Flytta vänster kvartal / år  <pil vänster> "),
                           "Image4");

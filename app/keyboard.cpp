@@ -8,6 +8,7 @@
 #include "platform/platform.h"
 #include "widgets/boundfield.h"
 #include "widgets/datagrid.h"
+#include "widgets/diagramview.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -20,6 +21,8 @@ namespace {
 
 std::optional<FunctionKey> FunctionKeyOf(int key) {
     switch (key) {
+        case Qt::Key_Home:
+            return FunctionKey::Home;
         case Qt::Key_Left:
             return FunctionKey::Left;
         case Qt::Key_Right:
@@ -105,7 +108,12 @@ bool Keyboard::Form_KeyPress(const QKeyEvent& event) {
 
 void Keyboard::Form_KeyUp(const QKeyEvent& event) {
     if (Waits() || (event.modifiers() & kCommandKeys) != Qt::NoModifier) return;
-    if (const auto key = FunctionKeyOf(event.key())) Act(OnKeyUp(*key, KeyPanels()));
+    const auto key = FunctionKeyOf(event.key());
+    if (!key) return;
+    ShownPanels shown = KeyPanels();
+    shown.inPicture = window.focusWidget() == window.picDiagram;
+    shown.withShift = event.modifiers().testFlag(Qt::ShiftModifier);
+    Act(OnKeyUp(*key, shown));
 }
 
 void Keyboard::Act(KeyAction action) {
@@ -116,6 +124,12 @@ void Keyboard::Act(KeyAction action) {
             return window.Image4_MouseUp(Qt::LeftButton);
         case KeyAction::ScrollRight:
             return window.Image5_MouseUp(Qt::LeftButton);
+        case KeyAction::ScrollYearLeft:
+            return window.Image4_MouseUp(Qt::RightButton);
+        case KeyAction::ScrollYearRight:
+            return window.Image5_MouseUp(Qt::RightButton);
+        case KeyAction::ShowMonthsOfStart:
+            return window.ReturnToToday();
         case KeyAction::RedrawFunds:
             return window.imgScreen_Click();
         case KeyAction::ChooseColour:

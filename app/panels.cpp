@@ -1,6 +1,7 @@
 #include "app/panels.h"
 
 #include "app/look.h"
+#include "app/rules/texts.h"
 #include "platform/caption.h"
 #include "platform/commondialog.h"
 #include "widgets/boundfield.h"
@@ -59,6 +60,7 @@ void Panels::Show(const Shown& shown) {
     if (shown.typedPrice == TypedPrice::Cleared) Write(controls_.txtValue, "");
     Enable(shown.enabled, true);
     Reveal(shown.visible, true);
+    controls_.picDiagram->MarkDay(shown.today, ToQt(texts::Today));
     GiveFocus(shown.focus);
     KeepFocusInSight(shown);
     Reveal(shown.visible, false);

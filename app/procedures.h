@@ -45,6 +45,7 @@ class Procedures {
     virtual void AdvanceOneMonth() = 0;                 // Axes
     virtual void ShowMonthsOfToday() = 0;               // Axes
     virtual void FollowToday(std::int32_t before) = 0;  // Axes
+    virtual void ReturnToToday() = 0;                   // Axes: to the months of the start
     virtual void PlotCurves() = 0;                      // Curves
     virtual void PrintCurves(PrinterPage& page) = 0;    // Curves
     virtual void ComputeFundScale(std::int32_t kontoId, bool replace) = 0;     // Curves

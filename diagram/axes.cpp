@@ -77,6 +77,13 @@ void Axes::FollowToday(std::int32_t before) {
     Redraw();
 }
 
+void Axes::ReturnToToday() {
+    if (!window.StoreTypedRows()) return;
+    window.Put(AfterScroll(window.State()));
+    ShowMonthsOfToday();
+    Redraw();
+}
+
 void Axes::ShowMonthsFrom(std::int32_t startDay) {
     const WindowLabels labels = LabelsOf(startDay, window.MonthNames);
     window.WindowStartDay = startDay;
@@ -84,6 +91,7 @@ void Axes::ShowMonthsFrom(std::int32_t startDay) {
     for (const std::string& label : labels.months) SetCaption(window.lblMonth[++month], label);
     SetCaption(window.lbLeftYear, labels.leftYear);
     SetCaption(window.lblRightYear, labels.rightYear);
+    window.ShowState();
 }
 
 void Axes::Scroll(WindowMove move) {

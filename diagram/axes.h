@@ -26,6 +26,8 @@ class Axes : Controller {
     void ShowMonthsOfToday();
     /// Another day than `before` is today: months that stand where it put them follow, drawn anew.
     void FollowToday(std::int32_t before);
+    /// Scrolls back to the months that today's date asks for.
+    void ReturnToToday();
 
     void Image4_MouseUp(Qt::MouseButton button);
     void Image5_MouseUp(Qt::MouseButton button);

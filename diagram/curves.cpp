@@ -69,6 +69,8 @@ void Curves::PrintCurves(PrinterPage& page) try {
     surface.finest = 0;
     surface.halo = Qt::white;
     surface.haloWidth = kPrintedHaloCm * toDevice.m11();
+    surface.edgeWidth = kPrintedHaloCm * toDevice.m11();
+    surface.repeatFrom = 1;  // no colours to trust in on paper
     QPainter& painter = page.Painter();
     painter.setRenderHint(QPainter::Antialiasing);
     DrawCurves(painter, drawings, surface);

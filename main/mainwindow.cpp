@@ -176,6 +176,9 @@ void MainWindow::ShowMonthsOfToday() {
 void MainWindow::FollowToday(std::int32_t before) {
     controllers_->axes.FollowToday(before);
 }
+void MainWindow::ReturnToToday() {
+    controllers_->axes.ReturnToToday();
+}
 void MainWindow::PlotCurves() {
     controllers_->curves.PlotCurves();
 }

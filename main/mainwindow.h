@@ -37,6 +37,7 @@ class MainWindow final : public frmPPM {
     void AdvanceOneMonth() override;
     void ShowMonthsOfToday() override;
     void FollowToday(std::int32_t before) override;
+    void ReturnToToday() override;
     void PlotCurves() override;
     void PrintCurves(PrinterPage& page) override;
     void ComputeFundScale(std::int32_t kontoId, bool replace) override;

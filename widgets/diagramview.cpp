@@ -2,14 +2,13 @@
 
 #include "base/error.h"
 #include "base/number.h"
-#include "widgets/strokepainter.h"
 
 #include <QColor>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QLineF>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
 #include <QPen>
 #include <QPointF>
@@ -32,11 +31,17 @@ constexpr Colour kGridInk{226, 229, 224};
 constexpr Colour kZeroInk{146, 154, 148};
 constexpr Colour kFrameInk{168, 176, 170};
 constexpr Colour kCrossHairInk{0, 128, 0};
+constexpr Colour kDayInk{143, 178, 200};
+constexpr Colour kDayWordInk{83, 102, 115};
+constexpr int kDayWordGap = 3;
 
 /// Few curves are drawn stronger; many stay apart better when they are fine.
 constexpr std::size_t kFewCurves = 4;
+/// From so many on their colours are hard to tell apart for many eyes.
+constexpr std::size_t kManyCurves = 7;
 constexpr double kStrongLine = 1.6;
 constexpr double kFineLine = 1.0;
+constexpr double kPaleEdge = 1.5;
 
 }  // namespace
 
@@ -127,6 +132,13 @@ void DiagramView::SetQuietLine(const QString& text) {
     Outdated();
 }
 
+void DiagramView::MarkDay(std::optional<std::int32_t> day, const QString& word) {
+    if (markedDay_ == day && dayWord_ == word) return;
+    markedDay_ = day;
+    dayWord_ = word;
+    Outdated();
+}
+
 void DiagramView::Outdated() {
     outdated_ = true;
     update();
@@ -173,17 +185,27 @@ void DiagramView::paintEvent(QPaintEvent*) {
     }
 }
 
+StrokeSurface DiagramView::Surface() const {
+    StrokeSurface surface;
+    surface.toDevice = ToPixelsTransform();
+    surface.area = QRectF(rect());
+    surface.lineWidth = drawings_.size() <= kFewCurves ? kStrongLine : kFineLine;
+    surface.finest = 1 / devicePixelRatioF();
+    surface.halo = ToQColor(kDiagramBackground);
+    surface.edgeWidth = kPaleEdge;
+    surface.repeatFrom = kManyCurves;
+    return surface;
+}
+
 void DiagramView::PaintPicture() {
     outdated_ = false;
     picture_.fill(ToQColor(kDiagramBackground));
     QPainter painter(&picture_);
-    PaintGrid(painter);
     painter.setFont(font());
+    PaintGrid(painter);
+    if (markedDay_) PaintMarkedDay(painter);
     painter.setRenderHint(QPainter::Antialiasing);
-    const double lineWidth = drawings_.size() <= kFewCurves ? kStrongLine : kFineLine;
-    DrawCurves(painter, drawings_,
-               {ToPixelsTransform(), QRectF(rect()), lineWidth, 1 / devicePixelRatioF(),
-                ToQColor(kDiagramBackground)});
+    DrawCurves(painter, drawings_, Surface());
     if (drawings_.empty() && !quietLine_.isEmpty()) PaintQuietLine(painter);
 }
 
@@ -193,16 +215,36 @@ void DiagramView::PaintQuietLine(QPainter& painter) const {
     painter.drawText(upperHalf, Qt::AlignCenter | Qt::TextWordWrap, quietLine_);
 }
 
+/// The middle of the screen's own pixel that a place lies in: a line of one such pixel there is
+/// sharp, whatever the screen's scaling.
+double DiagramView::OnDevicePixel(double place) const {
+    const double ratio = devicePixelRatioF();
+    return (std::floor(place * ratio) + 0.5) / ratio;
+}
+
 void DiagramView::PaintGrid(QPainter& painter) const {
     for (const GridLine* line : grid_) {
         const bool zero = line->LineKind() == GridLine::Kind::Zero;
-        painter.setPen(QPen(ToQColor(zero ? kZeroInk : kGridInk), 1));
-        const QLineF at(line->X1(), line->Y1(), line->X2(), line->Y2());
-        painter.drawLine(QPointF(std::floor(at.x1()), std::floor(at.y1())),
-                         QPointF(std::floor(at.x2()), std::floor(at.y2())));
+        painter.setPen(QPen(ToQColor(zero ? kZeroInk : kGridInk), 0));
+        painter.drawLine(QPointF(OnDevicePixel(line->X1()), OnDevicePixel(line->Y1())),
+                         QPointF(OnDevicePixel(line->X2()), OnDevicePixel(line->Y2())));
     }
     painter.setPen(QPen(ToQColor(kFrameInk), 1));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+/// The word stands at the top, right of the line or, where there is no room for it, left.
+void DiagramView::PaintMarkedDay(QPainter& painter) const {
+    const double x = OnDevicePixel(ToPixels({static_cast<double>(*markedDay_), 0}).x());
+    painter.setPen(QPen(ToQColor(kDayInk), 0));
+    painter.drawLine(QPointF(x, 1), QPointF(x, height() - 2));
+    const QFontMetrics metrics(painter.font(), painter.device());
+    const int wide = metrics.horizontalAdvance(dayWord_);
+    const bool right = x + 2 * kDayWordGap + wide <= width();
+    painter.setPen(ToQColor(kDayWordInk));
+    painter.drawText(
+        QPointF(right ? x + kDayWordGap : x - kDayWordGap - wide, metrics.ascent() + kDayWordGap),
+        dayWord_);
 }
 
 void DiagramView::PaintCrossHair(QPainter& painter) const {

@@ -5,6 +5,7 @@
 
 #include "fundfile/rules/scale.h"
 #include "widgets/rules/stroke.h"
+#include "widgets/strokepainter.h"
 
 #include <QImage>
 #include <QLineF>
@@ -15,6 +16,7 @@
 #include <QTransform>
 #include <QWidget>
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -73,6 +75,9 @@ class DiagramView final : public QWidget {
     /// Said in the middle of the picture while it has no curve.
     void SetQuietLine(const QString& text);
     QString QuietLine() const { return quietLine_; }
+    /// A thin line through the day with a word at it; no day takes it away.
+    void MarkDay(std::optional<std::int32_t> day, const QString& word);
+    std::optional<std::int32_t> MarkedDay() const { return markedDay_; }
 
     /// `Line1` ... `Line20`: six values, thirteen month borders, the zero line. They never move or
     /// hide.
@@ -102,13 +107,17 @@ class DiagramView final : public QWidget {
     void Outdated();
     void PaintPicture();
     void PaintGrid(QPainter& painter) const;
+    void PaintMarkedDay(QPainter& painter) const;
+    double OnDevicePixel(double place) const;
+    StrokeSurface Surface() const;
     void PaintQuietLine(QPainter& painter) const;
     void PaintCrossHair(QPainter& painter) const;
     QTransform ToPixelsTransform() const;
 
     ScaleRange scale_;
     std::vector<Drawing> drawings_;
-    QString quietLine_;
+    QString quietLine_, dayWord_;
+    std::optional<std::int32_t> markedDay_;
     std::vector<GridLine*> grid_;
     std::optional<Point> crossHair_;
     QPixmap picture_;  ///< ground, grid and curves

@@ -1,11 +1,9 @@
 #include "widgets/strokepainter.h"
 
-#include "widgets/rules/labelplaces.h"
+#include "widgets/curvenumbers.h"
 
 #include <QColor>
-#include <QFontMetricsF>
 #include <QLineF>
-#include <QPainterPath>
 #include <QPen>
 #include <QPointF>
 #include <QPolygonF>
@@ -19,7 +17,6 @@
 
 namespace {
 
-constexpr double kLabelGap = 0.3;     // of a character, between a curve's end and its number
 constexpr double kOutsideMargin = 8;  // so that the cut ends of thick lines do not show
 
 /// Both on one outer side of `area`: most of a long series lies left of the window.
@@ -104,53 +101,21 @@ class Piece {
     int count_ = 0, lowAt_ = 0, highAt_ = 0;
 };
 
-void DrawLine(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface) {
-    QPen pen(ToQColor(drawing.colour), surface.lineWidth);
+void DrawPieces(QPainter& painter, const std::vector<QPolygonF>& pieces, Colour colour,
+                double width) {
+    QPen pen(ToQColor(colour), width);
     pen.setJoinStyle(Qt::BevelJoin);
     painter.setPen(pen);
-    for (const QPolygonF& piece : VisiblePieces(drawing.line, surface)) painter.drawPolyline(piece);
+    for (const QPolygonF& piece : pieces) painter.drawPolyline(piece);
 }
 
-LabelBox ToBox(const QRectF& rect) {
-    return {rect.left(), rect.top(), rect.width(), rect.height()};
-}
-
-/// Whether a label belongs into the picture: its curve ends between the left and the right edge.
-bool ShowsLabel(const Drawing& drawing, const StrokeSurface& surface) {
-    if (drawing.label.empty()) return false;
-    const double x = surface.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y)).x();
-    return x >= surface.area.left() && x <= surface.area.right();
-}
-
-/// A place for every label that shows, in the drawings' order.
-std::vector<LabelBox> LabelPlaces(const QPainter& painter, std::span<const Drawing> drawings,
-                                  const StrokeSurface& surface) {
-    const QFontMetricsF metrics(painter.font(), painter.device());
-    const double gap = metrics.averageCharWidth() * kLabelGap;
-    std::vector<LabelBox> wanted;
-    for (const Drawing& drawing : drawings) {
-        if (!ShowsLabel(drawing, surface)) continue;
-        const QPointF at = surface.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y));
-        const double width = metrics.horizontalAdvance(QString::fromStdString(drawing.label));
-        wanted.push_back({at.x() + gap, at.y(), width, metrics.ascent()});
+/// A curve too pale for the ground has an edge of a darker shade.
+void DrawLine(QPainter& painter, const std::vector<QPolygonF>& pieces, Colour colour,
+              const StrokeSurface& surface) {
+    if (const auto edge = EdgeColour(colour)) {
+        DrawPieces(painter, pieces, *edge, surface.lineWidth + 2 * surface.edgeWidth);
     }
-    return PlaceLabels(wanted, ToBox(surface.area.adjusted(gap, 0, -gap, 0)));
-}
-
-void DrawLabel(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface,
-               const LabelBox& place) {
-    const QString text = QString::fromStdString(drawing.label);
-    const QPointF base(place.left, place.Bottom());
-    if (surface.halo.isValid()) {
-        // A path, and no text: who searches or copies from a page finds every number once.
-        QPainterPath outline;
-        outline.addText(base, QFont(painter.font(), painter.device()), text);
-        const QPen pen(surface.halo, 2 * surface.haloWidth, Qt::SolidLine, Qt::RoundCap,
-                       Qt::RoundJoin);
-        painter.strokePath(outline, pen);
-    }
-    painter.setPen(ToQColor(drawing.colour));
-    painter.drawText(base, text);
+    DrawPieces(painter, pieces, colour, surface.lineWidth);
 }
 
 }  // namespace
@@ -193,16 +158,17 @@ std::vector<QPolygonF> VisiblePieces(std::span<const Point> line, const StrokeSu
     return pieces;
 }
 
-void DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
-                const StrokeSurface& surface) {
+std::vector<NumberPlace> DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
+                                    const StrokeSurface& surface) {
     painter.save();
     painter.setClipRect(surface.area, Qt::IntersectClip);
     painter.setBrush(Qt::NoBrush);
-    const std::vector<LabelBox> places = LabelPlaces(painter, drawings, surface);
-    auto place = places.begin();
+    std::vector<std::vector<QPolygonF>> pieces;
     for (const Drawing& drawing : drawings) {
-        DrawLine(painter, drawing, surface);
-        if (ShowsLabel(drawing, surface)) DrawLabel(painter, drawing, surface, *place++);
+        pieces.push_back(VisiblePieces(drawing.line, surface));
+        DrawLine(painter, pieces.back(), drawing.colour, surface);
     }
+    std::vector<NumberPlace> numbers = DrawNumbers(painter, drawings, pieces, surface);
     painter.restore();
+    return numbers;
 }

@@ -1,15 +1,17 @@
 #pragma once
 // Draws curves and their labels with any QPainter: the screen's, a picture's, the printer's.
 
+#include "widgets/rules/numberplaces.h"
 #include "widgets/rules/stroke.h"
 
 #include <QColor>
-#include <QFont>
 #include <QPainter>
 #include <QPolygonF>
 #include <QRectF>
 #include <QTransform>
 
+#include <cstddef>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -23,12 +25,17 @@ struct StrokeSurface {
     double finest = 1;  ///< no detail smaller than this shows, in the painter's units; 0 keeps all
     QColor halo{};      ///< drawn round the labels' characters where it is valid
     double haloWidth = 1;  ///< in the painter's units
+    double edgeWidth = 1;  ///< to each side of a curve that is too pale, in the painter's units
+    /// From so many curves on each has its number along it, too.
+    std::size_t repeatFrom = std::numeric_limits<std::size_t>::max();
 };
 
-/// Draws in order: each curve's line, then its label, over what was there. Labels that would run
-/// over each other or over the area's edge are moved up, down or inward as little as possible; a
-/// curve that ends left or right of the area has none.
-void DrawCurves(QPainter& painter, std::span<const Drawing> drawings, const StrokeSurface& surface);
+/// Draws in order, a later curve over an earlier one, and the numbers over all of them. Numbers
+/// that would run over each other or over the area's edge are moved as little as possible, with a
+/// line to the curve's end where they no longer stand at it; a curve that ends left of the area, or
+/// begins right of it, has none. The places are those of the numbers at the ends.
+std::vector<NumberPlace> DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
+                                    const StrokeSurface& surface);
 
 /// The pieces of a line inside the area, in the painter's units, without detail finer than the
 /// surface shows. For DrawCurves and for tests.

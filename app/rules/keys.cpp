@@ -12,11 +12,14 @@ bool GridShown(ShownPanels shown) {
 
 KeyAction OnKeyUp(FunctionKey key, ShownPanels shown) {
     if (GridShown(shown)) return KeyAction::None;
+    const bool byYear = shown.inPicture && shown.withShift;
     switch (key) {
+        case FunctionKey::Home:
+            return shown.inPicture ? KeyAction::ShowMonthsOfStart : KeyAction::None;
         case FunctionKey::Left:
-            return KeyAction::ScrollLeft;
+            return byYear ? KeyAction::ScrollYearLeft : KeyAction::ScrollLeft;
         case FunctionKey::Right:
-            return KeyAction::ScrollRight;
+            return byYear ? KeyAction::ScrollYearRight : KeyAction::ScrollRight;
         case FunctionKey::F8:
             return KeyAction::RedrawFunds;
         case FunctionKey::F9:

@@ -6,6 +6,7 @@
 
 /// Keys that act when they are let go, by their key codes.
 enum class FunctionKey : std::int32_t {
+    Home = 36,
     Left = 37,
     Right = 39,
     F8 = 119,
@@ -18,6 +19,9 @@ enum class KeyAction {
     None,  ///< the key belongs to the focused control
     ScrollLeft,
     ScrollRight,
+    ScrollYearLeft,
+    ScrollYearRight,
+    ShowMonthsOfStart,
     RedrawFunds,
     ChooseColour,
     EnterPrice,
@@ -28,12 +32,14 @@ enum class KeyAction {
     ZoomOut,
 };
 
-/// Which of the controls that change a key's meaning are visible.
+/// What changes a key's meaning: which controls are visible, and which has the focus.
 struct ShownPanels {
     bool holdings = false;      ///< panBasData
     bool plotData = false;      ///< panPlottData
     bool colourButton = false;  ///< imgColor
     bool curvesButton = false;  ///< imgGrafNr
+    bool inPicture = false;     ///< picDiagram has the focus
+    bool withShift = false;     ///< Shift is held
 };
 
 KeyAction OnKeyUp(FunctionKey key, ShownPanels shown);

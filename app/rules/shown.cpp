@@ -17,6 +17,8 @@ constexpr std::string_view kColour = "2";
 constexpr std::string_view kOff = "0";
 constexpr std::string_view kHeld = "1";
 
+constexpr std::int32_t kDaysShown = 365;
+
 bool ChoosingColour(const WindowState& state) {
     return Choosing(state) && !CollectingCurves(state);
 }
@@ -135,6 +137,11 @@ Shown::Tags TagsIn(const WindowState& state) {
             .CmDialog = std::string(state.choosingStartFile ? kStartFile : "")};
 }
 
+std::optional<std::int32_t> TodayIn(const WindowState& state) {
+    const std::int32_t day = state.TodayDay - state.WindowStartDay;
+    return day >= 0 && day <= kDaysShown ? std::optional(day) : std::nullopt;
+}
+
 }  // namespace
 
 Shown ShownBy(const WindowState& state) {
@@ -145,5 +152,6 @@ Shown ShownBy(const WindowState& state) {
             .listColour = CollectingCurves(state) ? ListUse::Curves : ListUse::Prices,
             .view = state.view,
             .focus = state.focus,
-            .typedPrice = state.typedPrice};
+            .typedPrice = state.typedPrice,
+            .today = TodayIn(state)};
 }

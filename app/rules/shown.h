@@ -4,6 +4,8 @@
 
 #include "app/rules/windowstate.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 struct Shown {
@@ -47,6 +49,7 @@ struct Shown {
     HoldingView view;                      ///< of the fund panel and the status bar
     Focus focus = Focus::Stays;
     TypedPrice typedPrice = TypedPrice::Stays;
+    std::optional<std::int32_t> today;  ///< marked in picDiagram: days from its left edge
     bool operator==(const Shown&) const = default;
 };
 

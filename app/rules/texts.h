@@ -41,6 +41,9 @@ inline constexpr std::string_view NoPointsOfHolding =
     "Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter";
 inline constexpr std::string_view NoPoints = "De valda fonderna har inga kurser ännu";
 
+/// At the day that is today, in the picture
+inline constexpr std::string_view Today = "idag";
+
 inline constexpr std::string_view ToDiagram = "&Diagram";
 inline constexpr std::string_view ToHoldings = "&PPM Data";
 

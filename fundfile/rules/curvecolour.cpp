@@ -13,6 +13,8 @@ constexpr double kMaxChroma = 0.19;
 constexpr double kChromaStep = 0.005;
 constexpr double kLightnessStep = 0.01;
 constexpr double kReadable = 4.5;  // the contrast that small text needs
+constexpr double kVisible = 3;     // the contrast that a line needs
+constexpr double kDarkerStep = 0.96;
 
 /// Neighbours in hue are 5, 8 or 13 holdings apart; three lightnesses in turn tell them apart, too.
 constexpr std::array<double, 3> kLightnesses{0.36, 0.57, 0.46};
@@ -88,6 +90,18 @@ Colour NewCurveColour(std::int32_t kontoId) {
 
 Colour CurveColour(std::optional<std::int32_t> value, std::int32_t kontoId) {
     return value ? ColourFromValue(*value) : NewCurveColour(kontoId);
+}
+
+std::optional<Colour> EdgeColour(Colour colour) {
+    if (Contrast(colour, kDiagramBackground) >= kVisible) return std::nullopt;
+    const auto darker = [](std::uint8_t part) {
+        return static_cast<std::uint8_t>(part * kDarkerStep);
+    };
+    // A thin edge is smoothed into its ground and needs more than what can just be seen.
+    while (Contrast(colour, kDiagramBackground) < kReadable) {
+        colour = {darker(colour.red), darker(colour.green), darker(colour.blue)};
+    }
+    return colour;
 }
 
 double Contrast(Colour one, Colour other) {

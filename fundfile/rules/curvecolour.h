@@ -26,5 +26,9 @@ Colour NewCurveColour(std::int32_t kontoId);
 /// where the file has none.
 Colour CurveColour(std::optional<std::int32_t> value, std::int32_t kontoId);
 
+/// What a colour too pale for the ground is edged with: its own hue, dark enough for a thin
+/// line. Nothing for a colour that can be seen by itself (3 : 1).
+std::optional<Colour> EdgeColour(Colour colour);
+
 /// How far two colours are apart in lightness: 1 (the same) to 21 (black on white).
 double Contrast(Colour one, Colour other);

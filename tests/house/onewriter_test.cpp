@@ -64,7 +64,7 @@ std::vector<std::string> SecondWriters(const house::SourceFile& file) {
                              R"(\b)" + shared + element +
                                  R"(\s*->\s*(?:show|hide|raise|setVisible|setHidden|setEnabled|)"
                                  R"(setDisabled|setFocus|setTitle|setText|SetFillColour|)"
-                                 R"(SetQuietLine)\()",
+                                 R"(SetQuietLine|MarkDay)\()",
                              "only Panels shows it"));
     Append(findings,
            Matches(file,

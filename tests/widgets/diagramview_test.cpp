@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QLineF>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPoint>
 #include <QPolygonF>
 #include <QRect>
@@ -18,7 +19,10 @@
 #include <QTest>
 #include <QTransform>
 
+#include <algorithm>
+#include <cstdint>
 #include <gtest/gtest.h>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -38,7 +42,7 @@ class DiagramViewTest : public testing::Test {
     QImage Picture() { return view.grab().toImage(); }
     static Drawing Line(std::vector<Point> points, Colour colour, std::string label = "1") {
         Drawing drawing;
-        drawing.labelAt = points.back();
+        drawing.end = drawing.labelAt = points.back();
         drawing.line = std::move(points);
         drawing.label = std::move(label);
         drawing.colour = colour;
@@ -156,6 +160,7 @@ TEST_F(DiagramViewTest, AnEmptyDrawingIsNotKept) {
 TEST_F(DiagramViewTest, ASinglePointShowsItsNumberAndNoLine) {
     Drawing only;
     only.label = "7";
+    only.end = {100, 4};
     only.labelAt = {100, 5};
     only.colour = kRed;
     view.Add(only);
@@ -176,6 +181,93 @@ TEST_F(DiagramViewTest, ValuesOutsideTheScaleLeaveAndEnterThePicture) {
     const QImage picture = Picture();
     EXPECT_GT(RedPixels(picture, {0, 0, 20, 251}), 50);
     EXPECT_EQ(RedPixels(picture, {100, 0, 150, 251}), 0);
+}
+
+TEST_F(DiagramViewTest, APaleCurveHasAnEdgeThatCanBeSeen) {
+    for (const Colour pale : {Colour{255, 255, 0}, Colour{255, 255, 255}}) {
+        view.Clear();
+        view.Add(Line({{0, 3.3}, {365, 3.3}}, pale));
+        const QImage picture = Picture();
+        const int y = static_cast<int>(view.ToPixels({0, 3.3}).y());
+        double seen = 1;
+        for (int row = y - 4; row <= y + 4; ++row) {
+            const QColor at = picture.pixelColor(15, row);
+            const Colour ink{static_cast<std::uint8_t>(at.red()),
+                             static_cast<std::uint8_t>(at.green()),
+                             static_cast<std::uint8_t>(at.blue())};
+            seen = std::max(seen, Contrast(ink, kDiagramBackground));
+        }
+        EXPECT_GE(seen, 3);
+    }
+}
+
+TEST_F(DiagramViewTest, FromSevenCurvesOnEachHasItsNumberAlongItToo) {
+    const int y = static_cast<int>(view.ToPixels({0, 8}).y());
+    view.Add(Line({{0, 8}, {300, 8}}, kRed));
+    for (int n = 0; n < 5; ++n) view.Add(Line({{0, -8.0 + n}, {300, -8.0 + n}}, kBlue));
+    const int six = RedPixels(Picture(), {5, y - 10, 280, 20});
+    view.Add(Line({{0, -9}, {300, -9}}, kBlue));
+    EXPECT_GT(RedPixels(Picture(), {5, y - 10, 280, 20}), six + 20);
+}
+
+TEST_F(DiagramViewTest, TheMarkedDayHasALineAndItsWord) {
+    const QImage plain = Picture();
+    view.MarkDay(100, QStringLiteral("idag"));
+    const QImage marked = Picture();
+    const int x = static_cast<int>(view.ToPixels({100, 0}).x());
+    for (int y = 1; y < kSize.height() - 2; ++y) {
+        ASSERT_EQ(marked.pixelColor(x, y), QColor(143, 178, 200)) << y;
+    }
+    EXPECT_NE(marked.copy(x + 2, 0, 40, 20), plain.copy(x + 2, 0, 40, 20));
+    EXPECT_EQ(marked.copy(x + 2, 25, 40, 200), plain.copy(x + 2, 25, 40, 200));
+    view.MarkDay(360, QStringLiteral("idag"));
+    EXPECT_NE(Picture().copy(320, 0, 35, 20), plain.copy(320, 0, 35, 20)) << "left of its line";
+    view.MarkDay(std::nullopt, QStringLiteral("idag"));
+    EXPECT_EQ(Picture(), plain);
+}
+
+TEST_F(DiagramViewTest, GridLinesAreSharp) {
+    // A level line stands in one row of pixels and leaves its neighbours as they are.
+    const QImage picture = Picture();
+    for (const GridLine* line : view.GridLines()) {
+        if (line->LineKind() != GridLine::Kind::Value) continue;
+        const int y = static_cast<int>(line->Y1());
+        if (y < 3 || y > kSize.height() - 4 || line->Y1() == view.GridLines().back()->Y1())
+            continue;
+        EXPECT_NE(picture.pixelColor(15, y), picture.pixelColor(15, y - 2));
+        EXPECT_EQ(picture.pixelColor(15, y - 1), picture.pixelColor(15, y - 2));
+        EXPECT_EQ(picture.pixelColor(15, y + 1), picture.pixelColor(15, y - 2));
+    }
+}
+
+TEST(DrawCurves, TellsWhereTheNumbersAtTheEndsStandAndLeadsToThoseThatAreMoved) {
+    QImage picture(400, 300, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    StrokeSurface surface;
+    surface.area = QRectF(0, 0, 400, 300);
+    std::vector<Drawing> drawings;
+    for (const double y : {100.0, 101.0, 200.0}) {
+        Drawing drawing;
+        drawing.line = {{0, y}, {300, y}};
+        drawing.end = drawing.line.back();
+        drawing.labelAt = {300, y - 12};
+        drawing.label = std::to_string(drawings.size() + 1);
+        drawing.colour = kRed;
+        drawings.push_back(drawing);
+    }
+    drawings.push_back(drawings.back());
+    drawings.back().line = {{-90, 250}, {-10, 250}};
+    drawings.back().end = {-10, 250};  // before the picture begins
+    const auto places = DrawCurves(painter, drawings, surface);
+    ASSERT_EQ(places.size(), 3U);
+    EXPECT_TRUE(places[0].leader || places[1].leader);
+    EXPECT_FALSE(places[2].leader);
+    painter.end();
+    // A led number has its line between the curve's end and itself.
+    const NumberPlace& led = places[0].leader ? places[0] : places[1];
+    const QRect between(302, 60, static_cast<int>(led.box.left) - 302, 90);
+    EXPECT_GT(RedPixels(picture, between), 1);
 }
 
 TEST_F(DiagramViewTest, TheCrossHairIsLaidOverAndLeavesNoTrace) {

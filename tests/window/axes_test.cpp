@@ -6,6 +6,8 @@
 #include <QGroupBox>
 #include <QLabel>
 
+#include <optional>
+
 namespace {
 
 std::int32_t Day(const char* date) {
@@ -139,6 +141,53 @@ TEST_F(AxesTest, AYearAheadAfterTheLeapDayMovesTwelveMonths) {
     ShowFrom("2004-03-01");
     Click(Window().Image5, Qt::RightButton);
     EXPECT_EQ(ShownFrom(), "2005-03-01");
+}
+
+TEST_F(AxesTest, InThePictureShiftAndAnArrowMoveAYear) {
+    ShowFrom("2005-05-01");
+    Window().picDiagram->setFocus();
+    Wipe();
+    QTest::keyClick(Window().picDiagram, Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(ShownFrom(), "2004-05-01");
+    EXPECT_TRUE(Redrawn());
+    QTest::keyClick(Window().picDiagram, Qt::Key_Right, Qt::ShiftModifier);
+    EXPECT_EQ(ShownFrom(), "2005-05-01");
+}
+
+TEST_F(AxesTest, ElsewhereShiftAndAnArrowMoveAQuarterAsTheArrowDoes) {
+    ShowFrom("2005-05-01");
+    ASSERT_EQ(Window().focusWidget(), Window().lstFonder);
+    QTest::keyClick(Window().lstFonder, Qt::Key_Left, Qt::ShiftModifier);
+    EXPECT_EQ(ShownFrom(), "2005-02-01");
+}
+
+TEST_F(AxesTest, InThePictureHomeGoesBackToTheMonthsOfTheStart) {
+    const std::string start = ShownFrom();
+    for (int n = 0; n < 3; ++n) Press(Qt::Key_Left);
+    ASSERT_NE(ShownFrom(), start);
+    ASSERT_EQ(Window().focusWidget(), Window().picDiagram);
+    Wipe();
+    Press(Qt::Key_Home);
+    EXPECT_EQ(ShownFrom(), start);
+    EXPECT_EQ(MonthCaptions().front(), "April");
+    EXPECT_TRUE(Redrawn());
+}
+
+TEST_F(AxesTest, HomeInTheListIsTheLists) {
+    ChooseFund(1);
+    ShowFrom("2005-05-01");
+    PressIn(Window().lstFonder, Qt::Key_Home);
+    EXPECT_EQ(ShownFrom(), "2005-05-01");
+    EXPECT_EQ(Window().lstFonder->currentRow(), 0);
+}
+
+TEST_F(AxesTest, TodayIsMarkedInThePictureThatHoldsIt) {
+    EXPECT_EQ(Window().picDiagram->MarkedDay(), Day("2026-03-10") - Day("2025-04-01"));
+    Press(Qt::Key_Left);
+    EXPECT_EQ(Window().picDiagram->MarkedDay(), std::nullopt);
+    Press(Qt::Key_Right);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(Window().picDiagram->MarkedDay(), Day("2026-03-10") - Day("2025-07-01"));
 }
 
 TEST_F(AxesTest, AJanuaryStartShowsTheSameYearUnderBothHalves) {

@@ -1,7 +1,7 @@
 // The pictures on the buttons, with no plugin of the toolkit to be found.
 
-#include "app/imagebutton.h"
 #include "tests/window/windowtest.h"
+#include "widgets/imagebutton.h"
 
 #include <QCoreApplication>
 #include <QIcon>

@@ -1,8 +1,8 @@
-#include "app/imagebutton.h"
 #include "base/daynumber.h"
 #include "jet/database.h"
 #include "reports/texts.h"
 #include "tests/window/windowtest.h"
+#include "widgets/imagebutton.h"
 
 #include <QAction>
 #include <QByteArray>

@@ -25,20 +25,19 @@ struct Width {
     double left = 0, right = 0;
 };
 
-/// The last joined point inside the picture. A curve that crosses it without a point in it has its
-/// number where it leaves; one that lies beside it ends or begins out there.
-Point LastInside(std::span<const Point> line, Width picture) {
+/// The last joined point inside the picture, or where the curve leaves it at the right. One that
+/// lies beside it ends or begins out there.
+Point EndInPicture(std::span<const Point> line, Width picture) {
     for (std::size_t at = line.size(); at-- > 0;) {
         const Point& point = line[at];
-        if (point.x >= picture.left && point.x <= picture.right) return point;
-        const bool crosses =
-            point.x < picture.left && at + 1 < line.size() && line[at + 1].x > picture.right;
-        if (!crosses) continue;
+        if (point.x > picture.right) continue;
+        const bool leaves = at + 1 < line.size() && point.x < picture.right;
+        if (!leaves) return point;
         const Point& beyond = line[at + 1];
         const double part = (picture.right - point.x) / (beyond.x - point.x);
         return {picture.right, point.y + part * (beyond.y - point.y)};
     }
-    return line.front().x > picture.right ? line.front() : line.back();
+    return line.front();
 }
 
 std::int64_t WindowDay(const CurvePoint& point, std::int32_t startDay) {
@@ -60,6 +59,7 @@ Drawing ScreenDrawing(std::span<const CurvePoint> points, const CurveStyle& styl
     };
     if (points.size() == 1) {
         const Point only = at(points.front());
+        drawing.end = only;
         drawing.labelAt = {only.x, only.y + kLabelAbovePoint};
         return drawing;
     }
@@ -70,8 +70,8 @@ Drawing ScreenDrawing(std::span<const CurvePoint> points, const CurveStyle& styl
         // never ends the walk, and the picture's edge cuts the curve off.
         return index == 0 || WindowDay(points[index], startDay) <= startDay + kDaysShown;
     });
-    const Point end = LastInside(drawing.line, {0, kDaysShown});
-    drawing.labelAt = {end.x, end.y + kLabelAboveLine};
+    drawing.end = EndInPicture(drawing.line, {0, kDaysShown});
+    drawing.labelAt = {drawing.end.x, drawing.end.y + kLabelAboveLine};
     return drawing;
 }
 
@@ -99,6 +99,7 @@ Drawing PageDrawing(std::span<const CurvePoint> points, const CurveStyle& style,
 
     if (points.size() == 1) {
         const Point only = pinned(points.front());
+        drawing.end = only;
         drawing.labelAt = {only.x, only.y - cmPerPercent * kLabelAbovePoint};
         return drawing;
     }
@@ -106,8 +107,8 @@ Drawing PageDrawing(std::span<const CurvePoint> points, const CurveStyle& style,
         drawing.line.push_back(pinned(points[index]));
         return x(points[index]) < onpage::kEndCm;
     });
-    const Point end = LastInside(
-        drawing.line, {onpage::kLeftCm, onpage::kLeftCm + onpage::kCmPerDay * kDaysShown});
-    drawing.labelAt = {end.x, end.y - cmPerPercent * kLabelAboveLine};
+    drawing.end = EndInPicture(drawing.line,
+                               {onpage::kLeftCm, onpage::kLeftCm + onpage::kCmPerDay * kDaysShown});
+    drawing.labelAt = {drawing.end.x, drawing.end.y - cmPerPercent * kLabelAboveLine};
     return drawing;
 }

@@ -24,7 +24,8 @@ struct CurveStyle {
 
 struct Drawing {
     std::vector<Point> line;  ///< joined in order; empty where there is nothing to join
-    Point labelAt;            ///< the label's upper left corner: at the last point in the picture
+    Point end;                ///< where the curve ends in the picture, or leaves it at the right
+    Point labelAt;            ///< the label's upper left corner: over the end
     std::string label;        ///< the KontoId; empty: nothing at all is drawn
     Colour colour;
     bool operator==(const Drawing&) const = default;

@@ -26,6 +26,35 @@ TEST(KeyUp, ActsOnTheDiagram) {
     }
 }
 
+TEST(KeyUp, InThePictureHomeGoesToTheStartAndShiftedArrowsGoByAYear) {
+    const struct {
+        FunctionKey key;
+        bool inPicture, withShift;
+        KeyAction action;
+    } rows[] = {
+        {FunctionKey::Home, false, false, KeyAction::None},
+        {FunctionKey::Home, false, true, KeyAction::None},
+        {FunctionKey::Home, true, false, KeyAction::ShowMonthsOfStart},
+        {FunctionKey::Home, true, true, KeyAction::ShowMonthsOfStart},
+        {FunctionKey::Left, false, false, KeyAction::ScrollLeft},
+        {FunctionKey::Left, false, true, KeyAction::ScrollLeft},
+        {FunctionKey::Left, true, false, KeyAction::ScrollLeft},
+        {FunctionKey::Left, true, true, KeyAction::ScrollYearLeft},
+        {FunctionKey::Right, false, false, KeyAction::ScrollRight},
+        {FunctionKey::Right, false, true, KeyAction::ScrollRight},
+        {FunctionKey::Right, true, false, KeyAction::ScrollRight},
+        {FunctionKey::Right, true, true, KeyAction::ScrollYearRight},
+    };
+    for (const auto& row : rows) {
+        ShownPanels shown = kDiagram;
+        shown.inPicture = row.inPicture;
+        shown.withShift = row.withShift;
+        EXPECT_EQ(OnKeyUp(row.key, shown), row.action);
+        shown.plotData = true;
+        EXPECT_EQ(OnKeyUp(row.key, shown), KeyAction::None);
+    }
+}
+
 TEST(KeyUp, OfF9AndF12NeedsTheirButtons) {
     EXPECT_EQ(OnKeyUp(FunctionKey::F9, kPriceList), KeyAction::None);
     EXPECT_EQ(OnKeyUp(FunctionKey::F12, kPriceList), KeyAction::None);

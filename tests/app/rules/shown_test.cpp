@@ -7,6 +7,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -192,6 +193,22 @@ TEST(Shown, APictureWithoutACurveSaysWhatToDoUnlessCurvesAreBeingChosen) {
         hint("Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter");
         state.hasHoldings = false;
         hint("Filen har inga innehav ännu: skriv in det första under PPM Data");
+    }
+}
+
+TEST(Shown, TodayIsMarkedWhereThePictureHoldsIt) {
+    const struct {
+        std::int32_t start;
+        std::optional<std::int32_t> marked;
+    } rows[] = {
+        {38772, 0}, {38773, std::nullopt}, {38407, 365}, {38406, std::nullopt}, {38500, 272}};
+    for (const char mode : kModes) {
+        for (const auto& row : rows) {
+            WindowState state = In(mode);
+            state.TodayDay = 38772;
+            state.WindowStartDay = row.start;
+            EXPECT_EQ(ShownBy(state).today, row.marked) << mode << " " << row.start;
+        }
     }
 }
 

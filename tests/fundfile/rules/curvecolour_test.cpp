@@ -65,4 +65,21 @@ TEST(NewCurveColour, HasAnAnswerForEveryKontoId) {
     }
 }
 
+TEST(EdgeColour, IsForColoursTooPaleForTheGroundOnly) {
+    const struct {
+        Colour colour;
+        bool edged;
+    } rows[] = {{{255, 255, 255}, true},  {{255, 255, 0}, true}, {{0, 255, 255}, true},
+                {{255, 200, 200}, true},  {{255, 0, 0}, false},  {{0, 0, 255}, false},
+                {{128, 128, 128}, false}, {{0, 0, 0}, false}};
+    for (const auto& row : rows) {
+        const auto edge = EdgeColour(row.colour);
+        EXPECT_EQ(edge.has_value(), row.edged);
+        if (edge) EXPECT_GE(Contrast(*edge, kDiagramBackground), 3);
+    }
+    for (std::int32_t kontoId = 1; kontoId <= 60; ++kontoId) {
+        EXPECT_FALSE(EdgeColour(NewCurveColour(kontoId))) << kontoId;
+    }
+}
+
 }  // namespace

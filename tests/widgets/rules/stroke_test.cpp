@@ -101,13 +101,14 @@ struct LabelRow {
 };
 const std::vector<LabelRow> kLabelRows = {
     {"the last point stands on the edge", {{kStart, 4}, {kStart + 365, 6}}, {365, 6}},
-    {"the last point lies beyond", {{kStart, 4}, {kStart + 300, 6}, {kStart + 366, 9}}, {300, 6}},
+    {"the last point lies beyond", {{kStart, 4}, {kStart + 355, 6}, {kStart + 375, 8}}, {365, 7}},
     {"no point in the picture", {{kStart - 135, 0}, {kStart + 865, 10}}, {365, 5}},
 };
 
-TEST(ScreenDrawing, PutsItsNumberAtTheLastPointInThePicture) {
+TEST(ScreenDrawing, PutsItsNumberWhereItEndsOrLeavesThePicture) {
     for (const LabelRow& row : kLabelRows) {
         const Drawing drawing = ScreenDrawing(row.points, kStyle, kStart, 1);
+        EXPECT_EQ(drawing.end, row.label) << row.what;
         EXPECT_EQ(drawing.labelAt, (Point{row.label.x, row.label.y + 2})) << row.what;
     }
 }
@@ -119,11 +120,13 @@ TEST(ScreenDrawing, OfASeriesBesideThePictureHasItsNumberOutsideToo) {
     EXPECT_EQ(ScreenDrawing(after, kStyle, kStart, 1).labelAt.x, 370);
 }
 
-TEST(PageDrawing, PutsItsNumberAtTheLastPointInTheFrame) {
+TEST(PageDrawing, PutsItsNumberWhereItEndsOrLeavesTheFrame) {
     const std::vector<LabelRow> rows{
         kLabelRows[0],
         kLabelRows[1],
-        {"no point in the frame but the pinned one", kLabelRows[2].points, {0, 0}},
+        {"no point in the frame but the pinned one",
+         {{kStart - 135, 0}, {kStart + 730, 10}},
+         {365, 5}},
     };
     for (const LabelRow& row : rows) {
         const Drawing drawing = PageDrawing(row.points, kStyle, kStart, 1, {15, -10});

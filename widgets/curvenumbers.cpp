@@ -1,0 +1,148 @@
+#include "widgets/curvenumbers.h"
+
+#include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QLineF>
+#include <QPainterPath>
+#include <QPen>
+#include <QPointF>
+#include <QRectF>
+#include <QString>
+
+#include <cstddef>
+#include <utility>
+
+namespace {
+
+constexpr double kLabelGap = 0.3;        // of a character, between a curve's end and its number
+constexpr double kLeaderWidth = 0.8;     // of a halo's width
+constexpr double kColumnsPerHeight = 8;  // as fine as the places of numbers are found
+
+LabelBox ToBox(const QRectF& rect) {
+    return {rect.left(), rect.top(), rect.width(), rect.height()};
+}
+
+Point ToPoint(QPointF at) {
+    return {at.x(), at.y()};
+}
+
+/// Whether a number belongs into the picture: its curve ends between the left and the right edge.
+bool ShowsNumber(const Drawing& drawing, const StrokeSurface& surface) {
+    if (drawing.label.empty()) return false;
+    const double x = surface.toDevice.map(QPointF(drawing.end.x, drawing.end.y)).x();
+    return x >= surface.area.left() && x <= surface.area.right();
+}
+
+/// A colour that can be read on the ground: the curve's, or its edge's.
+QColor Ink(const Drawing& drawing) {
+    return ToQColor(EdgeColour(drawing.colour).value_or(drawing.colour));
+}
+
+class Numbers {
+  public:
+    Numbers(const QPainter& painter, std::span<const Drawing> drawings,
+            std::span<const std::vector<QPolygonF>> pieces, const StrokeSurface& surface)
+        : metrics_(painter.font(), painter.device()), drawings_(drawings), surface_(surface) {
+        const double pitch = metrics_.ascent() / kColumnsPerHeight;
+        for (std::size_t curve = 0; curve < drawings.size(); ++curve) {
+            extents_.emplace_back(surface.area.left(), surface.area.right(), pitch);
+            AddTo(extents_.back(), pieces[curve], drawings[curve]);
+        }
+    }
+
+    std::vector<NumberPlace> AtEnds() const {
+        const double gap = metrics_.averageCharWidth() * kLabelGap;
+        std::vector<EndNumber> wishes;
+        for (std::size_t curve = 0; curve < drawings_.size(); ++curve) {
+            const Drawing& drawing = drawings_[curve];
+            if (!ShowsNumber(drawing, surface_)) continue;
+            const NumberSize size = SizeOf(drawing);
+            const QPointF end = surface_.toDevice.map(QPointF(drawing.end.x, drawing.end.y));
+            const QPointF at = surface_.toDevice.map(QPointF(drawing.labelAt.x, drawing.labelAt.y));
+            wishes.push_back({curve, ToPoint(end), at.y(), size.width, size.height});
+        }
+        return PlaceEndNumbers(wishes, extents_, ToBox(surface_.area.adjusted(gap, 0, -gap, 0)),
+                               gap);
+    }
+
+    std::vector<NumberPlace> Along(std::span<const NumberPlace> ends) const {
+        if (drawings_.size() < surface_.repeatFrom) return {};
+        std::vector<NumberSize> sizes;
+        for (const Drawing& drawing : drawings_) sizes.push_back(SizeOf(drawing));
+        std::vector<LabelBox> taken;
+        for (const NumberPlace& end : ends) taken.push_back(end.box);
+        return PlaceAlongCurves(sizes, extents_, std::move(taken), ToBox(surface_.area));
+    }
+
+  private:
+    NumberSize SizeOf(const Drawing& drawing) const {
+        return {metrics_.horizontalAdvance(QString::fromStdString(drawing.label)),
+                metrics_.ascent()};
+    }
+    void AddTo(CurveExtent& extent, const std::vector<QPolygonF>& pieces,
+               const Drawing& drawing) const {
+        for (const QPolygonF& piece : pieces) {
+            for (qsizetype at = 1; at < piece.size(); ++at) {
+                extent.AddLine(ToPoint(piece[at - 1]), ToPoint(piece[at]));
+            }
+        }
+        // Where nothing is joined the number stands at the only point.
+        const QPointF end = surface_.toDevice.map(QPointF(drawing.end.x, drawing.end.y));
+        if (pieces.empty() && !drawing.label.empty()) extent.AddDot(ToPoint(end));
+    }
+
+    QFontMetricsF metrics_;
+    std::span<const Drawing> drawings_;
+    const StrokeSurface& surface_;
+    std::vector<CurveExtent> extents_;
+};
+
+void DrawLeader(QPainter& painter, const Drawing& drawing, const Leader& leader,
+                const StrokeSurface& surface) {
+    painter.setPen(QPen(Ink(drawing), kLeaderWidth * surface.haloWidth));
+    painter.drawLine(QPointF(leader.from.x, leader.from.y), QPointF(leader.to.x, leader.to.y));
+}
+
+QPainterPath Outline(const QPainter& painter, const Drawing& drawing, const LabelBox& place) {
+    QPainterPath outline;
+    outline.addText(QPointF(place.left, place.Bottom()), QFont(painter.font(), painter.device()),
+                    QString::fromStdString(drawing.label));
+    return outline;
+}
+
+void DrawHalo(QPainter& painter, const QPainterPath& outline, const StrokeSurface& surface) {
+    if (!surface.halo.isValid()) return;
+    painter.strokePath(outline, QPen(surface.halo, 2 * surface.haloWidth, Qt::SolidLine,
+                                     Qt::RoundCap, Qt::RoundJoin));
+}
+
+}  // namespace
+
+std::vector<NumberPlace> DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
+                                     std::span<const std::vector<QPolygonF>> pieces,
+                                     const StrokeSurface& surface) {
+    const Numbers numbers(painter, drawings, pieces, surface);
+    std::vector<NumberPlace> ends = numbers.AtEnds();
+    for (const NumberPlace& number : numbers.Along(ends)) {
+        // A path, and no text: who searches or copies from a page finds every number once.
+        const Drawing& drawing = drawings[number.curve];
+        const QPainterPath outline = Outline(painter, drawing, number.box);
+        DrawHalo(painter, outline, surface);
+        painter.fillPath(outline, Ink(drawing));
+    }
+    for (const NumberPlace& number : ends) {
+        if (number.leader) DrawLeader(painter, drawings[number.curve], *number.leader, surface);
+    }
+    for (const NumberPlace& number : ends) {
+        DrawNumber(painter, drawings[number.curve], number.box, surface);
+    }
+    return ends;
+}
+
+void DrawNumber(QPainter& painter, const Drawing& drawing, const LabelBox& place,
+                const StrokeSurface& surface) {
+    DrawHalo(painter, Outline(painter, drawing, place), surface);
+    painter.setPen(Ink(drawing));
+    painter.drawText(QPointF(place.left, place.Bottom()), QString::fromStdString(drawing.label));
+}

@@ -1,0 +1,27 @@
+#include "widgets/shortlabel.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPalette>
+
+namespace {
+
+constexpr int kLetters = 3;
+
+}  // namespace
+
+ShortLabel::ShortLabel(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
+
+QString ShortLabel::ShownText() const {
+    const QFontMetrics metrics(font(), this);
+    const int room = width() - metrics.horizontalAdvance(u' ');
+    return metrics.horizontalAdvance(text()) <= room ? text() : text().left(kLetters);
+}
+
+void ShortLabel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(contentsRect(), static_cast<int>(alignment()), ShownText());
+}
