@@ -10,7 +10,7 @@
 int main(int argc, char* argv[]) {
     QApplication program(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Kvarnbo"));
-    QApplication::setDesktopFileName(QStringLiteral("org.example.Kvarnbo"));
+    QApplication::setDesktopFileName(QStringLiteral("se.kvarnbo.kvarnbo"));
     // One look on every desktop: the window's own colours are made for it.
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     RealPlatform outside(AppFolder(FindProgramFolders()), KVARNBO_LIBEXEC_FOLDER);

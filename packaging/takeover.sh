@@ -22,11 +22,30 @@ free_name() {
     printf '%s' "$name"
 }
 
+# as_setting TEXT: as the program writes a text that is not plain into its settings.
+as_setting() {
+    local text=${1//\\/\\\\}
+    text=${text//\"/\\\"}
+    case "$text" in *[\;,=]*) text="\"$text\"" ;; esac
+    printf '%s' "$text"
+}
+
 # name_anew FROM TO: the start file, where it is FROM. Settings are replaced whole.
 name_anew() {
     [ -f "$settings" ] || return 0
-    awk -v from="StartPath=$1" -v to="StartPath=$2" '$0 == from { print to; next } { print }' "$settings" >"$settings.new"
+    FROM=$(as_setting "$1") PLAIN=$1 TO=$(as_setting "$2") awk '
+        $0 == "StartPath=" ENVIRON["FROM"] || $0 == "StartPath=" ENVIRON["PLAIN"] { print "StartPath=" ENVIRON["TO"]; next }
+        { print }' "$settings" >"$settings.new"
     mv "$settings.new" "$settings"
+}
+
+# is_open FILE: a running copy holds it. The lock names the process and its machine; one that is gone holds nothing.
+is_open() {
+    local process machine
+    [ -e "$1.lock" ] || return 1
+    process=$(sed -n 1p "$1.lock")
+    machine=$(sed -n 3p "$1.lock")
+    [ "$machine" != "$(hostname)" ] || [ -d "/proc/${process:-none}" ]
 }
 
 [ -d "$old" ] || exit 0
@@ -36,13 +55,14 @@ for file in "$old"/*.mdb "$old"/*.MDB "$old/FonderLogg.txt" "$old/Anteckningar.t
         name_anew "$file" "$new/${file##*/}"
         continue
     fi
-    if [ -e "$file.lock" ]; then
+    if is_open "$file"; then
         say "${file##*/} is open in a running copy and stays where it is: $file"
         continue
     fi
     mkdir -p "$new"
     name=$(free_name "$file")
     cp -p "$file" "$new/.$name.new" && mv "$new/.$name.new" "$new/$name" && rm "$file"
+    rm -f "$file.lock"
     name_anew "$file" "$new/$name"
     say "$file is now $new/$name"
 done

@@ -34,7 +34,6 @@ if answers; then
     say "port $port is in use already: is another ./run --vnc running?" >&2
     exit 1
 fi
-umask 077
 password=$(head -c 96 /dev/urandom | base64 -w 0 | tr -dc 'a-km-zA-HJ-NP-Z2-9' | cut -c1-8)
 [ ${#password} -eq 8 ]
 printf '%s\n' "$password" | tigervncpasswd -f >"$work/password"

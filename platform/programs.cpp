@@ -8,6 +8,7 @@
 #include <QIODevice>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QStringDecoder>
 
 #include <array>
 #include <optional>
@@ -18,10 +19,25 @@ constexpr const char* kEditor = "NotePad.exe";
 constexpr const char* kHelpViewer = "WinHlp32.exe";
 constexpr const char* kOurHelpViewer = "kvarnbo-hjalp";
 
-// Where no desktop names its editor.
-constexpr std::array kKnownEditors{"gnome-text-editor", "gedit",   "kate",  "kwrite",
-                                   "mousepad",          "xed",     "pluma", "featherpad",
-                                   "leafpad",           "l3afpad", "geany"};
+struct KnownEditor {
+    const char* name;
+    const char* singleByteOption;  ///< reads a file as windows-1252; none where it finds out itself
+};
+
+// In the order in which they are looked for where no desktop names its editor.
+constexpr std::array kKnownEditors{
+    KnownEditor{"gnome-text-editor", nullptr},
+    KnownEditor{"gedit", "--encoding=WINDOWS-1252"},
+    KnownEditor{"kate", "--encoding=windows-1252"},
+    KnownEditor{"kwrite", "--encoding=windows-1252"},
+    KnownEditor{"mousepad", "--encoding=WINDOWS-1252"},
+    KnownEditor{"xed", "--encoding=WINDOWS-1252"},
+    KnownEditor{"pluma", "--encoding=WINDOWS-1252"},
+    KnownEditor{"featherpad", nullptr},
+    KnownEditor{"leafpad", "--codeset=WINDOWS-1252"},
+    KnownEditor{"l3afpad", "--codeset=WINDOWS-1252"},
+    KnownEditor{"geany", nullptr},
+};
 
 struct Command {
     QString program;
@@ -68,13 +84,38 @@ std::optional<Command> DesktopEditor(const QStringList& files) {
     return Command{program, words + files};
 }
 
-std::optional<Command> Editor(const QStringList& files) {
-    if (std::optional<Command> editor = DesktopEditor(files)) return editor;
-    for (const char* name : kKnownEditors) {
-        const QString program = QStandardPaths::findExecutable(QString::fromLatin1(name));
+std::optional<Command> InstalledEditor(const QStringList& files) {
+    for (const KnownEditor& editor : kKnownEditors) {
+        const QString program = QStandardPaths::findExecutable(QString::fromLatin1(editor.name));
         if (!program.isEmpty()) return Command{program, files};
     }
     return std::nullopt;
+}
+
+bool IsUtf8(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return true;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(file.readAll());
+    return !decoder.hasError();
+}
+
+// Some editors ask which encoding it is when a file is not UTF-8: they are told.
+void TellEncoding(Command& editor, const QString& path) {
+    if (IsUtf8(path)) return;
+    const QString name = QFileInfo(editor.program).fileName();
+    for (const KnownEditor& known : kKnownEditors) {
+        if (known.singleByteOption != nullptr && name == QLatin1String(known.name)) {
+            editor.arguments.prepend(QString::fromLatin1(known.singleByteOption));
+        }
+    }
+}
+
+std::optional<Command> Editor(const QStringList& files) {
+    std::optional<Command> editor = DesktopEditor(files);
+    if (!editor) editor = InstalledEditor(files);
+    if (editor) TellEncoding(*editor, files.join(u' '));
+    return editor;
 }
 
 std::optional<Command> HelpViewer(const QString& folder, const QStringList& files) {

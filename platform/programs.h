@@ -17,7 +17,8 @@ class Programs {
     virtual void Start(std::string_view commandLine) = 0;
 };
 
-/// "NotePad.exe" is the desktop's plain-text editor, "WinHlp32.exe" our help viewer.
+/// "NotePad.exe" is the desktop's plain-text editor, which is told where a file is not UTF-8 but
+/// windows-1252; "WinHlp32.exe" is our help viewer.
 class DesktopPrograms final : public Programs {
   public:
     /// The viewer lies in this folder; where it is not there it is looked for on the PATH.

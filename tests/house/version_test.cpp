@@ -27,7 +27,7 @@ TEST(HouseVersion, HasAnEntryInTheHistoryOnItsDay) {
 }
 
 TEST(HouseVersion, IsTheNewestReleaseOfTheMetadata) {
-    EXPECT_EQ(Found("packaging/org.example.Kvarnbo.metainfo.xml.in", "<release version=\"([^\"]+)"),
+    EXPECT_EQ(Found("packaging/se.kvarnbo.kvarnbo.metainfo.xml.in", "<release version=\"([^\"]+)"),
               "@PROJECT_VERSION@");
 }
 

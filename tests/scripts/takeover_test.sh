@@ -38,11 +38,30 @@ expect "what is there stays" holds "$new/Mina fonder.mdb" "newer"
 expect "the other comes beside it" holds "$new/Mina fonder 2.mdb" "my own"
 expect "the start file is the moved one" grep -qxF "StartPath=$new/Mina fonder 2.mdb" "$settings"
 
+lock() { printf '%s\nkvarnbo\n%s\n' "$1" "$2" >"$old/Mina fonder.mdb.lock"; }
 begin
-touch "$old/Mina fonder.mdb.lock"
+lock $$ "$(hostname)"
 run
 expect "an open file stays" holds "$old/Mina fonder.mdb" "my own"
 expect "and is told" grep -qF "is open in a running copy" "$work/said"
+begin
+lock 1 another-machine
+run
+expect "so does one that another machine has open" holds "$old/Mina fonder.mdb" "my own"
+begin
+lock "$(sh -c 'echo $$')" "$(hostname)"
+run
+expect "the lock of a process that is gone holds nothing" holds "$new/Mina fonder.mdb" "my own"
+expect "and goes with the file" [ ! -e "$old/Mina fonder.mdb.lock" ]
+
+begin
+name='Mors \\ och "fars", 100% åäö.mdb'
+mv "$old/Mina fonder.mdb" "$old/$name"
+written='Mors \\\\ och \"fars\", 100% åäö.mdb'  # as the program writes it
+printf '[StartUp]\nStartPath="%s"\n' "$old/$written" >"$settings"
+run
+expect "any name moves" holds "$new/$name" "my own"
+expect "and is named anew" grep -qxF "StartPath=\"$new/$written\"" "$settings"
 
 begin
 printf '[StartUp]\nStartPath=%s\n' "$old/Rusken_Kina.mdb" >"$settings"

@@ -96,6 +96,41 @@ TEST_F(ProgramsTest, AnEditorThatNeedsATerminalIsNotUsed) {
     EXPECT_EQ(Arguments(), "mousepad\n/tmp/a.txt\n");
 }
 
+TEST_F(ProgramsTest, AnEditorIsToldThatAFileIsInTheSingleByteCodePage) {
+    const std::string log = FromQt(folder_.filePath(QStringLiteral("logg.txt")));
+    Write(QStringLiteral("logg.txt"), "26-11-16\r\nL\xF6nen\r\n", false);
+    Install("mousepad");
+    DesktopPrograms().Start("NotePad.exe  " + log);
+    EXPECT_EQ(Arguments(), "mousepad\n--encoding=WINDOWS-1252\n" + log + "\n");
+}
+
+TEST_F(ProgramsTest, TheDesktopsEditorIsToldItBesideItsOwnOptions) {
+    const std::string log = FromQt(folder_.filePath(QStringLiteral("logg.txt")));
+    Write(QStringLiteral("logg.txt"), "L\xF6nen", false);
+    Install("l3afpad");
+    Write(QStringLiteral("xdg-mime"), "#!/bin/sh\necho l3afpad.desktop\n", true);
+    Write(QStringLiteral("applications/l3afpad.desktop"),
+          "[Desktop Entry]\nExec=l3afpad --jump=1 %f\n", false);
+    DesktopPrograms().Start("NotePad.exe  " + log);
+    EXPECT_EQ(Arguments(), "l3afpad\n--codeset=WINDOWS-1252\n--jump=1\n" + log + "\n");
+}
+
+TEST_F(ProgramsTest, AnEditorIsToldNothingOfAFileInUtf8) {
+    const std::string notes = FromQt(folder_.filePath(QStringLiteral("mina.txt")));
+    Write(QStringLiteral("mina.txt"), "L\xC3\xB6nen", false);
+    Install("mousepad");
+    DesktopPrograms().Start("NotePad.exe  " + notes);
+    EXPECT_EQ(Arguments(), "mousepad\n" + notes + "\n");
+}
+
+TEST_F(ProgramsTest, AnEditorThatFindsTheEncodingItselfIsToldNothing) {
+    const std::string log = FromQt(folder_.filePath(QStringLiteral("logg.txt")));
+    Write(QStringLiteral("logg.txt"), "L\xF6nen", false);
+    Install("geany");
+    DesktopPrograms().Start("NotePad.exe  " + log);
+    EXPECT_EQ(Arguments(), "geany\n" + log + "\n");
+}
+
 TEST_F(ProgramsTest, APathWithBlanksArrivesAsSeveralWords) {
     Install("gedit");
     DesktopPrograms().Start("NotePad.exe  /tmp/Mina Fonder/FonderLogg.txt");

@@ -8,8 +8,7 @@ program=$folder/kvarnbo
 . "$here/screen.sh"
 
 file=$work/saver.mdb
-cp "$folder/share/kvarnbo/Vimmels_exempel.mdb" "$file"
-chmod u+w "$file"
+sample "$file"
 today=$(($(date +%s -d "$(date +%F) UTC") / 86400 + 25569))
 
 # KursKr and KontoId of the first holding, as the independent reader tells them.

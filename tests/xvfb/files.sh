@@ -8,8 +8,7 @@ program=$folder/kvarnbo
 . "$here/screen.sh"
 
 echo "this is no database" >"$work/skrot.mdb"
-cp "$folder/Vimmels_exempel.mdb" "$work/prov.2026.mdb"
-chmod u+w "$work/prov.2026.mdb"
+sample "$work/prov.2026.mdb"
 
 dialog_named() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
 dialog_gone() { ! dialog_named "$1"; }

@@ -8,8 +8,7 @@ folder=$1
 program=$folder/kvarnbo
 . "$here/screen.sh"
 
-cp "$folder/Vimmels_exempel.mdb" "$work/before.mdb"
-chmod u+w "$work/before.mdb"
+sample "$work/before.mdb"
 file=$work/new.mdb
 
 over_it() { ! active && xdotool getactivewindow >/dev/null 2>&1; }

@@ -1,4 +1,5 @@
-# Sourced: a virtual screen of its own with a window manager, and ways to drive a program on it.
+# Sourced: a virtual screen of its own with a window manager, and ways to drive a program on it. `program` is the program,
+# `folder` the build it comes from.
 
 work=$(mktemp -d)
 server= manager= client=
@@ -43,6 +44,9 @@ managed() {
     its=$(xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | sed -n 's/.*# \(0x[0-9a-f]*\).*/\1/p')
     [ -n "$its" ] && xprop -id "$its" _NET_SUPPORTING_WM_CHECK >/dev/null 2>&1
 }
+
+# sample FILE: a copy of the sample fund file, one that may be written.
+sample() { cp "$folder/share/kvarnbo/Vimmels_exempel.mdb" "$1" && chmod u+w "$1"; }
 
 # start_program FILE: on that fund file, told through the settings as the program itself keeps them.
 start_program() {

@@ -9,8 +9,7 @@ program=$folder/kvarnbo
 . "$here/screen.sh"
 
 file=$work/saver.mdb
-cp "$folder/Vimmels_exempel.mdb" "$file"
-chmod u+w "$file"
+sample "$file"
 
 # Column NAME of the holdings, one row a line, as the independent reader tells it.
 column() { mdb-export -d '|' -Q "$file" FONDDATA | awk -F'|' -v name="$1" 'NR==1{for(i=1;i<=NF;i++)if($i==name)c=i;next}{print $c}'; }
