@@ -12,12 +12,16 @@ sample "$work/prov.2026.mdb"
 
 dialog_named() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
 dialog_gone() { ! dialog_named "$1"; }
+# asked_for TITLE KEY...: the keys bring the dialog. The menu is dead until the start-up pause is over: they are tried again.
+asked_for() {
+    key "${@:2}"
+    until_true 4 dialog_named "$1" || { key Escape; return 1; }
+}
 # in_dialog STEPS TITLE NAME: the item so many steps down the file menu, and a name typed into its dialog.
 in_dialog() {
     local downs=()
     for ((i = 0; i < $1; i++)); do downs+=(Down); done
-    key alt+a "${downs[@]}" Return
-    until_true 60 dialog_named "$2" || fail "no dialog '$2'"
+    until_true 90 asked_for "$2" alt+a "${downs[@]}" Return || fail "no dialog '$2'"
     xdotool type --delay 40 "$3"
     key Return
     until_true 60 dialog_gone "$2" || fail "the dialog '$2' stays"
