@@ -64,7 +64,7 @@ Value SampleValue(const ColumnDef& column, unsigned seed) {
         case ColumnType::LargeBinary:
             return Bytes(seed % 9, 7);
         case ColumnType::Ole:
-            return Bytes(seed % 4 * 1500, 9);
+            return Bytes(std::size_t{1500} * (seed % 4), 9);
         case ColumnType::Guid:
             return Guid{};
         case ColumnType::Numeric:
@@ -95,23 +95,24 @@ void ReadTable(Engine& engine, const std::string& name) {
     }
 }
 
-/// What record sets do: rows in a query's order, and the first with a value.
-void FindRows(Engine& engine, const std::string& name) {
+/// What record sets do: rows in the order of a column, and the first with a value there.
+void FindRowsBy(Engine& engine, const std::string& name, std::size_t column) {
     OpenTable& table = engine.Table(name);
-    constexpr std::size_t kMaxColumns = 3;
     const auto& columns = table.Def().columns;
-    for (std::size_t i = 0; i < columns.size() && i < kMaxColumns; ++i) {
-        const std::string field = "[" + columns[i].name + "]";
-        const char* const literal = columns[i].IsText() ? "'yÅäö'" : "5";
-        Try([&] {
-            Keyset rows(PlanSource(engine, "SELECT * FROM [" + name + "] ORDER BY " + field));
-            rows.Find(PlanCriterion(engine, table, field + " = " + literal));
-            const std::string where = "] WHERE " + field + " = " + literal;
-            const std::string order = " ORDER BY [" + columns.back().name + "] DESC, " + field;
-            Keyset(PlanSource(engine, "SELECT * FROM [" + name + where + order)).Rows();
-            table.Rows(PlanDelete(engine, "DELETE FROM [" + name + where).conditions);
-        });
-    }
+    const std::string field = "[" + columns[column].name + "]";
+    const char* const literal = columns[column].IsText() ? "'yÅäö'" : "5";
+    Keyset rows(PlanSource(engine, "SELECT * FROM [" + name + "] ORDER BY " + field));
+    rows.Find(PlanCriterion(engine, table, field + " = " + literal));
+    const std::string where = "] WHERE " + field + " = " + literal;
+    const std::string order = " ORDER BY [" + columns.back().name + "] DESC, " + field;
+    Keyset(PlanSource(engine, "SELECT * FROM [" + name + where + order)).Count();
+    table.Rows(PlanDelete(engine, "DELETE FROM [" + name + where).conditions);
+}
+
+void FindRows(Engine& engine, const std::string& name) {
+    constexpr std::size_t kMaxColumns = 3;
+    const std::size_t columns = std::min(kMaxColumns, engine.Table(name).Def().columns.size());
+    for (std::size_t i = 0; i < columns; ++i) Try([&] { FindRowsBy(engine, name, i); });
 }
 
 std::vector<std::uint32_t> FirstRows(const TableStore& store) {
@@ -228,7 +229,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Try([&] { FindRows(*engine, tables[i].name); });
     }
     for (const std::string& query : engine->Objects().QueryNames()) {
-        Try([&] { Keyset(PlanSource(*engine, query)).Rows(); });
+        Try([&] { Keyset(PlanSource(*engine, query)).Count(); });
     }
     for (std::size_t i = 0; i < tables.size() && i < 2; ++i) {
         Try([&] { WriteChecked(*engine, tables[i].name); });

@@ -82,8 +82,8 @@ std::vector<ColumnDef> ColumnsOf(const std::vector<Column>& wanted) {
     return columns;
 }
 
-/// A file under construction. It has a list of objects, but no other system table until one is
-/// asked for.
+/// A file under construction. It has a list of objects,
+/// but no other system table until one is asked for.
 class Seed {
   public:
     Seed(const Layout& layout, std::uint16_t codePage)
@@ -330,7 +330,7 @@ void OtherTypes(Seed& seed) {
         Guid guid;
         guid.bytes.fill(static_cast<std::uint8_t>(0x40 + i));
         seed.Add(page, {guid, Numeric{i == 1, {0, 0, 0, 1000 + i}, 0},
-                        Bytes(7 * i, static_cast<std::uint8_t>(i))});
+                        Bytes(std::size_t{7} * i, static_cast<std::uint8_t>(i))});
     }
 }
 
@@ -340,8 +340,10 @@ void MovedRows(Seed& seed) {
     const std::uint32_t page = seed.AddTable(
         "T", {{"Id"}, {"A", ColumnType::Text, length}, {"B", ColumnType::Text, length}}, {{{0}}});
     const std::string large(240, 'x');
+    constexpr std::int32_t kRows = 6;
     std::vector<RowPointer> rows;
-    for (std::int32_t i = 0; i < 6; ++i) rows.push_back(seed.Add(page, {i, large, "s"}));
+    rows.reserve(kRows);
+    for (std::int32_t i = 0; i < kRows; ++i) rows.push_back(seed.Add(page, {i, large, "s"}));
     for (const std::size_t i : {0U, 1U, 2U, 3U}) seed.Change(page, rows[i], 2, large);
     seed.Change(page, rows[3], 1, "back");
     seed.Delete(page, rows[1]);
@@ -355,10 +357,11 @@ void Tree(Seed& seed) {
         seed.AddTable("T", {{"Id", ColumnType::Integer, 2}, {"K", ColumnType::Binary, kLength}},
                       {{{1}, IndexKind::Normal, kIndexUnique}});
     const auto perLeaf = static_cast<std::int16_t>(seed.Format().IndexRoom() / (kLength + 40));
-    for (std::int16_t i = 0; i < 2 * perLeaf + 2; ++i) {
+    const std::int32_t rows = 2 * perLeaf + 2;
+    for (std::int32_t i = 0; i < rows; ++i) {
         Bytes key(kLength, static_cast<std::uint8_t>(i * 37));
         key.back() = static_cast<std::uint8_t>(i);
-        seed.Add(page, {i, key});
+        seed.Add(page, {static_cast<std::int16_t>(i), key});
     }
 }
 
@@ -393,8 +396,8 @@ void ThinLeaf(Seed& seed) {
     while (IndexPage::Read(seed.File(), first).Count() > 1) seed.Delete(page, second());
 }
 
-/// Short keys that begin alike, for the shared beginning of a page's entries, and many of one
-/// value.
+/// Short keys that begin alike, for the shared beginning of a page's entries,
+/// and many of one value.
 void EqualKeys(Seed& seed) {
     const std::uint32_t page = seed.AddTable("T", {{"Id"}, {"K"}}, {{{0}}, {{1}}});
     for (std::int32_t i = 0; i < 12; ++i) seed.Add(page, {i / 4, 70000 + i % 2});
@@ -487,8 +490,9 @@ void ReferenceMaps(Seed& seed) {
         };
         for (const std::uint32_t set : pages) put(set);
         if (global) {
-            for (auto set = static_cast<std::uint32_t>(file.PageCount()); set < 400; ++set)
+            for (auto set = static_cast<std::uint32_t>(file.PageCount()); set < 400; ++set) {
                 put(set);
+            }
         }
         std::vector<std::uint8_t> row(RowAt(file, map).size(), 0);
         row[0] = 1;

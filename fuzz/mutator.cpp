@@ -133,6 +133,7 @@ class Mutation {
 }  // namespace
 
 /// The first file with a page of the second.
+// NOLINTNEXTLINE(readability-function-size): the parameters are the fuzzer's
 extern "C" std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* first, std::size_t firstSize,
                                                  const std::uint8_t* second, std::size_t secondSize,
                                                  std::uint8_t* out, std::size_t maxSize,
