@@ -2,6 +2,8 @@
 // The base of all controllers: the window, and ways to connect a handler so that no Error crosses a
 // Qt frame.
 
+#include "base/error.h"
+
 #include <QEvent>
 #include <QObject>
 
@@ -9,7 +11,6 @@
 #include <string_view>
 #include <utility>
 
-class Error;
 class QListWidget;
 class frmPPM;
 

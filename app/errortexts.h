@@ -1,9 +1,9 @@
 #pragma once
 // What a user reads when an operation failed and no procedure has words of its own for it.
 
-#include <string>
+#include "base/error.h"
 
-class Error;
+#include <string>
 
 /// "Fel 61: " and a sentence for the user.
 /// line.

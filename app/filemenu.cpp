@@ -4,11 +4,11 @@
 #include "app/rules/modes.h"
 #include "base/error.h"
 #include "base/number.h"
-#include "base/path.h"
 #include "fundfile/newfiles.h"
 #include "fundfile/queries.h"
 #include "fundfile/sources.h"
 #include "fundfile/texts.h"
+#include "jet/files.h"
 #include "platform/caption.h"
 #include "platform/commondialog.h"
 #include "platform/dialogs.h"
@@ -269,7 +269,7 @@ void FileMenu::mnuStartFile_Click() {
 
 /// Rows in the template would be rows in every new file, and a lost template the last new file.
 bool FileMenu::MayBeReplaced(const std::string& path, std::string_view failed) {
-    if (!IsSameFile(path, Template())) return true;
+    if (!jet::IsSameFile(path, Template())) return true;
     Complain(failed, path, fundtexts::IsTemplate);
     return false;
 }

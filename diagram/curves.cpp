@@ -79,7 +79,7 @@ void Curves::PrintCurves(PrinterPage& page) try {
 }
 
 void Curves::ComputeFundScale(std::int32_t kontoId, bool replace) {
-    if (!window.FundDb) throw Error{ErrorNumber::ObjectNotSet, "no fund file for a scale"};
+    if (!window.FundDb) throw Error{kObjectNotSet, "no fund file for a scale"};
     jet::Transaction together(window.FundDb);
     const ScaleRange scale = AutomaticScale(ReadValues(*window.FundDb, kontoId));
 

@@ -2,7 +2,7 @@
 
 #include "base/error.h"
 #include "base/path.h"
-#include "jet/copyfile.h"
+#include "jet/files.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

@@ -4,8 +4,8 @@
 #include "fundfile/fundfile.h"
 #include "fundfile/rules/savedvalues.h"
 #include "fundfile/schema.h"
-#include "jet/copyfile.h"
 #include "jet/database.h"
+#include "jet/files.h"
 #include "jet/transaction.h"
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "fundfile/sources.h"
 
 #include "base/error.h"
-#include "base/path.h"
 #include "fundfile/schema.h"
+#include "jet/files.h"
 
 #include <utility>
 
@@ -31,7 +31,7 @@ FundFile OpenAndBind(const std::filesystem::path& path, const FundSources& sourc
 
 FundFile OpenInPlaceOf(std::shared_ptr<jet::Database>& former, const std::filesystem::path& path,
                        const FundSources& sources, const std::string& pointsQuery) {
-    if (former && IsSameFile(former->Path(), path)) {
+    if (former && jet::IsSameFile(former->Path(), path)) {
         sources.points.Close();
         sources.holdings.Close();
         CloseFundFile(former);

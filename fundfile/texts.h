@@ -60,6 +60,7 @@ inline constexpr std::string_view TakeOver =
 /// it.
 // NOLINTNEXTLINE(readability-function-size): a table, one line for each error
 constexpr std::string_view Explain(ErrorNumber number) {
+    if (number == kObjectNotSet) return "Ingen fondfil är öppen.";
     switch (number) {
         case ErrorNumber::FileNotFound:
             return "Filen finns inte.";
@@ -127,8 +128,6 @@ constexpr std::string_view Explain(ErrorNumber number) {
             return "Filen använder något som Kvarnbo inte kan ändra utan att skada den. Ändringen "
                    "är inte "
                    "sparad.";
-        case ErrorNumber::ObjectNotSet:
-            return "Ingen fondfil är öppen.";
         default:
             return "Filen kunde inte användas.";
     }

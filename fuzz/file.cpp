@@ -1,7 +1,7 @@
 // A file of any bytes: open it, read everything, then insert, update and delete a row in each
 // table. The engine may answer with Error; anything else (a crash, a hang, much memory) is a find.
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/index/btree.h"
 #include "jet/index/tableindexes.h"
 #include "jet/query/edits.h"

@@ -1,8 +1,8 @@
 #include "jet/database.h"
 
-#include "base/error.h"
-#include "base/path.h"
 #include "jet/create/newfile.h"
+#include "jet/error.h"
+#include "jet/files.h"
 #include "jet/query/edits.h"
 #include "jet/query/engine.h"
 #include "jet/query/keysetrecordset.h"

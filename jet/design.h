@@ -1,5 +1,6 @@
 #pragma once
-// The design of a table: what Create is told and what Describe tells.
+// The design of a table: what Create is told and what Describe tells. Plain values in UTF-8: copies
+// are independent of the file that they tell of.
 
 #include "jet/value.h"
 
@@ -12,10 +13,11 @@ namespace jet {
 struct ColumnDesign {
     std::string name;
     ColumnType type = ColumnType::Text;
-    std::uint16_t size =
-        0;  ///< Text: characters (1..255); Binary: bytes; otherwise 0 = the type's own
-    bool autonumber = false;
-    std::uint8_t precision = 0, scale = 0;  ///< Numeric only
+    /// Text: characters (1 to 255, in UTF-16 units); Binary: bytes (1 to 510); otherwise 0, the
+    /// type's own.
+    std::uint16_t size = 0;
+    bool autonumber = false;                ///< Long and Guid only, and one Long in a table
+    std::uint8_t precision = 0, scale = 0;  ///< Numeric only: digits (1 to 28), decimals of them
     bool operator==(const ColumnDesign&) const = default;
 };
 
@@ -27,9 +29,12 @@ struct IndexColumn {
 
 struct IndexDesign {
     std::string name;
-    std::vector<IndexColumn> columns;
-    bool primary = false, unique = false, ignoreNulls = false, required = false;
-    bool foreign = false;  ///< the index belongs to a relation between tables; Describe only
+    std::vector<IndexColumn> columns;  ///< 1 to 10, of any type but OLE
+    bool primary = false;              ///< unique and required too; one in a table
+    bool unique = false;
+    bool ignoreNulls = false;  ///< rows with nothing but nulls in its columns are not in it
+    bool required = false;     ///< rows with a null in its columns are refused (NullKey)
+    bool foreign = false;      ///< the index belongs to a relation between tables; Describe only
     bool operator==(const IndexDesign&) const = default;
 };
 
@@ -65,10 +70,11 @@ struct RelationDesign {
     bool operator==(const RelationDesign&) const = default;
 };
 
+/// Names have 1 to 64 characters, none of . ! [ ] `, and differ not in letter case alone.
 struct TableDesign {
     std::string name;
-    std::vector<ColumnDesign> columns;  ///< in stored order: the positions of RecordSet::Field
-    std::vector<IndexDesign> indexes;
+    std::vector<ColumnDesign> columns;  ///< 1 to 255, in stored order: the fields of its record set
+    std::vector<IndexDesign> indexes;   ///< at most 32
 };
 
 }  // namespace jet

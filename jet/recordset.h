@@ -21,29 +21,35 @@ namespace jet {
 /// opening and AddNew cost nothing.
 ///
 /// Order: ORDER BY where given; else the primary key of the table; else the stored order.
-/// Every call throws ObjectClosed after the database was closed, RecordDeleted when the current row
-/// is gone.
+///
+/// It keeps its Database alive and is used on that one's thread. Every call but Pending throws
+/// ObjectClosed after the database was closed, NotADatabase where the file is found to be damaged,
+/// and std::bad_alloc when memory runs out; calls that need the current row throw RecordDeleted
+/// when it is gone. After a transaction was taken back, call Requery before anything else.
 class RecordSet {
   public:
     RecordSet(const RecordSet&) = delete;
     RecordSet& operator=(const RecordSet&) = delete;
     virtual ~RecordSet() = default;
 
+    /// The fields that the query chose, in its order; known also after Close.
     virtual std::size_t FieldCount() const = 0;
+    /// The design of a field's column; valid as long as the record set. Throws SubscriptOutOfRange.
     virtual const ColumnDesign& Column(std::size_t position) const = 0;
     /// The position of a field by name, letter case ignored. Throws FieldNotFound.
     virtual std::size_t FieldPosition(std::string_view name) const = 0;
 
     virtual bool Empty() = 0;
+    /// The rows that belong to the set, those that were added through it included.
     virtual std::int32_t RecordCount() = 0;
     /// 0 for the first row, RecordCount() at the end, -1 before the first row or without rows.
     virtual std::int32_t Position() = 0;
-    virtual bool Eof() = 0;
-    virtual bool Bof() = 0;
+    virtual bool Eof() = 0;  ///< after the last row, or without rows
+    virtual bool Bof() = 0;  ///< before the first row, or without rows
 
     /// A record set stands on its first row when it is opened. On an empty one MoveFirst and
     /// MoveLast throw NoCurrentRecord. Move goes `rows` forward (negative: back) and stops at the
-    /// end or before the first.
+    /// end or before the first; MoveTo does the same with a position as Position tells it.
     virtual void MoveFirst() = 0;
     virtual void MoveLast() = 0;
     virtual void MoveNext() = 0;
@@ -51,15 +57,19 @@ class RecordSet {
     virtual void Move(std::int32_t rows) = 0;
     virtual void MoveTo(std::int32_t position) = 0;
 
-    /// Moves to the first row for which `criterion` ("KontoId = 5") holds. False when there is
-    /// none: the current row stays.
+    /// Moves to the first row for which `criterion` ("Id = 5": a column, a comparison and a
+    /// literal, as in a WHERE; see SQL.md) holds. False when there is none: the current row stays.
+    /// In a set that is ordered by that column it searches by halves, else it reads row after row.
+    /// Throws SyntaxError, TooFewParameters, TypeMismatch.
     virtual bool FindFirst(std::string_view criterion) = 0;
 
     /// The current row's value, or the pending one while a row is being edited or added.
-    /// Throws NoCurrentRecord, SubscriptOutOfRange (position) or FieldNotFound (name).
+    /// Throws NoCurrentRecord, SubscriptOutOfRange (position) or FieldNotFound (name). The value is
+    /// a copy; a memo or OLE value is read whole.
     virtual Value Field(std::size_t position) = 0;
     virtual Value Field(std::string_view name) = 0;
-    /// The stored value in row `row` (0-based) without moving there. For views of many rows.
+    /// The stored value in row `row` (0-based) without moving there. For views of many rows. Throws
+    /// SubscriptOutOfRange for either number, RecordDeleted.
     virtual Value At(std::int32_t row, std::size_t position) = 0;
 
     /// Visits all rows in order without moving, with the columns at `positions` as whole numbers:
@@ -89,15 +99,18 @@ class RecordSet {
     /// relation is of a kind that cannot be followed.
     virtual void AddNew() = 0;
     virtual void Edit() = 0;
-    virtual bool Pending() const = 0;
-    /// Whether a text column takes an empty text; where it does not, null stands for one.
+    virtual bool Pending() const = 0;  ///< a row is being edited or added
+    /// Whether a text column takes an empty text; where it does not, null stands for one. Throws
+    /// SubscriptOutOfRange.
     virtual bool AllowsEmptyText([[maybe_unused]] std::size_t position) const { return true; }
     virtual void Set(std::size_t position, Value value) = 0;
     virtual void Set(std::string_view name, Value value) = 0;
     virtual void Update() = 0;
     virtual void CancelUpdate() = 0;
 
-    /// Deletes the current row; the next one becomes current (at the end: Eof).
+    /// Deletes the current row, and by relations that say so the rows that refer to it; the next
+    /// one becomes current (at the end: Eof). Stored as Update stores. Throws NoCurrentRecord, also
+    /// while a new row is pending, and what Update throws.
     virtual void Delete() = 0;
 
     /// Finds the rows anew; the first one becomes current.

@@ -1,11 +1,13 @@
 #pragma once
 // What a column of an Access-format file can hold: one value of any column type, its text and its
-// number.
+// number. Plain values: copies are independent of the file that they come from, and any thread may
+// use its own.
 
 #include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -35,7 +37,8 @@ struct Currency {
     auto operator<=>(const Currency&) const = default;
 };
 
-/// Days since 1899-12-30; the fraction is the time of day, counted forward also before day 0.
+/// Days since 1899-12-30, of no time zone; the fraction is the time of day, counted forward also
+/// before day 0. Stored dates are those of the years 100 to 9999.
 struct Date {
     double serial = 0;
     auto operator<=>(const Date&) const = default;
@@ -79,13 +82,15 @@ class Value {
     Value(Guid value) : held_(value) {}
     Value(Numeric value) : held_(value) {}
 
-    bool IsNull() const { return std::holds_alternative<std::monostate>(held_); }
-    const Variant& Held() const { return held_; }
+    bool IsNull() const noexcept { return std::holds_alternative<std::monostate>(held_); }
+    /// What it holds, for std::get and std::visit; as long as the value lives and is not assigned.
+    const Variant& Held() const noexcept { return held_; }
 
     /// The value as plain text: "" for null, decimals with a point and no noise digits (a single
     /// shows the fewest digits that read back to the same single), true/false as "True"/"False", a
     /// date as "yyyy-mm-dd" with " hh:mm:ss" after it when there is a time of day. Infinities, what
-    /// is not a number and dates outside the years 1 to 9999 show as "".
+    /// is not a number and dates outside the years 1 to 9999 show as "". A GUID is "{...}" in
+    /// capitals, bytes are "0x" and two capital digits each. Throws std::bad_alloc alone.
     std::string Text() const;
 
     /// The value as a number: of a numeric type directly, a date as its serial, true as -1, a text

@@ -7,7 +7,7 @@ BUILD_PACKAGES="g++ cmake ninja-build ccache gzip qt6-base-dev qt6-svg-dev libgl
 RUN_PACKAGES="libqt6svg6 qt6-wayland fonts-liberation2|fonts-liberation fonts-dejavu-core"
 SCREEN_PACKAGES="xvfb xauth openbox xdotool maim x11-utils"
 VNC_PACKAGES="tigervnc-standalone-server tigervnc-tools xauth openbox"
-TEST_PACKAGES="libgtest-dev libgmock-dev mdbtools poppler-utils python3 clang-format-14?"
+TEST_PACKAGES="libgtest-dev libgmock-dev mdbtools poppler-utils pkgconf|pkg-config python3 clang-format-14?"
 
 # Everything temporary goes when the script ends, by itself or by Ctrl+C.
 temporary=$(mktemp -d)

@@ -57,7 +57,7 @@ void DataSource::Refresh() {
     const std::shared_ptr<jet::RecordSet> former = std::exchange(state_->records, nullptr);
     try {
         if (!state_->database) {
-            throw Error{ErrorNumber::ObjectNotSet, state_->name + " is not bound to a file"};
+            throw Error{kObjectNotSet, state_->name + " is not bound to a file"};
         }
         state_->records = state_->database->OpenRecordSet(state_->source);
     } catch (const Error&) {
@@ -85,7 +85,7 @@ bool DataSource::IsAttached() const {
 
 jet::RecordSet& DataSource::Records() {
     if (!state_->records) {
-        throw Error{ErrorNumber::ObjectNotSet, state_->name + " has no record set"};
+        throw Error{kObjectNotSet, state_->name + " has no record set"};
     }
     return *state_->records;
 }

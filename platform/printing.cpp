@@ -20,7 +20,7 @@ constexpr double kPointsPerInch = 72.0;
 constexpr double kA4WidthCm = 21.0, kA4HeightCm = 29.7;
 
 [[noreturn]] void Fail(const char* what) {
-    throw Error{ErrorNumber::PrinterError, what};
+    throw Error{kPrinterError, what};
 }
 
 }  // namespace

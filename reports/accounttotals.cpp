@@ -61,7 +61,7 @@ std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName) {
 }
 
 std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName, const ReadColumn& read) {
-    if (!window.FundDb) throw Error{ErrorNumber::ObjectNotSet, "totals without an open fund file"};
+    if (!window.FundDb) throw Error{kObjectNotSet, "totals without an open fund file"};
     DataSource& query = *window.dtaSQL;
     query.SetRecordSet(window.FundDb->OpenRecordSet(queries::TotalsOf(accountName)));
     std::vector<TotalsRow> rows;

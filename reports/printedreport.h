@@ -3,13 +3,12 @@
 // things stand is decided by rules/reportpage.
 
 #include "app/controller.h"
+#include "base/error.h"
 #include "reports/rules/reportpage.h"
 
 #include <optional>
 #include <string>
 #include <vector>
-
-class Error;
 
 class PrintedReport : Controller {
   public:

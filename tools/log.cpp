@@ -4,7 +4,7 @@
 #include "base/codepage.h"
 #include "base/daynumber.h"
 #include "base/error.h"
-#include "base/systemerror.h"
+#include "jet/error.h"
 #include "platform/clock.h"
 #include "platform/platform.h"
 #include "tools/texts.h"
@@ -28,8 +28,8 @@ void Log::WriteLogEntry(std::string_view entry) {
     const std::filesystem::path path = window.AppFolder + std::string(texts::LogFile);
     errno = 0;
     std::ofstream file(path, std::ios::binary | std::ios::app);
-    if (!file) throw Error{NumberOfSystemError(errno), "cannot open the log for appending"};
+    if (!file) throw Error{jet::NumberOfSystemError(errno), "cannot open the log for appending"};
     file << EncodeCp1252(line);
     file.close();
-    if (!file) throw Error{NumberOfSystemError(errno), "cannot write the log"};
+    if (!file) throw Error{jet::NumberOfSystemError(errno), "cannot write the log"};
 }

@@ -22,7 +22,7 @@ float Single(double price) {
 std::int32_t PercentChange(double price, double startPrice) {
     const float now = Single(price), start = Single(startPrice);
     if (start == 0) {
-        throw Error{ErrorNumber::DivisionByZero, "percentage of a start price of 0"};
+        throw Error{kDivisionByZero, "percentage of a start price of 0"};
     }
     return RoundHalfEven((now - start) * kHundred / start);
 }

@@ -14,7 +14,7 @@ constexpr int kPriceDecimals = 2;
 
 std::int32_t ChangeSinceStart(double startPrice, double newPrice) {
     if (startPrice == 0) {
-        throw Error{ErrorNumber::DivisionByZero, "change since a start price of 0"};
+        throw Error{kDivisionByZero, "change since a start price of 0"};
     }
     return RoundHalfEven((newPrice - startPrice) * kHundred / startPrice);
 }

@@ -1,6 +1,6 @@
 #include "jet/catalog/relations.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/table/names.h"
 #include "jet/table/table.h"
 

@@ -1,8 +1,8 @@
 #include "jet/create/newfile.h"
 
-#include "base/error.h"
 #include "jet/catalog/catalog.h"
 #include "jet/create/systemtables.h"
+#include "jet/error.h"
 #include "jet/index/indexkey.h"
 #include "jet/index/indexpage.h"
 #include "jet/index/tableindexes.h"

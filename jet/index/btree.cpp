@@ -1,6 +1,6 @@
 #include "jet/index/btree.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/index/indexview.h"
 #include "jet/storage/layout.h"
 #include "jet/storage/usagemap.h"

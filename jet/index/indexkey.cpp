@@ -1,6 +1,6 @@
 #include "jet/index/indexkey.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/index/textweights.h"
 #include "jet/table/codepage.h"
 #include "jet/table/textcodec.h"

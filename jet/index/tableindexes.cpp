@@ -1,6 +1,6 @@
 #include "jet/index/tableindexes.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/storage/layout.h"
 #include "jet/table/rowcodec.h"
 #include "jet/table/textcodec.h"

@@ -1,6 +1,6 @@
 #include "jet/query/edits.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 
 #include <algorithm>
 #include <map>

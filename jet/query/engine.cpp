@@ -1,7 +1,7 @@
 #include "jet/query/engine.h"
 
-#include "base/error.h"
 #include "jet/catalog/properties.h"
+#include "jet/error.h"
 #include "jet/table/names.h"
 #include "jet/verify/wholeness.h"
 

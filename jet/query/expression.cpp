@@ -1,6 +1,6 @@
 #include "jet/query/expression.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/query/criterion.h"
 #include "jet/table/convert.h"
 #include "jet/table/decimal.h"

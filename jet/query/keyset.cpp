@@ -1,6 +1,6 @@
 #include "jet/query/keyset.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -1,6 +1,6 @@
 #include "jet/query/keysetrecordset.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/query/edits.h"
 #include "jet/table/convert.h"
 

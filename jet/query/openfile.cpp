@@ -1,6 +1,6 @@
 #include "jet/query/openfile.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #include "jet/query/opentable.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/verify/soundness.h"
 
 #include <algorithm>

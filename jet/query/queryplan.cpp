@@ -1,6 +1,6 @@
 #include "jet/query/queryplan.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/query/sqlparser.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "jet/query/sqlparser.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/storage/bytes.h"
 #include "jet/table/names.h"
 

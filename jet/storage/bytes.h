@@ -2,7 +2,7 @@
 // Bounds-checked little-endian (and, for index entries, big-endian) access to bytes of a file.
 // A place outside the span throws NotADatabase naming page and offset.
 
-#include "base/error.h"
+#include "jet/error.h"
 
 #include <bit>
 #include <cstddef>

@@ -1,6 +1,6 @@
 #include "jet/storage/fileimage.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 
 #include <memory>
 #include <sys/mman.h>

@@ -1,6 +1,6 @@
 #include "jet/storage/filestore.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 
 #include <algorithm>
 #include <dirent.h>

@@ -1,6 +1,6 @@
 #include "jet/storage/pagefile.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/storage/filestore.h"
 #include "jet/storage/storedfile.h"
 

@@ -1,6 +1,6 @@
 #include "jet/storage/storedfile.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/storage/filestore.h"
 
 #include <fcntl.h>

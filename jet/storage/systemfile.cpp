@@ -1,7 +1,6 @@
 #include "jet/storage/systemfile.h"
 
-#include "base/error.h"
-#include "base/systemerror.h"
+#include "jet/error.h"
 
 #include <algorithm>
 #include <array>

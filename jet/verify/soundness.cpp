@@ -1,6 +1,6 @@
 #include "jet/verify/soundness.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/index/indexsums.h"
 #include "jet/table/longvalue.h"
 

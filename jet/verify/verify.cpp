@@ -1,7 +1,7 @@
 #include "jet/verify/verify.h"
 
-#include "base/error.h"
 #include "jet/catalog/catalog.h"
+#include "jet/error.h"
 #include "jet/index/btree.h"
 #include "jet/index/indexpage.h"
 #include "jet/index/tableindexes.h"

@@ -1,6 +1,6 @@
 #include "jet/verify/wholeness.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/storage/usagemap.h"
 
 namespace jet::detail {

@@ -1,9 +1,9 @@
 // What a file looks like after the process died, or a system call failed, at any point of a change:
 // as before the change or as after it, sound, and never anything else.
 
-#include "base/error.h"
 #include "faults.h"
 #include "jet/database.h"
+#include "jet/error.h"
 #include "jet/transaction.h"
 #include "operations.h"
 
@@ -207,7 +207,7 @@ TEST_P(AnyOperation, GoesOnAfterASignal) {
 struct Failure {
     const char* call;
     int code;
-    ErrorNumber number;
+    jet::ErrorNumber number;
 };
 
 /// A failing disk is told, changes nothing in the file or in memory, and once it works again so
@@ -218,12 +218,12 @@ void ExpectUndone(const Operation& operation, const fs::path& path, const Failur
     if (operation.opens) database = Database::Open(path);
     for (const Fault fault : {Fault::Fail, Fault::FailFromNow}) {
         SCOPED_TRACE(std::string(failure.call) + " fails with " + std::to_string(failure.code));
-        ErrorNumber number = ErrorNumber::None;
+        jet::ErrorNumber number = jet::ErrorNumber::None;
         {
             const Injection injection({fault, 0, failure.call, failure.code});
             try {
                 operation.run(database, path);
-            } catch (const Error& error) {
+            } catch (const jet::Error& error) {
                 number = error.Number();
             }
             EXPECT_TRUE(injection.Hit());
@@ -237,17 +237,17 @@ void ExpectUndone(const Operation& operation, const fs::path& path, const Failur
 }
 
 TEST_P(AnyOperation, IsUndoneWhenACallFails) {
-    const std::vector<Failure> failures = {{"open", ENOSPC, ErrorNumber::DiskFull},
-                                           {"open", EACCES, ErrorNumber::PermissionDenied},
-                                           {"open", EROFS, ErrorNumber::ReadOnly},
-                                           {"write", ENOSPC, ErrorNumber::DiskFull},
-                                           {"write", EDQUOT, ErrorNumber::DiskFull},
-                                           {"write", EIO, ErrorNumber::DeviceIo},
-                                           {"fsync", EIO, ErrorNumber::DeviceIo},
-                                           {"fsync", ENOSPC, ErrorNumber::DiskFull},
-                                           {"rename", EIO, ErrorNumber::DeviceIo},
-                                           {"rename", ENOSPC, ErrorNumber::DiskFull},
-                                           {"rename", EPERM, ErrorNumber::PermissionDenied}};
+    const std::vector<Failure> failures = {{"open", ENOSPC, jet::ErrorNumber::DiskFull},
+                                           {"open", EACCES, jet::ErrorNumber::PermissionDenied},
+                                           {"open", EROFS, jet::ErrorNumber::ReadOnly},
+                                           {"write", ENOSPC, jet::ErrorNumber::DiskFull},
+                                           {"write", EDQUOT, jet::ErrorNumber::DiskFull},
+                                           {"write", EIO, jet::ErrorNumber::DeviceIo},
+                                           {"fsync", EIO, jet::ErrorNumber::DeviceIo},
+                                           {"fsync", ENOSPC, jet::ErrorNumber::DiskFull},
+                                           {"rename", EIO, jet::ErrorNumber::DeviceIo},
+                                           {"rename", ENOSPC, jet::ErrorNumber::DiskFull},
+                                           {"rename", EPERM, jet::ErrorNumber::PermissionDenied}};
     for (const Failure& failure : failures) {
         StartAnew();
         ExpectUndone(GetParam(), path_, failure, Old(), new_);
@@ -261,7 +261,7 @@ TEST_P(AnyOperation, IsUndoneWhenALaterWriteFails) {
         StartAnew();
         {
             const Injection injection({Fault::FailFromNow, at, "write", ENOSPC});
-            EXPECT_THROW(Run(), Error) << at;
+            EXPECT_THROW(Run(), jet::Error) << at;
         }
         EXPECT_TRUE(BytesOf(path_) == Old());
         EXPECT_EQ(FilesInFolder(), GetParam().replaces ? 1 : 0);
@@ -278,8 +278,8 @@ TEST_P(AnyOperation, IsUndoneWhenTheDiskIsReallyFull) {
         ::setrlimit(RLIMIT_FSIZE, &limit);
         try {
             Run();
-        } catch (const Error& error) {
-            ::_exit(error.Number() == ErrorNumber::DiskFull ? 61 : 1);
+        } catch (const jet::Error& error) {
+            ::_exit(error.Number() == jet::ErrorNumber::DiskFull ? 61 : 1);
         }
         ::_exit(0);
     }
@@ -309,7 +309,7 @@ TEST_P(OpenFile, WhenTheFolderCannotBeSyncedTheOldStateIsPutBack) {
     for (const Fault fault : {Fault::Fail, Fault::FailFromNow}) {
         {
             const Injection injection({fault, 0, "fsync folder", EIO});
-            EXPECT_THROW(GetParam().run(database, path_), Error);
+            EXPECT_THROW(GetParam().run(database, path_), jet::Error);
             EXPECT_TRUE(injection.Hit());
         }
         EXPECT_TRUE(BytesOf(path_) == Old());
@@ -335,8 +335,8 @@ TEST_P(OpenFile, AWriteProtectedFileRefusesTheChangeAndStaysAsItIs) {
     try {
         GetParam().run(database, path_);
         ADD_FAILURE() << "the change went through";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::ReadOnly);
+    } catch (const jet::Error& error) {
+        EXPECT_EQ(error.Number(), jet::ErrorNumber::ReadOnly);
     }
     EXPECT_THAT(injection.Calls(), IsEmpty());
     EXPECT_TRUE(BytesOf(path_) == Old());

@@ -1,9 +1,9 @@
 // Sessions that store more than once, in which two images of the file take turns: stopped at every
 // system call, with both images looked at afterwards.
 
-#include "base/error.h"
 #include "faults.h"
 #include "jet/database.h"
+#include "jet/error.h"
 #include "memory.h"
 #include "operations.h"
 
@@ -191,7 +191,7 @@ void StoreAll(const std::shared_ptr<Database>& database, const fs::path& path,
             try {
                 kStores[i](database, path);
                 break;
-            } catch (const Error&) {
+            } catch (const jet::Error&) {
             } catch (const std::bad_alloc&) {
             }
             ASSERT_TRUE(BytesOf(path) == states[i]) << "refused, yet stored: " << i;
@@ -233,7 +233,7 @@ TEST_F(Session, IsWholeOrUndoneWhenMemoryRunsOut) {
             try {
                 Run(database, 4, 5);
                 stored = true;
-            } catch (const Error&) {
+            } catch (const jet::Error&) {
             } catch (const std::bad_alloc&) {
             }
             hit = shortage.Hit();
@@ -363,8 +363,8 @@ TEST_F(Session, RefusesToReplaceWhatAnotherProgramWrote) {
     try {
         Run(database, 4, 5);
         ADD_FAILURE() << "replaced";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::ChangedByOther);
+    } catch (const jet::Error& error) {
+        EXPECT_EQ(error.Number(), jet::ErrorNumber::ChangedByOther);
     }
     EXPECT_TRUE(BytesOf(path_) == others);
     database->Close();

@@ -3,8 +3,8 @@
 
 #include "memory.h"
 
-#include "base/error.h"
 #include "jet/database.h"
+#include "jet/error.h"
 #include "jet/transaction.h"
 #include "operations.h"
 
@@ -73,7 +73,7 @@ class ShortOfMemory : public SmallFile, public testing::WithParamInterface<Opera
             return true;
         } catch (const std::bad_alloc&) {
             return false;
-        } catch (const Error&) {
+        } catch (const jet::Error&) {
             return false;
         }
     }
@@ -117,7 +117,7 @@ TEST_P(ShortOfMemory, ATransactionThatIsTakenBackLeavesNothing) {
                 const jet::Transaction takenBack(database);
                 GetParam().run(database, path_);
             } catch (const std::bad_alloc&) {
-            } catch (const Error&) {
+            } catch (const jet::Error&) {
             }
         }
         EXPECT_TRUE(BytesOf(path_) == old_);
@@ -136,7 +136,7 @@ void SkipWhatFails(const std::shared_ptr<Database>& database, const fs::path& pa
         try {
             step(database, path);
         } catch (const std::bad_alloc&) {
-        } catch (const Error&) {
+        } catch (const jet::Error&) {
         }
     }
     transaction.Commit();
@@ -155,7 +155,7 @@ TEST_F(MemoryShortageOf, AStatementLeavesTheOthersOfItsTransactionWhole) {
             try {
                 SkipWhatFails(database, path_);
             } catch (const std::bad_alloc&) {
-            } catch (const Error&) {
+            } catch (const jet::Error&) {
             }
             hit = shortage.Hit();
         }
@@ -175,7 +175,7 @@ TEST_F(MemoryShortageOf, OpeningLeavesTheFileAlone) {
             database->OpenRecordSet("SELECT Id,Dag FROM Punkter ORDER BY Dag")->MoveLast();
             database->Close();
         } catch (const std::bad_alloc&) {
-        } catch (const Error&) {
+        } catch (const jet::Error&) {
         }
         hit = shortage.Hit();
     }

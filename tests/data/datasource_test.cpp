@@ -187,7 +187,7 @@ TEST_F(DataSourceTest, AGivenRecordSetIsRequeriedByRefresh) {
 
 TEST_F(DataSourceTest, ARecordSourceReplacesAGivenRecordSet) {
     points.SetRecordSource(queries::PointsOf(1));
-    EXPECT_EQ(NumberOf([&] { points.Refresh(); }), ErrorNumber::ObjectNotSet);
+    EXPECT_EQ(NumberOf([&] { points.Refresh(); }), kObjectNotSet);
     points.SetDatabase(file.database);
     points.Refresh();
     EXPECT_EQ(points.RecordCount(), 4);
@@ -215,7 +215,7 @@ TEST_F(DataSourceTest, WithoutARecordSetEveryCallSaysSo) {
         [&] { source.Update(); },      [&] { source.CancelUpdate(); },
         [&] { source.Delete(); }};
     for (std::size_t call = 0; call < calls.size(); ++call) {
-        EXPECT_EQ(NumberOf(calls[call]), ErrorNumber::ObjectNotSet) << "call " << call;
+        EXPECT_EQ(NumberOf(calls[call]), kObjectNotSet) << "call " << call;
     }
     EXPECT_FALSE(source.Pending());
     EXPECT_FALSE(source.IsAttached());

@@ -20,7 +20,6 @@ using ::testing::IsEmpty;
 /// words that all of it speaks lie below its folders, and what its users call above them.
 constexpr std::string_view kEngineWords = "jet, values";
 const std::vector<std::vector<std::string_view>> kFloors = {
-    {"base"},
     {kEngineWords},
     {"jet/storage"},
     {"jet/table"},
@@ -28,6 +27,7 @@ const std::vector<std::vector<std::string_view>> kFloors = {
     {"jet/verify"},
     {"jet/create", "jet/query"},
     {"jet"},
+    {"base"},
     {"platform"},
     {"fundfile"},
     {"widgets"},
@@ -38,7 +38,8 @@ const std::vector<std::vector<std::string_view>> kFloors = {
 
 std::string_view FolderOf(std::string_view path) {
     if (!path.starts_with("jet/")) return path.substr(0, path.find('/'));
-    for (const std::string_view header : {"design.h", "loss.h", "recordset.h", "value.h"}) {
+    for (const std::string_view header :
+         {"design.h", "error.h", "loss.h", "recordset.h", "value.h"}) {
         if (path.substr(path.find('/') + 1) == header) return kEngineWords;
     }
     return path.substr(0, path.rfind('/'));

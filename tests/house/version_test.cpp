@@ -21,6 +21,10 @@ TEST(HouseVersion, IsTheBuilds) {
     EXPECT_EQ(Found("CMakeLists.txt", "project\\(Kvarnbo VERSION ([0-9.]+)"), Version());
 }
 
+TEST(HouseVersion, IsTheLibrarys) {
+    EXPECT_EQ(Found("jet/CMakeLists.txt", "project\\(jet VERSION ([0-9.]+)"), Version());
+}
+
 TEST(HouseVersion, HasAnEntryInTheHistoryOnItsDay) {
     const std::string day = Found("CMakeLists.txt", "KVARNBO_RELEASE_DATE ([0-9-]+)");
     EXPECT_EQ(Found("CHANGELOG.md", "\n## ([^\n]+)"), std::string(Version()) + " (" + day + ")");

@@ -1,6 +1,6 @@
 #include "jet/index/btree.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/index/indexkey.h"
 #include "jet/storage/datapage.h"
 #include "jet/storage/layout.h"

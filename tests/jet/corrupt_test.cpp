@@ -2,6 +2,7 @@
 // and a failed change leaves the rest as it was. Run under the sanitizers, which see what does not
 // crash by itself.
 
+#include "jet/error.h"
 #include "jet/index/tableindexes.h"
 #include "jet/query/engine.h"
 #include "jet/query/queryplan.h"
@@ -16,6 +17,8 @@
 namespace {
 
 using namespace jet::detail;
+using jet::Error;
+using jet::ErrorNumber;
 using jet::Value;
 
 template <typename Step>

@@ -1,5 +1,6 @@
 #include "jet/storage/datapage.h"
 
+#include "jet/error.h"
 #include "tests/jet/memoryfile.h"
 #include "tests/jet/versions.h"
 
@@ -8,6 +9,7 @@
 namespace {
 
 using namespace jet::detail;
+using jet::Error;
 using Stored = std::vector<std::uint8_t>;
 
 class DataPages : public testing::TestWithParam<const Layout*> {

@@ -1,8 +1,8 @@
 #pragma once
 // A small file with two tables, which most tests of the public interface work on.
 
-#include "base/error.h"
 #include "jet/database.h"
+#include "jet/error.h"
 #include "support.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "model.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 #include "jet/transaction.h"
 
 #include <algorithm>

@@ -3,8 +3,8 @@
 // public interface, and compared with it: through the interface, by Verify, and by another
 // program's reader.
 
-#include "base/error.h"
 #include "jet/database.h"
+#include "jet/error.h"
 #include "jet/index/indexkey.h"
 #include "jet/recordset.h"
 #include "modelvalues.h"

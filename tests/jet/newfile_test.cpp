@@ -1,7 +1,7 @@
 #include "jet/create/newfile.h"
 
-#include "base/error.h"
 #include "jet/catalog/catalog.h"
+#include "jet/error.h"
 #include "jet/index/tableindexes.h"
 #include "jet/storage/layout.h"
 #include "jet/table/table.h"

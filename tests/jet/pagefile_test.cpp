@@ -1,5 +1,6 @@
 #include "jet/storage/pagefile.h"
 
+#include "jet/error.h"
 #include "jet/storage/filestore.h"
 #include "tests/jet/memoryfile.h"
 #include "tests/jet/versions.h"
@@ -13,6 +14,8 @@
 namespace {
 
 using namespace jet::detail;
+using jet::Error;
+using jet::ErrorNumber;
 using jettest::CopyInto;
 using jettest::ReadText;
 using jettest::Sample;

@@ -1,5 +1,5 @@
-#include "base/error.h"
 #include "jet/database.h"
+#include "jet/error.h"
 #include "jet/transaction.h"
 
 #include <cstdio>
@@ -35,6 +35,6 @@ void Example(const std::filesystem::path& path) try {
         byName->Update();
     }
     database->Execute("DELETE FROM People WHERE Name = 'åsa'");
-} catch (const Error& error) {
+} catch (const jet::Error& error) {
     std::printf("error %d: %s\n", static_cast<int>(error.Number()), error.what());
 }

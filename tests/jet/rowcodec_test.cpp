@@ -1,5 +1,6 @@
 #include "jet/table/rowcodec.h"
 
+#include "jet/error.h"
 #include "jet/table/table.h"
 #include "memoryfile.h"
 #include "versions.h"
@@ -11,6 +12,8 @@ namespace {
 using namespace jet::detail;
 using jet::Bytes;
 using jet::ColumnType;
+using jet::Error;
+using jet::ErrorNumber;
 using jet::Value;
 using Stored = std::vector<std::uint8_t>;
 

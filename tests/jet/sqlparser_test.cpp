@@ -1,6 +1,6 @@
 #include "jet/query/sqlparser.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 
 #include <gtest/gtest.h>
 #include <string>

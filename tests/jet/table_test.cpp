@@ -1,6 +1,7 @@
 #include "jet/table/table.h"
 
 #include "jet/catalog/catalog.h"
+#include "jet/error.h"
 #include "memoryfile.h"
 #include "versions.h"
 
@@ -12,6 +13,8 @@ namespace {
 
 using namespace jet::detail;
 using jet::ColumnType;
+using jet::Error;
+using jet::ErrorNumber;
 using jet::Value;
 
 class Tables : public testing::TestWithParam<const Layout*> {

@@ -1,8 +1,8 @@
 #include "jet/index/tableindexes.h"
 
-#include "base/error.h"
 #include "jet/catalog/catalog.h"
 #include "jet/create/newfile.h"
+#include "jet/error.h"
 #include "jet/storage/layout.h"
 #include "jet/verify/verify.h"
 

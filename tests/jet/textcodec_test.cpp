@@ -1,5 +1,6 @@
 #include "jet/table/textcodec.h"
 
+#include "jet/error.h"
 #include "jet/table/names.h"
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 namespace {
 
 using namespace jet::detail;
+using jet::Error;
 using Stored = std::vector<std::uint8_t>;
 
 constexpr TextForm kWide{2, 1252}, kNarrow{1, 1252};

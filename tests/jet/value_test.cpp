@@ -1,6 +1,6 @@
 #include "jet/value.h"
 
-#include "base/error.h"
+#include "jet/error.h"
 
 #include <gtest/gtest.h>
 #include <limits>

@@ -1,8 +1,8 @@
 #include "jet/verify/verify.h"
 
-#include "base/error.h"
 #include "jet/catalog/catalog.h"
 #include "jet/create/newfile.h"
+#include "jet/error.h"
 #include "jet/index/btree.h"
 #include "jet/index/tableindexes.h"
 #include "jet/storage/datapage.h"

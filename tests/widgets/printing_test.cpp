@@ -144,7 +144,7 @@ TEST_F(PrintingTest, AFileThatCannotBeWrittenIsAPrinterError) {
         PdfPage(FromQt(folder_.filePath(QStringLiteral("saknas/sida.pdf"))), "Sida");
         ADD_FAILURE();
     } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::PrinterError);
+        EXPECT_EQ(error.Number(), kPrinterError);
     }
 }
 

@@ -14,7 +14,7 @@ constexpr std::string_view kUnit = "  %";
 std::string PercentAnswer(std::string_view startText, std::string_view newText) {
     const float start = ParseSingle(startText);
     const float next = ParseSingle(newText);
-    if (start == 0) throw Error{ErrorNumber::DivisionByZero, "percentage of a start value of 0"};
+    if (start == 0) throw Error{kDivisionByZero, "percentage of a start value of 0"};
     return PlainText(RoundHalfEven((next - start) * kHundred / start)) + std::string(kUnit);
 }
 

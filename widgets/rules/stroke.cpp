@@ -77,7 +77,7 @@ Drawing ScreenDrawing(std::span<const CurvePoint> points, const CurveStyle& styl
 
 double onpage::CmPerPercent(ScaleRange scale) {
     const double height = static_cast<double>(scale.top) - scale.bottom;
-    if (height == 0) throw Error{ErrorNumber::DivisionByZero, "a scale without height"};
+    if (height == 0) throw Error{kDivisionByZero, "a scale without height"};
     return kHeightCm / height;
 }
 

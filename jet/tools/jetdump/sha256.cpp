@@ -9,49 +9,21 @@ namespace {
 constexpr std::size_t kBlock = 64, kRounds = 64;
 using State = std::array<std::uint32_t, 8>;
 
-/// The first 32 fraction bits of square or cube roots of the first primes.
-struct Constants {
-    State start{};
-    std::array<std::uint32_t, kRounds> rounds{};
-};
+// The first 32 bits of the fractions of square roots, and of cube roots, of the first primes, as
+// FIPS 180-4 lists them.
+constexpr State kStart = {0x6A09E667, 0xBB67AE85, 0x3C6EF372, 0xA54FF53A,
+                          0x510E527F, 0x9B05688C, 0x1F83D9AB, 0x5BE0CD19};
+constexpr std::array<std::uint32_t, kRounds> kRoundConstants = {
+    0x428A2F98, 0x71374491, 0xB5C0FBCF, 0xE9B5DBA5, 0x3956C25B, 0x59F111F1, 0x923F82A4, 0xAB1C5ED5,
+    0xD807AA98, 0x12835B01, 0x243185BE, 0x550C7DC3, 0x72BE5D74, 0x80DEB1FE, 0x9BDC06A7, 0xC19BF174,
+    0xE49B69C1, 0xEFBE4786, 0x0FC19DC6, 0x240CA1CC, 0x2DE92C6F, 0x4A7484AA, 0x5CB0A9DC, 0x76F988DA,
+    0x983E5152, 0xA831C66D, 0xB00327C8, 0xBF597FC7, 0xC6E00BF3, 0xD5A79147, 0x06CA6351, 0x14292967,
+    0x27B70A85, 0x2E1B2138, 0x4D2C6DFC, 0x53380D13, 0x650A7354, 0x766A0ABB, 0x81C2C92E, 0x92722C85,
+    0xA2BFE8A1, 0xA81A664B, 0xC24B8B70, 0xC76C51A3, 0xD192E819, 0xD6990624, 0xF40E3585, 0x106AA070,
+    0x19A4C116, 0x1E376C08, 0x2748774C, 0x34B0BCB5, 0x391C0CB3, 0x4ED8AA4A, 0x5B9CCA4F, 0x682E6FF3,
+    0x748F82EE, 0x78A5636F, 0x84C87814, 0x8CC70208, 0x90BEFFFA, 0xA4506CEB, 0xBEF9A3F7, 0xC67178F2};
 
-/// floor(2^32 * root) of a prime, found by bits in whole numbers: exact, unlike floating
-/// arithmetic.
-std::uint32_t FractionOfRoot(std::uint32_t prime, int power) {
-    __extension__ using Wide = unsigned __int128;
-    std::uint64_t root = 0;
-    for (int bit = 36; bit >= 0; --bit) {
-        const std::uint64_t tried = root | std::uint64_t{1} << bit;
-        // Compares tried^power with prime * 2^(32 * power), the cube in two halves of 64 bits.
-        const Wide square = static_cast<Wide>(tried) * tried;
-        bool fits = false;
-        if (power == 2) {
-            fits = square <= static_cast<Wide>(prime) << 64U;
-        } else {
-            const Wide limit = (static_cast<Wide>(prime) << 96U) / tried;
-            fits = square <= limit;
-        }
-        if (fits) root = tried;
-    }
-    return static_cast<std::uint32_t>(root);
-}
-
-Constants MakeConstants() {
-    Constants constants;
-    std::size_t found = 0;
-    for (std::uint32_t number = 2; found < kRounds; ++number) {
-        bool prime = true;
-        for (std::uint32_t divisor = 2; divisor * divisor <= number; ++divisor) {
-            if (number % divisor == 0) prime = false;
-        }
-        if (!prime) continue;
-        if (found < constants.start.size()) constants.start[found] = FractionOfRoot(number, 2);
-        constants.rounds[found++] = FractionOfRoot(number, 3);
-    }
-    return constants;
-}
-
-void Mix(State& state, const std::uint8_t* block, const Constants& constants) {
+void Mix(State& state, const std::uint8_t* block) {
     std::array<std::uint32_t, kRounds> words{};
     for (std::size_t i = 0; i < 16; ++i) {
         for (std::size_t byte = 0; byte < 4; ++byte)
@@ -66,7 +38,7 @@ void Mix(State& state, const std::uint8_t* block, const Constants& constants) {
     for (std::size_t i = 0; i < kRounds; ++i) {
         const std::uint32_t first =
             s[7] + (std::rotr(s[4], 6) ^ std::rotr(s[4], 11) ^ std::rotr(s[4], 25)) +
-            ((s[4] & s[5]) ^ (~s[4] & s[6])) + constants.rounds[i] + words[i];
+            ((s[4] & s[5]) ^ (~s[4] & s[6])) + kRoundConstants[i] + words[i];
         const std::uint32_t second =
             (std::rotr(s[0], 2) ^ std::rotr(s[0], 13) ^ std::rotr(s[0], 22)) +
             ((s[0] & s[1]) ^ (s[0] & s[2]) ^ (s[1] & s[2]));
@@ -78,7 +50,6 @@ void Mix(State& state, const std::uint8_t* block, const Constants& constants) {
 }  // namespace
 
 std::string Sha256(std::span<const std::uint8_t> bytes) {
-    static const Constants kConstants = MakeConstants();
     std::vector<std::uint8_t> padded(bytes.begin(), bytes.end());
     padded.push_back(0x80);
     while (padded.size() % kBlock != kBlock - 8) padded.push_back(0);
@@ -86,9 +57,9 @@ std::string Sha256(std::span<const std::uint8_t> bytes) {
     for (int shift = 56; shift >= 0; shift -= 8) {
         padded.push_back(static_cast<std::uint8_t>(bits >> static_cast<unsigned>(shift)));
     }
-    State state = kConstants.start;
+    State state = kStart;
     for (std::size_t at = 0; at < padded.size(); at += kBlock) {
-        Mix(state, padded.data() + at, kConstants);
+        Mix(state, padded.data() + at);
     }
     constexpr std::string_view kDigits = "0123456789abcdef";
     std::string digest;

@@ -31,7 +31,7 @@ TEST(Summary, ChangeIsReckonedInDoublePrecision) {
 TEST(Summary, ChangeHasNoAnswerForSome) {
     Skipping skip;
     skip([] { ChangeSinceStart(0, 100); });
-    EXPECT_EQ(skip.Number(), ErrorNumber::DivisionByZero);
+    EXPECT_EQ(skip.Number(), kDivisionByZero);
     skip([] { ChangeSinceStart(1e-30, 100); });
     EXPECT_EQ(skip.Number(), ErrorNumber::Overflow);
 }

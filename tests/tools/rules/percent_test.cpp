@@ -24,8 +24,10 @@ TEST(PercentAnswer, HasNoAnswerForSome) {
         std::string_view start, next;
         ErrorNumber number;
     } rows[] = {
-        {"0", "5", ErrorNumber::DivisionByZero},        {"0,00", "0", ErrorNumber::DivisionByZero},
-        {"x", "5", ErrorNumber::TypeMismatch},          {"5", "1,2,3", ErrorNumber::TypeMismatch},
+        {"0", "5", kDivisionByZero},
+        {"0,00", "0", kDivisionByZero},
+        {"x", "5", ErrorNumber::TypeMismatch},
+        {"5", "1,2,3", ErrorNumber::TypeMismatch},
         {"0,00001", "99999999", ErrorNumber::Overflow},
     };
     for (const auto& row : rows) {

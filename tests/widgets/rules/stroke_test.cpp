@@ -142,7 +142,7 @@ TEST(PageDrawing, SpansSevenCentimetresOverTheScale) {
         onpage::CmPerPercent({10, 10});
         FAIL();
     } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), ErrorNumber::DivisionByZero);
+        EXPECT_EQ(error.Number(), kDivisionByZero);
     }
 }
 

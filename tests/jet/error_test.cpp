@@ -1,7 +1,9 @@
-#include "base/systemerror.h"
+#include "jet/error.h"
 
 #include <cerrno>
 #include <gtest/gtest.h>
+
+namespace jet::test {
 
 TEST(NumberOfSystemError, TellsApartWhatUsersCanDoSomethingAbout) {
     const struct {
@@ -26,3 +28,5 @@ TEST(NumberOfSystemError, TellsApartWhatUsersCanDoSomethingAbout) {
     };
     for (const auto& row : rows) EXPECT_EQ(NumberOfSystemError(row.code), row.number) << row.code;
 }
+
+}  // namespace jet::test

@@ -1,8 +1,10 @@
-#include "base/systemerror.h"
+#include "jet/error.h"
 
 #include <cerrno>
 
-ErrorNumber NumberOfSystemError(int code) {
+namespace jet {
+
+ErrorNumber NumberOfSystemError(int code) noexcept {
     switch (code) {
         case ENOENT:
             return ErrorNumber::FileNotFound;
@@ -27,3 +29,5 @@ ErrorNumber NumberOfSystemError(int code) {
             return ErrorNumber::DeviceIo;
     }
 }
+
+}  // namespace jet
