@@ -113,6 +113,10 @@ void Database::RemoveLeftOvers(const std::filesystem::path& path) noexcept {
     detail::RemoveLeftOvers(path);
 }
 
+void Database::CallBeforeStoring(std::function<void()> work) {
+    RequireOpen().File().SetBeforeStoring(std::move(work));
+}
+
 void Database::Close() noexcept {
     file_->Close();
     companion_.reset();

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -95,6 +96,11 @@ class Database : public std::enable_shared_from_this<Database> {
     void Attach(std::shared_ptr<void> companion) { companion_ = std::move(companion); }
     const std::shared_ptr<void>& Attached() const noexcept { return companion_; }
 
+    /// From now on `work` is called whenever a changed version is about to take the file's place,
+    /// which is the old one still. It must not use the database, and nothing that it throws keeps
+    /// the store from going on. An empty one ends it.
+    void CallBeforeStoring(std::function<void()> work);
+
     /// Ends the use of the file for everybody who shares this object: later calls on it and on its
     /// record sets throw ObjectClosed. A transaction still open is rolled back. Nothing of ours is
     /// left beside the file. A second call does nothing.
@@ -141,6 +147,7 @@ class Database : public std::enable_shared_from_this<Database> {
 
   private:
     friend class Transaction;
+    friend class Journal;
     explicit Database(std::unique_ptr<detail::Engine> engine);
     detail::Engine& RequireOpen() const;
     /// The open file for what works on it; whoever holds that keeps this object alive.

@@ -129,6 +129,34 @@ void Engine::RollbackTransaction() {
     AfterRollback();
 }
 
+PageJournal& Engine::KeepJournal(JournalLimits limits) {
+    if (!journal_) {
+        journal_ = std::make_unique<PageJournal>(limits, file_->Format().pageSize);
+        file_->SetJournal(journal_.get());
+    }
+    return *journal_;
+}
+
+void Engine::Replay(PageJournal::Way way) {
+    RequireWritable();
+    if (InTransaction()) {
+        throw Error{ErrorNumber::InvalidProcedureCall, "undo or redo inside a transaction"};
+    }
+    const EarlierPages& pages = journal_->Start(way);
+    try {
+        Statement([&] {
+            file_->PutBack(pages);
+            return true;
+        });
+    } catch (...) {
+        journal_->GiveUp();
+        throw;
+    }
+    journal_->Finish(way);
+    // What is known of the tables is of the pages before.
+    AfterRollback();
+}
+
 void Engine::RequireWritable() const {
     if (file_->ReadOnly()) {
         throw Error{ErrorNumber::ReadOnly,

@@ -8,6 +8,7 @@
 #include "jet/query/opentable.h"
 #include "jet/query/rowrules.h"
 #include "jet/storage/pagefile.h"
+#include "jet/storage/pagejournal.h"
 
 #include <cstdint>
 #include <map>
@@ -58,11 +59,19 @@ class Engine {
     void RollbackTransaction();
     bool InTransaction() const { return depth_ > 0; }
 
+    /// The journal of what is stored from the first call on.
+    PageJournal& KeepJournal(JournalLimits limits);
+    /// Null before.
+    PageJournal* Journal() const { return journal_.get(); }
+    /// Puts the pages of the next step back and stores that.
+    void Replay(PageJournal::Way way);
+
   private:
     void RequireWritable() const;
     void AfterRollback() noexcept;
     [[noreturn]] static void ThrowOutOfMemory();
 
+    std::unique_ptr<PageJournal> journal_;  ///< outlives the file that writes into it
     std::unique_ptr<PageFile> file_;
     Catalog catalog_;
     std::optional<Loss> loss_;

@@ -2,6 +2,7 @@
 
 #include "jet/error.h"
 #include "jet/storage/filestore.h"
+#include "jet/storage/pagejournal.h"
 #include "jet/storage/storedfile.h"
 
 #include <algorithm>
@@ -207,6 +208,7 @@ void PageFile::Commit() {
             Rollback();
             throw;
         }
+        if (journal_ != nullptr) journal_->Stored(std::move(levels_.back()));
     }
     levels_.pop_back();
 }
@@ -215,11 +217,27 @@ void PageFile::Commit() {
 void PageFile::JoinOuter() noexcept {
     Level inner = std::move(levels_.back());
     levels_.pop_back();
-    Level& outer = levels_.back();
-    outer.changed = outer.changed || inner.changed;
-    if (!outer.freed) outer.freed = std::move(inner.freed);
-    inner.images.erase(inner.images.lower_bound(outer.pageCount), inner.images.end());
-    outer.images.merge(inner.images);
+    levels_.back().Join(std::move(inner));
+}
+
+void PageFile::PutBack(const EarlierPages& earlier) {
+    assert(!levels_.empty());
+    while (pageCount_ < earlier.pageCount) AppendPage();
+    for (const auto& [page, image] : earlier.images) {
+        std::memcpy(EditPage(page).data(), image.get(), layout_.pageSize);
+    }
+    if (earlier.pageCount < pageCount_) CutTo(earlier.pageCount);
+    if (earlier.freed) {
+        KeepFreed();
+        freed_ = *earlier.freed;
+    }
+}
+
+/// The pages that go are kept for Rollback, as edited ones are.
+void PageFile::CutTo(std::uint32_t pageCount) {
+    for (std::uint32_t page = pageCount; page < pageCount_; ++page) EditPage(page);
+    pageCount_ = pageCount;
+    image_.Resize(static_cast<std::uint64_t>(pageCount_) << pageShift_);
 }
 
 void PageFile::Rollback() noexcept {
@@ -244,8 +262,11 @@ void PageFile::SwapImages(Level& level) noexcept {
 
 std::vector<std::uint32_t> PageFile::ChangedPages(const Level& level) const {
     std::vector<std::uint32_t> pages;
-    pages.reserve(level.images.size() + (pageCount_ - level.pageCount));
-    for (const auto& [page, image] : level.images) pages.push_back(page);
+    const std::uint32_t appended = pageCount_ - std::min(pageCount_, level.pageCount);
+    pages.reserve(level.images.size() + appended);
+    for (const auto& [page, image] : level.images) {
+        if (page < pageCount_) pages.push_back(page);
+    }
     for (std::uint32_t page = level.pageCount; page < pageCount_; ++page) pages.push_back(page);
     return pages;
 }
@@ -269,6 +290,13 @@ bool PageFile::IsBefore(const Level& level, const FileImage& image) const {
 /// never differ.
 void PageFile::Store() {
     if (!stored_) return;
+    if (beforeStoring_) {
+        try {
+            beforeStoring_();
+        } catch (const std::exception&) {
+            // What it was to do has failed; the change is stored all the same.
+        }
+    }
     Level& level = levels_.front();
     const auto isBefore = [&](const FileImage& image) { return IsBefore(level, image); };
     if (stored_->Store({image_, layout_.pageSize, ChangedPages(level), isBefore}) ==

@@ -3,12 +3,13 @@
 // Commit, all or none. Knows the header page; knows nothing of what the other pages hold.
 
 #include "jet/storage/bytes.h"
+#include "jet/storage/earlierpages.h"
 #include "jet/storage/fileimage.h"
 #include "jet/storage/layout.h"
 
 #include <cstdint>
 #include <filesystem>
-#include <map>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -20,6 +21,7 @@ struct FileHeader {
     std::uint16_t collation = 0, collationVersion = 0, codePage = 0;
 };
 
+class PageJournal;
 class StoredFile;
 
 class PageFile {
@@ -74,6 +76,14 @@ class PageFile {
     /// Takes back everything since the matching Begin. Takes no memory, so it cannot fail.
     void Rollback() noexcept;
     std::size_t Depth() const { return levels_.size(); }
+
+    /// Makes the pages what they were, and as many, inside a level. Throws what EditPage and
+    /// AppendPage throw.
+    void PutBack(const EarlierPages& earlier);
+    /// Gets what every later Commit replaces, or null: nobody does. It outlives the file.
+    void SetJournal(PageJournal* journal) { journal_ = journal; }
+    /// Called before each store.
+    void SetBeforeStoring(std::function<void()> work) { beforeStoring_ = std::move(work); }
     /// Counts up with every EditPage, AppendPage and Rollback: lets caches notice that pages
     /// changed.
     std::uint64_t ChangeCount() const { return changeCount_; }
@@ -89,18 +99,13 @@ class PageFile {
     void GiveFreed(std::uint32_t page);
 
   private:
-    /// What is needed to go back to the state at Begin.
-    struct Level {
-        std::uint32_t pageCount = 0;
-        std::map<std::uint32_t, std::unique_ptr<std::uint8_t[]>> images;
-        std::optional<std::vector<std::uint32_t>> freed;  ///< none: unchanged
-        bool changed = false;
-    };
+    using Level = EarlierPages;  ///< at its Begin
 
     PageFile(const Layout& layout, FileImage image);
     [[noreturn]] void ThrowNoSuchPage(std::uint32_t page) const;
     void SwapImages(Level& level) noexcept;
     void JoinOuter() noexcept;
+    void CutTo(std::uint32_t pageCount);
     void KeepFreed();
     void Store();
     std::vector<std::uint32_t> ChangedPages(const Level& level) const;
@@ -117,6 +122,8 @@ class PageFile {
     std::vector<Level> levels_;
     std::vector<std::uint32_t> freed_;  ///< descending: the lowest is given out first
     std::uint64_t changeCount_ = 0;
+    PageJournal* journal_ = nullptr;
+    std::function<void()> beforeStoring_;
 };
 
 /// Begin, and Rollback unless Commit was called: one level of undo bound to a scope.

@@ -56,8 +56,12 @@ SecondImage::Written SecondImage::Write(const NewVersion& version,
     struct stat status {};
     if (!IsAsItWasLeft() || ::fstat(file_.Number(), &status) != 0) return Written::InDoubt;
     if (!SameRights(status, file)) TakeOver(file_, file);
-    const bool complete =
-        WritePages(version) && Uninterrupted([&] { return ::fdatasync(file_.Number()); }) == 0;
+    // The image may be of a version that had more pages.
+    const auto size = static_cast<off_t>(version.image.Size());
+    const bool shortened = status.st_size <= size ||
+                           Uninterrupted([&] { return ::ftruncate(file_.Number(), size); }) == 0;
+    const bool complete = shortened && WritePages(version) &&
+                          Uninterrupted([&] { return ::fdatasync(file_.Number()); }) == 0;
     return complete ? Written::Complete : Written::InDoubt;
 }
 
@@ -72,14 +76,15 @@ bool SecondImage::IsAsItWasLeft() const noexcept {
 /// The pages in which it is behind and those that are new, neighbours in one call.
 bool SecondImage::WritePages(const NewVersion& version) const noexcept {
     const auto perChunk = static_cast<std::uint32_t>(FileImage::kChunkBytes / version.pageSize);
+    const auto pageCount = static_cast<std::uint32_t>(version.image.Size() / version.pageSize);
+    const auto oldEnd = std::lower_bound(behind_.begin(), behind_.end(), pageCount);
     auto old = behind_.begin();
     auto fresh = version.changed.begin();
     std::uint32_t first = 0, end = 0;  // of the run that is being gathered
-    while (old != behind_.end() || fresh != version.changed.end()) {
-        const bool takeOld =
-            fresh == version.changed.end() || (old != behind_.end() && *old <= *fresh);
+    while (old != oldEnd || fresh != version.changed.end()) {
+        const bool takeOld = fresh == version.changed.end() || (old != oldEnd && *old <= *fresh);
         const std::uint32_t page = takeOld ? *old : *fresh;
-        if (old != behind_.end() && *old == page) ++old;
+        if (old != oldEnd && *old == page) ++old;
         if (fresh != version.changed.end() && *fresh == page) ++fresh;
         if (page != end || page % perChunk == 0) {
             if (!WriteRun(version, first, end)) return false;

@@ -18,6 +18,7 @@ int __real_rename(const char* from, const char* to);
 int __real_unlink(const char* path);
 int __real_fdatasync(int file);
 int __real_renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned how);
+int __real_ftruncate(int file, off_t size);
 int __real_fcntl(int file, int command, ...);
 int __real_fchmod(int file, mode_t mode);
 int __real_fchown(int file, uid_t user, gid_t group);
@@ -152,6 +153,9 @@ int __wrap_fcntl(int file, int command, ...) {
     va_end(rest);
     const auto call = [&] { return __real_fcntl(file, command, argument); };
     return command == F_SETLEASE && argument == F_WRLCK ? crash::Whole("lease", call) : call();
+}
+int __wrap_ftruncate(int file, off_t size) {
+    return crash::Whole("ftruncate", [&] { return __real_ftruncate(file, size); });
 }
 int __wrap_fchmod(int file, mode_t mode) {
     return crash::Whole("fchmod", [&] { return __real_fchmod(file, mode); });

@@ -33,7 +33,7 @@ class Injection {
     Injection& operator=(const Injection&) = delete;
 
     /// The names of the calls so far: "open", "write", "pwrite", "fsync", "fdatasync", "fsync
-    /// folder", "rename", "exchange", "lease", "unlink", "fchmod", "fchown".
+    /// folder", "rename", "exchange", "lease", "unlink", "ftruncate", "fchmod", "fchown".
     const std::vector<std::string>& Calls() const;
     /// The paths of files that were created, each as a new one and never through a link.
     const std::vector<std::string>& CreatedAnew() const;

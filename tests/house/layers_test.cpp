@@ -39,7 +39,7 @@ const std::vector<std::vector<std::string_view>> kFloors = {
 std::string_view FolderOf(std::string_view path) {
     if (!path.starts_with("jet/")) return path.substr(0, path.find('/'));
     for (const std::string_view header :
-         {"design.h", "error.h", "loss.h", "recordset.h", "value.h"}) {
+         {"design.h", "error.h", "journalnote.h", "loss.h", "recordset.h", "value.h"}) {
         if (path.substr(path.find('/') + 1) == header) return kEngineWords;
     }
     return path.substr(0, path.rfind('/'));
