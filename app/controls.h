@@ -46,8 +46,13 @@ struct Controls {
     QAction* mnuSaveAs = nullptr;
     QAction* mnuRadera = nullptr;
     QAction* mnuStartFile = nullptr;
+    QAction* mnuAterstall = nullptr;
     QAction* mnuPrint = nullptr;
     QAction* mnuAvbryt = nullptr;
+    // Menu Redigera
+    QMenu* mnuRedigera = nullptr;
+    QAction* mnuAngra = nullptr;
+    QAction* mnuGorOm = nullptr;
     // Menu Visa
     QMenu* mnuShow = nullptr;
     QAction* mnuAll = nullptr;
@@ -133,6 +138,12 @@ struct Controls {
     QGroupBox* panTotal = nullptr;
     QListWidget* lstTotal = nullptr;
     QLabel* lblTotal = nullptr;
+
+    // The safety copies
+    QGroupBox* panKopior = nullptr;
+    QListWidget* lstKopior = nullptr;
+    QLabel* lblKopia = nullptr;
+    QPushButton* cmdAterstall = nullptr;
 
     StatusPanels* staBar = nullptr;
 };

@@ -17,6 +17,8 @@ class FileMenu : Controller {
 
     /// Says why the file can only be read, and offers to take over the lock of another computer.
     void TellAbout(const FundFile& file);
+    /// Opens the file in the place of the open one, which may be the same.
+    void SwitchTo(const std::string& path);
 
   private:
     void mnuNew_Click();
@@ -28,7 +30,6 @@ class FileMenu : Controller {
     void SetUpDialog(const FileDialogTexts& texts);
     std::string FileToWrite(const FileDialogTexts& texts, std::string_view failed);
     void StoreStartFile();
-    void SwitchTo(const std::string& path);
     void ShowOpenedFile(const FundFile& file);
     void ShowNothingOpen();
     void OfferTakeOver(const std::string& why);

@@ -1,5 +1,6 @@
 #include "app/fundlist.h"
 
+#include "app/change.h"
 #include "app/frmPPM.h"
 #include "app/rules/fundline.h"
 #include "app/rules/modes.h"
@@ -173,6 +174,7 @@ void FundList::ChooseColour() {
         window.platform.dialogs.PickColour({present.red, present.green, present.blue});
     if (!picked) return;
     MoveToSelected();
+    const Change change(window, ColourChange(row.fond));
     EditRow(*window.dtaBasData, [&](DataSource& edited) {
         edited.Set(schema::holding::kPlottFarg,
                    ColourValue(Colour{picked->red, picked->green, picked->blue}));

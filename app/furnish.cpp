@@ -59,6 +59,7 @@ void Furnish(frmPPM& window) {
     FurnishStartData(window);
     FurnishPlotData(window);
     FurnishTotals(window);
+    FurnishCopies(window);
     FurnishHoldings(window);
     FurnishStatusBar(window);
     FurnishTabOrder(window);

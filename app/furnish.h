@@ -15,6 +15,7 @@ void FurnishDiagram(frmPPM& window);       ///< panDiagram
 void FurnishStartData(frmPPM& window);     ///< fraStartData
 void FurnishHoldings(frmPPM& window);      ///< panBasData
 void FurnishPlotData(frmPPM& window);      ///< panPlottData
-void FurnishTotals(frmPPM& window);        ///< panTotal
-void FurnishStatusBar(frmPPM& window);     ///< staBar
+void FurnishTotals(frmPPM& window);
+void FurnishCopies(frmPPM& window);     ///< panKopior
+void FurnishStatusBar(frmPPM& window);  ///< staBar
 void FurnishTabOrder(frmPPM& window);

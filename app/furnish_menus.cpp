@@ -6,6 +6,7 @@
 #include "platform/caption.h"
 
 #include <QAction>
+#include <QKeySequence>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -56,10 +57,18 @@ void FurnishMenus(frmPPM& window) {
     window.mnuRadera = Item(file, "mnuRadera", "Radera Fondfil");
     file->addSeparator();
     window.mnuStartFile = Item(file, "mnuStartFile", "Starta Med...");
+    window.mnuAterstall = Item(file, "mnuAterstall", "Återställ kopia...");
     file->addSeparator();
     window.mnuPrint = Item(file, "mnuPrint", "Skriv Ut");
     file->addSeparator();
     window.mnuAvbryt = Item(file, "mnuAvbryt", "Avsluta");
+
+    QMenu* edit = window.mnuRedigera = Menu(window, "mnuRedigera", "Redi&gera");
+    window.mnuAngra = Item(edit, "mnuAngra", "Ångra");
+    window.mnuAngra->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
+    window.mnuGorOm = Item(edit, "mnuGorOm", "Gör om");
+    window.mnuGorOm->setShortcut(QKeySequence(QStringLiteral("Ctrl+Y")));
+
 
     QMenu* show = window.mnuShow = Menu(window, "mnuShow", "&Visa");
     window.mnuAll = Item(show, "mnuAll", "Visa alla kurvor");
@@ -81,5 +90,6 @@ void FurnishMenus(frmPPM& window) {
 
     // Until the start-up pause has ended.
     file->setEnabled(false);
+    edit->setEnabled(false);
     show->setEnabled(false);
 }

@@ -70,6 +70,9 @@ void Panels::Show(const Shown& shown) {
 void Panels::ShowCaptions(const Shown::Captions& captions) {
     Write(&window_, captions.frmPPM);
     Write(controls_.lblRubrik, captions.lblRubrik);
+    Write(controls_.lblKopia, captions.lblKopia);
+    Write(controls_.mnuAngra, captions.mnuAngra);
+    Write(controls_.mnuGorOm, captions.mnuGorOm);
     Write(controls_.lblPanDatum, captions.lblPanDatum);
     Write(controls_.lblIngenFil, captions.lblIngenFil);
     Write(controls_.panListFonder, captions.panListFonder);
@@ -130,7 +133,12 @@ void Panels::ShowListColour(ListUse use) {
 
 void Panels::Enable(const Shown::Enabled& enabled, bool which) {
     TurnOn(controls_.mnuArkiv, enabled.mnuArkiv, which);
+    TurnOn(controls_.mnuRedigera, enabled.mnuRedigera, which);
     TurnOn(controls_.mnuShow, enabled.mnuShow, which);
+    TurnOn(controls_.mnuAterstall, enabled.mnuAterstall, which);
+    TurnOn(controls_.cmdAterstall, enabled.cmdAterstall, which);
+    TurnOn(controls_.mnuAngra, enabled.mnuAngra, which);
+    TurnOn(controls_.mnuGorOm, enabled.mnuGorOm, which);
     TurnOn(controls_.mnuPrint, enabled.mnuPrint, which);
     TurnOn(controls_.cmdFondList, enabled.cmdFondList, which);
     TurnOn(controls_.cmdNyAndel, enabled.cmdNyAndel, which);
@@ -148,6 +156,7 @@ void Panels::Reveal(const Shown::Visible& visible, bool which) {
     Turn(controls_.panTotal, visible.panTotal, which);
     Turn(controls_.panPlottData, visible.panPlottData, which);
     Turn(controls_.panBasData, visible.panBasData, which);
+    Turn(controls_.panKopior, visible.panKopior, which);
     Turn(controls_.imgColor, visible.imgColor, which);
     Turn(controls_.imgGrafNr, visible.imgGrafNr, which);
     Turn(controls_.lblGrafNr, visible.lblGrafNr, which);
@@ -176,6 +185,8 @@ void Panels::GiveFocus(Focus focus) {
             return controls_.lstTotal->setFocus();
         case Focus::Points:
             return controls_.GridPlott->setFocus();
+        case Focus::Copies:
+            return controls_.lstKopior->setFocus();
         case Focus::HoldingsGrid:
             return controls_.DBGrid->setFocus();
         case Focus::NoticeDate:
@@ -193,6 +204,7 @@ void Panels::KeepFocusInSight(const Shown& shown) {
     if (goes(controls_.panListFonder, shown.visible.panListFonder) ||
         goes(controls_.panTotal, shown.visible.panTotal) ||
         goes(controls_.panPlottData, shown.visible.panPlottData) ||
+        goes(controls_.panKopior, shown.visible.panKopior) ||
         goes(controls_.panBasData, shown.visible.panBasData)) {
         controls_.txtValue->setFocus();
     }

@@ -143,11 +143,13 @@ void StartUp::Form_Activate() {
 void StartUp::Activate() {
     window.Activated = true;
     window.ShowMonthsOfToday();
+    window.GuardFile();
 
     const bool hasRows = HasRows(*window.dtaBasData);
     // A file that can only be read is shown with the default scales.
     Skipping skip;
     if (hasRows) skip([&] { InitialiseScales(); });
+    window.KeepChanges();
     window.FillFundList();
     window.ReadCurveList();
     // Whatever was open or being chosen before belongs to another picture.

@@ -1,5 +1,6 @@
 #include "diagram/curveselection.h"
 
+#include "app/change.h"
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
 #include "base/error.h"
@@ -59,6 +60,7 @@ void CurveSelection::StoreSelection(const std::vector<std::int32_t>& curves) {
     DataSource& holdings = *window.dtaBasData;
     holdings.MoveFirst();
     const std::string column = holdings.Field(schema::holding::kSkala).Text();
+    const Change change(window, CurvesChange());
     EditRow(holdings,
             [&](DataSource& row) { row.Set(schema::holding::kSkala, WithCurves(column, curves)); });
 }

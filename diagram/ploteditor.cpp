@@ -1,5 +1,6 @@
 #include "diagram/ploteditor.h"
 
+#include "app/change.h"
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
 #include "base/daynumber.h"
@@ -22,10 +23,12 @@
 #include <QAction>
 #include <QLabel>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -55,6 +58,7 @@ PlotEditor::PlotEditor(frmPPM& ppm) : Controller(ppm) {
     grid.SetKeyStrokes(window.platform.keyStrokes);
     grid.SetDataSource(window.dtaPlott);
     window.dtaPlott->StoreThrough([this](const std::function<void()>& store) {
+        const Change change(window, NameOfChange());
         StoreWithScales(window.FundDb, *window.dtaPlott, store);
     });
     grid.events.afterCellStore = [this](int) { Run([this] { GridPlott_AfterColUpdate(); }); };
@@ -77,6 +81,25 @@ void PlotEditor::mnuPEdit_Click() {
     GoToLastPointOfOpenFund();
     window.GridPlott->SetCurrentColumn(kXCordColumn);
     ShowCount();
+}
+
+void PlotEditor::RefreshPoints() {
+    DataSource& points = *window.dtaPlott;
+    const std::int32_t row = points.Position();
+    points.Refresh();
+    if (!points.Empty()) points.MoveTo(std::clamp(row, 0, points.RecordCount() - 1));
+    if (window.left == LeftPanel::PlotData) ShowCount();
+}
+
+/// A row that is being typed is added or edited; one that is not is deleted.
+ChangeName PlotEditor::NameOfChange() {
+    DataSource& points = *window.dtaPlott;
+    std::optional<std::int32_t> day;
+    std::string fondNr;
+    Skipping skip;  // a point may lack its day or its number
+    skip([&] { fondNr = points.Field(schema::point::kFondNr).Text(); });
+    skip([&] { day = points.Field(schema::point::kXCord).Integer(); });
+    return points.Pending() ? PointChange(day, fondNr) : PointDeletionChange(day, fondNr);
 }
 
 /// The points are ordered by holding and day.

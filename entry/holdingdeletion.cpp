@@ -1,5 +1,6 @@
 #include "entry/holdingdeletion.h"
 
+#include "app/change.h"
 #include "app/frmPPM.h"
 #include "base/daynumber.h"
 #include "base/error.h"
@@ -49,7 +50,8 @@ bool HoldingDeletion::DBGrid_BeforeDelete() {
         return false;
     }
     window.BringTodayUpToDate();
-    window.WriteLogEntry(DeletionEntry(ReadHolding(holdings), DateText(window.TodayDay)));
+    deleted_ = ReadHolding(holdings);
+    window.WriteLogEntry(DeletionEntry(deleted_, DateText(window.TodayDay)));
     return true;
 }
 
@@ -60,6 +62,7 @@ void HoldingDeletion::DeleteRowAndPoints() {
     const std::int32_t kontoId = window.rowBeingDeleted.value_or(KontoIdOf(holdings));
     std::vector<std::int32_t> curves = ListedCurves(holdings);
     std::erase(curves, kontoId);
+    const Change change(window, HoldingDeletionChange(deleted_.namn, deleted_.fond));
     try {
         jet::Transaction transaction(window.FundDb);
         holdings.Delete();

@@ -2,6 +2,10 @@
 // The deletion of a holding with its points from the holdings grid.
 
 #include "app/controller.h"
+#include "fundfile/rules/holding.h"
+
+#include <cstdint>
+#include <optional>
 
 class HoldingDeletion : Controller {
   public:
@@ -14,4 +18,6 @@ class HoldingDeletion : Controller {
     void DeleteRowAndPoints();
     void DBGrid_AfterDelete();
     void ShowStoredCurves();
+
+    HoldingRow deleted_;
 };

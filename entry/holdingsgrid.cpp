@@ -1,5 +1,6 @@
 #include "entry/holdingsgrid.h"
 
+#include "app/change.h"
 #include "app/frmPPM.h"
 #include "base/daynumber.h"
 #include "base/error.h"
@@ -272,6 +273,7 @@ void HoldingsGrid::CompleteNewHolding() {
     window.BringTodayUpToDate();
 
     {
+        const Change withItsRow(window);
         jet::Transaction transaction(window.FundDb);
         EditRow(holdings, [&](DataSource& edited) {
             edited.Set(kPlottFarg, ColourValue(NewCurveColour(row.kontoId)));

@@ -1,5 +1,6 @@
 #include "entry/newsharesnotice.h"
 
+#include "app/change.h"
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
 #include "base/daynumber.h"
@@ -140,7 +141,9 @@ void NewSharesNotice::cmdNyOk_Click() {
 
 /// The old values are kept and the new ones written in one edit: all of it, or nothing.
 void NewSharesNotice::Store(const Notice& notice) {
-    const std::optional<std::string> saved = ValuesToSave(ReadHolding(*window.dtaBasData));
+    const HoldingRow before = ReadHolding(*window.dtaBasData);
+    const std::optional<std::string> saved = ValuesToSave(before);
+    const Change change(window, SharesChange(before.fond));
     EditRow(*window.dtaBasData, [&](DataSource& row) {
         if (saved) row.Set(kSparadeVarden, *saved);
         row.Set(kBokfortDatum, FormatDay(notice.day));

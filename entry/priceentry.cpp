@@ -1,5 +1,6 @@
 #include "entry/priceentry.h"
 
+#include "app/change.h"
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
 #include "base/error.h"
@@ -103,9 +104,14 @@ void PriceEntry::txtValue_Enter() try {
         return;
     }
     const DayPrice price{.price = entry->price, .day = today};
-    ShowStored(StoreDayPrice(window.FundDb, *window.holding, price), entry->price);
+    ShowStored(Store(price), entry->price);
 } catch (const Error& error) {
     Report(texts::StoreFailed, texts::StoreFailedLog, error);
+}
+
+OpenHolding PriceEntry::Store(const DayPrice& price) {
+    const Change change(window, PriceChange(PriceText(price.price), window.holding->fond));
+    return StoreDayPrice(window.FundDb, *window.holding, price);
 }
 
 std::optional<PriceEntry::Entry> PriceEntry::ReadEntry() const try {

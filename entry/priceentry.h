@@ -9,6 +9,7 @@
 #include <optional>
 
 class QKeyEvent;
+struct DayPrice;
 
 class PriceEntry : Controller {
   public:
@@ -31,6 +32,7 @@ class PriceEntry : Controller {
     std::optional<Entry> ReadEntry() const;
     /// Asks or refuses; false: nothing is stored.
     bool Believable(std::int32_t percent);
+    OpenHolding Store(const DayPrice& price);
     void ShowStored(const OpenHolding& stored, double price);
     void Refuse();
 };

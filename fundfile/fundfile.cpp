@@ -99,6 +99,15 @@ FundFile OpenFundFile(const fs::path& path) {
     return Share(std::move(database));
 }
 
+std::shared_ptr<jet::Database> LoadFundFileCopy(const fs::path& path) {
+    std::shared_ptr<jet::Database> copy = jet::Database::LoadCopy(path);
+    if (copy->LostPart()) {
+        throw Error{ErrorNumber::NotADatabase, path.string() + " lost: " + copy->LostPart()->what};
+    }
+    RequireFundFile(*copy);
+    return copy;
+}
+
 void CloseFundFile(std::shared_ptr<jet::Database>& database) noexcept {
     if (!database) {
         return;

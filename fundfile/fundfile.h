@@ -31,6 +31,10 @@ struct FundFile {
 /// is no fund file; NotADatabase for one that lost the tables with a part of it.
 FundFile OpenFundFile(const std::filesystem::path& path);
 
+/// A copy of a fund file in memory, to look at. Throws what OpenFundFile throws, and NotADatabase
+/// for a file that lost a part.
+std::shared_ptr<jet::Database> LoadFundFileCopy(const std::filesystem::path& path);
+
 /// Closes the file for everybody in the program, gives up the right to write it and empties
 /// `database`. Nothing happens when it is empty already.
 void CloseFundFile(std::shared_ptr<jet::Database>& database) noexcept;

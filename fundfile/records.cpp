@@ -141,7 +141,10 @@ HoldingRow ReadHolding(jet::RecordSet& holdings) {
 }
 
 std::vector<HoldingRow> ReadHoldings(DataSource& holdings) {
-    jet::RecordSet& records = holdings.Records();
+    return ReadHoldings(holdings.Records());
+}
+
+std::vector<HoldingRow> ReadHoldings(jet::RecordSet& records) {
     std::vector<HoldingRow> rows;
     const std::int32_t count = records.RecordCount();
     rows.reserve(static_cast<std::size_t>(count));

@@ -21,6 +21,7 @@ HoldingRow ReadHolding(DataSource& holdings);
 HoldingRow ReadHolding(jet::RecordSet& holdings);
 /// All rows in record order, without moving.
 std::vector<HoldingRow> ReadHoldings(DataSource& holdings);
+std::vector<HoldingRow> ReadHoldings(jet::RecordSet& holdings);
 
 /// The points of a record set whose first two columns are XCord and YCord, in its order. Points
 /// without a day or a value are left out.

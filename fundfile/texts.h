@@ -51,6 +51,24 @@ inline constexpr std::string_view StartsWith = "Nästa gång startar Kvarnbo med
 inline constexpr std::string_view MayBeOpenElsewhere =
     " ligger bredvid filen : ett annat program kan ha den öppen";
 
+// Safety copies
+inline constexpr std::string_view CopiesFolder = "Kopior";
+inline constexpr std::string_view NoSafetyCopy =
+    "Ingen säkerhetskopia kunde göras i mappen Kopior bredvid filen";
+inline constexpr std::string_view NoCopiesYet =
+    "Det finns inga kopior ännu. En görs före dagens första ändring.";
+inline constexpr std::string_view CopyNumber = "  nr ";
+inline constexpr std::string_view HoldingsInCopy = " innehav, ";
+inline constexpr std::string_view PointsInCopy = " punkter";
+inline constexpr std::string_view CopyUnreadable = "kan inte läsas";
+inline constexpr std::string_view AskRestore = "Du håller på att återställa kopian från ";
+inline constexpr std::string_view RestoreReplaces =
+    "\r\n\r\nFilen blir som den var före ändringarna då. Som den är nu sparas den först som en "
+    "egen kopia.\r\n\r\nÄr detta riktigt ?";
+inline constexpr std::string_view NotRestored = "Kopian återställdes inte";
+inline constexpr std::string_view Restored = "Filen är återställd från kopian ";
+inline constexpr std::string_view FormerState = " : som den var finns i ";
+
 inline constexpr std::string_view TakeOver =
     "\r\n\r\nÄr du säker på att Kvarnbo inte är igång där kan du ta över filen.\r\n\r\nVill du ta "
     "över den ?";

@@ -7,9 +7,12 @@
 #include "app/gridswitch.h"
 #include "app/keyboard.h"
 #include "app/listtyping.h"
+#include "app/rules/changename.h"
+#include "app/safetycopies.h"
 #include "app/screenscaling.h"
 #include "app/startup.h"
 #include "app/typedwork.h"
+#include "app/undoredo.h"
 #include "diagram/axes.h"
 #include "diagram/curves.h"
 #include "diagram/curveselection.h"
@@ -57,6 +60,8 @@ struct MainWindow::Controllers {
           newSharesNotice(window),
           plotEditor(window),
           fileMenu(window),
+          safetyCopies(window),
+          undoRedo(window),
           accountTotals(window),
           calculators(window),
           startUp(window) {}
@@ -85,6 +90,8 @@ struct MainWindow::Controllers {
     NewSharesNotice newSharesNotice;
     PlotEditor plotEditor;
     FileMenu fileMenu;
+    SafetyCopies safetyCopies;
+    UndoRedo undoRedo;
     AccountTotals accountTotals;
     Calculators calculators;
     StartUp startUp;
@@ -121,6 +128,24 @@ void MainWindow::FitInto(const QSize& room) {
 }
 void MainWindow::TellAbout(const FundFile& file) {
     controllers_->fileMenu.TellAbout(file);
+}
+void MainWindow::OpenFile(const std::string& path) {
+    controllers_->fileMenu.SwitchTo(path);
+}
+void MainWindow::GuardFile() {
+    controllers_->safetyCopies.GuardFile();
+}
+void MainWindow::KeepChanges() {
+    controllers_->undoRedo.KeepChanges();
+}
+void MainWindow::BeginChange(ChangeName name) {
+    controllers_->undoRedo.BeginChange(std::move(name));
+}
+void MainWindow::ContinueChange() {
+    controllers_->undoRedo.ContinueChange();
+}
+void MainWindow::EndChange() {
+    controllers_->undoRedo.EndChange();
 }
 void MainWindow::FillFundList() {
     controllers_->fundList.FillFundList();
@@ -196,6 +221,12 @@ void MainWindow::FillAccountList() {
 }
 std::string MainWindow::BuildAccountTotals(std::string_view accountName) {
     return controllers_->accountTotals.BuildAccountTotals(accountName);
+}
+void MainWindow::RefreshTotals() {
+    controllers_->accountTotals.RefreshTotals();
+}
+void MainWindow::RefreshPoints() {
+    controllers_->plotEditor.RefreshPoints();
 }
 
 void MainWindow::cmdFondList_Click() {

@@ -19,6 +19,12 @@ class MainWindow final : public frmPPM {
     void ScaleToScreen(float factor) override;
     void FitInto(const QSize& room) override;
     void TellAbout(const FundFile& file) override;
+    void OpenFile(const std::string& path) override;
+    void GuardFile() override;
+    void KeepChanges() override;
+    void BeginChange(ChangeName name) override;
+    void ContinueChange() override;
+    void EndChange() override;
     void FillFundList() override;
     void OpenSelectedFund() override;
     bool OpenFund(std::int32_t kontoId) override;
@@ -44,6 +50,8 @@ class MainWindow final : public frmPPM {
     void WriteLogEntry(std::string_view entry) override;
     void FillAccountList() override;
     std::string BuildAccountTotals(std::string_view accountName) override;
+    void RefreshTotals() override;
+    void RefreshPoints() override;
     void cmdFondList_Click() override;
     void cmdPPMData_Click() override;
     void imgScreen_Click() override;

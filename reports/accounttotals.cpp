@@ -16,6 +16,8 @@
 #include <QSignalBlocker>
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 AccountTotals::AccountTotals(frmPPM& ppm) : Controller(ppm) {
     On(window.mnuTotal, &QAction::triggered, [this] { mnuTotal_Click(); });
@@ -53,6 +55,22 @@ void AccountTotals::FillAccountList() {
     const QSignalBlocker quiet(window.lstTotal);
     window.lstTotal->clear();
     for (const std::string& name : AccountNames()) window.lstTotal->addItem(ToQt(name));
+}
+
+void AccountTotals::RefreshTotals() {
+    if (window.left != LeftPanel::Totals) return;
+    const QListWidgetItem* line = window.lstTotal->currentItem();
+    const QString chosen = line != nullptr && !window.totals.empty() ? line->text() : QString();
+    const std::int32_t row = window.dtaBasData->Position();
+    FillAccountList();
+    if (!window.dtaBasData->Empty() && row >= 0) window.dtaBasData->MoveTo(row);
+    window.totals.clear();
+    window.ShowState();
+    const auto same = window.lstTotal->findItems(chosen, Qt::MatchExactly);
+    if (chosen.isNull() || same.isEmpty()) return;
+    const QSignalBlocker quiet(window.lstTotal);
+    window.lstTotal->setCurrentItem(same.front());
+    lstTotal_Click();
 }
 
 std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName) {

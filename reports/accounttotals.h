@@ -18,6 +18,8 @@ class AccountTotals : Controller {
     explicit AccountTotals(frmPPM& window);
 
     void FillAccountList();
+    /// The rows have changed: the list and the sums of the chosen account are made anew.
+    void RefreshTotals();
     /// Errors pass to the caller.
     std::string BuildAccountTotals(std::string_view accountName);
 

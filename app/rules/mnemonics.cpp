@@ -20,6 +20,16 @@ bool IsLetter(char32_t letter) {
     return (upper >= U'A' && upper <= U'Z') || (upper >= U'À' && upper <= U'Þ');
 }
 
+/// The mark before a letter to press; two marks stand for one that is shown.
+std::size_t FindMark(const std::u32string& caption) {
+    for (std::size_t at = 0; at + 1 < caption.size(); ++at) {
+        if (caption[at] != kMark) continue;
+        if (caption[at + 1] != kMark) return at;
+        ++at;
+    }
+    return std::u32string::npos;
+}
+
 std::optional<std::size_t> FreePlace(const std::u32string& caption, const std::u32string& taken) {
     const auto isFree = [&](std::size_t at) {
         return IsLetter(caption[at]) && taken.find(Upper(caption[at])) == std::u32string::npos;
@@ -41,13 +51,13 @@ std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions)
     std::vector<std::u32string> marked;
     for (const std::string& caption : captions) {
         marked.push_back(ToCodePoints(caption));
-        const std::size_t mark = marked.back().find(kMark);
-        if (mark == std::u32string::npos || mark + 1 == marked.back().size()) continue;
+        const std::size_t mark = FindMark(marked.back());
+        if (mark == std::u32string::npos) continue;
         taken += Upper(marked.back()[mark + 1]);
     }
     std::vector<std::string> result;
     for (std::u32string& caption : marked) {
-        if (caption.find(kMark) == std::u32string::npos) {
+        if (FindMark(caption) == std::u32string::npos) {
             if (const auto at = FreePlace(caption, taken)) {
                 taken += Upper(caption[*at]);
                 caption.insert(*at, 1, kMark);
@@ -60,6 +70,7 @@ std::vector<std::string> WithMnemonics(const std::vector<std::string>& captions)
 
 std::string WithoutMnemonic(std::string_view caption) {
     std::u32string plain = ToCodePoints(caption);
-    std::erase(plain, kMark);
+    if (const std::size_t mark = FindMark(plain); mark != std::u32string::npos)
+        plain.erase(mark, 1);
     return ToUtf8(plain);
 }

@@ -145,6 +145,22 @@ WindowState AfterPlotDataMenu(WindowState state) {
     return state;
 }
 
+WindowState AfterCopiesMenu(WindowState state) {
+    if (Waits(state)) return state;
+    state = WithLeft(AfterGridLeft(std::move(state)), LeftPanel::Copies);
+    state.focus = Focus::Copies;
+    return state;
+}
+
+WindowState AfterReplay(WindowState state) {
+    if (Waits(state)) return state;
+    state = WithChoiceEnded(AfterNoticeClosed(std::move(state)));
+    state.picture = Picture::Stays;  // it is drawn anew
+    state.reading = {};
+    if (state.left == LeftPanel::Copies) state.left = LeftPanel::None;
+    return state;
+}
+
 WindowState AfterAllCurvesMenu(WindowState state) {
     if (Waits(state)) return state;
     state = AfterHoldingClosed(AfterGridLeft(std::move(state)));

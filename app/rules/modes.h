@@ -22,6 +22,9 @@ WindowState AfterScroll(WindowState state);          ///< `Image4`, `Image5`, th
 WindowState AfterTotalsMenu(WindowState state);
 WindowState AfterPlotDataMenu(WindowState state);
 WindowState AfterAllCurvesMenu(WindowState state);
+WindowState AfterCopiesMenu(WindowState state);
+/// Something was taken back or done again: what was being chosen or told is of another file.
+WindowState AfterReplay(WindowState state);
 WindowState AfterPrinting(WindowState state);
 /// `hasHoldings` is the opened file's.
 WindowState AfterFileOpened(WindowState state);

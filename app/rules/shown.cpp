@@ -5,6 +5,8 @@
 #include "base/daynumber.h"
 #include "base/number.h"
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -40,6 +42,7 @@ Shown::Visible VisibleIn(const WindowState& state) {
             .panTotal = state.left == LeftPanel::Totals,
             .panPlottData = state.left == LeftPanel::PlotData,
             .panBasData = GridShown(state),
+            .panKopior = state.left == LeftPanel::Copies,
             .imgColor = state.modeButtons,
             .imgGrafNr = state.modeButtons,
             .lblGrafNr = CollectingCurves(state) && !state.chosenCurves.empty(),
@@ -59,8 +62,13 @@ Shown::Enabled EnabledIn(const WindowState& state) {
     const bool started = state.stage != Stage::Starting;
     const bool grid = GridShown(state);
     return {.mnuArkiv = started,
+            .mnuRedigera = started,
             .mnuShow = started,
             .mnuPrint = true,
+            .mnuAterstall = state.FundDb != nullptr,
+            .cmdAterstall = state.hasCopies,
+            .mnuAngra = started && state.undoName,
+            .mnuGorOm = started && state.redoName,
             .cmdFondList = !grid && !Choosing(state),
             .cmdNyAndel = state.hasHoldings,
             .txtValue = !grid,
@@ -101,6 +109,17 @@ std::string_view EmptyPictureHint(const WindowState& state) {
     return state.holding ? texts::NoPointsOfHolding : texts::NoPoints;
 }
 
+/// "Ångra : kursen 190,32 för Asp". An "&" in a name is no mark of a letter to press.
+std::string ReplayCaption(std::string_view command, const std::optional<std::string>& name) {
+    if (!name) return std::string(command);
+    std::string caption = std::string(command) + std::string(texts::BeforeChangeName);
+    for (const char letter : *name) {
+        caption += letter;
+        if (letter == '&') caption += letter;
+    }
+    return caption;
+}
+
 std::string Heading(const WindowState& state) {
     if (!state.FundDb) return std::string(texts::NoFileOpen);
     const std::string& path = state.CurrentFile;
@@ -123,6 +142,9 @@ Shown::Captions CaptionsIn(const WindowState& state) {
             .lblTotal = state.totals,
             .lblXCord = state.reading.date,
             .lblYCord = state.reading.value,
+            .lblKopia = state.copyText,
+            .mnuAngra = ReplayCaption(texts::Undo, state.undoName),
+            .mnuGorOm = ReplayCaption(texts::Redo, state.redoName),
             .picDiagram = std::string(EmptyPictureHint(state)),
             .staBar = state.notice};
 }

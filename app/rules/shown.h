@@ -13,6 +13,7 @@ struct Shown {
         bool panRubrik = false, panControl = false, panDiagram = false, fraStartData = false;
         bool lblIngenFil = false;
         bool panListFonder = false, panTotal = false, panPlottData = false, panBasData = false;
+        bool panKopior = false;
         bool imgColor = false, imgGrafNr = false;
         bool lblGrafNr = false, lblPlottInfo = false;
         bool lblColorNr = false, lblFraHint = false;
@@ -22,7 +23,8 @@ struct Shown {
         bool operator==(const Visible&) const = default;
     };
     struct Enabled {
-        bool mnuArkiv = false, mnuShow = false, mnuPrint = false;
+        bool mnuArkiv = false, mnuRedigera = false, mnuShow = false, mnuPrint = false;
+        bool mnuAterstall = false, cmdAterstall = false, mnuAngra = false, mnuGorOm = false;
         bool cmdFondList = false, cmdNyAndel = false, txtValue = false, picDiagram = false;
         bool operator==(const Enabled&) const = default;
     };
@@ -32,6 +34,7 @@ struct Shown {
         std::string panListFonder, lblGrafNr, lblPlottInfo;
         std::string cmdPPMData, mnuVeckor, mnuMonth;
         std::string lblTotal, lblXCord, lblYCord;
+        std::string lblKopia, mnuAngra, mnuGorOm;
         std::string picDiagram;  ///< said in it while it has no curve: what to do
         std::string staBar;      ///< over all of its panels; "" where they are to be seen
         bool operator==(const Captions&) const = default;

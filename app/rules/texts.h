@@ -44,6 +44,23 @@ inline constexpr std::string_view NoPoints = "De valda fonderna har inga kurser 
 /// At the day that is today, in the picture
 inline constexpr std::string_view Today = "idag";
 
+inline constexpr std::string_view Undo = "Ångra";
+inline constexpr std::string_view Redo = "Gör om";
+inline constexpr std::string_view BeforeChangeName = " : ";
+
+// What a change is called in the menu
+inline constexpr std::string_view PriceOf = "kursen ";
+inline constexpr std::string_view ForFund = " för ";
+inline constexpr std::string_view RowOf = "raden ";
+inline constexpr std::string_view DeletedHolding = "borttaget innehav ";
+inline constexpr std::string_view DeletionOf = "raderingen av ";
+inline constexpr std::string_view NewSharesOf = "nya andelar för ";
+inline constexpr std::string_view ColourOf = "färgen på ";
+inline constexpr std::string_view CurveChoice = "valet av kurvor";
+inline constexpr std::string_view PointOfDay = "punkten";
+inline constexpr std::string_view DeletedPointOfDay = "borttagen punkt";
+inline constexpr std::string_view SomeChange = "ändringen";
+
 inline constexpr std::string_view ToDiagram = "&Diagram";
 inline constexpr std::string_view ToHoldings = "&PPM Data";
 

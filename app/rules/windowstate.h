@@ -22,13 +22,23 @@ class Database;
 enum class Stage { Starting, Diagram, Holdings, SharesNotice };
 
 /// The left column: one panel at a time.
-enum class LeftPanel { None, FundList, Totals, PlotData };
+enum class LeftPanel { None, FundList, Totals, PlotData, Copies };
 
 /// What a line of the fund list is chosen for. Nothing: its last choice was confirmed with Enter.
 enum class ListUse { Nothing, Prices, Colour, Curves };
 
 /// Where an event sends the keys. It holds for one showing; then the user moves about freely.
-enum class Focus { Stays, Picture, FundList, Price, Accounts, Points, HoldingsGrid, NoticeDate };
+enum class Focus {
+    Stays,
+    Picture,
+    FundList,
+    Price,
+    Accounts,
+    Points,
+    Copies,
+    HoldingsGrid,
+    NoticeDate
+};
 
 /// What an event does to a price that was typed and not confirmed. It holds for one showing, too.
 enum class TypedPrice { Stays, Cleared };
@@ -67,6 +77,11 @@ struct WindowState {
     std::string totals;  ///< of the account chosen in the totals panel
     Reading reading;
     std::string notice;  ///< stands over the status bar until that has something else to tell
+
+    bool hasCopies = false;  ///< of the open file, to restore
+    std::string copyText;    ///< what differs in the one that is chosen
+
+    std::optional<std::string> undoName, redoName;  ///< the next change to take back, to do again
 
     bool choosingStartFile = false;
     bool storingPoint = false;                    ///< rows stored meanwhile draw nothing anew

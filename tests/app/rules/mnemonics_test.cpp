@@ -28,6 +28,13 @@ TEST(Mnemonics, CaptionWithoutAFreeLetterStays) {
     EXPECT_EQ(WithMnemonics({"a", "a", "", "12"}), (Captions{"&a", "a", "", "12"}));
 }
 
+TEST(Mnemonics, AreNoneWhereTwoMarksStandForOne) {
+    EXPECT_EQ(WithMnemonics({"A&&B"}), (Captions{"&A&&B"}));
+    EXPECT_EQ(WithMnemonics({"A&&B&c", "C"}), (Captions{"A&&B&c", "C"}));
+    EXPECT_EQ(WithoutMnemonic("&A&&B"), "A&&B");
+    EXPECT_EQ(WithoutMnemonic("A&&&B"), "A&&B");
+}
+
 TEST(Mnemonics, CanBeTakenAwayAgain) {
     EXPECT_EQ(WithoutMnemonic("&Öppna"), "Öppna");
     EXPECT_EQ(WithoutMnemonic("Öppna"), "Öppna");

@@ -17,8 +17,9 @@ namespace {
 // E after Enter in the list                C list for a colour
 // K list for curves, nothing chosen        L the same, two chosen
 // A totals          a with the buttons     X plot data      x with the buttons
+// R safety copies   r with the buttons
 // G holdings grid   N notice of new shares
-constexpr std::string_view kModes = "SDBPTECKLAaXxGN";
+constexpr std::string_view kModes = "SDBPTECKLAaXxRrGN";
 
 struct Mode {
     Stage stage;
@@ -39,6 +40,7 @@ const std::map<char, Mode>& Modes() {
         {'L', {Diagram, FundList, Curves, true}},   {'A', {Diagram, Totals, Prices, false}},
         {'a', {Diagram, Totals, Prices, true}},     {'X', {Diagram, PlotData, Prices, false}},
         {'x', {Diagram, PlotData, Prices, true}},   {'G', {Holdings, None, Prices, false}},
+        {'R', {Diagram, Copies, Prices, false}},    {'r', {Diagram, Copies, Prices, true}},
         {'N', {SharesNotice, None, Prices, false}},
     };
     return modes;
@@ -104,31 +106,33 @@ struct Row {
 const std::vector<Row>& Rows() {
     static const std::vector<Row> rows = {
         // clang-format off
-        //                                       SDBPTECKLAaXxGN    SDBPTECKLAaXxGN    SDBPTECKLAaXxGN
-        {"end of the pause", AfterPause,        "PDBPTECKLAaXxGN", "L..............", "..............."},
-        {"Esc",              AfterEscape,       "SDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDD", ".......R......."},
-        {"F11",              AfterFundListButton,"SPPBBBBBBPPPPGN", ".LL......LLLL..", ".......R......."},
-        {"F9",               AfterColourButton, "SDCPCCBCCACXCGN", "..L.LL.LL.L.L..", ".......R......."},
-        {"F12",              AfterCurvesButton, "SDKPBBBBBAKXKGN", "..L.......L.L..", "..0....R..0.0.."},
-        {"F8",               AfterScreenButton, "SDBPTEBBBAaXxDD", ".............DD", "..............."},
-        {"grid's switch",    AfterGridSwitch,   "SGGGGGGGGGGGGDD", ".GGGGGGGGGGGGDD", ".......R......."},
-        {"scrolling",        AfterScroll,       "SDDDDDDDDDDDDGN", ".DDDDDDDDDDDD..", ".......R......."},
-        {"totals",           AfterTotalsMenu,   "SAaAaaaaaAaAaAA", ".AAAAAAAAAAAAAA", ".......R......."},
-        {"plot data",        AfterPlotDataMenu, "SXxXxxxxxXxXxXX", ".XXXXXXXXXXXXXX", ".......R......."},
-        {"all curves",       AfterAllCurvesMenu,"SDDDDDDDDDDXXDD", ".DDDDDDDDDDDDDD", "..............."},
-        {"printing",         AfterPrinting,     "SDBPTECKLDBXxDD", ".DDDDDDDDDDDDDD", "..............."},
-        {"file opened",      AfterFileOpened,   "SPPPPPPPPPPPPPP", ".LLLLLLLLLLLLLL", "..............."},
-        {"empty file opened",OpensEmptyFile,    "SGGGGGGGGGGGGGG", ".GGGGGGGGGGGGGG", "..............."},
-        {"file lost",        AfterFileLost,     "SDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDD", "..............."},
-        {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxGN", "...............", "..............."},
-        {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxGN", "...PPPP........", ".......R......."},
-        {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxGN", "...............", "..............."},
-        {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxNN", ".............N.", "..............."},
-        {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxGG", "..............G", "..............."},
-        {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDGN", ".DDDDDDDDDDDDDD", ".......R......."},
-        {"grid left",        AfterGridLeft,     "SDBPTECKLAaXxDD", ".............DD", "..............."},
-        {"holding closed",   AfterHoldingClosed,"SDBPTEBBBDBXxGN", "...............", ".......R......."},
-        {"keys to the list", WithKeysInList,    "SDBPTECKLAaXxGN", "...LLLLLL......", "..............."},
+        //                                       SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN
+        {"end of the pause", AfterPause,        "PDBPTECKLAaXxRrGN", "L................", "................."},
+        {"Esc",              AfterEscape,       "SDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDD", ".......R........."},
+        {"F11",              AfterFundListButton,"SPPBBBBBBPPPPPPGN", ".LL......LLLLLL..", ".......R........."},
+        {"F9",               AfterColourButton, "SDCPCCBCCACXCRCGN", "..L.LL.LL.L.L.L..", ".......R........."},
+        {"F12",              AfterCurvesButton, "SDKPBBBBBAKXKRKGN", "..L.......L.L.L..", "..0....R..0.0.0.."},
+        {"F8",               AfterScreenButton, "SDBPTEBBBAaXxRrDD", "...............DD", "................."},
+        {"grid's switch",    AfterGridSwitch,   "SGGGGGGGGGGGGGGDD", ".GGGGGGGGGGGGGGDD", ".......R........."},
+        {"scrolling",        AfterScroll,       "SDDDDDDDDDDDDDDGN", ".DDDDDDDDDDDDDD..", ".......R........."},
+        {"totals",           AfterTotalsMenu,   "SAaAaaaaaAaAaAaAA", ".AAAAAAAAAAAAAAAA", ".......R........."},
+        {"plot data",        AfterPlotDataMenu, "SXxXxxxxxXxXxXxXX", ".XXXXXXXXXXXXXXXX", ".......R........."},
+        {"copies",           AfterCopiesMenu,   "SRrRrrrrrRrRrRrRR", ".RRRRRRRRRRRRRRRR", ".......R........."},
+        {"replay",           AfterReplay,       "SDBPTEBBBAaXxDBGG", "................G", "................."},
+        {"all curves",       AfterAllCurvesMenu,"SDDDDDDDDDDXXRRDD", ".DDDDDDDDDDDDDDDD", "................."},
+        {"printing",         AfterPrinting,     "SDBPTECKLDBXxRrDD", ".DDDDDDDDDDDDDDDD", "................."},
+        {"file opened",      AfterFileOpened,   "SPPPPPPPPPPPPPPPP", ".LLLLLLLLLLLLLLLL", "................."},
+        {"empty file opened",OpensEmptyFile,    "SGGGGGGGGGGGGGGGG", ".GGGGGGGGGGGGGGGG", "................."},
+        {"file lost",        AfterFileLost,     "SDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDD", "................."},
+        {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxRrGN", ".................", "................."},
+        {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxRrGN", "...PPPP..........", ".......R........."},
+        {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxrrGN", ".................", "................."},
+        {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxRrNN", "...............N.", "................."},
+        {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxRrGG", "................G", "................."},
+        {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDDDGN", ".DDDDDDDDDDDDDDDD", ".......R........."},
+        {"grid left",        AfterGridLeft,     "SDBPTECKLAaXxRrDD", "...............DD", "................."},
+        {"holding closed",   AfterHoldingClosed,"SDBPTEBBBDBXxRrGN", ".................", ".......R........."},
+        {"keys to the list", WithKeysInList,    "SDBPTECKLAaXxRrGN", "...LLLLLL........", "................."},
         // clang-format on
     };
     return rows;
@@ -148,6 +152,8 @@ char LetterOf(Focus focus) {
             return 'A';
         case Focus::Points:
             return 'X';
+        case Focus::Copies:
+            return 'R';
         case Focus::HoldingsGrid:
             return 'G';
         case Focus::NoticeDate:
@@ -209,17 +215,17 @@ struct Clears {
 TEST(Modes, ForgetWhatBelongsToWhatIsLeft) {
     const std::map<std::string_view, Clears> rows = {
         // clang-format off
-        //                               SDBPTECKLAaXxGN    SDBPTECKLAaXxGN    SDBPTECKLAaXxGN    SDBPTECKLAaXxGN
-        {"Esc",    {AfterEscape,        ".............xx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
-        {"F11",    {AfterFundListButton,".xx......xxxx..", ".xx......xxxx..", ".xx......xxxx..", ".xx......xxxx.."}},
-        {"F8",     {AfterScreenButton,  ".............xx", ".............xx", "...............", "..............."}},
-        {"switch", {AfterGridSwitch,    ".xxxxxxxxxxxxxx", ".............xx", "...............", "..............."}},
-        {"scroll", {AfterScroll,        "...............", ".xxxxxxxxxxxx..", ".xxxxxxxxxxxx..", "..............."}},
-        {"all",    {AfterAllCurvesMenu, ".............xx", ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx"}},
-        {"print",  {AfterPrinting,      ".............xx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
-        {"file",   {AfterFileOpened,    ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
-        {"lost",   {AfterFileLost,      ".xxxxxxxxxxxxxx", ".xxxxxxxxxxxxxx", "...............", "..............."}},
-        {"closed", {AfterHoldingClosed, "...............", "xxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxx"}},
+        //                               SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN
+        {"Esc",    {AfterEscape,        "...............xx", ".xxxxxxxxxxxxxxxx", ".................", "................."}},
+        {"F11",    {AfterFundListButton,".xx......xxxxxx..", ".xx......xxxxxx..", ".xx......xxxxxx..", ".xx......xxxxxx.."}},
+        {"F8",     {AfterScreenButton,  "...............xx", "...............xx", ".................", "................."}},
+        {"switch", {AfterGridSwitch,    ".xxxxxxxxxxxxxxxx", "...............xx", ".................", "................."}},
+        {"scroll", {AfterScroll,        ".................", ".xxxxxxxxxxxxxx..", ".xxxxxxxxxxxxxx..", "................."}},
+        {"all",    {AfterAllCurvesMenu, "...............xx", ".xxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxx"}},
+        {"print",  {AfterPrinting,      "...............xx", ".xxxxxxxxxxxxxxxx", ".................", "................."}},
+        {"file",   {AfterFileOpened,    ".xxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxx", ".................", "................."}},
+        {"lost",   {AfterFileLost,      ".xxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxx", ".................", "................."}},
+        {"closed", {AfterHoldingClosed, ".................", "xxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxx"}},
         // clang-format on
     };
     const auto gone = [](bool is) { return is ? 'x' : '.'; };

@@ -16,14 +16,15 @@ namespace {
 
 // S starting, D diagram, B with the mode buttons, P list of prices, T with the buttons, E after
 // Enter in the list, C colour, K curves without and L with chosen ones, A totals, X plot data,
-// G holdings grid, N notice of new shares. A holding is open in all but S, D and P.
-constexpr std::string_view kModes = "SDBPTECKLAXGN";
+// R safety copies, G holdings grid, N notice of new shares. A holding is open in all but S, D and
+// P.
+constexpr std::string_view kModes = "SDBPTECKLAXRGN";
 
 WindowState In(char mode) {
     static const std::map<char, LeftPanel> lefts = {
         {'P', LeftPanel::FundList}, {'T', LeftPanel::FundList}, {'E', LeftPanel::FundList},
         {'C', LeftPanel::FundList}, {'K', LeftPanel::FundList}, {'L', LeftPanel::FundList},
-        {'A', LeftPanel::Totals},   {'X', LeftPanel::PlotData}};
+        {'A', LeftPanel::Totals},   {'X', LeftPanel::PlotData}, {'R', LeftPanel::Copies}};
     static const std::map<char, ListUse> uses = {{'E', ListUse::Nothing},
                                                  {'C', ListUse::Colour},
                                                  {'K', ListUse::Curves},
@@ -63,28 +64,29 @@ TEST(Shown, ControlsAreVisibleAsTheTableSays) {
     using V = Shown::Visible;
     Expect<V>(&Shown::visible, {
                                    // clang-format off
-        //                SDBPTECKLAXGN
-        {"panRubrik",     ".xxxxxxxxxxxx", &V::panRubrik},
-        {"panControl",    ".xxxxxxxxxxxx", &V::panControl},
-        {"panDiagram",    ".xxxxxxxxxxxx", &V::panDiagram},
-        {"fraStartData",  ".xxxxxxxxxxxx", &V::fraStartData},
-        {"lblIngenFil",   ".............", &V::lblIngenFil},
-        {"panListFonder", "...xxxxxx....", &V::panListFonder},
-        {"panTotal",      ".........x...", &V::panTotal},
-        {"panPlottData",  "..........x..", &V::panPlottData},
-        {"panBasData",    "...........xx", &V::panBasData},
-        {"imgColor",      "..x.xxxxx....", &V::imgColor},
-        {"imgGrafNr",     "..x.xxxxx....", &V::imgGrafNr},
-        {"lblGrafNr",     "........x....", &V::lblGrafNr},
-        {"lblPlottInfo",  ".....xxxx....", &V::lblPlottInfo},
-        {"lblColorNr",    "..x.xxxxxxxxx", &V::lblColorNr},
-        {"lblFraHint",    "xx.x.........", &V::lblFraHint},
-        {"cmdNyAndel",    "xxxxxxxxxxxx.", &V::cmdNyAndel},
-        {"txtGrid",       "...........x.", &V::txtGrid},
-        {"fraNyAndel",    "............x", &V::fraNyAndel},
-        {"cmdNyOk",       "............x", &V::cmdNyOk},
-        {"txtNyAndel",    "............x", &V::txtNyAndel},
-        {"lblTotal",      "xxxxxxxxxxxxx", &V::lblTotal},
+        //                SDBPTECKLAXRGN
+        {"panRubrik",     ".xxxxxxxxxxxxx", &V::panRubrik},
+        {"panControl",    ".xxxxxxxxxxxxx", &V::panControl},
+        {"panDiagram",    ".xxxxxxxxxxxxx", &V::panDiagram},
+        {"fraStartData",  ".xxxxxxxxxxxxx", &V::fraStartData},
+        {"lblIngenFil",   "..............", &V::lblIngenFil},
+        {"panListFonder", "...xxxxxx.....", &V::panListFonder},
+        {"panTotal",      ".........x....", &V::panTotal},
+        {"panPlottData",  "..........x...", &V::panPlottData},
+        {"panKopior",     "...........x..", &V::panKopior},
+        {"panBasData",    "............xx", &V::panBasData},
+        {"imgColor",      "..x.xxxxx.....", &V::imgColor},
+        {"imgGrafNr",     "..x.xxxxx.....", &V::imgGrafNr},
+        {"lblGrafNr",     "........x.....", &V::lblGrafNr},
+        {"lblPlottInfo",  ".....xxxx.....", &V::lblPlottInfo},
+        {"lblColorNr",    "..x.xxxxxxxxxx", &V::lblColorNr},
+        {"lblFraHint",    "xx.x..........", &V::lblFraHint},
+        {"cmdNyAndel",    "xxxxxxxxxxxxx.", &V::cmdNyAndel},
+        {"txtGrid",       "............x.", &V::txtGrid},
+        {"fraNyAndel",    ".............x", &V::fraNyAndel},
+        {"cmdNyOk",       ".............x", &V::cmdNyOk},
+        {"txtNyAndel",    ".............x", &V::txtNyAndel},
+        {"lblTotal",      "xxxxxxxxxxxxxx", &V::lblTotal},
                                    // clang-format on
                                });
 }
@@ -93,14 +95,19 @@ TEST(Shown, ControlsAreEnabledAsTheTableSays) {
     using E = Shown::Enabled;
     Expect<E>(&Shown::enabled, {
                                    // clang-format off
-        //              SDBPTECKLAXGN
-        {"mnuArkiv",    ".xxxxxxxxxxxx", &E::mnuArkiv},
-        {"mnuShow",     ".xxxxxxxxxxxx", &E::mnuShow},
-        {"mnuPrint",    "xxxxxxxxxxxxx", &E::mnuPrint},
-        {"cmdFondList", "xxxxxx...xx..", &E::cmdFondList},
-        {"cmdNyAndel",  "xxxxxxxxxxxxx", &E::cmdNyAndel},
-        {"txtValue",    "xxxxxxxxxxx..", &E::txtValue},
-        {"picDiagram",  "xxxxxxxxxxx..", &E::picDiagram},
+        //              SDBPTECKLAXRGN
+        {"mnuArkiv",    ".xxxxxxxxxxxxx", &E::mnuArkiv},
+        {"mnuRedigera", ".xxxxxxxxxxxxx", &E::mnuRedigera},
+        {"mnuAterstall","..............", &E::mnuAterstall},
+        {"cmdAterstall","..............", &E::cmdAterstall},
+        {"mnuAngra",    "..............", &E::mnuAngra},
+        {"mnuGorOm",    "..............", &E::mnuGorOm},
+        {"mnuShow",     ".xxxxxxxxxxxxx", &E::mnuShow},
+        {"mnuPrint",    "xxxxxxxxxxxxxx", &E::mnuPrint},
+        {"cmdFondList", "xxxxxx...xxx..", &E::cmdFondList},
+        {"cmdNyAndel",  "xxxxxxxxxxxxxx", &E::cmdNyAndel},
+        {"txtValue",    "xxxxxxxxxxxx..", &E::txtValue},
+        {"picDiagram",  "xxxxxxxxxxxx..", &E::picDiagram},
                                    // clang-format on
                                });
 }
@@ -120,7 +127,7 @@ TEST(Shown, CaptionsTagsAndTheListsColourAreThoseOfTheMode) {
     const std::string prices = "Ny DagsKurs för...", data = "&PPM Data";
     const Texts rows[] = {
         {"SDP", prices, "", "", data, "", "0", "0"},
-        {"BTAX", prices, "", "", data, "idxY", "0", "0"},
+        {"BTAXR", prices, "", "", data, "idxY", "0", "0"},
         {"E", "", "", "", data, "idxY", "0", "0"},
         {"C", "Välj Färg för Fond  <Enter>", "", colour, data, "idxY", "0", "2"},
         {"K", "Välj Fonder att rita", "", curves, data, "idxY", "1", "0", ListUse::Curves},
@@ -157,6 +164,30 @@ TEST(Shown, TheChoiceOfTheStartFileAndHeldRowsAreMarked) {
     EXPECT_EQ(ShownBy(state).tags.CmDialog, "Start");
     EXPECT_EQ(ShownBy(state).tags.GridPlott, "1");
     EXPECT_EQ(ShownBy(state).tags.DBGrid, "12");
+}
+
+TEST(Shown, WhatCanBeTakenBackAndDoneAgainStandsInTheMenu) {
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        EXPECT_EQ(ShownBy(state).captions.mnuAngra, "Ångra");
+        EXPECT_EQ(ShownBy(state).captions.mnuGorOm, "Gör om");
+        state.undoName = "kursen 190,32 för A&B";
+        state.redoName = "";
+        const Shown shown = ShownBy(state);
+        EXPECT_EQ(shown.captions.mnuAngra, "Ångra : kursen 190,32 för A&&B");
+        EXPECT_EQ(shown.captions.mnuGorOm, "Gör om : ");
+        EXPECT_EQ(shown.enabled.mnuAngra, mode != 'S');
+        EXPECT_EQ(shown.enabled.mnuGorOm, mode != 'S');
+    }
+}
+
+TEST(Shown, CopiesAreRestoredInAnOpenFileThatHasSome) {
+    WindowState state = In('R');
+    state.copyText = "what differs";
+    EXPECT_EQ(ShownBy(state).captions.lblKopia, "what differs");
+    EXPECT_FALSE(ShownBy(state).enabled.cmdAterstall);
+    state.hasCopies = true;
+    EXPECT_TRUE(ShownBy(state).enabled.cmdAterstall);
 }
 
 TEST(Shown, AFileWithoutHoldingsOffersNoNotice) {
