@@ -5,6 +5,7 @@
 #include "base/indexed.h"
 
 class QAction;
+class QComboBox;
 class QFrame;
 class QGroupBox;
 class QLabel;
@@ -53,6 +54,7 @@ struct Controls {
     QMenu* mnuRedigera = nullptr;
     QAction* mnuAngra = nullptr;
     QAction* mnuGorOm = nullptr;
+    QAction* mnuSok = nullptr;
     // Menu Visa
     QMenu* mnuShow = nullptr;
     QAction* mnuAll = nullptr;
@@ -125,7 +127,11 @@ struct Controls {
 
     // The plot data panel, with the two small calculators
     QGroupBox* panPlottData = nullptr;
+    QComboBox* cboSokFond = nullptr;  ///< whose points the grid shows
+    EntryField* txtSokDag = nullptr;  ///< the day to look for
     DataGrid* GridPlott = nullptr;
+    QLabel* lblPunkt = nullptr;        ///< "2026-11-13 = 20 % =" of the current row
+    EntryField* txtPunktKr = nullptr;  ///< the same in kronor, to be mended
     QLabel* lblRecCount = nullptr;
     EntryField* txtprcStart = nullptr;
     EntryField* txtprcNy = nullptr;

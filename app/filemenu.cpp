@@ -8,6 +8,7 @@
 #include "fundfile/queries.h"
 #include "fundfile/sources.h"
 #include "fundfile/texts.h"
+#include "jet/database.h"
 #include "jet/files.h"
 #include "platform/caption.h"
 #include "platform/commondialog.h"
@@ -202,7 +203,10 @@ void FileMenu::mnuSaveAs_Click() {
     if (path.empty()) return;
     if (!window.StoreTypedRows()) return;
     try {
-        SaveCopy(*window.dtaBasData, *window.dtaPlott, Template(), path);
+        if (!window.FundDb) throw Error{kObjectNotSet, "no fund file is open"};
+        // All of them: the grid may show those of one holding.
+        SaveCopy(*window.dtaBasData, *window.FundDb->OpenRecordSet(queries::AllPoints()),
+                 Template(), path);
     } catch (const Error& error) {
         Complain(fundtexts::NotCopied, path, error);
         return;

@@ -69,6 +69,9 @@ void FurnishMenus(frmPPM& window) {
     window.mnuGorOm = Item(edit, "mnuGorOm", "Gör om");
     window.mnuGorOm->setShortcut(QKeySequence(QStringLiteral("Ctrl+Y")));
 
+    edit->addSeparator();
+    window.mnuSok = Item(edit, "mnuSok", "Sök punkt...");
+    window.mnuSok->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
 
     QMenu* show = window.mnuShow = Menu(window, "mnuShow", "&Visa");
     window.mnuAll = Item(show, "mnuAll", "Visa alla kurvor");

@@ -7,6 +7,7 @@
 #include "widgets/datagrid.h"
 #include "widgets/entryfield.h"
 
+#include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -21,6 +22,31 @@ EntryField* Field(frmPPM& window, const char* name, const TwipRect& rect, std::s
     field->setAlignment(Qt::AlignRight);
     Speak(field, spoken);
     return field;
+}
+
+/// Above the grid: whose points it shows, and the day to go to.
+void FurnishSearch(frmPPM& window) {
+    window.cboSokFond = Named(new QComboBox(window.panPlottData), "cboSokFond");
+    Placed(window, window.cboSokFond, {60, 375, 2190, 345}, kSmallPoints);
+    window.cboSokFond->setMinimumContentsLength(1);
+    Speak(window.cboSokFond, "Fond vars punkter visas");
+    Tip(window.cboSokFond, "Visa bara en fonds punkter");
+    window.txtSokDag = Field(window, "txtSokDag", {2310, 375, 1170, 345}, "Dag att gå till");
+    window.txtSokDag->setPlaceholderText(ToQt("Dag"));
+    Tip(window.txtSokDag, "Skriv en dag, till exempel 2026-11-13, och tryck Enter");
+}
+
+/// Under it: the current point in kronor.
+void FurnishPoint(frmPPM& window) {
+    window.lblPunkt = Named(new QLabel(window.panPlottData), "lblPunkt");
+    Placed(window, window.lblPunkt, {60, 3570, 2190, 330}, kSmallPoints);
+    window.lblPunkt->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Speak(window.lblPunkt, "Punktens dag och ändring i procent");
+    window.txtPunktKr =
+        Field(window, "txtPunktKr", {2310, 3570, 900, 330}, "Punktens kurs i kronor");
+    Tip(window.txtPunktKr, "Skriv rätt kurs och tryck Enter");
+    auto* unit = Named(new QLabel(ToQt("kr"), window.panPlottData), "lblPunktKr");
+    Placed(window, unit, {3255, 3570, 225, 330}, kSmallPoints);
 }
 
 void FurnishPercentCalculator(frmPPM& window) {
@@ -62,10 +88,12 @@ void FurnishPlotData(frmPPM& window) {
     window.lblRecCount = Named(new QLabel(panel), "lblRecCount");
     Placed(window, window.lblRecCount, {150, 75, 3240, 270});
     Speak(window.lblRecCount, "Antal poster");
+    FurnishSearch(window);
     window.GridPlott = Named(new DataGrid(panel), "GridPlott");
-    Placed(window, window.GridPlott, {60, 390, 3420, 3510}, kSmallPoints, Letters::Grid);
+    Placed(window, window.GridPlott, {60, 780, 3420, 2730}, kSmallPoints, Letters::Grid);
     window.GridPlott->SetGridCaption(ToQt("X och Y koordinater för plotting"));
     Speak(window.GridPlott, "Kurvornas punkter");
+    FurnishPoint(window);
     FurnishPercentCalculator(window);
     FurnishTranslator(window);
 }

@@ -61,6 +61,7 @@ class Procedures {
     virtual std::string BuildAccountTotals(std::string_view accountName) = 0;  // AccountTotals
     virtual void RefreshTotals() = 0;  // AccountTotals: of the account that is chosen
     virtual void RefreshPoints() = 0;  // PlotEditor: the rows as they are now
+    virtual bool MendPoint(std::int32_t percent, double price) = 0;  // PlotEditor: the current one
 
     // Handlers that keys or other controllers run.
     virtual void cmdFondList_Click() = 0;                     // PriceEntry

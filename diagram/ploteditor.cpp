@@ -9,6 +9,7 @@
 #include "base/text.h"
 #include "diagram/texts.h"
 #include "fundfile/dayprice.h"
+#include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/schema.h"
@@ -59,7 +60,7 @@ PlotEditor::PlotEditor(frmPPM& ppm) : Controller(ppm) {
     grid.SetDataSource(window.dtaPlott);
     window.dtaPlott->StoreThrough([this](const std::function<void()>& store) {
         const Change change(window, NameOfChange());
-        StoreWithScales(window.FundDb, *window.dtaPlott, store);
+        followed_ = StorePoint(window.FundDb, *window.dtaPlott, store, typedPrice_);
     });
     grid.events.afterCellStore = [this](int) { Run([this] { GridPlott_AfterColUpdate(); }); };
     grid.events.beforeRowStore = [this] {
@@ -178,8 +179,35 @@ void PlotEditor::GridPlott_RowColChange() {
 void PlotEditor::GridPlott_AfterUpdate() {
     ShowCount();
     if (window.storingPoint) return;
+    TellOfSummaries();
     if (window.holding) return ShowFund();
     ShowSeveral();
+}
+
+/// Whose last point is another has another summary.
+void PlotEditor::TellOfSummaries() {
+    for (const FollowedSummary& summary : followed_) {
+        const OpenHolding& stored = summary.holding;
+        if (window.holding && window.holding->kontoId == stored.kontoId) {
+            window.RefreshFundSummary(stored, summary.price);
+        }
+        window.notice = stored.fond + std::string(texts::SummaryFollows) +
+                        stored.summary.latestPrice + std::string(texts::AfterLatest) +
+                        stored.summary.change;
+    }
+    if (!followed_.empty()) window.ShowState();
+    followed_.clear();
+}
+
+bool PlotEditor::MendPoint(std::int32_t percent, double price) {
+    typedPrice_ = price;
+    const bool stored = window.dtaPlott->Guard([&] {
+        EditRow(*window.dtaPlott,
+                [&](DataSource& row) { row.Set(schema::point::kYCord, percent); });
+    });
+    typedPrice_.reset();
+    if (stored) GridPlott_AfterUpdate();
+    return stored;
 }
 
 /// Scales that a corrected point changed are stored with it; holding and picture follow.

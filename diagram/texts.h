@@ -15,6 +15,16 @@ inline constexpr std::string_view PrintPlotFailedLog = "Fel i Print Plottingruti
 inline constexpr std::string_view PointIncomplete =
     " saknas\r\nEn punkt har FondNr, XCord, YCord och KontoId\r\nFyll i, eller tryck <Esc>";
 
+// Finding and mending a point
+inline constexpr std::string_view AllFunds = "Alla fonder";
+inline constexpr std::string_view NoDay = "Skriv en dag, till exempel 2026-11-13";
+inline constexpr std::string_view NoPointOn = "Det finns ingen punkt den ";
+inline constexpr std::string_view NoPointPrice =
+    "Kursen skall vara ett tal större än 0\r\nSkriv till exempel 190,32";
+// Between the holding's name, its latest price and its change.
+inline constexpr std::string_view SummaryFollows = " : sammanfattningen följer med  ";
+inline constexpr std::string_view AfterLatest = "  ";
+
 /// For those who do not see the diagram.
 inline constexpr std::string_view CurvesShown = "Kurvor: ";
 inline constexpr std::string_view NoCurves = "Inga kurvor";

@@ -12,9 +12,13 @@
 #include "jet/transaction.h"
 #include "platform/datasource.h"
 
+#include <map>
+#include <optional>
 #include <set>
 #include <span>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -57,6 +61,73 @@ std::set<std::int32_t> HoldingsConcerned(DataSource& points) {
     return kontoIds;
 }
 
+/// By day; nothing for a holding without points.
+std::optional<CurvePoint> LastPointOf(jet::Database& database, std::int32_t kontoId) {
+    const auto points = ReadPoints(*database.OpenRecordSet(queries::PointsOf(kontoId)));
+    return points.empty() ? std::nullopt : std::optional(points.back());
+}
+
+using LastPoints = std::map<std::int32_t, std::optional<CurvePoint>>;
+
+LastPoints LastPointsOf(jet::Database& database, const std::set<std::int32_t>& kontoIds) {
+    LastPoints last;
+    for (const std::int32_t kontoId : kontoIds) last[kontoId] = LastPointOf(database, kontoId);
+    return last;
+}
+
+/// A price that is known to the öre, and the day that it is of.
+struct KnownPrice {
+    std::optional<double> price;
+    std::int32_t day = 0;
+};
+
+KnownPrice KnownPriceOf(DataSource& points, std::optional<double> price) {
+    KnownPrice known;
+    Skipping skip;  // a row without a day has no known price
+    skip([&] { known = {price, points.Field(point::kXCord).Integer()}; });
+    return known;
+}
+
+void WriteSummary(jet::RecordSet& row, const HoldingSummary& summary) {
+    row.Set(holding::kSenasteDag, summary.day.value_or(0));
+    row.Set(holding::kSenasteKurs, summary.latestPrice);
+    row.Set(holding::kProcent, summary.change);
+    row.Set(holding::kKursVarde, summary.value);
+}
+
+/// Nothing where there is no start price, or a value beyond 32 bits: the point is stored all the
+/// same.
+std::optional<FollowedSummary> FollowSummary(jet::Database& database, std::int32_t kontoId,
+                                             const CurvePoint& last, const KnownPrice& known) {
+    const auto row = database.OpenRecordSet(kHoldingsSource);
+    if (row->Empty() || !row->FindFirst(queries::KontoIdIs(kontoId))) return std::nullopt;
+    const OpenHolding before = OpenHoldingOf(ReadHolding(*row));
+    const bool isKnown = known.price && known.day == last.day;
+    const double price = isKnown ? *known.price : PriceAt(last.value, before.startPrice);
+    HoldingSummary summary;
+    Skipping skip;
+    skip([&] { summary = SummaryAfter(before, price, last.day); });
+    if (!summary.day || summary == before.summary) return std::nullopt;
+    EditRow(*row, [&](jet::RecordSet& edited) { WriteSummary(edited, summary); });
+    return FollowedSummary{OpenHoldingOf(ReadHolding(*row)), price};
+}
+
+/// A holding that had no point until now has its summary from elsewhere.
+std::vector<FollowedSummary> FollowSummaries(jet::Database& database, const LastPoints& before,
+                                             const KnownPrice& known) {
+    std::vector<FollowedSummary> followed;
+    for (const auto& [kontoId, former] : before) {
+        const auto last = LastPointOf(database, kontoId);
+        if (!former || !last) continue;
+        const bool mended = known.price && known.day == last->day;
+        if (last == former && !mended) continue;
+        if (auto summary = FollowSummary(database, kontoId, *last, known)) {
+            followed.push_back(*std::move(summary));
+        }
+    }
+    return followed;
+}
+
 /// And stands on row `row` as before.
 void FindRowsAnew(jet::RecordSet& records, std::int32_t row) {
     records.Requery();
@@ -81,10 +152,7 @@ OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const 
         ScaleColumnFor(*row, ReadValues(*database, opened.kontoId),
                        replaced ? PointChange::Corrected : PointChange::Added);
     EditRow(*row, [&](jet::RecordSet& edited) {
-        edited.Set(holding::kSenasteDag, price.day);
-        edited.Set(holding::kSenasteKurs, summary.latestPrice);
-        edited.Set(holding::kProcent, summary.change);
-        edited.Set(holding::kKursVarde, summary.value);
+        WriteSummary(edited, summary);
         edited.Set(holding::kSkala, scale);
     });
     const OpenHolding stored = OpenHoldingOf(ReadHolding(*row));
@@ -92,20 +160,25 @@ OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const 
     return stored;
 }
 
-void StoreWithScales(const std::shared_ptr<jet::Database>& database, DataSource& points,
-                     const std::function<void()>& store) {
+std::vector<FollowedSummary> StorePoint(const std::shared_ptr<jet::Database>& database,
+                                        DataSource& points, const std::function<void()>& store,
+                                        std::optional<double> price) {
     const std::int32_t row = points.Position();
     bool stored = false;
     try {
         jet::Transaction together(database);
         const std::set<std::int32_t> concerned = HoldingsConcerned(points);
+        const LastPoints last = LastPointsOf(*database, concerned);
+        const KnownPrice known = KnownPriceOf(points, price);
         const std::int32_t before = points.RecordCount();
         store();
         stored = true;
         const PointChange change =
             points.RecordCount() > before ? PointChange::Added : PointChange::Corrected;
         for (const std::int32_t kontoId : concerned) UpdateScale(*database, kontoId, change);
+        std::vector<FollowedSummary> followed = FollowSummaries(*database, last, known);
         together.Commit();
+        return followed;
     } catch (const Error&) {
         // The file took the row back: the record set must not go on counting it, or missing it.
         if (stored) FindRowsAnew(points.Records(), row);

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 class DataSource;
 namespace jet {
@@ -26,8 +28,17 @@ struct DayPrice {
 OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
                           const DayPrice& price);
 
+/// A holding whose summary is another because its last point is.
+struct FollowedSummary {
+    OpenHolding holding;
+    double price = 0;
+};
+
 /// Runs `store`, which adds, changes or deletes the current row of `points`, and gives the scales
 /// of the holdings concerned what the changed series need, all of it or nothing. A new point widens
-/// the stored scale; a changed or deleted one makes it the automatic one.
-void StoreWithScales(const std::shared_ptr<jet::Database>& database, DataSource& points,
-                     const std::function<void()>& store);
+/// the stored scale; a changed or deleted one makes it the automatic one. Where the last point of a
+/// holding is another then, its summary is that point's: with the `price` of the row that is
+/// stored, where that is known, else with the one that the percentage stands for.
+std::vector<FollowedSummary> StorePoint(const std::shared_ptr<jet::Database>& database,
+                                        DataSource& points, const std::function<void()>& store,
+                                        std::optional<double> price = std::nullopt);

@@ -48,13 +48,13 @@ void CreateFundFile(const std::filesystem::path& templateFile,
     jet::CopyFile(templateFile, target);
 }
 
-void SaveCopy(DataSource& holdings, DataSource& points, const std::filesystem::path& templateFile,
-              const std::filesystem::path& target) {
+void SaveCopy(DataSource& holdings, jet::RecordSet& points,
+              const std::filesystem::path& templateFile, const std::filesystem::path& target) {
     CheckNotInUse(target);
     const std::shared_ptr<jet::Database> copy = jet::Database::LoadCopy(templateFile);
     jet::Transaction transaction(copy);
     CopyHoldings(holdings.Records(), *copy->OpenRecordSet("FondData"));
-    CopyPoints(points.Records(), *copy->OpenRecordSet("PlottData"));
+    CopyPoints(points, *copy->OpenRecordSet("PlottData"));
     transaction.Commit();
     copy->SaveAs(target);
 }

@@ -1,6 +1,7 @@
 #pragma once
 // New fund files on disk: an empty one from the template, and a copy of the open one's rows.
 
+#include "jet/recordset.h"
 #include "platform/datasource.h"
 
 #include <filesystem>
@@ -10,7 +11,7 @@
 /// PermissionDenied, PathNotFound, DiskFull, DeviceIo.
 void CreateFundFile(const std::filesystem::path& templateFile, const std::filesystem::path& target);
 
-/// The same, then filled with the rows of both sources: columns 0 to 16 of the holdings, 0 to 3 of
-/// the points, identities included. The current row of either source stays where it is.
-void SaveCopy(DataSource& holdings, DataSource& points, const std::filesystem::path& templateFile,
-              const std::filesystem::path& target);
+/// The same, then filled with the rows of both: columns 0 to 16 of the holdings, 0 to 3 of the
+/// points, identities included. The current row of the source stays where it is.
+void SaveCopy(DataSource& holdings, jet::RecordSet& points,
+              const std::filesystem::path& templateFile, const std::filesystem::path& target);

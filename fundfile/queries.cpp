@@ -19,6 +19,10 @@ std::string AllPointsAfterOpening() {
     return "SELECT * FROM  PLOTTDATA  ORDER BY KontoId,XCord";
 }
 
+std::string AllPointsOf(std::int32_t kontoId) {
+    return OfHolding("SELECT * FROM  PLOTTDATA ", kontoId) + " ORDER BY KontoId,XCord";
+}
+
 std::string PointsOf(std::int32_t kontoId) {
     return OfHolding("SELECT XCord,YCord FROM  PLOTTDATA ", kontoId) + " ORDER BY XCord";
 }

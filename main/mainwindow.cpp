@@ -18,6 +18,7 @@
 #include "diagram/curveselection.h"
 #include "diagram/measurement.h"
 #include "diagram/ploteditor.h"
+#include "diagram/pointsearch.h"
 #include "diagram/severalcurves.h"
 #include "entry/holdingdeletion.h"
 #include "entry/holdingsgrid.h"
@@ -59,6 +60,7 @@ struct MainWindow::Controllers {
           sourceFailures(window),
           newSharesNotice(window),
           plotEditor(window),
+          pointSearch(window),
           fileMenu(window),
           safetyCopies(window),
           undoRedo(window),
@@ -89,6 +91,7 @@ struct MainWindow::Controllers {
     SourceFailures sourceFailures;
     NewSharesNotice newSharesNotice;
     PlotEditor plotEditor;
+    PointSearch pointSearch;
     FileMenu fileMenu;
     SafetyCopies safetyCopies;
     UndoRedo undoRedo;
@@ -227,6 +230,9 @@ void MainWindow::RefreshTotals() {
 }
 void MainWindow::RefreshPoints() {
     controllers_->plotEditor.RefreshPoints();
+}
+bool MainWindow::MendPoint(std::int32_t percent, double price) {
+    return controllers_->plotEditor.MendPoint(percent, price);
 }
 
 void MainWindow::cmdFondList_Click() {

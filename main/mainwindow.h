@@ -52,6 +52,7 @@ class MainWindow final : public frmPPM {
     std::string BuildAccountTotals(std::string_view accountName) override;
     void RefreshTotals() override;
     void RefreshPoints() override;
+    bool MendPoint(std::int32_t percent, double price) override;
     void cmdFondList_Click() override;
     void cmdPPMData_Click() override;
     void imgScreen_Click() override;

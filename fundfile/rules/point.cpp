@@ -26,3 +26,8 @@ std::int32_t PercentChange(double price, double startPrice) {
     }
     return RoundHalfEven((now - start) * kHundred / start);
 }
+
+double PriceAt(std::int32_t percent, double startPrice) {
+    constexpr double kHundred = 100;
+    return startPrice * (kHundred + percent) / kHundred;
+}

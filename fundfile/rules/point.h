@@ -12,3 +12,6 @@ struct CurvePoint {
 /// The change in whole percent, in single precision, halves to even. DivisionByZero (11) for a
 /// start price of 0, Overflow (6) where the percentage does not fit.
 std::int32_t PercentChange(double price, double startPrice);
+
+/// The price that a whole percentage stands for.
+double PriceAt(std::int32_t percent, double startPrice);

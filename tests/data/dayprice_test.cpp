@@ -130,7 +130,7 @@ class CorrectedPointTest : public DayPriceTest {
     void SetUp() override {
         Open();
         points.StoreThrough([this](const std::function<void()>& store) {
-            StoreWithScales(file.database, points, store);
+            StorePoint(file.database, points, store);
         });
         Store(0, 100, kToday - 1);
         Store(0, 120);
@@ -151,6 +151,37 @@ TEST_F(CorrectedPointTest, TakesTheScaleWithIt) {
     Set(schema::point::kYCord, 3);
     EXPECT_EQ(Skala(0), "1.2./15/-10");
     EXPECT_EQ(Skala(1), "15/-10");
+}
+
+TEST_F(CorrectedPointTest, ThatIsTheLastTakesTheSummaryWithIt) {
+    points.MoveTo(1);
+    Set(schema::point::kYCord, 33);
+    EXPECT_EQ(Holding(0).summary.latestPrice, "Senaste : 133,00");
+    EXPECT_EQ(Holding(0).summary.change, "33 %");
+    EXPECT_EQ(Holding(0).summary.day, kToday);
+    points.MoveTo(0);
+    Set(schema::point::kYCord, 7);
+    EXPECT_EQ(Holding(0).summary.latestPrice, "Senaste : 133,00") << "not the last";
+    points.MoveTo(1);
+    points.Delete();
+    EXPECT_EQ(Holding(0).summary.latestPrice, "Senaste : 107,00");
+    EXPECT_EQ(Holding(0).summary.day, kToday - 1);
+    points.MoveTo(0);
+    points.Delete();
+    EXPECT_EQ(Holding(0).summary.latestPrice, "Senaste : 107,00") << "no point is left to say more";
+}
+
+TEST_F(CorrectedPointTest, ThatIsTheLastKeepsAPriceThatIsKnown) {
+    std::vector<FollowedSummary> followed;
+    points.StoreThrough([&](const std::function<void()>& store) {
+        followed = StorePoint(file.database, points, store, 120.4);
+    });
+    points.MoveTo(1);
+    Set(schema::point::kYCord, 20);  // the same percentage
+    EXPECT_EQ(Holding(0).summary.latestPrice, "Senaste : 120,40");
+    ASSERT_EQ(followed.size(), 1U);
+    EXPECT_EQ(followed.front().holding, Holding(0));
+    EXPECT_EQ(followed.front().price, 120.4);
 }
 
 TEST_F(CorrectedPointTest, ChangesBothScalesWhenItChangesItsHolding) {

@@ -29,7 +29,7 @@ class NewFilesTest : public testing::Test {
     }
     ~NewFilesTest() override { CloseFundFile(file.database); }
 
-    void Save() { SaveCopy(holdings, points, templateFile, target); }
+    void Save() { SaveCopy(holdings, points.Records(), templateFile, target); }
 
     testdata::TemporaryFolder folder;
     fs::path templateFile = folder / "Db0.dat", source = folder / "a.mdb", out = folder / "ut";
@@ -96,7 +96,7 @@ TEST_F(NewFilesTest, AProtectedFolderIsToldAndStaysAsItWas) {
 
 TEST_F(NewFilesTest, TheOpenFileIsNeverReplaced) {
     EXPECT_EQ(NumberOf([&] { CreateFundFile(templateFile, source); }), ErrorNumber::FileInUse);
-    EXPECT_EQ(NumberOf([&] { SaveCopy(holdings, points, templateFile, source); }),
+    EXPECT_EQ(NumberOf([&] { SaveCopy(holdings, points.Records(), templateFile, source); }),
               ErrorNumber::FileInUse);
     EXPECT_EQ(holdings.RecordCount(), 3);
     EXPECT_EQ(testdata::MdbExport(source, "FONDDATA").size(), 3U);
@@ -153,8 +153,9 @@ TEST_F(NewFilesTest, SavingACopyMovesNoCurrentRow) {
 
 TEST_F(NewFilesTest, ASecondNameOfTheOpenFileIsNeverReplaced) {
     fs::create_hard_link(source, out / "andra.mdb");
-    EXPECT_EQ(NumberOf([&] { SaveCopy(holdings, points, templateFile, out / "andra.mdb"); }),
-              ErrorNumber::FileInUse);
+    EXPECT_EQ(
+        NumberOf([&] { SaveCopy(holdings, points.Records(), templateFile, out / "andra.mdb"); }),
+        ErrorNumber::FileInUse);
 }
 
 TEST_F(NewFilesTest, AnotherFileTakesThePlaceOfTheOpenOne) {
@@ -235,7 +236,7 @@ TEST_P(CopyOfSample, HoldsTheSamePointsAndHoldings) {
     jet::Database::Create(folder / "Db0.dat", NewFundFileDesign());
     DataSource holdings("dtaBasData", "BasData"), points("dtaPlott", "Plotting");
     FundFile file = OpenAndBind(source, {holdings, points}, queries::AllPoints());
-    SaveCopy(holdings, points, folder / "Db0.dat", target);
+    SaveCopy(holdings, points.Records(), folder / "Db0.dat", target);
     std::vector<HoldingRow> before = ReadHoldings(holdings);
     CloseFundFile(file.database);
     file = OpenAndBind(target, {holdings, points}, queries::AllPoints());
