@@ -111,6 +111,7 @@ struct Controls {
     QLabel* lblFraHint = nullptr;          ///< while no holding is chosen
     Swatch* shaPlottColor = nullptr;
     QLabel* lblColorNr = nullptr;
+    QLabel* lblForhand = nullptr;  ///< right of the price: what Enter would make of it
 
     // The holdings panel
     QGroupBox* panBasData = nullptr;

@@ -19,7 +19,7 @@ constexpr int kColumns = 5;
 /// Amounts may have many decimals and need the most room.
 constexpr std::array<float, kColumns> kColumnLefts = {180, 1560, 3000, 4620, 6390};
 constexpr std::array<float, kColumns> kColumnWidths = {1320, 1380, 1560, 1710, 1650};
-constexpr float kRowHeight = 600;
+constexpr float kRowHeight = 510;
 
 }  // namespace
 
@@ -35,21 +35,29 @@ void FurnishStartData(frmPPM& window) {
         const int row = i / kColumns;
         const float left = kColumnLefts[column];
         const float width = kColumnWidths[column];
-        const float top = 390 + kRowHeight * static_cast<float>(row);
+        const float top = 315 + kRowHeight * static_cast<float>(row);
         QLabel* heading = window.lblFraHeading[i] = Named(Heading(frame, ""), "lblFraHeading", i);
         Placed(window, heading, {left, top, width, 240}, kSmallPoints);
         QLabel* value = window.lblFraData[i] = Named(new ValueLabel(frame), "lblFraData", i);
-        Placed(window, value, {left, top + 225, width, 285}, 10);
+        Placed(window, value, {left, top + 210, width, 285}, 10);
     }
     window.lblFraHint =
         Named(Heading(frame, "Välj en fond i listan, så visas dess startdata här."), "lblFraHint");
     Placed(window, window.lblFraHint, {180, 600, 7740, 300});
     // The fifth value is never used; the curve's colour and number stand in its place.
     window.shaPlottColor = Named(new Swatch(frame), "shaPlottColor");
-    Placed(window, window.shaPlottColor, {180, 1260, 450, 240});
+    Placed(window, window.shaPlottColor, {180, 1065, 450, 225});
     window.shaPlottColor->setAccessibleName(ToQt("Kurvans färg"));
     window.lblColorNr = Named(new QLabel(frame), "lblColorNr");
-    Placed(window, window.lblColorNr, {720, 1230, 780, 300}, 10);
+    Placed(window, window.lblColorNr, {720, 1035, 780, 285}, 10);
     Speak(window.lblColorNr, "Kurvans nummer");
     window.lblColorNr->hide();
+
+    // Beside the price field, across the whole frame: in the line of the buttons under it.
+    window.lblForhand = Named(new ValueLabel(frame), "lblForhand");
+    Placed(window, window.lblForhand, {120, 1335, 7890, 285});
+    window.lblForhand->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    window.lblForhand->setContentsMargins(5, 0, 5, 0);
+    Speak(window.lblForhand, "Besked om kursen");
+    window.lblForhand->hide();
 }

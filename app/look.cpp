@@ -1,6 +1,7 @@
 #include "app/look.h"
 
 #include <QColor>
+#include <QLabel>
 #include <QListWidget>
 #include <QRgb>
 
@@ -70,6 +71,15 @@ QListWidget#lstTotal, QListWidget#lstKopior { background: #FFFFFF; color: #1B2B3
                        selection-background-color: #1F5C7D; selection-color: #FFFFFF; border: 1px solid #B4C2CB;
                        border-radius: 3px; }
 )");
+}
+
+void SetDoubt(QLabel& label, bool doubtful) {
+    if (label.autoFillBackground() == doubtful) return;
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::Window, QColor(kDoubt));
+    palette.setColor(QPalette::WindowText, QColor(doubtful ? kText : kQuietText));
+    label.setPalette(palette);
+    label.setAutoFillBackground(doubtful);
 }
 
 void SetTextColour(QListWidget& list, QRgb colour) {

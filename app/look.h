@@ -6,6 +6,7 @@
 #include <QRgb>
 #include <QString>
 
+class QLabel;
 class QListWidget;
 
 namespace look {
@@ -21,10 +22,14 @@ inline constexpr QRgb kListChosen = 0xFF3A647C;
 inline constexpr QRgb kListGreen = 0xFF80FF80;   ///< the list while prices are typed
 inline constexpr QRgb kListCurves = 0xFFFFE08A;  ///< the list while curves are chosen
 
+inline constexpr QRgb kDoubt = 0xFFFFD98A;  ///< amber, under dark text
+
 /// A light palette of its own, whatever the desktop's is.
 QPalette WindowPalette();
 QString StyleSheet();
 /// The text of the fund list, on its dark ground.
 void SetTextColour(QListWidget& list, QRgb colour);
+/// What a label says is to be looked at, or quiet again.
+void SetDoubt(QLabel& label, bool doubtful);
 
 }  // namespace look

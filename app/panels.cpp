@@ -57,6 +57,7 @@ void Panels::Show(const Shown& shown) {
     ShowCaptions(shown.captions);
     ShowTags(shown.tags);
     ShowListColour(shown.listColour);
+    look::SetDoubt(*controls_.lblForhand, shown.priceDoubted);
     if (shown.typedPrice == TypedPrice::Cleared) Write(controls_.txtValue, "");
     Enable(shown.enabled, true);
     Reveal(shown.visible, true);
@@ -84,6 +85,11 @@ void Panels::ShowCaptions(const Shown::Captions& captions) {
     Write(controls_.lblTotal, captions.lblTotal);
     Write(controls_.lblXCord, captions.lblXCord);
     Write(controls_.lblYCord, captions.lblYCord);
+    if (Caption(controls_.lblForhand) != captions.lblForhand) {
+        Write(controls_.lblForhand, captions.lblForhand);
+        // A screen reader says it without the focus leaving the price.
+        controls_.txtValue->setAccessibleDescription(ToQt(captions.lblForhand));
+    }
     controls_.picDiagram->SetQuietLine(ToQt(captions.picDiagram));
     StatusPanels& bar = *controls_.staBar;
     if (bar.Notice() != captions.staBar) bar.SetNotice(captions.staBar);
@@ -163,6 +169,7 @@ void Panels::Reveal(const Shown::Visible& visible, bool which) {
     Turn(controls_.lblPlottInfo, visible.lblPlottInfo, which);
     Turn(controls_.lblColorNr, visible.lblColorNr, which);
     Turn(controls_.lblFraHint, visible.lblFraHint, which);
+    Turn(controls_.lblForhand, visible.lblForhand, which);
     Turn(controls_.cmdNyAndel, visible.cmdNyAndel, which);
     Turn(controls_.txtGrid, visible.txtGrid, which);
     Turn(controls_.fraNyAndel, visible.fraNyAndel, which);

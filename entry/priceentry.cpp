@@ -8,6 +8,7 @@
 #include "base/number.h"
 #include "base/pastedtext.h"
 #include "entry/rules/pricecheck.h"
+#include "entry/rules/pricepreview.h"
 #include "entry/texts.h"
 #include "fundfile/dayprice.h"
 #include "fundfile/queries.h"
@@ -25,6 +26,8 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+#include <utility>
+
 namespace {
 
 constexpr auto kHeldKeys =
@@ -40,6 +43,7 @@ PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
     price.Swallow(Qt::Key_Delete);
     price.SetEnter([this] { Run([this] { txtValue_Enter(); }); });
     On(&price, &EntryField::Entered, [this] { txtValue_GotFocus(); });
+    On(&price, &EntryField::textChanged, [this] { txtValue_Change(); });
     OnEvent(&price, QEvent::KeyPress, [this](QEvent& event) {
         return txtValue_KeyDown(static_cast<const QKeyEvent&>(event));
     });
@@ -55,6 +59,14 @@ void PriceEntry::cmdFondList_Click() {
 
 void PriceEntry::txtValue_GotFocus() {
     window.Put(AfterPriceFocus(window.State()));
+}
+
+void PriceEntry::txtValue_Change() {
+    PriceNote note;
+    if (window.holding) {
+        note = PricePreview(*window.holding, Caption(window.txtValue), window.TodayDay);
+    }
+    window.Put(AfterPriceTyped(window.State(), std::move(note)));
 }
 
 bool PriceEntry::txtValue_KeyDown(const QKeyEvent& event) {

@@ -24,6 +24,7 @@ class PriceEntry : Controller {
     };
 
     void txtValue_GotFocus();
+    void txtValue_Change();
     void txtValue_Enter();
     bool txtValue_KeyDown(const QKeyEvent& event);
     bool txtValue_Tab();

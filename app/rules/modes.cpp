@@ -219,6 +219,11 @@ WindowState AfterPriceFocus(WindowState state) {
     return state;
 }
 
+WindowState AfterPriceTyped(WindowState state, PriceNote note) {
+    state.priceNote = std::move(note);
+    return state;
+}
+
 WindowState WithKeysInPrice(WindowState state) {
     if (state.stage == Stage::Diagram) state.focus = Focus::Price;
     return state;
@@ -251,6 +256,7 @@ WindowState AfterHoldingClosed(WindowState state) {
     state.view = EmptyView();
     state.caption = texts::WindowCaption;
     state.reading = {};
+    state.priceNote = {};
     state.totals.clear();
     state.notice.clear();
     state.gridHelp = false;

@@ -34,6 +34,7 @@ WindowState AfterFileLost(WindowState state);  ///< none is open any more
 WindowState AfterLineChosen(WindowState state, std::int32_t kontoId);
 WindowState AfterEnterInList(WindowState state);
 WindowState AfterPriceFocus(WindowState state);
+WindowState AfterPriceTyped(WindowState state, PriceNote note);  ///< about what stands there now
 WindowState WithKeysInPrice(WindowState state);  ///< if it can be reached: a price is begun
 WindowState WithKeysInList(WindowState state);   ///< if it is open: after a price, for the next
 

@@ -49,6 +49,7 @@ Shown::Visible VisibleIn(const WindowState& state) {
             .lblPlottInfo = Choosing(state) || ChoiceConfirmed(state),
             .lblColorNr = state.holding.has_value(),
             .lblFraHint = !state.holding,
+            .lblForhand = !state.priceNote.text.empty(),
             .cmdNyAndel = !notice,
             .txtGrid = state.gridHelp,
             .fraNyAndel = notice,
@@ -145,6 +146,7 @@ Shown::Captions CaptionsIn(const WindowState& state) {
             .lblKopia = state.copyText,
             .mnuAngra = ReplayCaption(texts::Undo, state.undoName),
             .mnuGorOm = ReplayCaption(texts::Redo, state.redoName),
+            .lblForhand = state.priceNote.text,
             .picDiagram = std::string(EmptyPictureHint(state)),
             .staBar = state.notice};
 }
@@ -172,6 +174,7 @@ Shown ShownBy(const WindowState& state) {
             .captions = CaptionsIn(state),
             .tags = TagsIn(state),
             .listColour = CollectingCurves(state) ? ListUse::Curves : ListUse::Prices,
+            .priceDoubted = state.priceNote.doubtful,
             .view = state.view,
             .focus = state.focus,
             .typedPrice = state.typedPrice,

@@ -16,7 +16,7 @@ struct Shown {
         bool panKopior = false;
         bool imgColor = false, imgGrafNr = false;
         bool lblGrafNr = false, lblPlottInfo = false;
-        bool lblColorNr = false, lblFraHint = false;
+        bool lblColorNr = false, lblFraHint = false, lblForhand = false;
         bool cmdNyAndel = false, txtGrid = false;
         bool fraNyAndel = false, cmdNyOk = false, txtNyAndel = false;
         bool lblTotal = false;
@@ -35,6 +35,7 @@ struct Shown {
         std::string cmdPPMData, mnuVeckor, mnuMonth;
         std::string lblTotal, lblXCord, lblYCord;
         std::string lblKopia, mnuAngra, mnuGorOm;
+        std::string lblForhand;  ///< of a price while it is typed
         std::string picDiagram;  ///< said in it while it has no curve: what to do
         std::string staBar;      ///< over all of its panels; "" where they are to be seen
         bool operator==(const Captions&) const = default;
@@ -49,6 +50,7 @@ struct Shown {
     Captions captions;
     Tags tags;
     ListUse listColour = ListUse::Prices;  ///< of the list's lines: Curves or Prices
+    bool priceDoubted = false;             ///< the colour of `lblForhand`
     HoldingView view;                      ///< of the fund panel and the status bar
     Focus focus = Focus::Stays;
     TypedPrice typedPrice = TypedPrice::Stays;

@@ -43,6 +43,13 @@ enum class Focus {
 /// What an event does to a price that was typed and not confirmed. It holds for one showing, too.
 enum class TypedPrice { Stays, Cleared };
 
+/// What is said of a price while it is typed.
+struct PriceNote {
+    std::string text;
+    bool doubtful = false;  ///< it would be asked about or refused, or is far from the latest one
+    bool operator==(const PriceNote&) const = default;
+};
+
 /// What the two labels under the picture say; empty before anything is measured, and when the
 /// picture has changed under it.
 struct Reading {
@@ -76,7 +83,8 @@ struct WindowState {
     std::string caption{texts::WindowCaption};
     std::string totals;  ///< of the account chosen in the totals panel
     Reading reading;
-    std::string notice;  ///< stands over the status bar until that has something else to tell
+    PriceNote priceNote;  ///< of what stands in `txtValue`
+    std::string notice;   ///< stands over the status bar until that has something else to tell
 
     bool hasCopies = false;  ///< of the open file, to restore
     std::string copyText;    ///< what differs in the one that is chosen

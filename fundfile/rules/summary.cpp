@@ -27,6 +27,16 @@ std::string LatestPriceText(std::string_view price) {
     return std::string(texts::LatestPrice) + std::string(price);
 }
 
+std::optional<double> LatestPriceOf(const HoldingSummary& summary) {
+    const auto colon = summary.latestPrice.find(':');
+    if (colon == std::string::npos) return std::nullopt;
+    double price = 0;
+    Skipping skip;  // a text that somebody else wrote there
+    skip([&] { price = ParseDouble(summary.latestPrice.substr(colon + 1)); });
+    if (price <= 0) return std::nullopt;
+    return price;
+}
+
 std::string PriceText(double price) {
     return Fixed(price, kPriceDecimals);
 }

@@ -4,6 +4,7 @@
 #include "fundfile/rules/openholding.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,10 @@ std::string ChangeText(std::int32_t percent);
 
 /// "Senaste : 12,50".
 std::string LatestPriceText(std::string_view price);
+
+/// The price in the summary's text, which is what stands after its colon; nothing where there never
+/// was one.
+std::optional<double> LatestPriceOf(const HoldingSummary& summary);
 
 /// A price as it is shown: "12,50", every digit before the comma as it was typed.
 std::string PriceText(double price);

@@ -35,7 +35,8 @@ constexpr const char* kShared =
     "panPlottData|"
     "panBasData|"
     "imgColor|imgGrafNr|cmdFondList|cmdPPMData|cmdNyAndel|cmdNyOk|fraNyAndel|txtGrid|"
-    "lblGrafNr|lblPlottInfo|lblTotal|lblColorNr|lblFraData|lblFraHeading|lblFraHint|lblXCord|"
+    "lblGrafNr|lblPlottInfo|lblTotal|lblColorNr|lblFraData|lblFraHeading|lblFraHint|lblForhand|"
+    "lblXCord|"
     "lblYCord|lblPanDatum|shaPlottColor|mnuArkiv|mnuShow|mnuPrint|mnuVeckor|mnuMonth|txtValue|"
     "lstFonder|picDiagram)";
 

@@ -526,3 +526,43 @@ TEST_F(PriceEntryTest, FileIsSoundAfterManyPrices) {
     }
     EXPECT_EQ(Faults(), std::vector<std::string>{});
 }
+
+TEST_F(PriceEntryTest, SaysWhatEnterWouldMakeOfThePriceWhileItIsTyped) {
+    ChooseFund(0);
+    Window().txtValue->setFocus();
+    EXPECT_FALSE(Window().lblForhand->isVisible());
+    Type("112");
+    EXPECT_TRUE(Window().lblForhand->isVisible());
+    EXPECT_EQ(Caption(Window().lblForhand), "112,00 kr = 12 %, +1,8 % sedan 110,00 (30 okt)");
+    EXPECT_EQ(FromQt(Window().txtValue->accessibleDescription()), Caption(Window().lblForhand));
+    EXPECT_FALSE(Window().lblForhand->autoFillBackground());
+    Type("0");
+    EXPECT_EQ(Caption(Window().lblForhand),
+              "Stämmer det? 1120,00 kr = 1020 %, +918,2 % sedan 110,00 (30 okt)");
+    EXPECT_TRUE(Window().lblForhand->autoFillBackground());
+    for (int i = 0; i < 4; ++i) Press(Qt::Key_Backspace);
+    EXPECT_FALSE(Window().lblForhand->isVisible());
+}
+
+TEST_F(PriceEntryTest, SaysNothingMoreOfAPriceThatIsStoredOrGone) {
+    ChooseFund(0);
+    TypePrice("112");
+    EXPECT_FALSE(Window().lblForhand->isVisible());
+    Window().txtValue->setFocus();
+    Type("113");
+    EXPECT_EQ(Caption(Window().lblForhand), "113,00 kr = 13 %, +0,9 % sedan 112,00 (idag)");
+    ChooseFund(1);
+    EXPECT_FALSE(Window().lblForhand->isVisible());
+    EXPECT_EQ(Price(), "");
+}
+
+TEST_F(PriceEntryTest, NeverStopsWhoDoesNotReadWhatItSays) {
+    ChooseFund(0);
+    const std::string before = Bytes();
+    Window().txtValue->setFocus();
+    Type("20");
+    EXPECT_TRUE(Window().lblForhand->autoFillBackground());
+    EXPECT_EQ(Bytes(), before);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(TodaysPoints(1), (std::vector<CurvePoint>{{kToday, -80}}));
+}

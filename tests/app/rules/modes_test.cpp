@@ -90,6 +90,9 @@ using Event = WindowState (*)(WindowState);
 WindowState ChoosesLine(WindowState state) {
     return AfterLineChosen(std::move(state), 7);
 }
+WindowState TypesPrice(WindowState state) {
+    return AfterPriceTyped(std::move(state), {"a note", true});
+}
 WindowState OpensEmptyFile(WindowState state) {
     state.hasHoldings = false;
     return AfterFileOpened(std::move(state));
@@ -127,6 +130,7 @@ const std::vector<Row>& Rows() {
         {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxRrGN", ".................", "................."},
         {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxRrGN", "...PPPP..........", ".......R........."},
         {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxrrGN", ".................", "................."},
+        {"price typed",      TypesPrice,        "SDBPTECKLAaXxRrGN", ".................", "................."},
         {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxRrNN", "...............N.", "................."},
         {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxRrGG", "................G", "................."},
         {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDDDGN", ".DDDDDDDDDDDDDDDD", ".......R........."},
@@ -254,6 +258,16 @@ TEST(Modes, EndANoticeWithTheHoldingThatTheStatusBarTellsOf) {
         EXPECT_EQ(AfterHoldingOpened(state, Holding(2), {}).notice, "");
         EXPECT_EQ(AfterHoldingClosed(state).notice, "");
         EXPECT_EQ(AfterEscape(state).notice, "saved");
+    }
+}
+
+TEST(Modes, SayOfATypedPriceWhatIsKnownUntilItsHoldingIsClosed) {
+    for (const char mode : kModes) {
+        const PriceNote note{"a note", true};
+        const WindowState typed = AfterPriceTyped(In(mode), note);
+        EXPECT_EQ(typed.priceNote, note) << mode;
+        EXPECT_EQ(AfterEscape(typed).priceNote, note) << mode;
+        EXPECT_EQ(AfterHoldingClosed(typed).priceNote, PriceNote{}) << mode;
     }
 }
 

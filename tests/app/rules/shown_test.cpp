@@ -15,9 +15,9 @@
 namespace {
 
 // S starting, D diagram, B with the mode buttons, P list of prices, T with the buttons, E after
-// Enter in the list, C colour, K curves without and L with chosen ones, A totals, X plot data,
-// R safety copies, G holdings grid, N notice of new shares. A holding is open in all but S, D and
-// P.
+// Enter in the list (in all three a price is being typed), C colour, K curves without and L with
+// chosen ones, A totals, X plot data, R safety copies, G holdings grid, N notice of new shares. A
+// holding is open in all but S, D and P.
 constexpr std::string_view kModes = "SDBPTECKLAXRGN";
 
 WindowState In(char mode) {
@@ -39,6 +39,7 @@ WindowState In(char mode) {
     state.gridHelp = mode == 'G';
     state.hasHoldings = true;
     if (mode == 'L') state.chosenCurves = {3, 12};
+    if (std::string_view("PTE").find(mode) != std::string_view::npos) state.priceNote = {"a note"};
     if (std::string_view("SDP").find(mode) == std::string_view::npos) state.holding.emplace();
     return state;
 }
@@ -81,6 +82,7 @@ TEST(Shown, ControlsAreVisibleAsTheTableSays) {
         {"lblPlottInfo",  ".....xxxx.....", &V::lblPlottInfo},
         {"lblColorNr",    "..x.xxxxxxxxxx", &V::lblColorNr},
         {"lblFraHint",    "xx.x..........", &V::lblFraHint},
+        {"lblForhand",    "...xxx........", &V::lblForhand},
         {"cmdNyAndel",    "xxxxxxxxxxxxx.", &V::cmdNyAndel},
         {"txtGrid",       "............x.", &V::txtGrid},
         {"fraNyAndel",    ".............x", &V::fraNyAndel},
@@ -267,6 +269,7 @@ TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     state.TodayDay = 38772;
     state.focus = Focus::Accounts;
     state.typedPrice = TypedPrice::Cleared;
+    state.priceNote = {"about the price", true};
     state.view.status.fund = "a fund";
     const Shown shown = ShownBy(state);
     EXPECT_EQ(shown.captions.frmPPM, "caption");
@@ -274,6 +277,8 @@ TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     EXPECT_EQ(shown.captions.lblXCord, "date");
     EXPECT_EQ(shown.captions.lblYCord, "value");
     EXPECT_EQ(shown.captions.staBar, "saved");
+    EXPECT_EQ(shown.captions.lblForhand, "about the price");
+    EXPECT_TRUE(shown.priceDoubted);
     EXPECT_EQ(shown.captions.lblPanDatum, "Fredag 24 Februari 2006");
     EXPECT_EQ(shown.focus, Focus::Accounts);
     EXPECT_EQ(shown.typedPrice, TypedPrice::Cleared);

@@ -1,0 +1,231 @@
+#include "widgets/texttable.h"
+
+#include "platform/caption.h"
+
+#include <QAbstractTableModel>
+#include <QBrush>
+#include <QColor>
+#include <QFont>
+#include <QFontMetrics>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPalette>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+namespace {
+
+constexpr QColor kDoubtedGround(255, 217, 138);
+constexpr QColor kDoubtedText(27, 43, 54);
+constexpr QColor kQuietText(83, 102, 115);
+constexpr int kRowRoom = 8;  // pixels over and under a row's letters, together
+
+std::size_t At(int index) {
+    return static_cast<std::size_t>(index);
+}
+
+}  // namespace
+
+class TextTable::Model final : public QAbstractTableModel {
+  public:
+    std::vector<TextColumn> columns;
+    std::vector<TextRow> rows;
+
+    void Begin() { beginResetModel(); }
+    void End() { endResetModel(); }
+    void Replace(std::vector<TextRow> others) {
+        rows = std::move(others);
+        if (rows.empty() || columns.empty()) return;
+        emit dataChanged(index(0, 0), index(rowCount({}) - 1, columnCount({}) - 1));
+    }
+
+    int rowCount(const QModelIndex& /*parent*/) const override {
+        return static_cast<int>(rows.size());
+    }
+    int columnCount(const QModelIndex& /*parent*/) const override {
+        return static_cast<int>(columns.size());
+    }
+    QVariant data(const QModelIndex& cell, int role) const override {
+        const TextRow& row = rows[At(cell.row())];
+        const QString text =
+            At(cell.column()) < row.cells.size() ? ToQt(row.cells[At(cell.column())]) : QString();
+        switch (role) {
+            case Qt::DisplayRole:
+            case Qt::ToolTipRole:
+                return text;
+            case Qt::TextAlignmentRole:
+                return Alignment(cell.column());
+            default:
+                return Looks(row.tone, role);
+        }
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+        if (orientation != Qt::Horizontal || At(section) >= columns.size()) return {};
+        if (role == Qt::DisplayRole) return ToQt(columns[At(section)].caption);
+        if (role == Qt::TextAlignmentRole) return Alignment(section);
+        return {};
+    }
+
+  private:
+    QVariant Alignment(int column) const {
+        const auto side = columns[At(column)].number ? Qt::AlignRight : Qt::AlignLeft;
+        return static_cast<int>(side | Qt::AlignVCenter);
+    }
+    static QVariant Looks(RowTone tone, int role) {
+        if (role == Qt::ForegroundRole && tone == RowTone::Quiet) return QBrush(kQuietText);
+        if (role == Qt::ForegroundRole && tone == RowTone::Doubted) return QBrush(kDoubtedText);
+        if (role == Qt::BackgroundRole && tone == RowTone::Doubted) return QBrush(kDoubtedGround);
+        if (role == Qt::FontRole && tone == RowTone::Sum) {
+            QFont bold;
+            bold.setBold(true);
+            return bold;
+        }
+        return {};
+    }
+};
+
+TextTable::TextTable(QWidget* parent) : QTableView(parent), model_(std::make_unique<Model>()) {
+    setModel(model_.get());
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTextElideMode(Qt::ElideRight);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(true);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TextTable::CaptionPressed);
+    connect(this, &QTableView::pressed, this,
+            [this](const QModelIndex& cell) { emit RowPressed(cell.row()); });
+    connect(this, &QTableView::doubleClicked, this,
+            [this](const QModelIndex& cell) { emit Chosen(cell.row()); });
+}
+
+TextTable::~TextTable() {
+    setModel(nullptr);
+}
+
+void TextTable::SetColumns(std::vector<TextColumn> columns) {
+    model_->Begin();
+    model_->columns = std::move(columns);
+    model_->End();
+    LayOutColumns();
+}
+
+void TextTable::SetRows(std::vector<TextRow> rows) {
+    const QScopedValueRollback filling(filling_, true);
+    const int current = CurrentRow();
+    if (rows.size() == model_->rows.size()) {
+        model_->Replace(std::move(rows));
+    } else {
+        model_->Begin();
+        model_->rows = std::move(rows);
+        model_->End();
+        LayOutRows();
+        SetCurrentRow(std::min(current, model_->rowCount({}) - 1));
+    }
+    PlaceField();
+}
+
+const std::vector<TextRow>& TextTable::Rows() const {
+    return model_->rows;
+}
+
+int TextTable::CurrentRow() const {
+    return currentIndex().row();
+}
+
+void TextTable::SetCurrentRow(int row) {
+    const QScopedValueRollback filling(filling_, true);
+    setCurrentIndex(model_->index(row, field_ == nullptr ? 0 : fieldColumn_));
+    PlaceField();
+}
+
+void TextTable::ShowOrder(int column, Qt::SortOrder order) {
+    horizontalHeader()->setSortIndicatorShown(column >= 0);
+    horizontalHeader()->setSortIndicator(column, order);
+}
+
+void TextTable::SetField(QWidget* field, int column) {
+    field_ = field;
+    fieldColumn_ = column;
+    field->setParent(viewport());
+    PlaceField();
+}
+
+QRect TextTable::CellArea(int row, int column) const {
+    return visualRect(model_->index(row, column));
+}
+
+void TextTable::PlaceField() {
+    if (field_ == nullptr) return;
+    const QRect cell = visualRect(currentIndex().siblingAtColumn(fieldColumn_));
+    field_->setGeometry(cell);
+    field_->setVisible(cell.isValid());
+}
+
+void TextTable::LayOutRows() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
+}
+
+void TextTable::LayOutColumns() {
+    int shares = 0;
+    for (const TextColumn& column : model_->columns) shares += column.widthShare;
+    if (shares == 0) return;
+    int room = viewport()->width();
+    for (int i = 0; i < model_->columnCount({}); ++i) {
+        const int share = model_->columns[At(i)].widthShare;
+        const int width = room * share / shares;
+        setColumnWidth(i, width);
+        room -= width;
+        shares -= share;
+    }
+    LayOutRows();
+    PlaceField();
+}
+
+void TextTable::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        if (CurrentRow() >= 0) emit Chosen(CurrentRow());
+        return;
+    }
+    const int column = event->key() - Qt::Key_1;
+    if (plain && column >= 0 && column < std::min(9, model_->columnCount({}))) {
+        emit CaptionPressed(column);
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void TextTable::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    LayOutColumns();
+}
+
+void TextTable::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) LayOutColumns();
+}
+
+void TextTable::scrollContentsBy(int across, int down) {
+    QTableView::scrollContentsBy(across, down);
+    PlaceField();
+}
+
+void TextTable::currentChanged(const QModelIndex& current, const QModelIndex& before) {
+    QTableView::currentChanged(current, before);
+    PlaceField();
+    if (!filling_ && current.isValid() && current.row() != before.row()) {
+        emit CurrentRowMoved(current.row());
+    }
+}
