@@ -16,6 +16,7 @@ class QPushButton;
 class BoundField;
 class CommonDialog;
 class DataGrid;
+class DayMarks;
 class DataSource;
 class DiagramView;
 class EntryField;
@@ -23,6 +24,7 @@ class GridLine;
 class ImageButton;
 class StatusPanels;
 class Swatch;
+class TextTable;
 
 /// The panels of `staBar` that have a meaning.
 namespace statuspanel {
@@ -62,6 +64,8 @@ struct Controls {
     QAction* mnuMinus = nullptr;
     QAction* mnuVeckor = nullptr;
     QAction* mnuMonth = nullptr;
+    QAction* mnuKurser = nullptr;
+    QAction* mnuOversikt = nullptr;
     QAction* mnuTotal = nullptr;
     QAction* mnuPEdit = nullptr;
     QAction* mnuFLogg = nullptr;
@@ -97,6 +101,7 @@ struct Controls {
     Indexed<GridLine*, 1, 20> Line;  ///< `Line1` to `Line20`, the picture's own
     QLabel* lblXCord = nullptr;
     QLabel* lblYCord = nullptr;
+    DayMarks* axlSaknas = nullptr;  ///< on the time axis: days without a price
     Indexed<QLabel*, 1, 12> lblMonth;
     QLabel* lbLeftYear = nullptr;
     QLabel* lblRightYear = nullptr;
@@ -140,6 +145,20 @@ struct Controls {
     QLabel* lblprcSvar = nullptr;
     EntryField* txtTranslate = nullptr;
     QPushButton* cmdTranslate = nullptr;
+
+    // The day's round
+    QGroupBox* panKurser = nullptr;
+    QComboBox* cboDag = nullptr;  ///< that prices are typed for
+    TextTable* grdKurser = nullptr;
+    EntryField* txtNyKurs = nullptr;  ///< stands in the table's current row
+    QLabel* lblKlara = nullptr;       ///< how many have their price
+    QLabel* lblKursBesked = nullptr;  ///< about the price in the field, or the pasted ones
+
+    // The overview of all holdings, and its short form in the left column
+    QGroupBox* panOversikt = nullptr;
+    TextTable* grdOversikt = nullptr;
+    QGroupBox* panKort = nullptr;
+    TextTable* grdKort = nullptr;
 
     // The totals panel
     QGroupBox* panTotal = nullptr;

@@ -61,6 +61,9 @@ void Furnish(frmPPM& window) {
     FurnishTotals(window);
     FurnishCopies(window);
     FurnishHoldings(window);
+    FurnishShortOverview(window);
+    FurnishOverview(window);
+    FurnishDayPrices(window);
     FurnishStatusBar(window);
     FurnishTabOrder(window);
     // Enter presses a button that has the focus, as Space does.

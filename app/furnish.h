@@ -8,14 +8,17 @@ void Furnish(frmPPM& window);  ///< all of the following, in this order
 
 void FurnishDataSources(frmPPM& window);
 void FurnishMenus(frmPPM& window);
-void FurnishHeading(frmPPM& window);       ///< panRubrik
-void FurnishFundList(frmPPM& window);      ///< panListFonder
-void FurnishControlPanel(frmPPM& window);  ///< panControl
-void FurnishDiagram(frmPPM& window);       ///< panDiagram
-void FurnishStartData(frmPPM& window);     ///< fraStartData
-void FurnishHoldings(frmPPM& window);      ///< panBasData
-void FurnishPlotData(frmPPM& window);      ///< panPlottData
-void FurnishTotals(frmPPM& window);
-void FurnishCopies(frmPPM& window);     ///< panKopior
-void FurnishStatusBar(frmPPM& window);  ///< staBar
+void FurnishHeading(frmPPM& window);        ///< panRubrik
+void FurnishFundList(frmPPM& window);       ///< panListFonder
+void FurnishControlPanel(frmPPM& window);   ///< panControl
+void FurnishDiagram(frmPPM& window);        ///< panDiagram
+void FurnishStartData(frmPPM& window);      ///< fraStartData
+void FurnishHoldings(frmPPM& window);       ///< panBasData
+void FurnishPlotData(frmPPM& window);       ///< panPlottData
+void FurnishTotals(frmPPM& window);         ///< panTotal
+void FurnishCopies(frmPPM& window);         ///< panKopior
+void FurnishShortOverview(frmPPM& window);  ///< panKort
+void FurnishOverview(frmPPM& window);       ///< panOversikt
+void FurnishDayPrices(frmPPM& window);      ///< panKurser
+void FurnishStatusBar(frmPPM& window);      ///< staBar
 void FurnishTabOrder(frmPPM& window);

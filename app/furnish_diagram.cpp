@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "platform/caption.h"
+#include "widgets/daymarks.h"
 #include "widgets/diagramview.h"
 #include "widgets/imagebutton.h"
 #include "widgets/shortlabel.h"
@@ -96,6 +97,11 @@ void FurnishDiagram(frmPPM& window) {
         window.Line[static_cast<int>(i) + 1] = window.picDiagram->GridLines().at(i);
     }
     FurnishScale(window);
+    window.axlSaknas = Named(new DayMarks(panel), "axlSaknas");
+    Placed(window, window.axlSaknas,
+           {kPicture.left, kPicture.top + kPicture.height, kPicture.width, 75});
+    Speak(window.axlSaknas, "Dagar utan kurs");
+    Tip(window.axlSaknas, "Vardagar utan kurs de senaste 60 dagarna: fyll i dem med <F6>");
     FurnishMonths(window);
 
     window.lblIngenFil = Named(new QLabel(panel), "lblIngenFil");

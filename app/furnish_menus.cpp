@@ -82,6 +82,8 @@ void FurnishMenus(frmPPM& window) {
     window.mnuPlus = Item(show, "mnuPlus", "Zoom in..   +   Procent Skala");
     window.mnuMinus = Item(show, "mnuMinus", "Zoom ut..   --   Procent Skala");
     show->addSeparator();
+    window.mnuKurser = Item(show, "mnuKurser", "Dagens kurser   F6");
+    window.mnuOversikt = Item(show, "mnuOversikt", "Översikt   F7");
     window.mnuTotal = Item(show, "mnuTotal", "Totalt per konto");
     window.mnuPEdit = Item(show, "mnuPEdit", "Plott Editera");
     show->addSeparator();

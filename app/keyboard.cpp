@@ -27,6 +27,10 @@ std::optional<FunctionKey> FunctionKeyOf(int key) {
             return FunctionKey::Left;
         case Qt::Key_Right:
             return FunctionKey::Right;
+        case Qt::Key_F6:
+            return FunctionKey::F6;
+        case Qt::Key_F7:
+            return FunctionKey::F7;
         case Qt::Key_F8:
             return FunctionKey::F8;
         case Qt::Key_F9:
@@ -85,6 +89,7 @@ Keyboard::~Keyboard() = default;
 ShownPanels Keyboard::KeyPanels() const {
     return {.holdings = GridShown(window.State()),
             .plotData = window.left == LeftPanel::PlotData,
+            .page = PageShown(window.State()),
             .colourButton = window.modeButtons,
             .curvesButton = window.modeButtons};
 }
@@ -141,6 +146,13 @@ void Keyboard::Act(KeyAction action) {
         case KeyAction::ToDiagram:
             window.GridPlott->CancelRow();
             return window.ResetPanels();
+        case KeyAction::DayPrices:
+            return window.mnuKurser_Click();
+        case KeyAction::Overview:
+            return window.mnuOversikt_Click();
+        case KeyAction::ToDiagramFromPage:
+            if (!window.GiveUpDayPrice()) window.ResetPanels();
+            return;
         case KeyAction::ToDiagramFromGrid:
             return EscapeFromHoldings();
         case KeyAction::ZoomIn:

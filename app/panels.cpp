@@ -6,6 +6,7 @@
 #include "platform/commondialog.h"
 #include "widgets/boundfield.h"
 #include "widgets/datagrid.h"
+#include "widgets/daymarks.h"
 #include "widgets/diagramview.h"
 #include "widgets/entryfield.h"
 #include "widgets/imagebutton.h"
@@ -13,8 +14,10 @@
 #include "widgets/strokepainter.h"
 #include "widgets/swatch.h"
 #include "widgets/tag.h"
+#include "widgets/texttable.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
@@ -23,6 +26,7 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include <cstdint>
 #include <string_view>
 
 namespace {
@@ -57,7 +61,9 @@ void Panels::Show(const Shown& shown) {
     ShowCaptions(shown.captions);
     ShowTags(shown.tags);
     ShowListColour(shown.listColour);
+    controls_.axlSaknas->SetDays(shown.missingDays, static_cast<std::int32_t>(DiagramView::kDays));
     look::SetDoubt(*controls_.lblForhand, shown.priceDoubted);
+    look::SetDoubt(*controls_.lblKursBesked, shown.roundDoubted);
     if (shown.typedPrice == TypedPrice::Cleared) Write(controls_.txtValue, "");
     Enable(shown.enabled, true);
     Reveal(shown.visible, true);
@@ -89,6 +95,13 @@ void Panels::ShowCaptions(const Shown::Captions& captions) {
         Write(controls_.lblForhand, captions.lblForhand);
         // A screen reader says it without the focus leaving the price.
         controls_.txtValue->setAccessibleDescription(ToQt(captions.lblForhand));
+    }
+    Write(controls_.panKurser, captions.panKurser);
+    Write(controls_.lblKlara, captions.lblKlara);
+    if (Caption(controls_.lblKursBesked) != captions.lblKursBesked) {
+        Write(controls_.lblKursBesked, captions.lblKursBesked);
+        controls_.txtNyKurs->setAccessibleDescription(ToQt(captions.lblKursBesked));
+        controls_.grdKurser->setAccessibleDescription(ToQt(captions.lblKursBesked));
     }
     controls_.picDiagram->SetQuietLine(ToQt(captions.picDiagram));
     StatusPanels& bar = *controls_.staBar;
@@ -146,6 +159,7 @@ void Panels::Enable(const Shown::Enabled& enabled, bool which) {
     TurnOn(controls_.mnuAngra, enabled.mnuAngra, which);
     TurnOn(controls_.mnuGorOm, enabled.mnuGorOm, which);
     TurnOn(controls_.mnuPrint, enabled.mnuPrint, which);
+    TurnOn(controls_.cboDag, enabled.cboDag, which);
     TurnOn(controls_.cmdFondList, enabled.cmdFondList, which);
     TurnOn(controls_.cmdNyAndel, enabled.cmdNyAndel, which);
     TurnOn(controls_.txtValue, enabled.txtValue, which);
@@ -176,6 +190,10 @@ void Panels::Reveal(const Shown::Visible& visible, bool which) {
     Turn(controls_.cmdNyOk, visible.cmdNyOk, which);
     for (BoundField* box : controls_.txtNyAndel) Turn(box, visible.txtNyAndel, which);
     Turn(controls_.lblTotal, visible.lblTotal, which);
+    Turn(controls_.panKort, visible.panKort, which);
+    Turn(controls_.panKurser, visible.panKurser, which);
+    Turn(controls_.panOversikt, visible.panOversikt, which);
+    Turn(controls_.txtNyKurs, visible.txtNyKurs, which);
 }
 
 void Panels::GiveFocus(Focus focus) {
@@ -198,6 +216,12 @@ void Panels::GiveFocus(Focus focus) {
             return controls_.DBGrid->setFocus();
         case Focus::NoticeDate:
             return controls_.txtNyAndel[kNoticeDate]->setFocus();
+        case Focus::DayPrice:
+            return controls_.txtNyKurs->setFocus();
+        case Focus::PastedPrices:
+            return controls_.grdKurser->setFocus();
+        case Focus::Overview:
+            return controls_.grdOversikt->setFocus();
     }
 }
 
@@ -212,7 +236,10 @@ void Panels::KeepFocusInSight(const Shown& shown) {
         goes(controls_.panTotal, shown.visible.panTotal) ||
         goes(controls_.panPlottData, shown.visible.panPlottData) ||
         goes(controls_.panKopior, shown.visible.panKopior) ||
-        goes(controls_.panBasData, shown.visible.panBasData)) {
+        goes(controls_.panBasData, shown.visible.panBasData) ||
+        goes(controls_.panKurser, shown.visible.panKurser) ||
+        goes(controls_.panOversikt, shown.visible.panOversikt) ||
+        goes(controls_.panKort, shown.visible.panKort)) {
         controls_.txtValue->setFocus();
     }
 }

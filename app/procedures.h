@@ -13,9 +13,11 @@
 class PrinterPage;
 struct ChangeName;
 struct OpenHolding;
+struct PriceToTake;
 struct ScaleRange;
 class QSize;
 struct FundFile;
+struct TakenPrice;
 
 /// In every line the controller that does the work.
 class Procedures {
@@ -40,11 +42,13 @@ class Procedures {
     virtual void RefreshFundList(std::optional<std::int32_t> toOpen) = 0;  // FundList
     virtual void ReadCurveList() = 0;  // SeveralCurves: the stored list
     virtual void SelectCurves(std::vector<std::int32_t> kontoIds) = 0;  // SeveralCurves
-    virtual void DrawOnAllScale() = 0;     // SeveralCurves: those curves
-    virtual bool StoreTypedRows() = 0;     // GridSwitch
-    virtual bool MayLeaveFile() = 0;       // TypedWork
-    virtual bool MayLeaveNotice() = 0;     // TypedWork
-    virtual bool LeaveHoldingsGrid() = 0;  // GridSwitch
+    virtual void DrawOnAllScale() = 0;                           // SeveralCurves: those curves
+    virtual bool StoreTypedRows() = 0;                           // GridSwitch
+    virtual bool MayLeaveFile() = 0;                             // TypedWork
+    virtual bool MayLeaveNotice() = 0;                           // TypedWork
+    virtual bool LeaveHoldingsGrid() = 0;                        // GridSwitch
+    virtual TakenPrice TakePrice(const PriceToTake& price) = 0;  // PriceEntry
+    virtual bool GiveUpDayPrice() = 0;  // DayPrices: what is typed or pasted; false: nothing is
     virtual void RefreshFundSummary(const OpenHolding& stored,
                                     double newPrice) = 0;                      // FundSummary
     virtual void SetVerticalScale(std::int32_t bottom, std::int32_t top) = 0;  // Axes
@@ -65,6 +69,8 @@ class Procedures {
 
     // Handlers that keys or other controllers run.
     virtual void cmdFondList_Click() = 0;                     // PriceEntry
+    virtual void mnuKurser_Click() = 0;                       // DayPrices
+    virtual void mnuOversikt_Click() = 0;                     // Overview
     virtual void cmdPPMData_Click() = 0;                      // GridSwitch
     virtual void imgScreen_Click() = 0;                       // SeveralCurves
     virtual void imgColor_Click() = 0;                        // CurveSelection

@@ -15,6 +15,9 @@ inline constexpr std::string_view HoldingOf = "Raden för ";
 inline constexpr std::string_view NamelessHolding = "En rad utan namn i PPM Data";
 inline constexpr std::string_view PointOf = "Punkten i plottdata för fond ";
 inline constexpr std::string_view NamelessPoint = "En punkt i plottdata utan fondnummer";
+// The price and the fund follow.
+inline constexpr std::string_view DayPriceOf = "Kursen ";
+inline constexpr std::string_view DayPriceFor = " för ";
 inline constexpr std::string_view NoticeOf = "Meddelandet om nya andelar för ";
 inline constexpr std::string_view AccountField = "Kontouppgiften ";
 // Taking changes back and doing them again

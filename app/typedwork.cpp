@@ -8,6 +8,7 @@
 #include "platform/platform.h"
 #include "widgets/boundfield.h"
 #include "widgets/datagrid.h"
+#include "widgets/entryfield.h"
 
 #include <QScopedValueRollback>
 
@@ -55,7 +56,7 @@ bool TypedWork::MayLeaveFile() {
         GiveUp();
         return true;
     }
-    first->setFocus();
+    GoTo(*first);
     return false;
 }
 
@@ -77,6 +78,12 @@ std::vector<TypedWork::Piece> TypedWork::Pieces() {
         DataGrid* const typed = grid;
         pieces.push_back({typed, [this, name = name] { return (this->*name)(); },
                           [typed] { return typed->StoreRow(); }});
+    }
+    // Only Enter stores a price: it was never confirmed.
+    for (const auto& [kontoId, price] : window.round.typed) {
+        const std::string name = std::string(texts::DayPriceOf) + price.text +
+                                 std::string(texts::DayPriceFor) + price.fond;
+        pieces.push_back({window.txtNyKurs, [name] { return name; }, [] { return false; }});
     }
     // Only its own button stores a notice: it is either whole or not wanted.
     pieces.push_back({window.txtNyAndel[kTypedBoxes[0]], [this] { return NoticeName(); },
@@ -115,7 +122,15 @@ bool TypedWork::Ask(const std::vector<Unstored>& unstored) {
                                          .defaultButton = DefaultButton::Second}) == Answer::Yes;
 }
 
+void TypedWork::GoTo(QWidget& place) {
+    if (&place == window.txtNyKurs && window.stage != Stage::DayPrices) {
+        return window.mnuKurser_Click();
+    }
+    place.setFocus();
+}
+
 void TypedWork::GiveUp() {
+    window.round.typed.clear();
     window.DBGrid->CancelRow();
     window.GridPlott->CancelRow();
     for (BoundField* field : {window.txtKontoNr, window.txtPnr, window.txtNamn}) field->Reload();

@@ -33,5 +33,6 @@ class TypedWork : Controller {
     std::string NoticeName() const;
     bool NoticeTyped() const;
     bool Ask(const std::vector<Unstored>& unstored);
+    void GoTo(QWidget& place);
     void GiveUp();
 };

@@ -2,11 +2,13 @@
 
 #include "app/chosencurves.h"
 #include "app/frmPPM.h"
+#include "app/rules/modes.h"
 #include "base/error.h"
 #include "diagram/texts.h"
 #include "fundfile/editrow.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
+#include "fundfile/rules/missingdays.h"
 #include "fundfile/rules/scaletext.h"
 #include "fundfile/schema.h"
 #include "jet/database.h"
@@ -23,8 +25,10 @@
 #include <QSizeF>
 #include <QTransform>
 
+#include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -43,9 +47,14 @@ std::string WithListKept(const std::string& column, ScaleRange scale) {
 Curves::Curves(frmPPM& ppm) : Controller(ppm) {}
 
 void Curves::PlotCurves() try {
+    std::vector<std::int32_t> missing;
     ForEachChosenCurve(window, [&](std::span<const CurvePoint> points, const CurveStyle& style) {
         window.picDiagram->Add(ScreenDrawing(points, style, window.WindowStartDay, window.DayStep));
+        if (window.holding && window.holding->kontoId == style.kontoId) {
+            missing = MissingWeekdays(points, window.TodayDay);
+        }
     });
+    window.Put(AfterDaysMissed(window.State(), std::move(missing)));
     DescribeDiagram();
 } catch (const Error& error) {
     Report(texts::PlotFailed, texts::PlotFailedLog, error);

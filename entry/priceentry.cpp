@@ -103,41 +103,48 @@ bool PriceEntry::txtValue_Tab() {
     return true;
 }
 
-void PriceEntry::txtValue_Enter() try {
-    if (Caption(window.txtValue).empty()) return;
+void PriceEntry::txtValue_Enter() {
+    if (Caption(window.txtValue).empty() || !window.holding) return;
     window.BringTodayUpToDate();
+    const auto show = [this](const std::string& price) { SetCaption(window.txtValue, price); };
     // The price is of the day on which Enter was pressed, however long a question stays open.
-    const std::int32_t today = window.TodayDay;
-    const std::optional<Entry> entry = ReadEntry();
-    if (!entry) return Refuse();
-    SetCaption(window.txtValue, PriceText(entry->price));
-    if (!Believable(entry->percent)) {
-        SetCaption(window.txtValue, "");
-        return;
+    const PriceFate fate =
+        TakePrice({*window.holding, Caption(window.txtValue), window.TodayDay, show}).fate;
+    if (fate == PriceFate::Failed) return;
+    SetCaption(window.txtValue, "");
+    if (fate == PriceFate::Stored) window.Put(WithKeysInList(window.State()));
+}
+
+TakenPrice PriceEntry::TakePrice(const PriceToTake& price) try {
+    const std::optional<Entry> entry = ReadEntry(price);
+    if (!entry) {
+        Tell(texts::WrongEntry);
+        return {};
     }
-    const DayPrice price{.price = entry->price, .day = today};
-    ShowStored(Store(price), entry->price);
+    if (price.show) price.show(PriceText(entry->price));
+    if (!Believable(entry->percent)) return {};
+    const DayPrice dayPrice{.price = entry->price, .day = price.day};
+    const OpenHolding stored = Store(price.holding, dayPrice);
+    ShowStored(stored, dayPrice);
+    return {PriceFate::Stored, stored, entry->percent};
 } catch (const Error& error) {
     Report(texts::StoreFailed, texts::StoreFailedLog, error);
+    return {.fate = PriceFate::Failed};
 }
 
-OpenHolding PriceEntry::Store(const DayPrice& price) {
-    const Change change(window, PriceChange(PriceText(price.price), window.holding->fond));
-    return StoreDayPrice(window.FundDb, *window.holding, price);
+OpenHolding PriceEntry::Store(const OpenHolding& holding, const DayPrice& price) {
+    const Change change(window, PriceChange(PriceText(price.price), holding.fond));
+    const bool earlier = price.day < window.TodayDay;
+    return (earlier ? StoreEarlierPrice : StoreDayPrice)(window.FundDb, holding, price);
 }
 
-std::optional<PriceEntry::Entry> PriceEntry::ReadEntry() const try {
-    const std::optional<double> price = ReadPrice(Caption(window.txtValue));
-    if (!price || !window.holding) return std::nullopt;
-    return Entry{*price, PercentChange(*price, window.holding->startPrice)};
+std::optional<PriceEntry::Entry> PriceEntry::ReadEntry(const PriceToTake& price) try {
+    const std::optional<double> read = ReadPrice(price.typed);
+    if (!read) return std::nullopt;
+    return Entry{*read, PercentChange(*read, price.holding.startPrice)};
 } catch (const Error&) {
     // A start price of 0, or a price so far from it that there is no percentage.
     return std::nullopt;
-}
-
-void PriceEntry::Refuse() {
-    Tell(texts::WrongEntry);
-    SetCaption(window.txtValue, "");
 }
 
 bool PriceEntry::Believable(std::int32_t percent) {
@@ -154,13 +161,16 @@ bool PriceEntry::Believable(std::int32_t percent) {
     return false;
 }
 
-void PriceEntry::ShowStored(const OpenHolding& stored, double price) {
+void PriceEntry::ShowStored(const OpenHolding& stored, const DayPrice& price) {
     window.storingPoint = true;
     Skipping skip;  // the price is stored; points that cannot be read are told by their grid
     skip([&] { window.dtaPlott->Refresh(); });
     window.storingPoint = false;
-    window.RefreshFundSummary(stored, price);
+    if (!window.holding || window.holding->kontoId != stored.kontoId) return;
+    if (stored.summary.day == price.day) {
+        window.RefreshFundSummary(stored, price.price);
+    } else {
+        window.Put(AfterPriceStored(window.State(), stored));
+    }
     window.ShowFundScale(stored.scale);
-    SetCaption(window.txtValue, "");
-    window.Put(WithKeysInList(window.State()));
 }

@@ -3,6 +3,7 @@
 // shown.
 
 #include "app/controller.h"
+#include "app/pricetaking.h"
 #include "fundfile/rules/openholding.h"
 
 #include <cstdint>
@@ -16,6 +17,7 @@ class PriceEntry : Controller {
     explicit PriceEntry(frmPPM& window);
 
     void cmdFondList_Click();
+    TakenPrice TakePrice(const PriceToTake& price);
 
   private:
     struct Entry {
@@ -30,10 +32,9 @@ class PriceEntry : Controller {
     bool txtValue_Tab();
     /// -1 is the line above that of the open holding, 1 the one below; the last line has none.
     void OpenNeighbour(std::int32_t step);
-    std::optional<Entry> ReadEntry() const;
+    static std::optional<Entry> ReadEntry(const PriceToTake& price);
     /// Asks or refuses; false: nothing is stored.
     bool Believable(std::int32_t percent);
-    OpenHolding Store(const DayPrice& price);
-    void ShowStored(const OpenHolding& stored, double price);
-    void Refuse();
+    OpenHolding Store(const OpenHolding& holding, const DayPrice& price);
+    void ShowStored(const OpenHolding& stored, const DayPrice& price);
 };

@@ -12,6 +12,11 @@ inline constexpr std::string_view WrongEntry = "Felaktig inmatning";
 inline constexpr std::string_view StoreFailed = "Fel i SQLPlott";
 inline constexpr std::string_view StoreFailedLog = "Fel i SQLPlott  ";
 
+// The day's round: of a price that is typed, and to a screen reader what the field is for.
+inline constexpr std::string_view NotStoredYet = "inte sparad";
+inline constexpr std::string_view NewPriceOf = "Ny kurs för ";
+inline constexpr std::string_view WhoseLatestIs = ", senaste ";
+
 // The grid's column captions; their blanks belong to them.
 inline constexpr std::string_view FondColumn = "          Fond";
 inline constexpr std::string_view FondNrColumn = "Fond Nr";

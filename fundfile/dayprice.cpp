@@ -12,12 +12,12 @@
 #include "jet/transaction.h"
 #include "platform/datasource.h"
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <set>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -134,10 +134,19 @@ void FindRowsAnew(jet::RecordSet& records, std::int32_t row) {
     if (!records.Empty()) records.MoveTo(row);
 }
 
-}  // namespace
+/// Whether a stored price becomes the holding's latest one.
+enum class Latest { Becomes, Stays };
 
-OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
-                          const DayPrice& price) {
+Latest LatestAfter(jet::Database& database, std::int32_t kontoId, std::int32_t day) {
+    const std::vector<CurvePoint> points =
+        ReadPoints(*database.OpenRecordSet(queries::PointsOf(kontoId)));
+    const bool later = std::any_of(points.begin(), points.end(),
+                                   [day](const CurvePoint& point) { return point.day > day; });
+    return later ? Latest::Stays : Latest::Becomes;
+}
+
+OpenHolding Store(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
+                  const DayPrice& price, Latest latest) {
     const std::int32_t percent = PercentChange(price.price, opened.startPrice);
     const HoldingSummary summary = SummaryAfter(opened, price.price, price.day);
     jet::Transaction together(database);
@@ -152,12 +161,24 @@ OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const 
         ScaleColumnFor(*row, ReadValues(*database, opened.kontoId),
                        replaced ? PointChange::Corrected : PointChange::Added);
     EditRow(*row, [&](jet::RecordSet& edited) {
-        WriteSummary(edited, summary);
+        if (latest == Latest::Becomes) WriteSummary(edited, summary);
         edited.Set(holding::kSkala, scale);
     });
     const OpenHolding stored = OpenHoldingOf(ReadHolding(*row));
     together.Commit();
     return stored;
+}
+
+}  // namespace
+
+OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
+                          const DayPrice& price) {
+    return Store(database, opened, price, Latest::Becomes);
+}
+
+OpenHolding StoreEarlierPrice(const std::shared_ptr<jet::Database>& database,
+                              const OpenHolding& opened, const DayPrice& price) {
+    return Store(database, opened, price, LatestAfter(*database, opened.kontoId, price.day));
 }
 
 std::vector<FollowedSummary> StorePoint(const std::shared_ptr<jet::Database>& database,

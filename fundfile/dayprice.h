@@ -28,6 +28,11 @@ struct DayPrice {
 OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
                           const DayPrice& price);
 
+/// The same for a day before today that is filled in afterwards: the summary stays as it is where a
+/// later day has a point.
+OpenHolding StoreEarlierPrice(const std::shared_ptr<jet::Database>& database,
+                              const OpenHolding& opened, const DayPrice& price);
+
 /// A holding whose summary is another because its last point is.
 struct FollowedSummary {
     OpenHolding holding;

@@ -27,6 +27,10 @@ std::string PointsOf(std::int32_t kontoId) {
     return OfHolding("SELECT XCord,YCord FROM  PLOTTDATA ", kontoId) + " ORDER BY XCord";
 }
 
+std::string PointsWithHolding() {
+    return "SELECT XCord,YCord,KontoId FROM  PLOTTDATA ";
+}
+
 std::string ValuesOf(std::int32_t kontoId) {
     return OfHolding("SELECT YCord FROM  PLOTTDATA ", kontoId);
 }

@@ -11,6 +11,7 @@ std::string AllPoints();                        ///< for `dtaPlott` at start
 std::string AllPointsAfterOpening();            ///< for `dtaPlott` when another file was opened
 std::string AllPointsOf(std::int32_t kontoId);  ///< for `dtaPlott`: those of one holding
 std::string PointsOf(std::int32_t kontoId);     ///< XCord, YCord, in day order
+std::string PointsWithHolding();                ///< XCord, YCord, KontoId of all
 std::string ValuesOf(std::int32_t kontoId);     ///< YCord
 std::string FondNrOfPointsOf(std::int32_t kontoId);  ///< has rows if the holding has points
 std::string DeletePointsOf(std::int32_t kontoId);    ///< an action for jet::Database::Execute

@@ -29,6 +29,19 @@ std::vector<CurvePoint> WholePointsOf(jet::RecordSet& records) {
     return points;
 }
 
+std::map<std::int32_t, std::vector<CurvePoint>> WholePointsByHolding(jet::RecordSet& records) {
+    std::map<std::int32_t, std::vector<CurvePoint>> points;
+    const std::int32_t count = records.RecordCount();
+    for (std::int32_t row = 0; row < count; ++row) {
+        const jet::Value day = records.At(row, 0);
+        const jet::Value value = records.At(row, 1);
+        const jet::Value kontoId = records.At(row, 2);
+        if (day.IsNull() || value.IsNull() || kontoId.IsNull()) continue;
+        points[kontoId.Integer()].push_back({day.Integer(), value.Integer()});
+    }
+    return points;
+}
+
 std::vector<std::int32_t> WholeValuesOf(jet::RecordSet& records) {
     std::vector<std::int32_t> values;
     const std::int32_t count = records.RecordCount();
@@ -179,6 +192,19 @@ std::vector<std::int32_t> ReadValues(jet::Database& database, std::int32_t konto
         return values;
     };
     return UnlessNull(fast, [&] { return WholeValuesOf(*records); });
+}
+
+std::map<std::int32_t, std::vector<CurvePoint>> ReadPointsByHolding(jet::Database& database) {
+    const auto records = database.OpenRecordSet(queries::PointsWithHolding());
+    const auto fast = [&] {
+        std::map<std::int32_t, std::vector<CurvePoint>> points;
+        records->VisitIntegers(std::array<std::size_t, 3>{0, 1, 2},
+                               [&](std::span<const std::int32_t> row) {
+                                   points[row[2]].push_back({row[0], row[1]});
+                               });
+        return points;
+    };
+    return UnlessNull(fast, [&] { return WholePointsByHolding(*records); });
 }
 
 bool HasPoints(jet::Database& database, std::int32_t kontoId) {

@@ -8,6 +8,7 @@
 #include "platform/datasource.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,10 @@ std::vector<HoldingRow> ReadHoldings(jet::RecordSet& holdings);
 std::vector<CurvePoint> ReadPoints(jet::RecordSet& dayAndValue);
 /// Only the values, in stored order.
 std::vector<std::int32_t> ReadValues(jet::Database& database, std::int32_t kontoId);
+
+/// Every holding's points by its KontoId, in the order in which they are stored: one pass over the
+/// table. Points without a day, a value or a holding are left out.
+std::map<std::int32_t, std::vector<CurvePoint>> ReadPointsByHolding(jet::Database& database);
 
 bool HasPoints(jet::Database& database, std::int32_t kontoId);
 

@@ -7,6 +7,7 @@
 #include "app/gridswitch.h"
 #include "app/keyboard.h"
 #include "app/listtyping.h"
+#include "app/pricetaking.h"
 #include "app/rules/changename.h"
 #include "app/safetycopies.h"
 #include "app/screenscaling.h"
@@ -20,12 +21,14 @@
 #include "diagram/ploteditor.h"
 #include "diagram/pointsearch.h"
 #include "diagram/severalcurves.h"
+#include "entry/dayprices.h"
 #include "entry/holdingdeletion.h"
 #include "entry/holdingsgrid.h"
 #include "entry/newsharesnotice.h"
 #include "entry/priceentry.h"
 #include "entry/sourcefailures.h"
 #include "reports/accounttotals.h"
+#include "reports/overview.h"
 #include "reports/printedreport.h"
 #include "tools/about.h"
 #include "tools/calculators.h"
@@ -54,6 +57,7 @@ struct MainWindow::Controllers {
           typedWork(window),
           fundSummary(window),
           priceEntry(window),
+          dayPrices(window),
           printedReport(window),
           holdingsGrid(window),
           holdingDeletion(window),
@@ -65,6 +69,7 @@ struct MainWindow::Controllers {
           safetyCopies(window),
           undoRedo(window),
           accountTotals(window),
+          overview(window),
           calculators(window),
           startUp(window) {}
 
@@ -85,6 +90,7 @@ struct MainWindow::Controllers {
     TypedWork typedWork;
     FundSummary fundSummary;
     PriceEntry priceEntry;
+    DayPrices dayPrices;
     PrintedReport printedReport;
     HoldingsGrid holdingsGrid;
     HoldingDeletion holdingDeletion;
@@ -96,6 +102,7 @@ struct MainWindow::Controllers {
     SafetyCopies safetyCopies;
     UndoRedo undoRedo;
     AccountTotals accountTotals;
+    Overview overview;
     Calculators calculators;
     StartUp startUp;
 };
@@ -186,6 +193,12 @@ bool MainWindow::MayLeaveNotice() {
 bool MainWindow::LeaveHoldingsGrid() {
     return controllers_->gridSwitch.LeaveHoldingsGrid();
 }
+TakenPrice MainWindow::TakePrice(const PriceToTake& price) {
+    return controllers_->priceEntry.TakePrice(price);
+}
+bool MainWindow::GiveUpDayPrice() {
+    return controllers_->dayPrices.GiveUp();
+}
 void MainWindow::RefreshFundSummary(const OpenHolding& stored, double newPrice) {
     controllers_->fundSummary.RefreshFundSummary(stored, newPrice);
 }
@@ -237,6 +250,12 @@ bool MainWindow::MendPoint(std::int32_t percent, double price) {
 
 void MainWindow::cmdFondList_Click() {
     controllers_->priceEntry.cmdFondList_Click();
+}
+void MainWindow::mnuKurser_Click() {
+    controllers_->dayPrices.mnuKurser_Click();
+}
+void MainWindow::mnuOversikt_Click() {
+    controllers_->overview.mnuOversikt_Click();
 }
 void MainWindow::cmdPPMData_Click() {
     controllers_->gridSwitch.cmdPPMData_Click();

@@ -37,6 +37,8 @@ class MainWindow final : public frmPPM {
     bool MayLeaveFile() override;
     bool MayLeaveNotice() override;
     bool LeaveHoldingsGrid() override;
+    TakenPrice TakePrice(const PriceToTake& price) override;
+    bool GiveUpDayPrice() override;
     void RefreshFundSummary(const OpenHolding& stored, double newPrice) override;
     void SetVerticalScale(std::int32_t bottom, std::int32_t top) override;
     void ShowFundScale(ScaleRange stored) override;
@@ -54,6 +56,8 @@ class MainWindow final : public frmPPM {
     void RefreshPoints() override;
     bool MendPoint(std::int32_t percent, double price) override;
     void cmdFondList_Click() override;
+    void mnuKurser_Click() override;
+    void mnuOversikt_Click() override;
     void cmdPPMData_Click() override;
     void imgScreen_Click() override;
     void imgColor_Click() override;

@@ -21,7 +21,8 @@ namespace {
 constexpr QColor kDoubtedGround(255, 217, 138);
 constexpr QColor kDoubtedText(27, 43, 54);
 constexpr QColor kQuietText(83, 102, 115);
-constexpr int kRowRoom = 8;  // pixels over and under a row's letters, together
+constexpr QChar kRightRoom(0x2002);  // half as wide as the letters are high
+constexpr int kRowRoom = 8;          // pixels over and under a row's letters, together
 
 std::size_t At(int index) {
     return static_cast<std::size_t>(index);
@@ -54,6 +55,7 @@ class TextTable::Model final : public QAbstractTableModel {
             At(cell.column()) < row.cells.size() ? ToQt(row.cells[At(cell.column())]) : QString();
         switch (role) {
             case Qt::DisplayRole:
+                return Spaced(text, cell.column());
             case Qt::ToolTipRole:
                 return text;
             case Qt::TextAlignmentRole:
@@ -64,12 +66,16 @@ class TextTable::Model final : public QAbstractTableModel {
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
         if (orientation != Qt::Horizontal || At(section) >= columns.size()) return {};
-        if (role == Qt::DisplayRole) return ToQt(columns[At(section)].caption);
+        if (role == Qt::DisplayRole) return Spaced(ToQt(columns[At(section)].caption), section);
         if (role == Qt::TextAlignmentRole) return Alignment(section);
         return {};
     }
 
   private:
+    /// A number keeps its distance from the column at its right.
+    QString Spaced(const QString& text, int column) const {
+        return columns[At(column)].number ? text + kRightRoom : text;
+    }
     QVariant Alignment(int column) const {
         const auto side = columns[At(column)].number ? Qt::AlignRight : Qt::AlignLeft;
         return static_cast<int>(side | Qt::AlignVCenter);
@@ -169,8 +175,8 @@ QRect TextTable::CellArea(int row, int column) const {
 void TextTable::PlaceField() {
     if (field_ == nullptr) return;
     const QRect cell = visualRect(currentIndex().siblingAtColumn(fieldColumn_));
-    field_->setGeometry(cell);
-    field_->setVisible(cell.isValid());
+    // Without a current row there is no room for it; the keys stay in it all the same.
+    field_->setGeometry(cell.isValid() ? cell : QRect(0, 0, 1, 1));
 }
 
 void TextTable::LayOutRows() {

@@ -9,6 +9,8 @@ enum class FunctionKey : std::int32_t {
     Home = 36,
     Left = 37,
     Right = 39,
+    F6 = 117,
+    F7 = 118,
     F8 = 119,
     F9 = 120,
     F11 = 122,
@@ -25,8 +27,11 @@ enum class KeyAction {
     RedrawFunds,
     ChooseColour,
     EnterPrice,
+    DayPrices,
+    Overview,
     ChooseCurves,
     ToDiagram,          ///< ResetPanels
+    ToDiagramFromPage,  ///< what is typed there is given up first
     ToDiagramFromGrid,  ///< ResetPanels, then the holdings grid is left as well
     ZoomIn,
     ZoomOut,
@@ -36,6 +41,7 @@ enum class KeyAction {
 struct ShownPanels {
     bool holdings = false;      ///< panBasData
     bool plotData = false;      ///< panPlottData
+    bool page = false;          ///< panKurser or panOversikt
     bool colourButton = false;  ///< imgColor
     bool curvesButton = false;  ///< imgGrafNr
     bool inPicture = false;     ///< picDiagram has the focus

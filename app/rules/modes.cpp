@@ -7,6 +7,14 @@ bool GridShown(const WindowState& state) {
     return state.stage == Stage::Holdings || state.stage == Stage::SharesNotice;
 }
 
+bool PageShown(const WindowState& state) {
+    return state.stage == Stage::DayPrices || state.stage == Stage::Overview;
+}
+
+bool OverviewInColumn(const WindowState& state) {
+    return state.stage == Stage::Diagram && state.left == LeftPanel::None && state.hasHoldings;
+}
+
 bool Choosing(const WindowState& state) {
     return state.left == LeftPanel::FundList &&
            (state.listUse == ListUse::Colour || state.listUse == ListUse::Curves);
@@ -57,6 +65,13 @@ WindowState WithGrid(WindowState state) {
     return state;
 }
 
+WindowState WithPage(WindowState state, Stage page) {
+    state = WithLeft(AfterGridLeft(std::move(state)), LeftPanel::None);
+    state.stage = page;
+    state.modeButtons = false;
+    return state;
+}
+
 }  // namespace
 
 WindowState AfterPause(WindowState state) {
@@ -67,6 +82,7 @@ WindowState AfterPause(WindowState state) {
 
 WindowState AfterPanelsReset(WindowState state) {
     if (Waits(state)) return state;
+    if (PageShown(state)) state.stage = Stage::Diagram;
     state = WithLeft(std::move(state), LeftPanel::None);
     state.modeButtons = false;
     state.totals.clear();
@@ -81,12 +97,17 @@ WindowState AfterGridLeft(WindowState state) {
     return AfterPanelsReset(std::move(state));
 }
 
+WindowState AfterCoverLeft(WindowState state) {
+    return PageShown(state) ? AfterPanelsReset(std::move(state)) : AfterGridLeft(std::move(state));
+}
+
 WindowState AfterEscape(WindowState state) {
     return AfterPanelsReset(AfterGridLeft(std::move(state)));
 }
 
 WindowState AfterFundListButton(WindowState state) {
     if (Waits(state) || GridShown(state)) return state;
+    if (PageShown(state)) state = AfterCoverLeft(std::move(state));
     if (state.left == LeftPanel::FundList) {
         state = WithLeft(std::move(state), LeftPanel::None);
         state.modeButtons = true;
@@ -114,7 +135,7 @@ WindowState AfterCurvesButton(WindowState state) {
 }
 
 WindowState AfterScreenButton(WindowState state) {
-    state = WithChoiceEnded(AfterGridLeft(std::move(state)));
+    state = WithChoiceEnded(AfterCoverLeft(std::move(state)));
     state.picture = Picture::Stays;  // what comes now is drawn by who knows the listed curves
     return state;
 }
@@ -125,29 +146,97 @@ WindowState AfterGridSwitch(WindowState state) {
 }
 
 WindowState AfterScroll(WindowState state) {
-    if (Waits(state) || GridShown(state)) return state;
+    if (Waits(state) || GridShown(state) || PageShown(state)) return state;
     state = AfterPanelsReset(std::move(state));
     state.reading = {};
     return state;
 }
 
+WindowState AfterDayPricesKey(WindowState state) {
+    if (Waits(state) || !state.hasHoldings) return state;
+    DayRound& round = state.round;
+    const bool again = state.stage == Stage::DayPrices;
+    if (again && round.pasted) return state;
+    round.hidesDone = again && !round.hidesDone;
+    // What is typed belongs to the day it was typed for.
+    if (!again && round.typed.empty()) round.day.reset();
+    round.pasted = false;
+    if (!again) state = WithPage(std::move(state), Stage::DayPrices);
+    state.focus = Focus::DayPrice;
+    return state;
+}
+
+WindowState AfterDayPriceTyped(WindowState state, std::int32_t kontoId, TypedDayPrice typed) {
+    state.round.typed[kontoId] = std::move(typed);
+    return state;
+}
+
+WindowState AfterDayPriceGone(WindowState state, std::int32_t kontoId) {
+    state.round.typed.erase(kontoId);
+    return state;
+}
+
+WindowState AfterDayChosen(WindowState state, std::int32_t day) {
+    state.round.day = day;
+    if (day == state.TodayDay) state.round.day.reset();
+    return state;
+}
+
+WindowState AfterPasteShown(WindowState state, PriceNote note) {
+    if (state.stage != Stage::DayPrices) return state;
+    state.round.pasted = true;
+    state.round.note = std::move(note);
+    state.focus = Focus::PastedPrices;
+    return state;
+}
+
+WindowState AfterPasteEnded(WindowState state) {
+    if (!state.round.pasted) return state;
+    state.round.pasted = false;
+    state.round.note = {};
+    if (state.stage == Stage::DayPrices) state.focus = Focus::DayPrice;
+    return state;
+}
+
+WindowState AfterOverviewKey(WindowState state) {
+    if (Waits(state) || !state.hasHoldings) return state;
+    if (state.stage == Stage::Overview) return AfterEscape(std::move(state));
+    state = WithPage(std::move(state), Stage::Overview);
+    state.focus = Focus::Overview;
+    return state;
+}
+
+WindowState AfterOverviewSorted(WindowState state, int column) {
+    OverviewOrder& order = state.overviewOrder;
+    order = {column, order.column == column && !order.descending};
+    return state;
+}
+
+WindowState AfterOverviewChosen(WindowState state) {
+    if (Waits(state) || GridShown(state)) return state;
+    state = WithLeft(AfterCoverLeft(std::move(state)), LeftPanel::None);
+    state.modeButtons = true;
+    state.focus = Focus::Price;
+    return state;
+}
+
 WindowState AfterTotalsMenu(WindowState state) {
     if (Waits(state)) return state;
-    state = WithLeft(AfterGridLeft(std::move(state)), LeftPanel::Totals);
+    state = WithLeft(AfterCoverLeft(std::move(state)), LeftPanel::Totals);
     state.focus = Focus::Accounts;
     return state;
 }
 
 WindowState AfterPlotDataMenu(WindowState state) {
     if (Waits(state)) return state;
-    state = WithLeft(AfterGridLeft(std::move(state)), LeftPanel::PlotData);
+    state = WithLeft(AfterCoverLeft(std::move(state)), LeftPanel::PlotData);
     state.focus = Focus::Points;
     return state;
 }
 
 WindowState AfterCopiesMenu(WindowState state) {
     if (Waits(state)) return state;
-    state = WithLeft(AfterGridLeft(std::move(state)), LeftPanel::Copies);
+    state = WithLeft(AfterCoverLeft(std::move(state)), LeftPanel::Copies);
     state.focus = Focus::Copies;
     return state;
 }
@@ -163,7 +252,7 @@ WindowState AfterReplay(WindowState state) {
 
 WindowState AfterAllCurvesMenu(WindowState state) {
     if (Waits(state)) return state;
-    state = AfterHoldingClosed(AfterGridLeft(std::move(state)));
+    state = AfterHoldingClosed(AfterCoverLeft(std::move(state)));
     if (state.left == LeftPanel::FundList) state = WithLeft(std::move(state), LeftPanel::None);
     state.modeButtons = false;
     state.picture = Picture::Stays;
@@ -173,7 +262,7 @@ WindowState AfterAllCurvesMenu(WindowState state) {
 
 WindowState AfterPrinting(WindowState state) {
     if (Waits(state)) return state;
-    state = AfterGridLeft(std::move(state));
+    state = AfterCoverLeft(std::move(state));
     if (state.left == LeftPanel::Totals) state.left = LeftPanel::None;
     state.totals.clear();
     state.focus = Focus::Picture;
@@ -185,6 +274,7 @@ WindowState AfterFileLost(WindowState state) {
     state = AfterEscape(std::move(state));
     state.typedPrice = TypedPrice::Cleared;
     state.picture = Picture::Stays;
+    state.round = {};
     return state;
 }
 
@@ -256,10 +346,16 @@ WindowState AfterHoldingClosed(WindowState state) {
     state.view = EmptyView();
     state.caption = texts::WindowCaption;
     state.reading = {};
+    state.missingDays.clear();
     state.priceNote = {};
     state.totals.clear();
     state.notice.clear();
     state.gridHelp = false;
+    return state;
+}
+
+WindowState AfterDaysMissed(WindowState state, std::vector<std::int32_t> days) {
+    state.missingDays = std::move(days);
     return state;
 }
 

@@ -6,6 +6,7 @@
 #include "app/rules/windowstate.h"
 
 #include <cstdint>
+#include <vector>
 
 WindowState AfterPause(WindowState state);   ///< the start-up pause has ended
 WindowState AfterEscape(WindowState state);  ///< the plain diagram, whatever covers it
@@ -17,6 +18,18 @@ WindowState AfterCurvesButton(WindowState state);    ///< `imgGrafNr`, F12
 WindowState AfterScreenButton(WindowState state);    ///< `imgScreen`, F8
 WindowState AfterGridSwitch(WindowState state);      ///< `cmdPPMData`
 WindowState AfterScroll(WindowState state);          ///< `Image4`, `Image5`, the arrow keys
+
+// Pages, by key or menu
+WindowState AfterDayPricesKey(WindowState state);  ///< F6; there it hides what is done, or shows it
+WindowState AfterDayPriceTyped(WindowState state, std::int32_t kontoId, TypedDayPrice typed);
+WindowState AfterDayPriceGone(WindowState state, std::int32_t kontoId);  ///< stored or given up
+WindowState AfterDayChosen(WindowState state, std::int32_t day);  ///< that prices are typed for
+WindowState AfterPasteShown(WindowState state, PriceNote note);
+WindowState AfterPasteEnded(WindowState state);
+
+WindowState AfterOverviewKey(WindowState state);  ///< F7; there it leads back
+WindowState AfterOverviewSorted(WindowState state, int column);
+WindowState AfterOverviewChosen(WindowState state);  ///< a holding, which is to be opened
 
 // Menu
 WindowState AfterTotalsMenu(WindowState state);
@@ -45,7 +58,9 @@ WindowState AfterNoticeClosed(WindowState state);
 // Steps that several events share
 WindowState AfterPanelsReset(WindowState state);  ///< no panel beside the diagram
 WindowState AfterGridLeft(WindowState state);     ///< the diagram, if the holdings grid covers it
+WindowState AfterCoverLeft(WindowState state);    ///< the diagram, whatever covers it
 WindowState AfterHoldingClosed(WindowState state);
+WindowState AfterDaysMissed(WindowState state, std::vector<std::int32_t> days);
 WindowState AfterHoldingOpened(WindowState state, OpenHolding holding, HoldingView view);
 /// `stored` is the open holding as its row is now.
 WindowState AfterPriceStored(WindowState state, OpenHolding stored);

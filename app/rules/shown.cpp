@@ -55,7 +55,11 @@ Shown::Visible VisibleIn(const WindowState& state) {
             .fraNyAndel = notice,
             .cmdNyOk = notice,
             .txtNyAndel = notice,
-            .lblTotal = true};
+            .lblTotal = true,
+            .panKurser = state.stage == Stage::DayPrices,
+            .txtNyKurs = !state.round.pasted,
+            .panOversikt = state.stage == Stage::Overview,
+            .panKort = OverviewInColumn(state)};
 }
 
 /// What the grid covers takes no keys: neither typed prices nor the way of the Tab key.
@@ -70,10 +74,11 @@ Shown::Enabled EnabledIn(const WindowState& state) {
             .cmdAterstall = state.hasCopies,
             .mnuAngra = started && state.undoName,
             .mnuGorOm = started && state.redoName,
+            .cboDag = !state.round.pasted,
             .cmdFondList = !grid && !Choosing(state),
             .cmdNyAndel = state.hasHoldings,
             .txtValue = !grid,
-            .picDiagram = !grid};
+            .picDiagram = !grid && !PageShown(state)};
 }
 
 std::string_view ListCaption(ListUse use) {
@@ -147,6 +152,10 @@ Shown::Captions CaptionsIn(const WindowState& state) {
             .mnuAngra = ReplayCaption(texts::Undo, state.undoName),
             .mnuGorOm = ReplayCaption(texts::Redo, state.redoName),
             .lblForhand = state.priceNote.text,
+            .panKurser = std::string(texts::DayPricesOf) +
+                         DateText(state.round.day.value_or(state.TodayDay)),
+            .lblKlara = state.round.done,
+            .lblKursBesked = state.round.note.text,
             .picDiagram = std::string(EmptyPictureHint(state)),
             .staBar = state.notice};
 }
@@ -166,6 +175,12 @@ std::optional<std::int32_t> TodayIn(const WindowState& state) {
     return day >= 0 && day <= kDaysShown ? std::optional(day) : std::nullopt;
 }
 
+std::vector<std::int32_t> DaysOfAxis(const WindowState& state) {
+    std::vector<std::int32_t> days = state.missingDays;
+    for (std::int32_t& day : days) day -= state.WindowStartDay;
+    return days;
+}
+
 }  // namespace
 
 Shown ShownBy(const WindowState& state) {
@@ -175,6 +190,8 @@ Shown ShownBy(const WindowState& state) {
             .tags = TagsIn(state),
             .listColour = CollectingCurves(state) ? ListUse::Curves : ListUse::Prices,
             .priceDoubted = state.priceNote.doubtful,
+            .roundDoubted = state.round.note.doubtful,
+            .missingDays = DaysOfAxis(state),
             .view = state.view,
             .focus = state.focus,
             .typedPrice = state.typedPrice,

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 struct Shown {
     struct Visible {
@@ -20,11 +21,14 @@ struct Shown {
         bool cmdNyAndel = false, txtGrid = false;
         bool fraNyAndel = false, cmdNyOk = false, txtNyAndel = false;
         bool lblTotal = false;
+        bool panKurser = false, txtNyKurs = false;
+        bool panOversikt = false, panKort = false;
         bool operator==(const Visible&) const = default;
     };
     struct Enabled {
         bool mnuArkiv = false, mnuRedigera = false, mnuShow = false, mnuPrint = false;
         bool mnuAterstall = false, cmdAterstall = false, mnuAngra = false, mnuGorOm = false;
+        bool cboDag = false;
         bool cmdFondList = false, cmdNyAndel = false, txtValue = false, picDiagram = false;
         bool operator==(const Enabled&) const = default;
     };
@@ -36,6 +40,7 @@ struct Shown {
         std::string lblTotal, lblXCord, lblYCord;
         std::string lblKopia, mnuAngra, mnuGorOm;
         std::string lblForhand;  ///< of a price while it is typed
+        std::string panKurser, lblKlara, lblKursBesked;
         std::string picDiagram;  ///< said in it while it has no curve: what to do
         std::string staBar;      ///< over all of its panels; "" where they are to be seen
         bool operator==(const Captions&) const = default;
@@ -49,9 +54,11 @@ struct Shown {
     Enabled enabled;
     Captions captions;
     Tags tags;
-    ListUse listColour = ListUse::Prices;  ///< of the list's lines: Curves or Prices
-    bool priceDoubted = false;             ///< the colour of `lblForhand`
-    HoldingView view;                      ///< of the fund panel and the status bar
+    ListUse listColour = ListUse::Prices;   ///< of the list's lines: Curves or Prices
+    bool priceDoubted = false;              ///< the colour of `lblForhand`
+    bool roundDoubted = false;              ///< of `lblKursBesked`
+    std::vector<std::int32_t> missingDays;  ///< counted from the first day of the months shown
+    HoldingView view;                       ///< of the fund panel and the status bar
     Focus focus = Focus::Stays;
     TypedPrice typedPrice = TypedPrice::Stays;
     std::optional<std::int32_t> today;  ///< marked in picDiagram: days from its left edge

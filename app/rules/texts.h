@@ -61,6 +61,9 @@ inline constexpr std::string_view PointOfDay = "punkten";
 inline constexpr std::string_view DeletedPointOfDay = "borttagen punkt";
 inline constexpr std::string_view SomeChange = "ändringen";
 
+/// Before the day.
+inline constexpr std::string_view DayPricesOf = "Dagens kurser  ";
+
 inline constexpr std::string_view ToDiagram = "&Diagram";
 inline constexpr std::string_view ToHoldings = "&PPM Data";
 

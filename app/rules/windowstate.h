@@ -9,6 +9,7 @@
 #include "fundfile/rules/scale.h"
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,7 +20,7 @@ class Database;
 }
 
 /// What covers the diagram, if anything.
-enum class Stage { Starting, Diagram, Holdings, SharesNotice };
+enum class Stage { Starting, Diagram, Holdings, SharesNotice, DayPrices, Overview };
 
 /// The left column: one panel at a time.
 enum class LeftPanel { None, FundList, Totals, PlotData, Copies };
@@ -37,7 +38,10 @@ enum class Focus {
     Points,
     Copies,
     HoldingsGrid,
-    NoticeDate
+    NoticeDate,
+    DayPrice,
+    PastedPrices,
+    Overview
 };
 
 /// What an event does to a price that was typed and not confirmed. It holds for one showing, too.
@@ -48,6 +52,31 @@ struct PriceNote {
     std::string text;
     bool doubtful = false;  ///< it would be asked about or refused, or is far from the latest one
     bool operator==(const PriceNote&) const = default;
+};
+
+/// A price of the day's round that is typed and not stored.
+struct TypedDayPrice {
+    std::string fond, text;
+    bool operator==(const TypedDayPrice&) const = default;
+};
+
+/// The page of the day's round. What is typed there stays until it is stored or given up, whatever
+/// covers the page meanwhile.
+struct DayRound {
+    std::optional<std::int32_t> day;  ///< that prices are typed for; none: today
+    bool hidesDone = false;
+    bool pasted = false;  ///< a pasted column is shown, and waits to be stored
+    std::string done;     ///< "7 av 10 klara"
+    PriceNote note;       ///< about the price in the field, or the pasted ones
+    std::map<std::int32_t, TypedDayPrice> typed;  ///< by KontoId
+    bool operator==(const DayRound&) const = default;
+};
+
+/// What the lines of the overview are sorted by.
+struct OverviewOrder {
+    int column = 0;
+    bool descending = false;
+    bool operator==(const OverviewOrder&) const = default;
 };
 
 /// What the two labels under the picture say; empty before anything is measured, and when the
@@ -83,8 +112,11 @@ struct WindowState {
     std::string caption{texts::WindowCaption};
     std::string totals;  ///< of the account chosen in the totals panel
     Reading reading;
-    PriceNote priceNote;  ///< of what stands in `txtValue`
-    std::string notice;   ///< stands over the status bar until that has something else to tell
+    PriceNote priceNote;                    ///< of what stands in `txtValue`
+    std::vector<std::int32_t> missingDays;  ///< without a price of the open holding, lately
+    DayRound round;
+    OverviewOrder overviewOrder;
+    std::string notice;  ///< stands over the status bar until that has something else to tell
 
     bool hasCopies = false;  ///< of the open file, to restore
     std::string copyText;    ///< what differs in the one that is chosen
@@ -115,6 +147,10 @@ struct WindowState {
 
 /// The holdings grid covers the diagram, with or without a notice of new shares under it.
 bool GridShown(const WindowState& state);
+/// A page of its own covers the left column and the diagram.
+bool PageShown(const WindowState& state);
+/// The short overview fills the left column, which nothing else needs.
+bool OverviewInColumn(const WindowState& state);
 /// The list is open for the choice of a colour or of curves, and ends with it.
 bool Choosing(const WindowState& state);
 bool CollectingCurves(const WindowState& state);

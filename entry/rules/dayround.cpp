@@ -1,12 +1,15 @@
 #include "entry/rules/dayround.h"
 
+#include "base/daynumber.h"
 #include "base/number.h"
 #include "entry/rules/pricepreview.h"
 #include "entry/rules/texts.h"
 #include "fundfile/rules/holding.h"
+#include "fundfile/rules/missingdays.h"
 #include "fundfile/rules/summary.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 std::optional<std::int32_t> PercentOn(std::span<const CurvePoint> points, std::int32_t day) {
@@ -47,6 +50,26 @@ std::string DoneText(std::span<const RoundLine> lines, std::int32_t day) {
     });
     return PlainText(static_cast<std::int32_t>(done)) + std::string(texts::DoneOf) +
            PlainText(static_cast<std::int32_t>(lines.size())) + std::string(texts::DoneEnd);
+}
+
+std::vector<DayChoice> DayChoices(std::span<const RoundLine> lines, std::int32_t today) {
+    std::map<std::int32_t, std::int32_t> missing;
+    for (const RoundLine& line : lines) {
+        for (const std::int32_t day : MissingWeekdays(line.points, today)) ++missing[day];
+    }
+    const auto named = [](std::int32_t day) {
+        return FormatDay(day) + "  " + std::string(WeekdayName(day));
+    };
+    std::vector<DayChoice> choices = {{today, named(today) + std::string(texts::AlsoToday)}};
+    for (std::int32_t day = today - 1; day >= today - kMaxDaysBack; --day) {
+        if (!IsWeekday(day)) continue;
+        const auto found = missing.find(day);
+        choices.push_back({day, named(day)});
+        if (found == missing.end()) continue;
+        choices.back().text += std::string(texts::NextChange) + PlainText(found->second) +
+                               std::string(texts::AreMissing);
+    }
+    return choices;
 }
 
 RoundLine WithPrice(RoundLine line, OpenHolding stored, CurvePoint point) {

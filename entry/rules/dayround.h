@@ -41,5 +41,16 @@ std::vector<std::string> RoundCells(const RoundLine& line, std::int32_t day);
 /// "7 av 10 klara".
 std::string DoneText(std::span<const RoundLine> lines, std::int32_t day);
 
+/// A day that prices can be typed for.
+struct DayChoice {
+    std::int32_t day = 0;
+    std::string text;  ///< "2026-11-13  fredag, 3 saknas"
+    bool operator==(const DayChoice&) const = default;
+};
+
+/// Today, then the weekdays of the last 60 days, the latest first, each with the number of holdings
+/// that had begun by then and have no price of it.
+std::vector<DayChoice> DayChoices(std::span<const RoundLine> lines, std::int32_t today);
+
 /// The line as it is after its holding was stored with a price of `day`.
 RoundLine WithPrice(RoundLine line, OpenHolding stored, CurvePoint point);

@@ -32,6 +32,8 @@ inline constexpr std::array<std::string_view, 12> ShortMonths = {
 inline constexpr std::string_view SinceStart = " sedan start";
 inline constexpr std::string_view DoneOf = " av ";
 inline constexpr std::string_view DoneEnd = " klara";
+inline constexpr std::string_view AlsoToday = ", idag";
+inline constexpr std::string_view AreMissing = " saknas";
 
 // A pasted column of prices: what becomes of each line, and of them all.
 inline constexpr std::string_view NotStoredBecause = "Sparas inte: ";

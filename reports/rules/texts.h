@@ -23,4 +23,8 @@ inline constexpr std::string_view ReportStartUnit = " Kr";
 inline constexpr std::string_view ReportCurrentValue = "Värde idag : ";
 inline constexpr std::string_view ReportTotals = "Total Summa för konto :";
 
+// The rows of sums under the overview; the first is followed by the account's name.
+inline constexpr std::string_view SumOfAccount = "Summa ";
+inline constexpr std::string_view SumOfAll = "Summa alla konton";
+
 }  // namespace texts

@@ -95,6 +95,32 @@ TEST_F(DayPriceTest, AReplacedPointMakesTheScaleThatOfThePoints) {
     EXPECT_EQ(Series(Holding(0)), (Points{{kToday - 1, 0}, {kToday, 20}}));
 }
 
+TEST_F(DayPriceTest, OfAnEarlierDayLeavesTheSummaryToALaterOne) {
+    Open();
+    Store(0, 120);
+    const auto store = [&](double price, std::int32_t day) {
+        const OpenHolding stored = StoreEarlierPrice(file.database, Holding(0), {price, day});
+        points.Refresh();
+        EXPECT_EQ(stored, Holding(0));
+        return stored.summary;
+    };
+    const HoldingSummary today{kToday, "Senaste : 120,00", "20 %", "1200"};
+    EXPECT_EQ(store(150, kToday - 3), today);
+    EXPECT_EQ(Series(Holding(0)), (Points{{kToday - 3, 50}, {kToday, 20}}));
+    EXPECT_EQ(Skala(0), "1.2./60/-40") << "the scale takes the point in all the same";
+    EXPECT_EQ(store(110, kToday - 3), today);
+    EXPECT_EQ(Series(Holding(0)), (Points{{kToday - 3, 10}, {kToday, 20}})) << "replaced";
+    EXPECT_TRUE(file.database->Verify().empty());
+}
+
+TEST_F(DayPriceTest, OfAnEarlierDayIsTheLatestOneWhereNoLaterDayHasOne) {
+    Open();
+    StoreEarlierPrice(file.database, Holding(1), {130, kToday - 5});
+    const HoldingSummary summary{kToday - 3, "Senaste : 140,00", "40 %", "1400"};
+    EXPECT_EQ(StoreEarlierPrice(file.database, Holding(1), {140, kToday - 3}).summary, summary);
+    EXPECT_EQ(StoreEarlierPrice(file.database, Holding(1), {135, kToday - 4}).summary, summary);
+}
+
 TEST_F(DayPriceTest, AFailureInTheMiddleLeavesTheOldFile) {
     std::vector<jet::TableDesign> design = NewFundFileDesign();
     design[1].columns[schema::point::kFondNr].size = 7;

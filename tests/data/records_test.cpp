@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <gtest/gtest.h>
+#include <map>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -50,6 +51,9 @@ TEST_F(RecordsTest, PointsOfAHoldingComeInDayOrder) {
     EXPECT_EQ(Read(3), Points{});
     EXPECT_TRUE(HasPoints(*file.database, 2));
     EXPECT_FALSE(HasPoints(*file.database, 3));
+    const std::map<std::int32_t, Points> all = {{1, {{40003, 3}, {40001, -1}, {40002, 2}}},
+                                                {2, {{40001, 99}}}};
+    EXPECT_EQ(ReadPointsByHolding(*file.database), all);
 }
 
 TEST_F(RecordsTest, APointWithoutDayOrValueIsLeftOut) {
@@ -64,6 +68,8 @@ TEST_F(RecordsTest, APointWithoutDayOrValueIsLeftOut) {
     points.Set(schema::point::kYCord, 7);
     points.Update();
     EXPECT_EQ(Read(1), (Points{{40001, 5}}));
+    EXPECT_EQ(ReadPointsByHolding(*file.database),
+              (std::map<std::int32_t, Points>{{1, {{40001, 5}}}}));
     EXPECT_EQ(ReadValues(*file.database, 1), (std::vector<std::int32_t>{5, 7}));
 }
 

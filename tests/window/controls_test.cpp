@@ -54,7 +54,10 @@ const char* const kNames[] = {
     "mnuMinus",      "mnuVeckor",    "mnuMonth",      "mnuTotal",      "mnuPEdit",
     "mnuFLogg",      "mnuNotePad",   "mnuHelp",       "lblFraData_0",  "lblFraData_9",
     "lblMonth_1",    "lblMonth_12",  "lblVertical_1", "lblVertical_6", "txtNyAndel_0",
-    "txtNyAndel_6",  "Line1",        "Line20",        "lblIngenFil",   "lblForhand"};
+    "txtNyAndel_6",  "Line1",        "Line20",        "lblIngenFil",   "lblForhand",
+    "panKurser",     "grdKurser",    "txtNyKurs",     "cboDag",        "lblKlara",
+    "lblKursBesked", "panOversikt",  "grdOversikt",   "panKort",       "grdKort",
+    "axlSaknas",     "mnuKurser",    "mnuOversikt"};
 
 /// The letter after "&", upper case; none without one.
 QChar Mnemonic(const QString& text) {

@@ -9,6 +9,7 @@ const ShownPanels kDiagram{.colourButton = true, .curvesButton = true};
 const ShownPanels kPriceList{};  // the price list hides both buttons
 const ShownPanels kHoldings{.holdings = true};
 const ShownPanels kPlotData{.plotData = true, .colourButton = true, .curvesButton = true};
+const ShownPanels kPage{.page = true};
 
 TEST(KeyUp, ActsOnTheDiagram) {
     const struct {
@@ -61,10 +62,27 @@ TEST(KeyUp, OfF9AndF12NeedsTheirButtons) {
     EXPECT_EQ(OnKeyUp(FunctionKey::F11, kPriceList), KeyAction::EnterPrice);
 }
 
+TEST(KeyUp, OfF6AndF7LeadToTheirPagesFromEverywhere) {
+    for (const auto& shown : {kDiagram, kPriceList, kHoldings, kPlotData, kPage}) {
+        EXPECT_EQ(OnKeyUp(FunctionKey::F6, shown), KeyAction::DayPrices);
+        EXPECT_EQ(OnKeyUp(FunctionKey::F7, shown), KeyAction::Overview);
+    }
+}
+
+TEST(KeyUp, OnAPageLeavesTheCoveredPictureAlone) {
+    EXPECT_EQ(OnKeyUp(FunctionKey::Left, kPage), KeyAction::None);
+    EXPECT_EQ(OnKeyUp(FunctionKey::Right, kPage), KeyAction::None);
+    EXPECT_EQ(OnKeyUp(FunctionKey::F8, kPage), KeyAction::RedrawFunds);
+    EXPECT_EQ(OnKeyUp(FunctionKey::F11, kPage), KeyAction::EnterPrice);
+    EXPECT_EQ(OnKeyUp(FunctionKey::F9, kPage), KeyAction::None);
+    EXPECT_EQ(OnKeyUp(FunctionKey::F12, kPage), KeyAction::None);
+}
+
 TEST(KeyPress, OfEscapeAlwaysLeadsToTheDiagram) {
     EXPECT_EQ(OnKeyPress(27, kDiagram), KeyAction::ToDiagram);
     EXPECT_EQ(OnKeyPress(27, kPlotData), KeyAction::ToDiagram);
     EXPECT_EQ(OnKeyPress(27, kHoldings), KeyAction::ToDiagramFromGrid);
+    EXPECT_EQ(OnKeyPress(27, kPage), KeyAction::ToDiagramFromPage);
 }
 
 TEST(KeyPress, OfPlusZoomsInEverywhere) {

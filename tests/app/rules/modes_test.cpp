@@ -19,7 +19,8 @@ namespace {
 // A totals          a with the buttons     X plot data      x with the buttons
 // R safety copies   r with the buttons
 // G holdings grid   N notice of new shares
-constexpr std::string_view kModes = "SDBPTECKLAaXxRrGN";
+// M day's prices    O overview
+constexpr std::string_view kModes = "SDBPTECKLAaXxRrGNMO";
 
 struct Mode {
     Stage stage;
@@ -41,7 +42,8 @@ const std::map<char, Mode>& Modes() {
         {'a', {Diagram, Totals, Prices, true}},     {'X', {Diagram, PlotData, Prices, false}},
         {'x', {Diagram, PlotData, Prices, true}},   {'G', {Holdings, None, Prices, false}},
         {'R', {Diagram, Copies, Prices, false}},    {'r', {Diagram, Copies, Prices, true}},
-        {'N', {SharesNotice, None, Prices, false}},
+        {'N', {SharesNotice, None, Prices, false}}, {'M', {DayPrices, None, Prices, false}},
+        {'O', {Overview, None, Prices, false}},
     };
     return modes;
 }
@@ -93,6 +95,15 @@ WindowState ChoosesLine(WindowState state) {
 WindowState TypesPrice(WindowState state) {
     return AfterPriceTyped(std::move(state), {"a note", true});
 }
+WindowState PastesColumn(WindowState state) {
+    return AfterPasteShown(std::move(state), {"what Enter does", false});
+}
+WindowState ChoosesDay(WindowState state) {
+    return AfterDayChosen(std::move(state), 46339);
+}
+WindowState SortsOverview(WindowState state) {
+    return AfterOverviewSorted(std::move(state), 3);
+}
 WindowState OpensEmptyFile(WindowState state) {
     state.hasHoldings = false;
     return AfterFileOpened(std::move(state));
@@ -102,41 +113,48 @@ struct Row {
     std::string_view name;
     Event event;
     std::string_view after;  ///< the mode, for each of kModes
-    std::string_view focus;  ///< where the keys go: . stays, D picture, L list, P price, A, X, G, N
+    std::string_view
+        focus;  ///< where the keys go: . stays, D picture, L list, P price, A, X, G, N, U u O
     std::string_view picture;  ///< . stays, 0 cleared, R what was drawn comes back
 };
 
 const std::vector<Row>& Rows() {
     static const std::vector<Row> rows = {
         // clang-format off
-        //                                       SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN
-        {"end of the pause", AfterPause,        "PDBPTECKLAaXxRrGN", "L................", "................."},
-        {"Esc",              AfterEscape,       "SDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDD", ".......R........."},
-        {"F11",              AfterFundListButton,"SPPBBBBBBPPPPPPGN", ".LL......LLLLLL..", ".......R........."},
-        {"F9",               AfterColourButton, "SDCPCCBCCACXCRCGN", "..L.LL.LL.L.L.L..", ".......R........."},
-        {"F12",              AfterCurvesButton, "SDKPBBBBBAKXKRKGN", "..L.......L.L.L..", "..0....R..0.0.0.."},
-        {"F8",               AfterScreenButton, "SDBPTEBBBAaXxRrDD", "...............DD", "................."},
-        {"grid's switch",    AfterGridSwitch,   "SGGGGGGGGGGGGGGDD", ".GGGGGGGGGGGGGGDD", ".......R........."},
-        {"scrolling",        AfterScroll,       "SDDDDDDDDDDDDDDGN", ".DDDDDDDDDDDDDD..", ".......R........."},
-        {"totals",           AfterTotalsMenu,   "SAaAaaaaaAaAaAaAA", ".AAAAAAAAAAAAAAAA", ".......R........."},
-        {"plot data",        AfterPlotDataMenu, "SXxXxxxxxXxXxXxXX", ".XXXXXXXXXXXXXXXX", ".......R........."},
-        {"copies",           AfterCopiesMenu,   "SRrRrrrrrRrRrRrRR", ".RRRRRRRRRRRRRRRR", ".......R........."},
-        {"replay",           AfterReplay,       "SDBPTEBBBAaXxDBGG", "................G", "................."},
-        {"all curves",       AfterAllCurvesMenu,"SDDDDDDDDDDXXRRDD", ".DDDDDDDDDDDDDDDD", "................."},
-        {"printing",         AfterPrinting,     "SDBPTECKLDBXxRrDD", ".DDDDDDDDDDDDDDDD", "................."},
-        {"file opened",      AfterFileOpened,   "SPPPPPPPPPPPPPPPP", ".LLLLLLLLLLLLLLLL", "................."},
-        {"empty file opened",OpensEmptyFile,    "SGGGGGGGGGGGGGGGG", ".GGGGGGGGGGGGGGGG", "................."},
-        {"file lost",        AfterFileLost,     "SDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDD", "................."},
-        {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxRrGN", ".................", "................."},
-        {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxRrGN", "...PPPP..........", ".......R........."},
-        {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxrrGN", ".................", "................."},
-        {"price typed",      TypesPrice,        "SDBPTECKLAaXxRrGN", ".................", "................."},
-        {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxRrNN", "...............N.", "................."},
-        {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxRrGG", "................G", "................."},
-        {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDDDGN", ".DDDDDDDDDDDDDDDD", ".......R........."},
-        {"grid left",        AfterGridLeft,     "SDBPTECKLAaXxRrDD", "...............DD", "................."},
-        {"holding closed",   AfterHoldingClosed,"SDBPTEBBBDBXxRrGN", ".................", ".......R........."},
-        {"keys to the list", WithKeysInList,    "SDBPTECKLAaXxRrGN", "...LLLLLL........", "................."},
+        //                                       SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO
+        {"end of the pause", AfterPause,        "PDBPTECKLAaXxRrGNMO", "L..................", "..................."},
+        {"Esc",              AfterEscape,       "SDDDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDDDD", ".......R..........."},
+        {"F11",              AfterFundListButton,"SPPBBBBBBPPPPPPGNPP", ".LL......LLLLLL..LL", ".......R..........."},
+        {"F9",               AfterColourButton, "SDCPCCBCCACXCRCGNMO", "..L.LL.LL.L.L.L....", ".......R..........."},
+        {"F12",              AfterCurvesButton, "SDKPBBBBBAKXKRKGNMO", "..L.......L.L.L....", "..0....R..0.0.0...."},
+        {"F8",               AfterScreenButton, "SDBPTEBBBAaXxRrDDDD", "...............DDDD", "..................."},
+        {"grid's switch",    AfterGridSwitch,   "SGGGGGGGGGGGGGGDDGG", ".GGGGGGGGGGGGGGDDGG", ".......R..........."},
+        {"scrolling",        AfterScroll,       "SDDDDDDDDDDDDDDGNMO", ".DDDDDDDDDDDDDD....", ".......R..........."},
+        {"totals",           AfterTotalsMenu,   "SAaAaaaaaAaAaAaAAAA", ".AAAAAAAAAAAAAAAAAA", ".......R..........."},
+        {"plot data",        AfterPlotDataMenu, "SXxXxxxxxXxXxXxXXXX", ".XXXXXXXXXXXXXXXXXX", ".......R..........."},
+        {"copies",           AfterCopiesMenu,   "SRrRrrrrrRrRrRrRRRR", ".RRRRRRRRRRRRRRRRRR", ".......R..........."},
+        {"replay",           AfterReplay,       "SDBPTEBBBAaXxDBGGMO", "................G..", "..................."},
+        {"all curves",       AfterAllCurvesMenu,"SDDDDDDDDDDXXRRDDDD", ".DDDDDDDDDDDDDDDDDD", "..................."},
+        {"printing",         AfterPrinting,     "SDBPTECKLDBXxRrDDDD", ".DDDDDDDDDDDDDDDDDD", "..................."},
+        {"file opened",      AfterFileOpened,   "SPPPPPPPPPPPPPPPPPP", ".LLLLLLLLLLLLLLLLLL", "..................."},
+        {"empty file opened",OpensEmptyFile,    "SGGGGGGGGGGGGGGGGGG", ".GGGGGGGGGGGGGGGGGG", "..................."},
+        {"file lost",        AfterFileLost,     "SDDDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDDDD", "..................."},
+        {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxRrGNMO", "...................", "..................."},
+        {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxRrGNMO", "...PPPP............", ".......R..........."},
+        {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxrrGNMO", "...................", "..................."},
+        {"price typed",      TypesPrice,        "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
+        {"F6",               AfterDayPricesKey, "SMMMMMMMMMMMMMMMMMM", ".UUUUUUUUUUUUUUUUUU", ".......R..........."},
+        {"F7",               AfterOverviewKey,  "SOOOOOOOOOOOOOOOOOD", ".OOOOOOOOOOOOOOOOOD", ".......R..........."},
+        {"chosen in overview",AfterOverviewChosen,"SBBBBBBBBBBBBBBGNBB", ".PPPPPPPPPPPPPP..PP", ".......R..........."},
+        {"column pasted",    PastesColumn,      "SDBPTECKLAaXxRrGNMO", ".................u.", "..................."},
+        {"day chosen",       ChoosesDay,        "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
+        {"overview sorted",  SortsOverview,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
+        {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxRrNNMO", "...............N...", "..................."},
+        {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxRrGGMO", "................G..", "..................."},
+        {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDDDGNDD", ".DDDDDDDDDDDDDDDDDD", ".......R..........."},
+        {"grid left",        AfterGridLeft,     "SDBPTECKLAaXxRrDDMO", "...............DD..", "..................."},
+        {"holding closed",   AfterHoldingClosed,"SDBPTEBBBDBXxRrGNMO", "...................", ".......R..........."},
+        {"keys to the list", WithKeysInList,    "SDBPTECKLAaXxRrGNMO", "...LLLLLL..........", "..................."},
         // clang-format on
     };
     return rows;
@@ -162,6 +180,12 @@ char LetterOf(Focus focus) {
             return 'G';
         case Focus::NoticeDate:
             return 'N';
+        case Focus::DayPrice:
+            return 'U';
+        case Focus::PastedPrices:
+            return 'u';
+        case Focus::Overview:
+            return 'O';
     }
     return '?';
 }
@@ -219,17 +243,17 @@ struct Clears {
 TEST(Modes, ForgetWhatBelongsToWhatIsLeft) {
     const std::map<std::string_view, Clears> rows = {
         // clang-format off
-        //                               SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN    SDBPTECKLAaXxRrGN
-        {"Esc",    {AfterEscape,        "...............xx", ".xxxxxxxxxxxxxxxx", ".................", "................."}},
-        {"F11",    {AfterFundListButton,".xx......xxxxxx..", ".xx......xxxxxx..", ".xx......xxxxxx..", ".xx......xxxxxx.."}},
-        {"F8",     {AfterScreenButton,  "...............xx", "...............xx", ".................", "................."}},
-        {"switch", {AfterGridSwitch,    ".xxxxxxxxxxxxxxxx", "...............xx", ".................", "................."}},
-        {"scroll", {AfterScroll,        ".................", ".xxxxxxxxxxxxxx..", ".xxxxxxxxxxxxxx..", "................."}},
-        {"all",    {AfterAllCurvesMenu, "...............xx", ".xxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxx"}},
-        {"print",  {AfterPrinting,      "...............xx", ".xxxxxxxxxxxxxxxx", ".................", "................."}},
-        {"file",   {AfterFileOpened,    ".xxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxx", ".................", "................."}},
-        {"lost",   {AfterFileLost,      ".xxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxx", ".................", "................."}},
-        {"closed", {AfterHoldingClosed, ".................", "xxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxx"}},
+        //                               SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO
+        {"Esc",    {AfterEscape,        "...............xx..", ".xxxxxxxxxxxxxxxxxx", "...................", "..................."}},
+        {"F11",    {AfterFundListButton,".xx......xxxxxx..xx", ".xx......xxxxxx..xx", ".xx......xxxxxx..xx", ".xx......xxxxxx..xx"}},
+        {"F8",     {AfterScreenButton,  "...............xx..", "...............xxxx", "...................", "..................."}},
+        {"switch", {AfterGridSwitch,    ".xxxxxxxxxxxxxxxxxx", "...............xx..", "...................", "..................."}},
+        {"scroll", {AfterScroll,        "...................", ".xxxxxxxxxxxxxx....", ".xxxxxxxxxxxxxx....", "..................."}},
+        {"all",    {AfterAllCurvesMenu, "...............xx..", ".xxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxx"}},
+        {"print",  {AfterPrinting,      "...............xx..", ".xxxxxxxxxxxxxxxxxx", "...................", "..................."}},
+        {"file",   {AfterFileOpened,    ".xxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxx", "...................", "..................."}},
+        {"lost",   {AfterFileLost,      ".xxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxx", "...................", "..................."}},
+        {"closed", {AfterHoldingClosed, "...................", "xxxxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxxxx"}},
         // clang-format on
     };
     const auto gone = [](bool is) { return is ? 'x' : '.'; };
@@ -269,6 +293,21 @@ TEST(Modes, SayOfATypedPriceWhatIsKnownUntilItsHoldingIsClosed) {
         EXPECT_EQ(AfterEscape(typed).priceNote, note) << mode;
         EXPECT_EQ(AfterHoldingClosed(typed).priceNote, PriceNote{}) << mode;
     }
+}
+
+TEST(Modes, KnowWhereTheShortOverviewHasRoom) {
+    std::string shown;
+    for (const char mode : kModes) shown += OverviewInColumn(In(mode)) ? mode : '.';
+    EXPECT_EQ(shown, ".DB................");
+    WindowState empty = In('D');
+    empty.hasHoldings = false;
+    EXPECT_FALSE(OverviewInColumn(empty));
+}
+
+TEST(Modes, ForgetTheMissingDaysWithTheirHolding) {
+    const WindowState state = AfterDaysMissed(In('B'), {46339});
+    EXPECT_EQ(state.missingDays, std::vector<std::int32_t>{46339});
+    EXPECT_TRUE(AfterHoldingClosed(state).missingDays.empty());
 }
 
 TEST(Modes, CollectEveryCurveOnceInTheOrderChosen) {

@@ -16,9 +16,9 @@ namespace {
 
 // S starting, D diagram, B with the mode buttons, P list of prices, T with the buttons, E after
 // Enter in the list (in all three a price is being typed), C colour, K curves without and L with
-// chosen ones, A totals, X plot data, R safety copies, G holdings grid, N notice of new shares. A
-// holding is open in all but S, D and P.
-constexpr std::string_view kModes = "SDBPTECKLAXRGN";
+// chosen ones, A totals, X plot data, R safety copies, G holdings grid, N notice of new shares, M
+// day's prices, O overview. A holding is open in all but S, D and P.
+constexpr std::string_view kModes = "SDBPTECKLAXRGNMO";
 
 WindowState In(char mode) {
     static const std::map<char, LeftPanel> lefts = {
@@ -29,8 +29,11 @@ WindowState In(char mode) {
                                                  {'C', ListUse::Colour},
                                                  {'K', ListUse::Curves},
                                                  {'L', ListUse::Curves}};
-    static const std::map<char, Stage> stages = {
-        {'S', Stage::Starting}, {'G', Stage::Holdings}, {'N', Stage::SharesNotice}};
+    static const std::map<char, Stage> stages = {{'S', Stage::Starting},
+                                                 {'G', Stage::Holdings},
+                                                 {'N', Stage::SharesNotice},
+                                                 {'M', Stage::DayPrices},
+                                                 {'O', Stage::Overview}};
     WindowState state;
     state.stage = stages.contains(mode) ? stages.at(mode) : Stage::Diagram;
     if (lefts.contains(mode)) state.left = lefts.at(mode);
@@ -65,30 +68,34 @@ TEST(Shown, ControlsAreVisibleAsTheTableSays) {
     using V = Shown::Visible;
     Expect<V>(&Shown::visible, {
                                    // clang-format off
-        //                SDBPTECKLAXRGN
-        {"panRubrik",     ".xxxxxxxxxxxxx", &V::panRubrik},
-        {"panControl",    ".xxxxxxxxxxxxx", &V::panControl},
-        {"panDiagram",    ".xxxxxxxxxxxxx", &V::panDiagram},
-        {"fraStartData",  ".xxxxxxxxxxxxx", &V::fraStartData},
-        {"lblIngenFil",   "..............", &V::lblIngenFil},
-        {"panListFonder", "...xxxxxx.....", &V::panListFonder},
-        {"panTotal",      ".........x....", &V::panTotal},
-        {"panPlottData",  "..........x...", &V::panPlottData},
-        {"panKopior",     "...........x..", &V::panKopior},
-        {"panBasData",    "............xx", &V::panBasData},
-        {"imgColor",      "..x.xxxxx.....", &V::imgColor},
-        {"imgGrafNr",     "..x.xxxxx.....", &V::imgGrafNr},
-        {"lblGrafNr",     "........x.....", &V::lblGrafNr},
-        {"lblPlottInfo",  ".....xxxx.....", &V::lblPlottInfo},
-        {"lblColorNr",    "..x.xxxxxxxxxx", &V::lblColorNr},
-        {"lblFraHint",    "xx.x..........", &V::lblFraHint},
-        {"lblForhand",    "...xxx........", &V::lblForhand},
-        {"cmdNyAndel",    "xxxxxxxxxxxxx.", &V::cmdNyAndel},
-        {"txtGrid",       "............x.", &V::txtGrid},
-        {"fraNyAndel",    ".............x", &V::fraNyAndel},
-        {"cmdNyOk",       ".............x", &V::cmdNyOk},
-        {"txtNyAndel",    ".............x", &V::txtNyAndel},
-        {"lblTotal",      "xxxxxxxxxxxxxx", &V::lblTotal},
+        //                SDBPTECKLAXRGNMO
+        {"panRubrik",     ".xxxxxxxxxxxxxxx", &V::panRubrik},
+        {"panControl",    ".xxxxxxxxxxxxxxx", &V::panControl},
+        {"panDiagram",    ".xxxxxxxxxxxxxxx", &V::panDiagram},
+        {"fraStartData",  ".xxxxxxxxxxxxxxx", &V::fraStartData},
+        {"lblIngenFil",   "................", &V::lblIngenFil},
+        {"panListFonder", "...xxxxxx.......", &V::panListFonder},
+        {"panTotal",      ".........x......", &V::panTotal},
+        {"panPlottData",  "..........x.....", &V::panPlottData},
+        {"panKopior",     "...........x....", &V::panKopior},
+        {"panBasData",    "............xx..", &V::panBasData},
+        {"imgColor",      "..x.xxxxx.......", &V::imgColor},
+        {"imgGrafNr",     "..x.xxxxx.......", &V::imgGrafNr},
+        {"lblGrafNr",     "........x.......", &V::lblGrafNr},
+        {"lblPlottInfo",  ".....xxxx.......", &V::lblPlottInfo},
+        {"lblColorNr",    "..x.xxxxxxxxxxxx", &V::lblColorNr},
+        {"lblFraHint",    "xx.x............", &V::lblFraHint},
+        {"lblForhand",    "...xxx..........", &V::lblForhand},
+        {"cmdNyAndel",    "xxxxxxxxxxxxx.xx", &V::cmdNyAndel},
+        {"txtGrid",       "............x...", &V::txtGrid},
+        {"fraNyAndel",    ".............x..", &V::fraNyAndel},
+        {"cmdNyOk",       ".............x..", &V::cmdNyOk},
+        {"txtNyAndel",    ".............x..", &V::txtNyAndel},
+        {"lblTotal",      "xxxxxxxxxxxxxxxx", &V::lblTotal},
+        {"panKurser",     "..............x.", &V::panKurser},
+        {"txtNyKurs",     "xxxxxxxxxxxxxxxx", &V::txtNyKurs},
+        {"panOversikt",   "...............x", &V::panOversikt},
+        {"panKort",       ".xx.............", &V::panKort},
                                    // clang-format on
                                });
 }
@@ -97,19 +104,20 @@ TEST(Shown, ControlsAreEnabledAsTheTableSays) {
     using E = Shown::Enabled;
     Expect<E>(&Shown::enabled, {
                                    // clang-format off
-        //              SDBPTECKLAXRGN
-        {"mnuArkiv",    ".xxxxxxxxxxxxx", &E::mnuArkiv},
-        {"mnuRedigera", ".xxxxxxxxxxxxx", &E::mnuRedigera},
-        {"mnuAterstall","..............", &E::mnuAterstall},
-        {"cmdAterstall","..............", &E::cmdAterstall},
-        {"mnuAngra",    "..............", &E::mnuAngra},
-        {"mnuGorOm",    "..............", &E::mnuGorOm},
-        {"mnuShow",     ".xxxxxxxxxxxxx", &E::mnuShow},
-        {"mnuPrint",    "xxxxxxxxxxxxxx", &E::mnuPrint},
-        {"cmdFondList", "xxxxxx...xxx..", &E::cmdFondList},
-        {"cmdNyAndel",  "xxxxxxxxxxxxxx", &E::cmdNyAndel},
-        {"txtValue",    "xxxxxxxxxxxx..", &E::txtValue},
-        {"picDiagram",  "xxxxxxxxxxxx..", &E::picDiagram},
+        //              SDBPTECKLAXRGNMO
+        {"mnuArkiv",    ".xxxxxxxxxxxxxxx", &E::mnuArkiv},
+        {"mnuRedigera", ".xxxxxxxxxxxxxxx", &E::mnuRedigera},
+        {"mnuAterstall","................", &E::mnuAterstall},
+        {"cmdAterstall","................", &E::cmdAterstall},
+        {"mnuAngra",    "................", &E::mnuAngra},
+        {"mnuGorOm",    "................", &E::mnuGorOm},
+        {"mnuShow",     ".xxxxxxxxxxxxxxx", &E::mnuShow},
+        {"mnuPrint",    "xxxxxxxxxxxxxxxx", &E::mnuPrint},
+        {"cmdFondList", "xxxxxx...xxx..xx", &E::cmdFondList},
+        {"cmdNyAndel",  "xxxxxxxxxxxxxxxx", &E::cmdNyAndel},
+        {"txtValue",    "xxxxxxxxxxxx..xx", &E::txtValue},
+        {"picDiagram",  "xxxxxxxxxxxx....", &E::picDiagram},
+        {"cboDag",      "xxxxxxxxxxxxxxxx", &E::cboDag},
                                    // clang-format on
                                });
 }
@@ -129,7 +137,7 @@ TEST(Shown, CaptionsTagsAndTheListsColourAreThoseOfTheMode) {
     const std::string prices = "Ny DagsKurs för...", data = "&PPM Data";
     const Texts rows[] = {
         {"SDP", prices, "", "", data, "", "0", "0"},
-        {"BTAXR", prices, "", "", data, "idxY", "0", "0"},
+        {"BTAXRMO", prices, "", "", data, "idxY", "0", "0"},
         {"E", "", "", "", data, "idxY", "0", "0"},
         {"C", "Välj Färg för Fond  <Enter>", "", colour, data, "idxY", "0", "2"},
         {"K", "Välj Fonder att rita", "", curves, data, "idxY", "1", "0", ListUse::Curves},
@@ -245,6 +253,17 @@ TEST(Shown, TodayIsMarkedWhereThePictureHoldsIt) {
     }
 }
 
+TEST(Shown, TheRoundNamesItsDayAndAPastedColumnTakesTheFieldsPlace) {
+    WindowState state = In('R');
+    state.TodayDay = 46342;
+    EXPECT_EQ(ShownBy(state).captions.panKurser, "Dagens kurser  Måndag 16 November 2026");
+    state.round.day = 46339;
+    EXPECT_EQ(ShownBy(state).captions.panKurser, "Dagens kurser  Fredag 13 November 2026");
+    state.round.pasted = true;
+    EXPECT_FALSE(ShownBy(state).visible.txtNyKurs);
+    EXPECT_FALSE(ShownBy(state).enabled.cboDag);
+}
+
 TEST(Shown, TheStepsMenuItemsLeadBackToDaysFromWeeksAndMonths) {
     const struct {
         std::int32_t step;
@@ -270,6 +289,10 @@ TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     state.focus = Focus::Accounts;
     state.typedPrice = TypedPrice::Cleared;
     state.priceNote = {"about the price", true};
+    state.round.done = "7 av 10 klara";
+    state.round.note = {"about a price of the round", true};
+    state.WindowStartDay = 38700;
+    state.missingDays = {38699, 38703};
     state.view.status.fund = "a fund";
     const Shown shown = ShownBy(state);
     EXPECT_EQ(shown.captions.frmPPM, "caption");
@@ -279,6 +302,10 @@ TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     EXPECT_EQ(shown.captions.staBar, "saved");
     EXPECT_EQ(shown.captions.lblForhand, "about the price");
     EXPECT_TRUE(shown.priceDoubted);
+    EXPECT_EQ(shown.captions.lblKlara, "7 av 10 klara");
+    EXPECT_EQ(shown.captions.lblKursBesked, "about a price of the round");
+    EXPECT_TRUE(shown.roundDoubted);
+    EXPECT_EQ(shown.missingDays, (std::vector<std::int32_t>{-1, 3}));
     EXPECT_EQ(shown.captions.lblPanDatum, "Fredag 24 Februari 2006");
     EXPECT_EQ(shown.focus, Focus::Accounts);
     EXPECT_EQ(shown.typedPrice, TypedPrice::Cleared);

@@ -1,0 +1,53 @@
+// The overview of all holdings, as a page and in short form.
+
+#include "app/furnish.h"
+#include "app/furnishing.h"
+#include "app/places.h"
+#include "platform/caption.h"
+#include "widgets/texttable.h"
+
+#include <QGroupBox>
+
+namespace {
+
+constexpr float kTitle = 375;
+constexpr float kEdge = 120;
+
+}  // namespace
+
+void FurnishOverview(frmPPM& window) {
+    auto* page = window.panOversikt = Named(new QGroupBox(window.centralWidget()), "panOversikt");
+    Placed(window, page, places::kWholeWidth);
+    page->setTitle(ToQt("Översikt"));
+    page->hide();
+    auto* table = window.grdOversikt = Named(new TextTable(page), "grdOversikt");
+    Placed(window, table,
+           {kEdge, kTitle, places::kWholeWidth.width - 2 * kEdge,
+            places::kWholeWidth.height - kTitle - kEdge},
+           kTextPoints, Letters::Grid);
+    table->SetColumns({{"Nr", true, 4},
+                       {"Fond", false, 22},
+                       {"Konto", false, 14},
+                       {"Senaste, kr", true, 10},
+                       {"Dag", false, 10},
+                       {"Ändrad, %-enh", true, 12},
+                       {"Sedan start", true, 10},
+                       {"Värde, kr", true, 12},
+                       {"Andel av konto", true, 12}});
+    Speak(table, "Översikt över alla innehav");
+}
+
+void FurnishShortOverview(frmPPM& window) {
+    auto* panel = window.panKort = Named(new QGroupBox(window.centralWidget()), "panKort");
+    Placed(window, panel, places::kLeftColumn);
+    panel->setTitle(ToQt("Översikt  F7"));
+    panel->hide();
+    auto* table = window.grdKort = Named(new TextTable(panel), "grdKort");
+    Placed(window, table,
+           {kEdge, kTitle, places::kLeftColumn.width - 2 * kEdge,
+            places::kLeftColumn.height - kTitle - kEdge},
+           kSmallPoints, Letters::Grid);
+    table->SetColumns(
+        {{"Nr", true, 4}, {"Fond", false, 12}, {"Ändring", true, 7}, {"Värde", true, 8}});
+    Speak(table, "Översikt i korthet");
+}
