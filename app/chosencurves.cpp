@@ -9,15 +9,16 @@
 #include "platform/datasource.h"
 
 #include <cstdint>
-#include <optional>
 #include <string>
 
 namespace {
 
-Colour ColourOf(jet::RecordSet& holdings, std::int32_t kontoId) {
-    if (!holdings.FindFirst(queries::KontoIdIs(kontoId))) return NewCurveColour(kontoId);
-    const jet::Value colour = holdings.Field(schema::holding::kPlottFarg);
-    return CurveColour(colour.IsNull() ? std::nullopt : std::optional(colour.Integer()), kontoId);
+ShownCurve CurveOf(jet::RecordSet& holdings, std::int32_t kontoId) {
+    if (holdings.FindFirst(queries::KontoIdIs(kontoId))) return ShownCurveOf(ReadHolding(holdings));
+    ShownCurve without;
+    without.kontoId = kontoId;
+    without.colour = NewCurveColour(kontoId);
+    return without;
 }
 
 /// Empties the query data source when the work with it ends, however it ends.
@@ -47,6 +48,6 @@ void ForEachChosenCurve(frmPPM& window, const DrawCurve& draw) {
     for (const std::int32_t kontoId : window.SelectedCurves) {
         const auto points = ReadPoints(query.Open(*window.FundDb, queries::PointsOf(kontoId)));
         if (points.empty()) continue;
-        draw(points, {kontoId, ColourOf(*holdings, kontoId)});
+        draw(points, CurveOf(*holdings, kontoId));
     }
 }

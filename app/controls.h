@@ -22,6 +22,7 @@ class DiagramView;
 class EntryField;
 class GridLine;
 class ImageButton;
+class LegendView;
 class StatusPanels;
 class Swatch;
 class TextTable;
@@ -59,6 +60,10 @@ struct Controls {
     QAction* mnuSok = nullptr;
     // Menu Visa
     QMenu* mnuShow = nullptr;
+    QAction* mnuDagskurs = nullptr;
+    QAction* mnuRita = nullptr;
+    QAction* mnuKurvor = nullptr;
+    QAction* mnuFarg = nullptr;
     QAction* mnuAll = nullptr;
     QAction* mnuPlus = nullptr;
     QAction* mnuMinus = nullptr;
@@ -114,6 +119,7 @@ struct Controls {
     Indexed<QLabel*, 0, 9> lblFraData;
     Indexed<QLabel*, 0, 9> lblFraHeading;  ///< the small heading over each, which follows the case
     QLabel* lblFraHint = nullptr;          ///< while no holding is chosen
+    LegendView* lstLegend = nullptr;       ///< in its place while several curves show
     Swatch* shaPlottColor = nullptr;
     QLabel* lblColorNr = nullptr;
     QLabel* lblForhand = nullptr;  ///< right of the price: what Enter would make of it

@@ -66,6 +66,7 @@ void Furnish(frmPPM& window) {
     FurnishDayPrices(window);
     FurnishStatusBar(window);
     FurnishTabOrder(window);
+    FurnishContextMenus(window);
     // Enter presses a button that has the focus, as Space does.
     for (QPushButton* button : window.findChildren<QPushButton*>()) button->setAutoDefault(true);
 }

@@ -22,3 +22,4 @@ void FurnishOverview(frmPPM& window);       ///< panOversikt
 void FurnishDayPrices(frmPPM& window);      ///< panKurser
 void FurnishStatusBar(frmPPM& window);      ///< staBar
 void FurnishTabOrder(frmPPM& window);
+void FurnishContextMenus(frmPPM& window);  ///< what the menus offer, where it is needed

@@ -8,30 +8,19 @@
 #include "platform/caption.h"
 #include "widgets/entryfield.h"
 #include "widgets/imagebutton.h"
+#include "widgets/listlines.h"
 #include "widgets/tag.h"
 
-#include <QAbstractItemView>
 #include <QFrame>
 #include <QGroupBox>
-#include <QHelpEvent>
 #include <QLabel>
 #include <QListWidget>
-#include <QModelIndex>
-#include <QPainter>
-#include <QPalette>
 #include <QPushButton>
-#include <QStyle>
-#include <QStyleOptionViewItem>
-#include <QStyledItemDelegate>
-#include <QToolTip>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <string_view>
 
 namespace {
-
-constexpr QChar kFigureSpace(0x2007);
 
 ImageButton* Image(frmPPM& window, const QString& picture, float left, std::string_view spoken,
                    std::string_view tip) {
@@ -40,53 +29,6 @@ ImageButton* Image(frmPPM& window, const QString& picture, float left, std::stri
     Tip(button, tip);
     return button;
 }
-
-/// The blank in front of a one-digit number is drawn as wide as a digit, so that the numbers line
-/// up. The line that the keys stand on without choosing it has a frame.
-class FundLines final : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& whole,
-               const QModelIndex& index) const override {
-        const QStyleOptionViewItem option = InView(whole);
-        QStyledItemDelegate::paint(painter, option, index);
-        const bool marked = option.state.testFlag(QStyle::State_HasFocus);
-        if (!marked || option.state.testFlag(QStyle::State_Selected)) return;
-        painter->save();
-        painter->setPen(option.palette.color(QPalette::Text));
-        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
-        painter->restore();
-    }
-
-    /// A line that is cut stands whole in its tooltip.
-    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                   const QModelIndex& index) override {
-        const QString line = index.data().toString();
-        const bool cut = sizeHint(option, index).width() > InView(option).rect.width();
-        if (event->type() != QEvent::ToolTip || !cut) {
-            return QStyledItemDelegate::helpEvent(event, view, option, index);
-        }
-        QToolTip::showText(event->globalPos(), line, view);
-        return true;
-    }
-
-  private:
-    /// The list makes its lines as wide as the longest one, which no longer needs to be cut then.
-    static QStyleOptionViewItem InView(QStyleOptionViewItem option) {
-        const auto* list = qobject_cast<const QListWidget*>(option.widget);
-        if (list == nullptr) return option;
-        const int end = list->viewport()->rect().right() - list->spacing();
-        option.rect.setRight(std::min(option.rect.right(), end));
-        return option;
-    }
-
-  protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        if (option->text.startsWith(u' ')) option->text[0] = kFigureSpace;
-    }
-};
 
 QLabel* Hint(QWidget* parent, const char* name) {
     auto* label = Named(new QLabel(parent), name);
@@ -123,7 +65,7 @@ void FurnishFundList(frmPPM& window) {
     window.layout.AlsoScale(
         [list](const Scaling& scaling) { list->setSpacing(Pixels(15 * scaling.down) - 1); });
     window.lstFonder->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    window.lstFonder->setItemDelegate(new FundLines(window.lstFonder));
+    window.lstFonder->setItemDelegate(new ListLines(window.lstFonder));
     window.lstFonder->setTextElideMode(Qt::ElideRight);
     window.lstFonder->setUniformItemSizes(true);
     look::SetTextColour(*window.lstFonder, look::kListGreen);

@@ -74,6 +74,12 @@ void FurnishMenus(frmPPM& window) {
     window.mnuSok->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
 
     QMenu* show = window.mnuShow = Menu(window, "mnuShow", "&Visa");
+    // What the keys do; they themselves act when they are let go, by the keyboard's own rules.
+    window.mnuDagskurs = Item(show, "mnuDagskurs", "Ny dagskurs\tF11");
+    window.mnuRita = Item(show, "mnuRita", "Rita om\tF8");
+    window.mnuKurvor = Item(show, "mnuKurvor", "Välj kurvor\tF12");
+    window.mnuFarg = Item(show, "mnuFarg", "Byt färg\tF9");
+    show->addSeparator();
     window.mnuAll = Item(show, "mnuAll", "Visa alla kurvor");
     show->addSeparator();
     window.mnuVeckor = Item(show, "mnuVeckor", "Visa Vecka för Vecka");

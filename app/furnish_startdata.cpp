@@ -4,6 +4,7 @@
 #include "app/furnishing.h"
 #include "app/places.h"
 #include "platform/caption.h"
+#include "widgets/legendview.h"
 #include "widgets/swatch.h"
 #include "widgets/titledframe.h"
 #include "widgets/valuelabel.h"
@@ -44,6 +45,10 @@ void FurnishStartData(frmPPM& window) {
     window.lblFraHint =
         Named(Heading(frame, "Välj en fond i listan, så visas dess startdata här."), "lblFraHint");
     Placed(window, window.lblFraHint, {180, 600, 7740, 300});
+    window.lstLegend = Named(new LegendView(frame), "lstLegend");
+    Placed(window, window.lstLegend, {120, 345, 7890, 1260}, kSmallPoints, Letters::List);
+    Speak(window.lstLegend, "Kurvor i diagrammet");
+    window.lstLegend->hide();
     // The fifth value is never used; the curve's colour and number stand in its place.
     window.shaPlottColor = Named(new Swatch(frame), "shaPlottColor");
     Placed(window, window.shaPlottColor, {180, 1065, 450, 225});

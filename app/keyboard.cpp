@@ -31,6 +31,8 @@ std::optional<FunctionKey> FunctionKeyOf(int key) {
             return FunctionKey::F6;
         case Qt::Key_F7:
             return FunctionKey::F7;
+        case Qt::Key_F1:
+            return FunctionKey::F1;
         case Qt::Key_F8:
             return FunctionKey::F8;
         case Qt::Key_F9:
@@ -155,6 +157,8 @@ void Keyboard::Act(KeyAction action) {
             return;
         case KeyAction::ToDiagramFromGrid:
             return EscapeFromHoldings();
+        case KeyAction::ShowHelp:
+            return window.ShowHelpPage();
         case KeyAction::ZoomIn:
             return window.mnuPlus_Click();
         case KeyAction::ZoomOut:

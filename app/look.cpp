@@ -66,6 +66,7 @@ QTableView { selection-background-color: #1F5C7D; selection-color: #FFFFFF; }
 StatusPanels { background: #F7F9FA; border-top: 1px solid #B4C2CB; }
 StatusPanels QLabel { color: #1B2B36; border: none; border-left: 1px solid #CDD7DD; padding: 0 5px; }
 StatusPanels QLabel#notice { background: #FFFBE6; }
+QListWidget#lstLegend { background: transparent; border: none; }
 QLabel#lblIngenFil { background: #FFFFFF; border: 1px solid #B4C2CB; border-radius: 4px; padding: 10px; }
 QListWidget#lstTotal, QListWidget#lstKopior { background: #FFFFFF; color: #1B2B36; padding: 3px 2px;
                        selection-background-color: #1F5C7D; selection-color: #FFFFFF; border: 1px solid #B4C2CB;

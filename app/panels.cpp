@@ -2,6 +2,7 @@
 
 #include "app/look.h"
 #include "app/rules/texts.h"
+#include "base/number.h"
 #include "platform/caption.h"
 #include "platform/commondialog.h"
 #include "widgets/boundfield.h"
@@ -10,6 +11,7 @@
 #include "widgets/diagramview.h"
 #include "widgets/entryfield.h"
 #include "widgets/imagebutton.h"
+#include "widgets/legendview.h"
 #include "widgets/statuspanels.h"
 #include "widgets/strokepainter.h"
 #include "widgets/swatch.h"
@@ -27,7 +29,10 @@
 #include <QPushButton>
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -67,6 +72,7 @@ void Panels::Show(const Shown& shown) {
     if (shown.typedPrice == TypedPrice::Cleared) Write(controls_.txtValue, "");
     Enable(shown.enabled, true);
     Reveal(shown.visible, true);
+    ShowCurves(shown);
     controls_.picDiagram->MarkDay(shown.today, ToQt(texts::Today));
     GiveFocus(shown.focus);
     KeepFocusInSight(shown);
@@ -106,6 +112,25 @@ void Panels::ShowCaptions(const Shown::Captions& captions) {
     controls_.picDiagram->SetQuietLine(ToQt(captions.picDiagram));
     StatusPanels& bar = *controls_.staBar;
     if (bar.Notice() != captions.staBar) bar.SetNotice(captions.staBar);
+}
+
+void Panels::ShowCurves(const Shown& shown) {
+    DiagramView& picture = *controls_.picDiagram;
+    std::vector<LegendEntry> entries;
+    for (const ShownCurve& curve : shown.legend) {
+        entries.push_back({curve.kontoId, curve.colour, ToQt(PlainText(curve.kontoId)),
+                           ToQt(curve.name), ToQt(curve.change)});
+    }
+    controls_.lstLegend->SetEntries(std::move(entries));
+    const QString spoken = ToQt(shown.captions.spoken);
+    if (picture.accessibleDescription() != spoken) picture.setAccessibleDescription(spoken);
+    if (!shown.lit) return picture.Light(std::nullopt);
+    LitDrawing lit{.kontoId = shown.lit->kontoId,
+                   .title = ToQt(shown.lit->title),
+                   .note = ToQt(shown.lit->note)};
+    if (const auto& at = shown.lit->at)
+        lit.at = Point{static_cast<double>(at->day), static_cast<double>(at->value)};
+    picture.Light(std::move(lit));
 }
 
 void Panels::ShowTags(const Shown::Tags& tags) {
@@ -184,6 +209,7 @@ void Panels::Reveal(const Shown::Visible& visible, bool which) {
     Turn(controls_.lblColorNr, visible.lblColorNr, which);
     Turn(controls_.lblFraHint, visible.lblFraHint, which);
     Turn(controls_.lblForhand, visible.lblForhand, which);
+    Turn(controls_.lstLegend, visible.lstLegend, which);
     Turn(controls_.cmdNyAndel, visible.cmdNyAndel, which);
     Turn(controls_.txtGrid, visible.txtGrid, which);
     Turn(controls_.fraNyAndel, visible.fraNyAndel, which);
@@ -230,7 +256,8 @@ void Panels::KeepFocusInSight(const Shown& shown) {
     const QWidget* focused = window_.focusWidget();
     if (focused == nullptr || !shown.enabled.txtValue) return;
     const auto goes = [focused](const QWidget* panel, bool visible) {
-        return !visible && !panel->isHidden() && panel->isAncestorOf(focused);
+        const bool holds = panel == focused || panel->isAncestorOf(focused);
+        return !visible && !panel->isHidden() && holds;
     };
     if (goes(controls_.panListFonder, shown.visible.panListFonder) ||
         goes(controls_.panTotal, shown.visible.panTotal) ||
@@ -239,7 +266,8 @@ void Panels::KeepFocusInSight(const Shown& shown) {
         goes(controls_.panBasData, shown.visible.panBasData) ||
         goes(controls_.panKurser, shown.visible.panKurser) ||
         goes(controls_.panOversikt, shown.visible.panOversikt) ||
-        goes(controls_.panKort, shown.visible.panKort)) {
+        goes(controls_.panKort, shown.visible.panKort) ||
+        goes(controls_.lstLegend, shown.visible.lstLegend)) {
         controls_.txtValue->setFocus();
     }
 }

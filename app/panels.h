@@ -18,6 +18,7 @@ class Panels {
 
   private:
     void ShowCaptions(const Shown::Captions& captions);
+    void ShowCurves(const Shown& shown);
     void ShowTags(const Shown::Tags& tags);
     void ShowFundPanel(const HoldingView& view);
     void ShowStatus(const StatusTexts& texts);

@@ -79,6 +79,7 @@ class Procedures {
     virtual void Image5_MouseUp(Qt::MouseButton button) = 0;  // Axes
     virtual void mnuPlus_Click() = 0;                         // Axes
     virtual void mnuMinus_Click() = 0;                        // Axes
+    virtual void ShowHelpPage() = 0;                          // OutsidePrograms: about what is open
 
   protected:
     ~Procedures() = default;

@@ -13,7 +13,6 @@
 #include "fundfile/schema.h"
 #include "jet/database.h"
 #include "jet/transaction.h"
-#include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/printing.h"
 #include "widgets/diagramview.h"
@@ -27,6 +26,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -48,14 +48,17 @@ Curves::Curves(frmPPM& ppm) : Controller(ppm) {}
 
 void Curves::PlotCurves() try {
     std::vector<std::int32_t> missing;
-    ForEachChosenCurve(window, [&](std::span<const CurvePoint> points, const CurveStyle& style) {
-        window.picDiagram->Add(ScreenDrawing(points, style, window.WindowStartDay, window.DayStep));
-        if (window.holding && window.holding->kontoId == style.kontoId) {
+    std::vector<ShownCurve> shown;
+    ForEachChosenCurve(window, [&](std::span<const CurvePoint> points, const ShownCurve& curve) {
+        window.picDiagram->Add(ScreenDrawing(points, {curve.kontoId, curve.colour},
+                                             window.WindowStartDay, window.DayStep));
+        shown.push_back(curve);
+        if (window.holding && window.holding->kontoId == curve.kontoId) {
             missing = MissingWeekdays(points, window.TodayDay);
         }
     });
-    window.Put(AfterDaysMissed(window.State(), std::move(missing)));
-    DescribeDiagram();
+    window.Put(
+        AfterCurvesDrawn(AfterDaysMissed(window.State(), std::move(missing)), std::move(shown)));
 } catch (const Error& error) {
     Report(texts::PlotFailed, texts::PlotFailedLog, error);
 }
@@ -63,9 +66,9 @@ void Curves::PlotCurves() try {
 void Curves::PrintCurves(PrinterPage& page) try {
     const ScaleRange scale = window.Scale;
     std::vector<Drawing> drawings;
-    ForEachChosenCurve(window, [&](std::span<const CurvePoint> points, const CurveStyle& style) {
-        drawings.push_back(
-            PageDrawing(points, style, window.WindowStartDay, window.DayStep, scale));
+    ForEachChosenCurve(window, [&](std::span<const CurvePoint> points, const ShownCurve& curve) {
+        drawings.push_back(PageDrawing(points, {curve.kontoId, curve.colour}, window.WindowStartDay,
+                                       window.DayStep, scale));
     });
     const QTransform toDevice = page.CentimetresToDevice();
     const QRectF areaCm(
@@ -99,14 +102,4 @@ void Curves::ComputeFundScale(std::int32_t kontoId, bool replace) {
                 replace ? ScaleColumn(scale) : WithListKept(present, scale));
     });
     together.Commit();
-}
-
-void Curves::DescribeDiagram() {
-    std::string numbers;
-    for (const Drawing& drawing : window.picDiagram->Drawings()) {
-        numbers += (numbers.empty() ? "" : ", ") + drawing.label;
-    }
-    window.picDiagram->setAccessibleDescription(
-        ToQt(numbers.empty() ? std::string(texts::NoCurves)
-                             : std::string(texts::CurvesShown) + numbers));
 }

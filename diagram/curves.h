@@ -20,7 +20,4 @@ class Curves : Controller {
     /// Stores the automatic scale of a holding in the current row of `dtaBasData`: in place of what
     /// is there, or (replace false) after the curve list that stands there.
     void ComputeFundScale(std::int32_t kontoId, bool replace);
-
-  private:
-    void DescribeDiagram();
 };

@@ -10,6 +10,7 @@
 #include "platform/datasource.h"
 #include "widgets/imagebutton.h"
 
+#include <QAction>
 #include <QListWidget>
 #include <QSignalBlocker>
 
@@ -18,6 +19,21 @@
 CurveSelection::CurveSelection(frmPPM& ppm) : Controller(ppm) {
     On(window.imgColor, &ImageButton::MouseUp, [this] { imgColor_Click(); });
     On(window.imgGrafNr, &ImageButton::MouseUp, [this] { imgGrafNr_Click(); });
+    On(window.mnuFarg, &QAction::triggered, [this] { mnuFarg_Click(); });
+    On(window.mnuKurvor, &QAction::triggered, [this] { mnuKurvor_Click(); });
+}
+
+/// The buttons' work, whether or not they are to be seen.
+void CurveSelection::mnuFarg_Click() {
+    if (!window.LeaveHoldingsGrid()) return;
+    window.Put(AfterChoiceMenu(window.State()));
+    imgColor_Click();
+}
+
+void CurveSelection::mnuKurvor_Click() {
+    if (!window.LeaveHoldingsGrid()) return;
+    window.Put(AfterChoiceMenu(window.State()));
+    imgGrafNr_Click();
 }
 
 void CurveSelection::imgColor_Click() {

@@ -15,6 +15,8 @@ class CurveSelection : Controller {
     void imgGrafNr_Click();
 
   private:
+    void mnuKurvor_Click();
+    void mnuFarg_Click();
     void DrawChosen(const std::vector<std::int32_t>& curves);
     void StoreSelection(const std::vector<std::int32_t>& curves);
     void ShowSelection(const std::vector<std::int32_t>& curves);

@@ -19,9 +19,11 @@
 
 SeveralCurves::SeveralCurves(frmPPM& ppm) : Controller(ppm) {
     On(window.mnuAll, &QAction::triggered, [this] { mnuAll_Click(); });
-    On(window.imgScreen, &ImageButton::MouseUp, [this] {
+    const auto redraw = [this] {
         if (window.LeaveHoldingsGrid()) imgScreen_Click();
-    });
+    };
+    On(window.imgScreen, &ImageButton::MouseUp, redraw);
+    On(window.mnuRita, &QAction::triggered, redraw);
 }
 
 /// Those of the first row's list whose holdings are in the file, and no more than there are rows.

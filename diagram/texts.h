@@ -25,8 +25,4 @@ inline constexpr std::string_view NoPointPrice =
 inline constexpr std::string_view SummaryFollows = " : sammanfattningen följer med  ";
 inline constexpr std::string_view AfterLatest = "  ";
 
-/// For those who do not see the diagram.
-inline constexpr std::string_view CurvesShown = "Kurvor: ";
-inline constexpr std::string_view NoCurves = "Inga kurvor";
-
 }  // namespace texts

@@ -22,6 +22,7 @@
 #include "widgets/diagramview.h"
 #include "widgets/entryfield.h"
 
+#include <QAction>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -48,6 +49,7 @@ PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
         return txtValue_KeyDown(static_cast<const QKeyEvent&>(event));
     });
     On(window.cmdFondList, &QPushButton::clicked, [this] { cmdFondList_Click(); });
+    On(window.mnuDagskurs, &QAction::triggered, [this] { mnuDagskurs_Click(); });
     // The button must not take the focus from a grid before it knows whether the row may be left.
     window.cmdFondList->setFocusPolicy(Qt::TabFocus);
 }
@@ -55,6 +57,11 @@ PriceEntry::PriceEntry(frmPPM& ppm) : Controller(ppm) {
 void PriceEntry::cmdFondList_Click() {
     if (!window.StoreTypedRows()) return;
     window.Put(AfterFundListButton(window.State()));
+}
+
+/// From the holdings grid it leads to the list as well.
+void PriceEntry::mnuDagskurs_Click() {
+    if (window.LeaveHoldingsGrid()) cmdFondList_Click();
 }
 
 void PriceEntry::txtValue_GotFocus() {

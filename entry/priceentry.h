@@ -20,6 +20,7 @@ class PriceEntry : Controller {
     TakenPrice TakePrice(const PriceToTake& price);
 
   private:
+    void mnuDagskurs_Click();
     struct Entry {
         double price = 0;
         std::int32_t percent = 0;

@@ -1,5 +1,5 @@
-// kvarnbo-hjalp [FILE]: shows a help file, the installed one where none is named. A path that
-// arrives in several words is put together again.
+// kvarnbo-hjalp [FILE[#PAGE]]: shows a help file, the installed one where none is named. A path
+// that arrives in several words is put together again.
 
 #include "base/tooloptions.h"
 #include "help/helplook.h"
@@ -14,8 +14,9 @@
 namespace {
 
 constexpr const char* kUsage =
-    "usage: kvarnbo-hjalp [FILE]\n"
-    "Shows a help file of Kvarnbo in a window; the installed one where none is named.\n";
+    "usage: kvarnbo-hjalp [FILE[#PAGE]]\n"
+    "Shows a help file of Kvarnbo in a window, at a page where one is named;\n"
+    "the installed one where no file is named.\n";
 
 }  // namespace
 
@@ -29,8 +30,9 @@ int main(int argc, char** argv) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(helplook::Palette());
     application.setStyleSheet(helplook::WindowStyle());
-    const QString path = QApplication::arguments().mid(1).join(u' ');
-    HelpWindow window(OpenHelp(FromQt(path)));
+    const HelpPlace place = HelpPlaceOf(FromQt(QApplication::arguments().mid(1).join(u' ')));
+    HelpWindow window(OpenHelp(place.path));
+    window.ShowPage(place.page);
     window.show();
     return QApplication::exec();
 }

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QIODevice>
 
+#include <cstddef>
+
 namespace {
 
 QString PathOf(const std::string& path) {
@@ -32,4 +34,10 @@ HelpBook OpenHelp(const std::string& path) {
     } catch (const Error&) {
         return Unreadable(file.fileName());
     }
+}
+
+HelpPlace HelpPlaceOf(const std::string& argument) {
+    const std::size_t mark = argument.rfind('#');
+    if (mark == std::string::npos || QFile::exists(ToQt(argument))) return {argument, ""};
+    return {argument.substr(0, mark), argument.substr(mark + 1)};
 }

@@ -6,6 +6,7 @@
 #include "app/fundsummary.h"
 #include "app/gridswitch.h"
 #include "app/keyboard.h"
+#include "app/listlooks.h"
 #include "app/listtyping.h"
 #include "app/pricetaking.h"
 #include "app/rules/changename.h"
@@ -15,6 +16,7 @@
 #include "app/typedwork.h"
 #include "app/undoredo.h"
 #include "diagram/axes.h"
+#include "diagram/curvepointer.h"
 #include "diagram/curves.h"
 #include "diagram/curveselection.h"
 #include "diagram/measurement.h"
@@ -48,10 +50,12 @@ struct MainWindow::Controllers {
           axes(window),
           curves(window),
           curveSelection(window),
+          curvePointer(window),
           measurement(window),
           keyboard(window),
           fundList(window),
           listTyping(window),
+          listLooks(window),
           severalCurves(window),
           gridSwitch(window),
           typedWork(window),
@@ -81,10 +85,12 @@ struct MainWindow::Controllers {
     Axes axes;
     Curves curves;
     CurveSelection curveSelection;
+    CurvePointer curvePointer;
     Measurement measurement;
     Keyboard keyboard;
     FundList fundList;
     ListTyping listTyping;
+    ListLooks listLooks;
     SeveralCurves severalCurves;
     GridSwitch gridSwitch;
     TypedWork typedWork;
@@ -280,4 +286,7 @@ void MainWindow::mnuPlus_Click() {
 }
 void MainWindow::mnuMinus_Click() {
     controllers_->axes.mnuMinus_Click();
+}
+void MainWindow::ShowHelpPage() {
+    controllers_->outsidePrograms.ShowHelpPage();
 }

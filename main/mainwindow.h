@@ -66,6 +66,7 @@ class MainWindow final : public frmPPM {
     void Image5_MouseUp(Qt::MouseButton button) override;
     void mnuPlus_Click() override;
     void mnuMinus_Click() override;
+    void ShowHelpPage() override;
 
   private:
     struct Controllers;  // in order of construction

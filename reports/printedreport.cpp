@@ -107,7 +107,7 @@ void PrintedReport::PrintReport() {
     auto totals = Totals();
     if (!totals) return;
     report.totals = std::move(*totals);
-    ForEachChosenCurve(window, [](std::span<const CurvePoint>, const CurveStyle&) {});
+    ForEachChosenCurve(window, [](std::span<const CurvePoint>, const ShownCurve&) {});
 
     const auto page = window.platform.printing.Begin(Title());
     if (!page) return;

@@ -3,10 +3,13 @@
 
 #include "app/controller.h"
 
+#include <string>
+
 class About : Controller {
   public:
     explicit About(frmPPM& window);
 
   private:
     void mnuOm_Click();
+    std::string Engine() const;
 };

@@ -1,6 +1,7 @@
 #include "tools/outsideprograms.h"
 
 #include "app/frmPPM.h"
+#include "app/rules/helppage.h"
 #include "base/error.h"
 #include "platform/platform.h"
 #include "platform/programs.h"
@@ -26,6 +27,12 @@ void OutsidePrograms::mnuNotePad_Click() {
 
 void OutsidePrograms::mnuHelp_Click() {
     Start(texts::HelpCommand, texts::HelpFile, texts::NoHelpViewer);
+}
+
+void OutsidePrograms::ShowHelpPage() {
+    const std::string page(HelpPageFor(window.State()));
+    Start(texts::HelpCommand, std::string(texts::HelpFile) + texts::kHelpPageMark + page,
+          texts::NoHelpViewer);
 }
 
 void OutsidePrograms::Start(std::string_view command, std::string_view file,

@@ -9,6 +9,9 @@ class OutsidePrograms : Controller {
   public:
     explicit OutsidePrograms(frmPPM& window);
 
+    /// The help at the page about what the window shows.
+    void ShowHelpPage();
+
   private:
     void mnuFLogg_Click();
     void mnuNotePad_Click();

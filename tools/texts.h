@@ -15,9 +15,15 @@ inline constexpr std::string_view HelpFile = "Kvarnbo.hlp";
 inline constexpr std::string_view EditorCommand = "NotePad.exe  ";
 inline constexpr std::string_view HelpCommand = "WinHlp32.exe ";
 
+/// Between the help file and the page to open it at.
+inline constexpr char kHelpPageMark = '#';
+
 inline constexpr std::string_view About = "Om Kvarnbo";
 inline constexpr std::string_view AboutVersion = "Kvarnbo ";
 inline constexpr std::string_view AboutFile = "\r\n\r\nFondfil: ";
+inline constexpr std::string_view AboutEngine = "\r\nDatabasmotor: jet ";
+inline constexpr std::string_view AboutFormat97 = ", filen har Access 97-format";
+inline constexpr std::string_view AboutFormat2000 = ", filen har Access 2000-format";
 inline constexpr std::string_view AboutFolder = "\r\nProgrammets mapp: ";
 
 inline constexpr std::string_view NoEditor = "Kunde inte hitta fil NotePad.exe";

@@ -75,6 +75,8 @@ class Numbers {
         return PlaceAlongCurves(sizes, extents_, std::move(taken), ToBox(surface_.area));
     }
 
+    std::vector<CurveExtent> TakeExtents() { return std::move(extents_); }
+
   private:
     NumberSize SizeOf(const Drawing& drawing) const {
         return {metrics_.horizontalAdvance(QString::fromStdString(drawing.label)),
@@ -119,10 +121,10 @@ void DrawHalo(QPainter& painter, const QPainterPath& outline, const StrokeSurfac
 
 }  // namespace
 
-std::vector<NumberPlace> DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
-                                     std::span<const std::vector<QPolygonF>> pieces,
-                                     const StrokeSurface& surface) {
-    const Numbers numbers(painter, drawings, pieces, surface);
+DrawnCurves DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
+                        std::span<const std::vector<QPolygonF>> pieces,
+                        const StrokeSurface& surface) {
+    Numbers numbers(painter, drawings, pieces, surface);
     std::vector<NumberPlace> ends = numbers.AtEnds();
     for (const NumberPlace& number : numbers.Along(ends)) {
         // A path, and no text: who searches or copies from a page finds every number once.
@@ -137,7 +139,7 @@ std::vector<NumberPlace> DrawNumbers(QPainter& painter, std::span<const Drawing>
     for (const NumberPlace& number : ends) {
         DrawNumber(painter, drawings[number.curve], number.box, surface);
     }
-    return ends;
+    return {std::move(ends), numbers.TakeExtents()};
 }
 
 void DrawNumber(QPainter& painter, const Drawing& drawing, const LabelBox& place,

@@ -11,11 +11,10 @@
 #include <span>
 #include <vector>
 
-/// `pieces` are those of each drawing's line, in the painter's units. The places are those of the
-/// numbers at the ends; `curve` counts the drawings.
-std::vector<NumberPlace> DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
-                                     std::span<const std::vector<QPolygonF>> pieces,
-                                     const StrokeSurface& surface);
+/// `pieces` are those of each drawing's line, in the painter's units.
+DrawnCurves DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
+                        std::span<const std::vector<QPolygonF>> pieces,
+                        const StrokeSurface& surface);
 
 /// One number in its place, in the colour of its curve.
 void DrawNumber(QPainter& painter, const Drawing& drawing, const LabelBox& place,

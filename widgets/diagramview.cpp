@@ -7,7 +7,6 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QLineF>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QPen>
@@ -64,6 +63,7 @@ double GridLine::Y2() const {
 DiagramView::DiagramView(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
+    setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     AddGrid();
@@ -117,6 +117,7 @@ Point DiagramView::ToUser(QPointF pixels) const {
 
 void DiagramView::Clear() {
     drawings_.clear();
+    drawn_ = {};
     Outdated();
 }
 
@@ -177,6 +178,7 @@ void DiagramView::paintEvent(QPaintEvent*) {
     if (outdated_) PaintPicture();
     QPainter painter(this);
     painter.drawPixmap(0, 0, picture_);
+    if (lit_) PaintLit(painter);
     if (crossHair_) PaintCrossHair(painter);
     if (hasFocus()) {
         QColor mark = palette().color(QPalette::Highlight);
@@ -205,7 +207,7 @@ void DiagramView::PaintPicture() {
     PaintGrid(painter);
     if (markedDay_) PaintMarkedDay(painter);
     painter.setRenderHint(QPainter::Antialiasing);
-    DrawCurves(painter, drawings_, Surface());
+    drawn_ = DrawCurves(painter, drawings_, Surface());
     if (drawings_.empty() && !quietLine_.isEmpty()) PaintQuietLine(painter);
 }
 
@@ -253,16 +255,4 @@ void DiagramView::PaintCrossHair(QPainter& painter) const {
     painter.setPen(QPen(ToQColor(kCrossHairInk), 1, Qt::DotLine));
     painter.drawLine(QLineF(x, 0, x, height()));
     painter.drawLine(QLineF(0, y, width(), y));
-}
-
-void DiagramView::mousePressEvent(QMouseEvent* event) {
-    emit Pressed(event->button(), ToUser(event->position()));
-}
-
-void DiagramView::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() != Qt::NoButton) emit Moved(event->buttons(), ToUser(event->position()));
-}
-
-void DiagramView::mouseReleaseEvent(QMouseEvent* event) {
-    emit Released(event->button(), ToUser(event->position()));
 }

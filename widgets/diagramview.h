@@ -11,15 +11,18 @@
 #include <QLineF>
 #include <QPixmap>
 #include <QPointF>
+#include <QRectF>
 #include <QSize>
 #include <QString>
 #include <QTransform>
 #include <QWidget>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
 
+class QContextMenuEvent;
 class QEvent;
 class QMouseEvent;
 class QPaintEvent;
@@ -48,6 +51,14 @@ class GridLine final : public QObject {
   private:
     Kind kind_;
     QLineF fractions_;
+};
+
+/// A curve that stands out. Where it has a note it has a ring there, too.
+struct LitDrawing {
+    std::int32_t kontoId = 0;
+    std::optional<Point> at{};
+    QString title{}, note{};
+    bool operator==(const LitDrawing&) const = default;
 };
 
 /// `picDiagram`: x runs from 0 (left) to 365 (right), y from the scale's bottom to its top.
@@ -79,6 +90,14 @@ class DiagramView final : public QWidget {
     void MarkDay(std::optional<std::int32_t> day, const QString& word);
     std::optional<std::int32_t> MarkedDay() const { return markedDay_; }
 
+    /// The index of the drawing nearest to the place within reach of a hand.
+    std::optional<std::size_t> CurveNear(QPointF pixels) const;
+    /// One curve stands out over the others, with a note at one of its places; none ends it.
+    void Light(std::optional<LitDrawing> lit);
+    const std::optional<LitDrawing>& Lit() const { return lit_; }
+    /// Where the number at the end of a curve stands; empty where it has none.
+    QRectF NumberPlaceOf(std::int32_t kontoId) const;
+
     /// `Line1` ... `Line20`: six values, thirteen month borders, the zero line. They never move or
     /// hide.
     const std::vector<GridLine*>& GridLines() const { return grid_; }
@@ -94,6 +113,10 @@ class DiagramView final : public QWidget {
     void Pressed(Qt::MouseButton button, Point at);
     void Moved(Qt::MouseButtons buttons, Point at);
     void Released(Qt::MouseButton button, Point at);
+    void Hovered(QPointF pixels);  ///< the pointer moves and no button is held
+    void HoverEnded();
+    void NumberClicked(
+        std::int32_t kontoId);  ///< pressed and let go on the number at a curve's end
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -101,6 +124,8 @@ class DiagramView final : public QWidget {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     void AddGrid();
@@ -112,6 +137,10 @@ class DiagramView final : public QWidget {
     StrokeSurface Surface() const;
     void PaintQuietLine(QPainter& painter) const;
     void PaintCrossHair(QPainter& painter) const;
+    void PaintLit(QPainter& painter) const;
+    void PaintNote(QPainter& painter, QPointF at) const;
+    const Drawing* DrawingOf(std::int32_t kontoId) const;
+    std::optional<std::int32_t> NumberAt(QPointF pixels) const;
     QTransform ToPixelsTransform() const;
 
     ScaleRange scale_;
@@ -122,4 +151,8 @@ class DiagramView final : public QWidget {
     std::optional<Point> crossHair_;
     QPixmap picture_;  ///< ground, grid and curves
     bool outdated_ = true;
+    DrawnCurves drawn_;  ///< of the picture
+    std::optional<LitDrawing> lit_;
+    std::optional<std::int32_t> pressedNumber_;
+    QPointF pressedAt_;
 };

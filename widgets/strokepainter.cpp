@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr double kLitWider = 1.6;
+constexpr double kLitHalo = 1.5;
 constexpr double kOutsideMargin = 8;  // so that the cut ends of thick lines do not show
 
 /// Both on one outer side of `area`: most of a long series lies left of the window.
@@ -158,8 +160,8 @@ std::vector<QPolygonF> VisiblePieces(std::span<const Point> line, const StrokeSu
     return pieces;
 }
 
-std::vector<NumberPlace> DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
-                                    const StrokeSurface& surface) {
+DrawnCurves DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
+                       const StrokeSurface& surface) {
     painter.save();
     painter.setClipRect(surface.area, Qt::IntersectClip);
     painter.setBrush(Qt::NoBrush);
@@ -168,7 +170,22 @@ std::vector<NumberPlace> DrawCurves(QPainter& painter, std::span<const Drawing> 
         pieces.push_back(VisiblePieces(drawing.line, surface));
         DrawLine(painter, pieces.back(), drawing.colour, surface);
     }
-    std::vector<NumberPlace> numbers = DrawNumbers(painter, drawings, pieces, surface);
+    DrawnCurves drawn = DrawNumbers(painter, drawings, pieces, surface);
     painter.restore();
-    return numbers;
+    return drawn;
+}
+
+void DrawLitCurve(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface) {
+    painter.save();
+    painter.setClipRect(surface.area, Qt::IntersectClip);
+    painter.setBrush(Qt::NoBrush);
+    const std::vector<QPolygonF> pieces = VisiblePieces(drawing.line, surface);
+    StrokeSurface strong = surface;
+    strong.lineWidth = surface.lineWidth + kLitWider;
+    QPen halo(surface.halo, strong.lineWidth + 2 * kLitHalo);
+    halo.setJoinStyle(Qt::BevelJoin);
+    painter.setPen(halo);
+    for (const QPolygonF& piece : pieces) painter.drawPolyline(piece);
+    DrawLine(painter, pieces, drawing.colour, strong);
+    painter.restore();
 }

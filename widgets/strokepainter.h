@@ -1,6 +1,7 @@
 #pragma once
 // Draws curves and their labels with any QPainter: the screen's, a picture's, the printer's.
 
+#include "widgets/rules/curveextent.h"
 #include "widgets/rules/numberplaces.h"
 #include "widgets/rules/stroke.h"
 
@@ -30,12 +31,21 @@ struct StrokeSurface {
     std::size_t repeatFrom = std::numeric_limits<std::size_t>::max();
 };
 
+/// What was drawn where, in the painter's units.
+struct DrawnCurves {
+    std::vector<NumberPlace> numbers;  ///< at the curves' ends
+    std::vector<CurveExtent> extents;  ///< one a drawing
+};
+
 /// Draws in order, a later curve over an earlier one, and the numbers over all of them. Numbers
 /// that would run over each other or over the area's edge are moved as little as possible, with a
 /// line to the curve's end where they no longer stand at it; a curve that ends left of the area, or
-/// begins right of it, has none. The places are those of the numbers at the ends.
-std::vector<NumberPlace> DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
-                                    const StrokeSurface& surface);
+/// begins right of it, has none.
+DrawnCurves DrawCurves(QPainter& painter, std::span<const Drawing> drawings,
+                       const StrokeSurface& surface);
+
+/// One curve over all others, stronger, with a halo.
+void DrawLitCurve(QPainter& painter, const Drawing& drawing, const StrokeSurface& surface);
 
 /// The pieces of a line inside the area, in the painter's units, without detail finer than the
 /// surface shows. For DrawCurves and for tests.

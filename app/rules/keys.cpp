@@ -14,7 +14,7 @@ KeyAction OnKeyUp(FunctionKey key, ShownPanels shown) {
     // The pages are reached from everywhere.
     if (key == FunctionKey::F6) return KeyAction::DayPrices;
     if (key == FunctionKey::F7) return KeyAction::Overview;
-    if (GridShown(shown)) return KeyAction::None;
+    if (GridShown(shown) && key != FunctionKey::F1) return KeyAction::None;
     const bool byYear = shown.inPicture && shown.withShift;
     switch (key) {
         case FunctionKey::Home:
@@ -28,6 +28,8 @@ KeyAction OnKeyUp(FunctionKey key, ShownPanels shown) {
         case FunctionKey::F6:
         case FunctionKey::F7:
             break;
+        case FunctionKey::F1:
+            return KeyAction::ShowHelp;
         case FunctionKey::F8:
             return KeyAction::RedrawFunds;
         case FunctionKey::F9:

@@ -11,6 +11,7 @@ enum class FunctionKey : std::int32_t {
     Right = 39,
     F6 = 117,
     F7 = 118,
+    F1 = 112,
     F8 = 119,
     F9 = 120,
     F11 = 122,
@@ -33,6 +34,7 @@ enum class KeyAction {
     ToDiagram,          ///< ResetPanels
     ToDiagramFromPage,  ///< what is typed there is given up first
     ToDiagramFromGrid,  ///< ResetPanels, then the holdings grid is left as well
+    ShowHelp,           ///< the page about what is open
     ZoomIn,
     ZoomOut,
 };

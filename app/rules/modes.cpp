@@ -86,6 +86,7 @@ WindowState AfterPanelsReset(WindowState state) {
     state = WithLeft(std::move(state), LeftPanel::None);
     state.modeButtons = false;
     state.totals.clear();
+    state.lit.reset();
     state.focus = Focus::Picture;
     return state;
 }
@@ -131,6 +132,8 @@ WindowState AfterCurvesButton(WindowState state) {
     if (state.left == LeftPanel::FundList) return WithLeft(std::move(state), LeftPanel::None);
     state = WithListFor(std::move(state), ListUse::Curves);
     state.picture = Picture::Cleared;
+    state.curves.clear();
+    state.lit.reset();
     return state;
 }
 
@@ -321,6 +324,40 @@ WindowState WithKeysInPrice(WindowState state) {
 
 WindowState WithKeysInList(WindowState state) {
     if (state.left == LeftPanel::FundList) state.focus = Focus::FundList;
+    return state;
+}
+
+WindowState AfterCurvesDrawn(WindowState state, std::vector<ShownCurve> curves) {
+    state.curves = std::move(curves);
+    state.lit.reset();
+    return state;
+}
+
+WindowState AfterCurveLit(WindowState state, LitCurve lit) {
+    const bool there =
+        std::any_of(state.curves.begin(), state.curves.end(),
+                    [&](const ShownCurve& curve) { return curve.kontoId == lit.kontoId; });
+    if (there) state.lit = lit;
+    return state;
+}
+
+WindowState AfterLightOut(WindowState state) {
+    state.lit.reset();
+    return state;
+}
+
+WindowState AfterChoiceMenu(WindowState state) {
+    if (Waits(state)) return state;
+    state = AfterCoverLeft(std::move(state));
+    // A list that is open for something else would be closed by the button.
+    const bool otherList = state.left == LeftPanel::FundList && !Choosing(state);
+    if (otherList) state = WithLeft(std::move(state), LeftPanel::None);
+    state.modeButtons = true;
+    return state;
+}
+
+WindowState AfterLineTakenAway(WindowState state, std::int32_t kontoId) {
+    if (CollectingCurves(state)) std::erase(state.chosenCurves, kontoId);
     return state;
 }
 

@@ -51,6 +51,14 @@ WindowState AfterPriceTyped(WindowState state, PriceNote note);  ///< about what
 WindowState WithKeysInPrice(WindowState state);  ///< if it can be reached: a price is begun
 WindowState WithKeysInList(WindowState state);   ///< if it is open: after a price, for the next
 
+// The curves in the picture
+WindowState AfterCurvesDrawn(WindowState state, std::vector<ShownCurve> curves);
+WindowState AfterCurveLit(WindowState state, LitCurve lit);  ///< pointed at; only one that is there
+WindowState AfterLightOut(WindowState state);
+/// A menu item chooses curves or a colour: as the button, which comes to be seen.
+WindowState AfterChoiceMenu(WindowState state);
+WindowState AfterLineTakenAway(WindowState state, std::int32_t kontoId);  ///< from a choice
+
 // The notice of new shares
 WindowState AfterNoticeOpened(WindowState state);
 WindowState AfterNoticeClosed(WindowState state);

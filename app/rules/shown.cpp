@@ -4,6 +4,7 @@
 #include "app/rules/fundline.h"
 #include "base/daynumber.h"
 #include "base/number.h"
+#include "base/text.h"
 
 #include <optional>
 #include <string>
@@ -30,6 +31,10 @@ bool ChoiceConfirmed(const WindowState& state) {
     return state.left == LeftPanel::FundList && state.listUse == ListUse::Nothing && state.holding;
 }
 
+bool LegendShown(const WindowState& state) {
+    return state.stage != Stage::Starting && !state.holding && !state.curves.empty();
+}
+
 Shown::Visible VisibleIn(const WindowState& state) {
     const bool started = state.stage != Stage::Starting;
     const bool notice = state.stage == Stage::SharesNotice;
@@ -48,8 +53,9 @@ Shown::Visible VisibleIn(const WindowState& state) {
             .lblGrafNr = CollectingCurves(state) && !state.chosenCurves.empty(),
             .lblPlottInfo = Choosing(state) || ChoiceConfirmed(state),
             .lblColorNr = state.holding.has_value(),
-            .lblFraHint = !state.holding,
+            .lblFraHint = !state.holding && !LegendShown(state),
             .lblForhand = !state.priceNote.text.empty(),
+            .lstLegend = LegendShown(state),
             .cmdNyAndel = !notice,
             .txtGrid = state.gridHelp,
             .fraNyAndel = notice,
@@ -133,6 +139,46 @@ std::string Heading(const WindowState& state) {
     return std::string(texts::WorkingWith) + name.substr(0, name.rfind('.'));
 }
 
+const ShownCurve* LitOf(const WindowState& state) {
+    if (!state.lit) return nullptr;
+    for (const ShownCurve& curve : state.curves) {
+        if (curve.kontoId == state.lit->kontoId) return &curve;
+    }
+    return nullptr;
+}
+
+std::string NoteOf(const WindowState& state, const ShownCurve& curve) {
+    return state.lit->point ? PointText(curve, *state.lit->point) : "";
+}
+
+std::string TitleOf(const ShownCurve& curve) {
+    return FundLine(curve.kontoId, curve.name);
+}
+
+std::string SpokenIn(const WindowState& state) {
+    if (const ShownCurve* curve = LitOf(state)) {
+        const std::string note = NoteOf(state, *curve);
+        return Trim(TitleOf(*curve)) + (note.empty() ? "" : "   " + note);
+    }
+    std::string numbers;
+    for (const ShownCurve& curve : state.curves) {
+        numbers += (numbers.empty() ? "" : ", ") + PlainText(curve.kontoId);
+    }
+    return numbers.empty() ? std::string(texts::NoCurves)
+                           : std::string(texts::CurvesShown) + numbers;
+}
+
+std::optional<Shown::Lit> LitIn(const WindowState& state) {
+    const ShownCurve* curve = LitOf(state);
+    if (curve == nullptr) return std::nullopt;
+    Shown::Lit lit{.kontoId = curve->kontoId};
+    if (!state.lit->point) return lit;
+    lit.at = CurvePoint{state.lit->point->day - state.WindowStartDay, state.lit->point->value};
+    lit.title = Trim(TitleOf(*curve));
+    lit.note = NoteOf(state, *curve);
+    return lit;
+}
+
 Shown::Captions CaptionsIn(const WindowState& state) {
     const bool days = state.DayStep == daystep::kWeek || state.DayStep == daystep::kMonth;
     return {.frmPPM = state.caption,
@@ -157,6 +203,7 @@ Shown::Captions CaptionsIn(const WindowState& state) {
             .lblKlara = state.round.done,
             .lblKursBesked = state.round.note.text,
             .picDiagram = std::string(EmptyPictureHint(state)),
+            .spoken = SpokenIn(state),
             .staBar = state.notice};
 }
 
@@ -195,5 +242,7 @@ Shown ShownBy(const WindowState& state) {
             .view = state.view,
             .focus = state.focus,
             .typedPrice = state.typedPrice,
+            .legend = LegendShown(state) ? state.curves : std::vector<ShownCurve>{},
+            .lit = LitIn(state),
             .today = TodayIn(state)};
 }

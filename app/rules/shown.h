@@ -17,7 +17,7 @@ struct Shown {
         bool panKopior = false;
         bool imgColor = false, imgGrafNr = false;
         bool lblGrafNr = false, lblPlottInfo = false;
-        bool lblColorNr = false, lblFraHint = false, lblForhand = false;
+        bool lblColorNr = false, lblFraHint = false, lblForhand = false, lstLegend = false;
         bool cmdNyAndel = false, txtGrid = false;
         bool fraNyAndel = false, cmdNyOk = false, txtNyAndel = false;
         bool lblTotal = false;
@@ -42,12 +42,21 @@ struct Shown {
         std::string lblForhand;  ///< of a price while it is typed
         std::string panKurser, lblKlara, lblKursBesked;
         std::string picDiagram;  ///< said in it while it has no curve: what to do
+        std::string spoken;      ///< of picDiagram, to those who do not see it
         std::string staBar;      ///< over all of its panels; "" where they are to be seen
         bool operator==(const Captions&) const = default;
     };
     struct Tags {
         std::string panListFonder, imgGrafNr, imgColor, GridPlott, DBGrid, CmDialog;
         bool operator==(const Tags&) const = default;
+    };
+
+    /// The curve that stands out, and where a note is at it: days from the left edge and percent.
+    struct Lit {
+        std::int32_t kontoId = 0;
+        std::optional<CurvePoint> at{};
+        std::string title{}, note{};
+        bool operator==(const Lit&) const = default;
     };
 
     Visible visible;
@@ -61,6 +70,8 @@ struct Shown {
     HoldingView view;                       ///< of the fund panel and the status bar
     Focus focus = Focus::Stays;
     TypedPrice typedPrice = TypedPrice::Stays;
+    std::vector<ShownCurve> legend;  ///< what lstLegend lists while it is visible
+    std::optional<Lit> lit;
     std::optional<std::int32_t> today;  ///< marked in picDiagram: days from its left edge
     bool operator==(const Shown&) const = default;
 };

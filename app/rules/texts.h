@@ -34,12 +34,16 @@ inline constexpr std::string_view ChooseCurvesInfo =
     "Tryck Diagramknappen eller F12 när du är färdig";
 
 // In a picture without a curve: what to do
-inline constexpr std::string_view NoCurvesChosen = "Inga kurvor valda: F12";
+inline constexpr std::string_view NoCurvesChosen = "Inga kurvor valda: Visa, Välj kurvor";
 inline constexpr std::string_view NoHoldings =
     "Filen har inga innehav ännu: skriv in det första under PPM Data";
 inline constexpr std::string_view NoPointsOfHolding =
     "Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter";
 inline constexpr std::string_view NoPoints = "De valda fonderna har inga kurser ännu";
+
+/// For those who do not see the picture
+inline constexpr std::string_view CurvesShown = "Kurvor: ";
+inline constexpr std::string_view NoCurves = "Inga kurvor";
 
 /// At the day that is today, in the picture
 inline constexpr std::string_view Today = "idag";

@@ -4,6 +4,7 @@
 // out what is going on.
 
 #include "app/rules/holdingview.h"
+#include "app/rules/showncurve.h"
 #include "app/rules/texts.h"
 #include "fundfile/rules/openholding.h"
 #include "fundfile/rules/scale.h"
@@ -136,6 +137,9 @@ struct WindowState {
     ScaleRange FundScale;   ///< FundScaleTop and FundScaleBottom: of the single holding shown
     ScaleRange AllScale;    ///< AllScaleTop and AllScaleBottom: of the several-curves view
     ScaleRange drawnScale;  ///< what the picture and its labels show; a zoom may be stored only
+
+    std::vector<ShownCurve> curves;  ///< that the picture has now, in drawing order
+    std::optional<LitCurve> lit;     ///< one of them, while it is pointed at
 
     std::vector<std::int32_t> SelectedCurves;  ///< KontoId of each curve drawn, in drawing order
     std::vector<std::string> MonthNames;       ///< 25 labels; entry 0 is January

@@ -2,6 +2,7 @@
 
 #include "help/helpwindow.h"
 
+#include "app/rules/helppage.h"
 #include "base/text.h"
 #include "base/version.h"
 #include "fundfile/texts.h"
@@ -259,10 +260,49 @@ TEST_F(HelpContents, ExplainsEveryKey) {
     const HelpBook book = OpenHelp(HELP_FILE);
     const std::string keys = PlainHelpText(book.Pages()[book.Find("tangenter").value()].html);
     for (const char* key :
-         {"F8", "F9", "F11", "F12", "Esc", "Vänsterpil", "Högerpil", "Enter", "Delete", "Tab",
-          "Ctrl+C", "Ctrl+V", "Backsteg", "Alt+A", "Alt+V", "Alt+H"}) {
+         {"F1",     "Home",   "Skift+Vänsterpil", "Ctrl+Vänsterpil", "F8",    "F9",     "F11",
+          "F12",    "Esc",    "Vänsterpil",       "Högerpil",        "Enter", "Delete", "Tab",
+          "Ctrl+C", "Ctrl+V", "Backsteg",         "Alt+A",           "Alt+V", "Alt+H"}) {
         EXPECT_THAT(keys, HasSubstr(key));
     }
+}
+
+TEST_F(HelpContents, HasEveryPageThatF1Opens) {
+    const HelpBook book = OpenHelp(HELP_FILE);
+    for (const auto stage :
+         {Stage::Starting, Stage::Diagram, Stage::Holdings, Stage::SharesNotice}) {
+        for (const auto left :
+             {LeftPanel::None, LeftPanel::FundList, LeftPanel::Totals, LeftPanel::PlotData}) {
+            for (const auto use :
+                 {ListUse::Nothing, ListUse::Prices, ListUse::Colour, ListUse::Curves}) {
+                for (const bool has : {false, true}) {
+                    WindowState state;
+                    state.stage = stage;
+                    state.left = left;
+                    state.listUse = use;
+                    state.hasHoldings = has;
+                    if (has) state.holding.emplace();
+                    EXPECT_TRUE(book.Find(HelpPageFor(state))) << HelpPageFor(state);
+                    state.NoFileReason = "gone";
+                    EXPECT_TRUE(book.Find(HelpPageFor(state))) << HelpPageFor(state);
+                }
+            }
+        }
+    }
+}
+
+TEST(HelpPlace, IsTheFileAndThePageBehindTheMark) {
+    EXPECT_EQ(HelpPlaceOf("/a b/Kvarnbo.hlp#kurs").path, "/a b/Kvarnbo.hlp");
+    EXPECT_EQ(HelpPlaceOf("/a b/Kvarnbo.hlp#kurs").page, "kurs");
+    EXPECT_EQ(HelpPlaceOf("/a b/Kvarnbo.hlp").path, "/a b/Kvarnbo.hlp");
+    EXPECT_EQ(HelpPlaceOf("/a b/Kvarnbo.hlp").page, "");
+    QTemporaryDir folder;
+    const std::string own = FromQt(folder.filePath(QStringLiteral("a#b.hlp")));
+    QFile file(ToQt(own));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(HelpPlaceOf(own).path, own) << "a name with the mark in it";
+    EXPECT_EQ(HelpPlaceOf(own + "#kurs").path, own);
+    EXPECT_EQ(HelpPlaceOf(own + "#kurs").page, "kurs");
 }
 
 TEST_F(HelpContents, IsFoundByTheWordsASaverWouldUse) {

@@ -39,7 +39,7 @@ constexpr const char* kShared =
     "lblXCord|"
     "lblYCord|lblPanDatum|shaPlottColor|mnuArkiv|mnuShow|mnuPrint|mnuVeckor|mnuMonth|txtValue|"
     "panKurser|lblKlara|lblKursBesked|panOversikt|panKort|"
-    "lstFonder|picDiagram)";
+    "lstFonder|lstLegend|picDiagram)";
 
 std::vector<std::string> Matches(const house::SourceFile& file, const std::string& pattern,
                                  std::string_view why) {
@@ -66,7 +66,7 @@ std::vector<std::string> SecondWriters(const house::SourceFile& file) {
                              R"(\b)" + shared + element +
                                  R"(\s*->\s*(?:show|hide|raise|setVisible|setHidden|setEnabled|)"
                                  R"(setDisabled|setFocus|setTitle|setText|SetFillColour|)"
-                                 R"(SetQuietLine|MarkDay)\()",
+                                 R"(SetQuietLine|MarkDay|Light|SetEntries)\()",
                              "only Panels shows it"));
     Append(findings,
            Matches(file,

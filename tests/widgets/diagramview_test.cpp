@@ -259,7 +259,7 @@ TEST(DrawCurves, TellsWhereTheNumbersAtTheEndsStandAndLeadsToThoseThatAreMoved) 
     drawings.push_back(drawings.back());
     drawings.back().line = {{-90, 250}, {-10, 250}};
     drawings.back().end = {-10, 250};  // before the picture begins
-    const auto places = DrawCurves(painter, drawings, surface);
+    const auto places = DrawCurves(painter, drawings, surface).numbers;
     ASSERT_EQ(places.size(), 3U);
     EXPECT_TRUE(places[0].leader || places[1].leader);
     EXPECT_FALSE(places[2].leader);

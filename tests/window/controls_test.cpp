@@ -57,7 +57,8 @@ const char* const kNames[] = {
     "txtNyAndel_6",  "Line1",        "Line20",        "lblIngenFil",   "lblForhand",
     "panKurser",     "grdKurser",    "txtNyKurs",     "cboDag",        "lblKlara",
     "lblKursBesked", "panOversikt",  "grdOversikt",   "panKort",       "grdKort",
-    "axlSaknas",     "mnuKurser",    "mnuOversikt"};
+    "axlSaknas",     "mnuKurser",    "mnuOversikt",   "lstLegend",     "mnuDagskurs",
+    "mnuRita",       "mnuKurvor",    "mnuFarg"};
 
 /// The letter after "&", upper case; none without one.
 QChar Mnemonic(const QString& text) {

@@ -340,7 +340,7 @@ TEST_F(FundListTest, ScreenButtonWithNothingToDrawSaysWhatToDo) {
     holdings[0].skala = "./15/-10";
     StartWith(holdings);
     Press(Qt::Key_F8);
-    EXPECT_EQ(Window().picDiagram->QuietLine(), ToQt("Inga kurvor valda: F12"));
+    EXPECT_EQ(Window().picDiagram->QuietLine(), ToQt("Inga kurvor valda: Visa, Välj kurvor"));
     ChooseFund(0);
     EXPECT_FALSE(Window().picDiagram->Drawings().empty()) << "a picture with a curve says nothing";
 }

@@ -100,8 +100,10 @@ TEST_F(ToolsTest, AboutNamesTheVersionTheFileAndTheFolder) {
     auto* about = Window().findChild<QAction*>(QStringLiteral("mnuOm"));
     ASSERT_NE(about, nullptr);
     EXPECT_EQ(FromQt(about->text()), "Om Kvarnbo");
-    outside.dialogs.Expect("Kvarnbo " + std::string(Version()) + "\r\n\r\nFondfil: " +
-                           Window().CurrentFile + "\r\nProgrammets mapp: " + Window().AppFolder);
+    outside.dialogs.Expect(
+        "Kvarnbo " + std::string(Version()) + "\r\n\r\nFondfil: " + Window().CurrentFile +
+        "\r\nDatabasmotor: jet " + std::string(Version()) +
+        ", filen har Access 2000-format\r\nProgrammets mapp: " + Window().AppFolder);
     about->trigger();
 }
 

@@ -65,3 +65,16 @@ std::optional<double> CurveExtent::HeightAt(double x) const {
     if (at.empty) return std::nullopt;
     return (at.low + at.high) / 2;
 }
+
+std::optional<std::size_t> NearestCurve(std::span<const CurveExtent> curves, Point at,
+                                        double reach) {
+    std::optional<std::size_t> nearest;
+    double distance = reach;
+    for (std::size_t curve = 0; curve < curves.size(); ++curve) {
+        const double its = curves[curve].DistanceTo({at.x, at.y, 0, 0}, reach);
+        if (its >= reach || its > distance) continue;
+        distance = its;
+        nearest = curve;
+    }
+    return nearest;
+}

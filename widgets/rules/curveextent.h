@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <vector>
 
 class CurveExtent {
@@ -34,3 +35,8 @@ class CurveExtent {
     double left_, right_, pitch_;
     std::vector<Column> columns_;
 };
+
+/// The curve nearest to the place within `reach`; of two as near the later one, which lies over the
+/// other.
+std::optional<std::size_t> NearestCurve(std::span<const CurveExtent> curves, Point at,
+                                        double reach);

@@ -52,6 +52,8 @@ Drawing ScreenDrawing(std::span<const CurvePoint> points, const CurveStyle& styl
     if (points.empty()) return drawing;
     drawing.colour = style.colour;
     drawing.label = PlainText(style.kontoId);
+    drawing.kontoId = style.kontoId;
+    drawing.stored.assign(points.begin(), points.end());
 
     const auto at = [&](const CurvePoint& point) {
         return Point{static_cast<double>(WindowDay(point, startDay)),
@@ -96,6 +98,7 @@ Drawing PageDrawing(std::span<const CurvePoint> points, const CurveStyle& style,
     if (points.empty() || x(points.front()) >= onpage::kEndCm) return drawing;
     drawing.colour = style.colour;
     drawing.label = PlainText(style.kontoId);
+    drawing.kontoId = style.kontoId;
 
     if (points.size() == 1) {
         const Point only = pinned(points.front());

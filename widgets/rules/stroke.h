@@ -28,6 +28,8 @@ struct Drawing {
     Point labelAt;            ///< the label's upper left corner: over the end
     std::string label;        ///< the KontoId; empty: nothing at all is drawn
     Colour colour;
+    std::int32_t kontoId = 0;
+    std::vector<CurvePoint> stored;  ///< all points of the series, joined or not
     bool operator==(const Drawing&) const = default;
 };
 

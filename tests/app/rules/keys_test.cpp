@@ -56,6 +56,12 @@ TEST(KeyUp, InThePictureHomeGoesToTheStartAndShiftedArrowsGoByAYear) {
     }
 }
 
+TEST(KeyUp, OfF1ShowsHelpEverywhere) {
+    for (const auto& shown : {kDiagram, kPriceList, kHoldings, kPlotData}) {
+        EXPECT_EQ(OnKeyUp(FunctionKey::F1, shown), KeyAction::ShowHelp);
+    }
+}
+
 TEST(KeyUp, OfF9AndF12NeedsTheirButtons) {
     EXPECT_EQ(OnKeyUp(FunctionKey::F9, kPriceList), KeyAction::None);
     EXPECT_EQ(OnKeyUp(FunctionKey::F12, kPriceList), KeyAction::None);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -104,6 +105,15 @@ WindowState ChoosesDay(WindowState state) {
 WindowState SortsOverview(WindowState state) {
     return AfterOverviewSorted(std::move(state), 3);
 }
+WindowState TakesLineAway(WindowState state) {
+    return AfterLineTakenAway(std::move(state), 3);
+}
+WindowState DrawsCurves(WindowState state) {
+    return AfterCurvesDrawn(std::move(state), {{.kontoId = 2}});
+}
+WindowState LightsCurve(WindowState state) {
+    return AfterCurveLit(std::move(state), {2, std::nullopt});
+}
 WindowState OpensEmptyFile(WindowState state) {
     state.hasHoldings = false;
     return AfterFileOpened(std::move(state));
@@ -142,6 +152,11 @@ const std::vector<Row>& Rows() {
         {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxRrGNMO", "...................", "..................."},
         {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxRrGNMO", "...PPPP............", ".......R..........."},
         {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxrrGNMO", "...................", "..................."},
+        {"line taken away",  TakesLineAway,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
+        {"choice's menu",    AfterChoiceMenu,   "SBBBBBCKLaaxxrrBBBB", "...............DDDD", "..................."},
+        {"curves drawn",     DrawsCurves,       "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
+        {"curve lit",        LightsCurve,       "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
+        {"light out",        AfterLightOut,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
         {"price typed",      TypesPrice,        "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
         {"F6",               AfterDayPricesKey, "SMMMMMMMMMMMMMMMMMM", ".UUUUUUUUUUUUUUUUUU", ".......R..........."},
         {"F7",               AfterOverviewKey,  "SOOOOOOOOOOOOOOOOOD", ".OOOOOOOOOOOOOOOOOD", ".......R..........."},
@@ -308,6 +323,31 @@ TEST(Modes, ForgetTheMissingDaysWithTheirHolding) {
     const WindowState state = AfterDaysMissed(In('B'), {46339});
     EXPECT_EQ(state.missingDays, std::vector<std::int32_t>{46339});
     EXPECT_TRUE(AfterHoldingClosed(state).missingDays.empty());
+}
+
+TEST(Modes, LightACurveThatIsThereUntilItIsDrawnAnewOrLeft) {
+    const ShownCurve two{.kontoId = 2}, five{.kontoId = 5};
+    const LitCurve point{2, CurvePoint{46000, 3}};
+    for (const char mode : kModes) {
+        const WindowState drawn = AfterCurvesDrawn(In(mode), {five, two});
+        EXPECT_EQ(drawn.curves, (std::vector<ShownCurve>{five, two})) << mode;
+        EXPECT_EQ(AfterCurveLit(drawn, {7, std::nullopt}).lit, std::nullopt) << mode;
+        const WindowState lit = AfterCurveLit(drawn, point);
+        EXPECT_EQ(lit.lit, point) << mode;
+        EXPECT_EQ(AfterLightOut(lit).lit, std::nullopt) << mode;
+        EXPECT_EQ(AfterLightOut(lit).curves, drawn.curves) << mode;
+        EXPECT_EQ(AfterCurvesDrawn(lit, {five, two}).lit, std::nullopt) << mode;
+        EXPECT_EQ(AfterEscape(lit).lit.has_value(), mode == 'S') << mode;
+        const bool starts = CollectingCurves(AfterCurvesButton(lit)) && !CollectingCurves(lit);
+        EXPECT_EQ(AfterCurvesButton(lit).curves.empty(), starts) << mode;
+        EXPECT_EQ(AfterCurvesButton(lit).lit.has_value(), !starts) << mode;
+    }
+}
+
+TEST(Modes, TakeAChosenLineAwayFromTheChoice) {
+    EXPECT_EQ(AfterLineTakenAway(In('L'), 3).chosenCurves, std::vector<std::int32_t>{2});
+    EXPECT_EQ(AfterLineTakenAway(In('L'), 9).chosenCurves, (std::vector<std::int32_t>{3, 2}));
+    EXPECT_TRUE(PictureCleared(AfterLineTakenAway(AfterLineTakenAway(In('L'), 3), 2)));
 }
 
 TEST(Modes, CollectEveryCurveOnceInTheOrderChosen) {

@@ -85,6 +85,7 @@ TEST(Shown, ControlsAreVisibleAsTheTableSays) {
         {"lblPlottInfo",  ".....xxxx.......", &V::lblPlottInfo},
         {"lblColorNr",    "..x.xxxxxxxxxxxx", &V::lblColorNr},
         {"lblFraHint",    "xx.x............", &V::lblFraHint},
+        {"lstLegend",     "................", &V::lstLegend},
         {"lblForhand",    "...xxx..........", &V::lblForhand},
         {"cmdNyAndel",    "xxxxxxxxxxxxx.xx", &V::cmdNyAndel},
         {"txtGrid",       "............x...", &V::txtGrid},
@@ -226,7 +227,7 @@ TEST(Shown, APictureWithoutACurveSaysWhatToDoUnlessCurvesAreBeingChosen) {
             const bool collecting = mode == 'K' || mode == 'L';
             EXPECT_EQ(ShownBy(state).captions.picDiagram, collecting ? "" : expected) << mode;
         };
-        hint("Inga kurvor valda: F12");
+        hint("Inga kurvor valda: Visa, Välj kurvor");
         state.SelectedCurves = {1};
         state.holding.reset();
         hint("De valda fonderna har inga kurser ännu");
@@ -234,6 +235,44 @@ TEST(Shown, APictureWithoutACurveSaysWhatToDoUnlessCurvesAreBeingChosen) {
         hint("Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter");
         state.hasHoldings = false;
         hint("Filen har inga innehav ännu: skriv in det första under PPM Data");
+    }
+}
+
+TEST(Shown, TheLegendListsTheCurvesWhileNoHoldingIsOpen) {
+    const std::vector<ShownCurve> curves{{.kontoId = 2, .name = "b"}, {.kontoId = 1, .name = "a"}};
+    std::string legend, hint;
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        state.holding.reset();
+        EXPECT_FALSE(ShownBy(state).visible.lstLegend) << "no curves in " << mode;
+        EXPECT_TRUE(ShownBy(state).visible.lblFraHint);
+        state.curves = curves;
+        const Shown shown = ShownBy(state);
+        legend += shown.visible.lstLegend ? 'x' : '.';
+        hint += shown.visible.lblFraHint ? 'x' : '.';
+        EXPECT_EQ(shown.legend, shown.visible.lstLegend ? curves : std::vector<ShownCurve>{});
+        EXPECT_EQ(shown.captions.spoken, "Kurvor: 2, 1") << mode;
+        state.holding.emplace();
+        EXPECT_FALSE(ShownBy(state).visible.lstLegend) << "a holding is open in " << mode;
+        EXPECT_TRUE(ShownBy(state).legend.empty());
+    }
+    EXPECT_EQ(legend, ".xxxxxxxxxxxxxxx");
+    EXPECT_EQ(hint, "x...............");
+}
+
+TEST(Shown, ACurveThatIsPointedAtStandsOutAndIsNamedAtItsPoint) {
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        state.WindowStartDay = 38700;
+        EXPECT_EQ(ShownBy(state).captions.spoken, "Inga kurvor");
+        EXPECT_EQ(ShownBy(state).lit, std::nullopt);
+        state.curves = {{.kontoId = 7, .name = "Asien", .startPrice = 100}};
+        state.lit = {7, std::nullopt};
+        EXPECT_EQ(ShownBy(state).lit, (Shown::Lit{7, std::nullopt, "", ""})) << mode;
+        state.lit = {7, CurvePoint{38772, -5}};
+        EXPECT_EQ(ShownBy(state).lit, (Shown::Lit{7, CurvePoint{72, -5}, "7. Asien",
+                                                  "24 februari 2006   -5 %   95,00 kr"}));
+        EXPECT_EQ(ShownBy(state).captions.spoken, "7. Asien   24 februari 2006   -5 %   95,00 kr");
     }
 }
 

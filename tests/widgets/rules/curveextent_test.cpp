@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <optional>
+#include <vector>
 
 namespace {
 
@@ -66,6 +67,25 @@ TEST(CurveExtent, OfADotIsThatDot) {
     extent.AddDot({50, 20});
     EXPECT_NEAR(extent.DistanceTo(Box(45, 30), kFar), 10, 1e-9);
     EXPECT_EQ(extent.HeightAt(50), 20);
+}
+
+TEST(NearestCurve, IsTheNearestWithinReach) {
+    const std::vector<CurveExtent> curves{Level(0, 100, 20), Level(0, 100, 40), Level(0, 50, 40)};
+    const struct {
+        Point at;
+        std::optional<std::size_t> nearest;
+    } rows[] = {{{60, 21}, 0},
+                {{60, 12}, std::nullopt},
+                {{60, 29}, std::nullopt},
+                {{60, 33}, 1},
+                {{60, 40}, 1},
+                {{20, 40}, 2},
+                {{54, 42}, 1},
+                {{-20, 20}, std::nullopt}};
+    for (const auto& row : rows) {
+        EXPECT_EQ(NearestCurve(curves, row.at, 8), row.nearest) << row.at.x << " " << row.at.y;
+    }
+    EXPECT_EQ(NearestCurve({}, {5, 5}, 8), std::nullopt);
 }
 
 }  // namespace

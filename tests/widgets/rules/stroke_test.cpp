@@ -53,6 +53,12 @@ TEST(ScreenDrawing, CountsDaysFromTheWindowsStart) {
     EXPECT_EQ(drawing.colour, kStyle.colour);
 }
 
+TEST(ScreenDrawing, KeepsWhoseItIsAndAllStoredPoints) {
+    const Drawing drawing = ScreenDrawing(Series(10), kStyle, kStart, 7);
+    EXPECT_EQ(drawing.kontoId, 7);
+    EXPECT_EQ(drawing.stored, Series(10));
+}
+
 TEST(ScreenDrawing, PutsItsNumberTwoAboveTheLastPoint) {
     const Drawing drawing = ScreenDrawing(Series(10), kStyle, kStart, 7);
     EXPECT_EQ(drawing.label, "7");
