@@ -42,7 +42,7 @@ class ScreensTest : public testing::Test {
 
   private:
     QTemporaryDir folder_;
-    RealPlatform outside_{FromQt(folder_.path())};
+    RealPlatform outside_{FromQt(folder_.path()), FromQt(folder_.path())};
 
   public:
     MainWindow window{outside_.platform};
