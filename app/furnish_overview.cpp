@@ -25,15 +25,15 @@ void FurnishOverview(frmPPM& window) {
            {kEdge, kTitle, places::kWholeWidth.width - 2 * kEdge,
             places::kWholeWidth.height - kTitle - kEdge},
            kTextPoints, Letters::Grid);
-    table->SetColumns({{"Nr", true, 4},
-                       {"Fond", false, 22},
-                       {"Konto", false, 14},
+    table->SetColumns({{"Nr", true, 5},
+                       {"Fond", false, 21},
+                       {"Konto", false, 13},
                        {"Senaste, kr", true, 10},
                        {"Dag", false, 10},
-                       {"Ändrad, %-enh", true, 12},
+                       {"Ändrad, %-enh", true, 13},
                        {"Sedan start", true, 10},
                        {"Värde, kr", true, 12},
-                       {"Andel av konto", true, 12}});
+                       {"Andel av konto", true, 13}});
     Speak(table, "Översikt över alla innehav");
 }
 
