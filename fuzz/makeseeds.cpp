@@ -9,9 +9,11 @@
 #include "jet/index/indexpage.h"
 #include "jet/index/tableindexes.h"
 #include "jet/storage/datapage.h"
+#include "jet/storage/header.h"
 #include "jet/storage/usagemap.h"
 #include "jet/table/table.h"
 #include "jet/table/tabledef.h"
+#include "jet/table/tabledefbytes.h"
 #include "jet/table/textcodec.h"
 
 #include <algorithm>

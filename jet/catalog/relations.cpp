@@ -3,6 +3,7 @@
 #include "jet/error.h"
 #include "jet/table/names.h"
 #include "jet/table/table.h"
+#include "jet/table/tabledefbytes.h"
 
 #include <algorithm>
 #include <map>

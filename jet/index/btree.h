@@ -3,6 +3,7 @@
 // no values and no rows; every edit is to stand inside PageFile::Begin and Commit.
 
 #include "jet/index/indexpage.h"
+#include "jet/index/treecursor.h"
 #include "jet/storage/bytes.h"
 #include "jet/storage/pagefile.h"
 #include "jet/table/tabledef.h"
@@ -14,32 +15,6 @@
 #include <vector>
 
 namespace jet::detail {
-
-/// A place among the entries of a tree. Good until the tree is edited. Checks as it goes that
-/// entries only grow (or shrink, backward) and that the walk ends; throws NotADatabase otherwise.
-class TreeCursor {
-  public:
-    bool Valid() const { return valid_; }
-    ByteView Entry() const { return entry_; }
-    ByteView Key() const { return KeyOf(entry_); }
-    RowPointer Row() const { return RowOf(entry_); }
-    void Next();
-    void Previous();
-
-  private:
-    friend class BTree;
-    TreeCursor(const PageFile& file, std::uint32_t leaf, IndexPage content);
-    void GoTo(std::size_t at);
-    void Load(std::uint32_t leaf);
-
-    const PageFile* file_;
-    std::uint32_t leaf_;
-    IndexPage content_;
-    std::size_t at_ = 0;
-    std::uint32_t leavesLeft_;
-    Bytes entry_, before_;
-    bool valid_ = false;
-};
 
 /// Not a copy: every call reads or edits the pages. The root stays on its page for ever.
 /// A tree that contradicts itself throws NotADatabase; the caller rolls back.

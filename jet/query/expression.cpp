@@ -2,6 +2,7 @@
 
 #include "jet/error.h"
 #include "jet/query/criterion.h"
+#include "jet/query/expressiontokens.h"
 #include "jet/table/convert.h"
 #include "jet/table/decimal.h"
 #include "jet/table/names.h"
@@ -14,89 +15,6 @@
 
 namespace jet::detail {
 namespace {
-
-[[noreturn]] void NotUnderstood() {
-    throw Error{ErrorNumber::NotSupported, "an expression that is not understood"};
-}
-
-enum class Kind { Word, Bracketed, Number, Text, Date, Symbol, End };
-
-struct Token {
-    Kind kind = Kind::End;
-    std::string text;
-};
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-bool BelongsToWord(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || IsDigit(c) ||
-           static_cast<std::uint8_t>(c) >= 0x80;
-}
-
-class Lexer {
-  public:
-    explicit Lexer(std::string_view text) : text_(text) {}
-
-    std::vector<Token> Tokens() {
-        std::vector<Token> tokens;
-        do {
-            tokens.push_back(Next());
-        } while (tokens.back().kind != Kind::End);
-        return tokens;
-    }
-
-  private:
-    Token Next() {
-        while (at_ < text_.size() && (text_[at_] == ' ' || (text_[at_] >= 9 && text_[at_] <= 13))) {
-            ++at_;
-        }
-        if (at_ == text_.size()) return {};
-        const char c = text_[at_];
-        if (c == '[') return Until(Kind::Bracketed, ']');
-        if (c == '#') return Until(Kind::Date, '#');
-        if (c == '"' || c == '\'') return Quoted(c);
-        if (IsDigit(c) || (c == '.' && at_ + 1 < text_.size() && IsDigit(text_[at_ + 1]))) {
-            return While(Kind::Number, [](char d) { return IsDigit(d) || d == '.'; });
-        }
-        if (BelongsToWord(c)) return While(Kind::Word, BelongsToWord);
-        for (const std::string_view symbol : {"<>", "<=", ">="}) {
-            if (text_.substr(at_, 2) != symbol) continue;
-            at_ += 2;
-            return {Kind::Symbol, std::string(symbol)};
-        }
-        ++at_;
-        return {Kind::Symbol, std::string(1, c)};
-    }
-    template <typename Belongs>
-    Token While(Kind kind, Belongs belongs) {
-        const std::size_t start = at_;
-        while (at_ < text_.size() && belongs(text_[at_])) ++at_;
-        return {kind, std::string(text_.substr(start, at_ - start))};
-    }
-    Token Until(Kind kind, char end) {
-        const std::size_t start = at_ + 1, stop = text_.find(end, start);
-        if (stop == std::string_view::npos) NotUnderstood();
-        at_ = stop + 1;
-        return {kind, std::string(text_.substr(start, stop - start))};
-    }
-    Token Quoted(char quote) {
-        Token token{Kind::Text, ""};
-        ++at_;
-        for (;;) {
-            const std::size_t end = text_.find(quote, at_);
-            if (end == std::string_view::npos) NotUnderstood();
-            token.text += text_.substr(at_, end - at_);
-            at_ = end + 1;
-            if (at_ == text_.size() || text_[at_] != quote) return token;
-            token.text += quote;
-            ++at_;
-        }
-    }
-
-    std::string_view text_;
-    std::size_t at_ = 0;
-};
 
 Date LocalNow() {
     const std::time_t now = std::time(nullptr);
@@ -152,6 +70,8 @@ std::partial_ordering Compare(const Value& one, const Value& other) {
     return *number <=> *otherNumber;
 }
 
+using Kind = TokenKind;
+using Token = ExpressionToken;
 using Test = Rule::Test;
 using Operand = std::function<Value(const Rule::Fields&)>;
 
@@ -189,7 +109,7 @@ Test Joined(Test one, Test other, bool decisive) {
 class Parser {
   public:
     Parser(std::string_view text, ExpressionScope scope)
-        : tokens_(Lexer(text).Tokens()), scope_(std::move(scope)) {}
+        : tokens_(TokensOf(text)), scope_(std::move(scope)) {}
 
     Test WholeRule() {
         Test test = Or();

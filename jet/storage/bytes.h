@@ -76,9 +76,6 @@ inline std::uint8_t U8(ByteView bytes, std::size_t offset, std::uint32_t page = 
 inline std::uint16_t U16(ByteView bytes, std::size_t offset, std::uint32_t page = kNoPage) {
     return static_cast<std::uint16_t>(LittleEndian(bytes, offset, 2, page));
 }
-inline std::uint32_t U24(ByteView bytes, std::size_t offset, std::uint32_t page = kNoPage) {
-    return static_cast<std::uint32_t>(LittleEndian(bytes, offset, 3, page));
-}
 inline std::uint32_t U32(ByteView bytes, std::size_t offset, std::uint32_t page = kNoPage) {
     return static_cast<std::uint32_t>(LittleEndian(bytes, offset, 4, page));
 }
@@ -137,9 +134,6 @@ inline void PutU8(ByteSpan bytes, std::size_t offset, std::uint8_t number) {
 inline void PutU16(ByteSpan bytes, std::size_t offset, std::uint16_t number) {
     PutLittleEndian(bytes, offset, number, 2);
 }
-inline void PutU24(ByteSpan bytes, std::size_t offset, std::uint32_t number) {
-    PutLittleEndian(bytes, offset, number, 3);
-}
 inline void PutU32(ByteSpan bytes, std::size_t offset, std::uint32_t number) {
     PutLittleEndian(bytes, offset, number, 4);
 }
@@ -150,9 +144,6 @@ inline void PutU64(ByteSpan bytes, std::size_t offset, std::uint64_t number) {
     } else {
         PutLittleEndian(bytes, offset, number, sizeof number);
     }
-}
-inline void PutF32(ByteSpan bytes, std::size_t offset, float number) {
-    PutU32(bytes, offset, std::bit_cast<std::uint32_t>(number));
 }
 inline void PutF64(ByteSpan bytes, std::size_t offset, double number) {
     PutU64(bytes, offset, std::bit_cast<std::uint64_t>(number));

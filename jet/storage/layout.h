@@ -39,7 +39,7 @@ struct Layout {
         tdefMaxColumns, tdefVariableCount, tdefColumnCount, tdefLogicalCount, tdefRealCount,
         tdefOwnedMap, tdefFreeMap, tdefHeader;
     // per real index: row counts
-    std::size_t indexCountsSize;  ///< distinct keys at 4
+    std::size_t indexCountsSize;
     // column descriptor
     std::size_t columnSize, columnNumber, columnVariable, columnOrdinal, columnLcid,
         columnCollationVersion /*0 = none*/, columnPrecision, columnCodePage /*0 = none*/,
@@ -215,6 +215,7 @@ inline constexpr Layout kJet4{
 
 /// Constants that both versions share.
 inline constexpr std::uint32_t kTdefMagic = 1625;
+inline constexpr std::size_t kDistinctKeys = 4;  ///< in an index's counts
 inline constexpr std::uint8_t kDataPage = 0x01, kTdefPage = 0x02, kIndexNode = 0x03,
                               kIndexLeaf = 0x04, kMapPage = 0x05;
 inline constexpr std::uint32_t kLongValueOwner = 0x4C41564C;  ///< "LVAL"

@@ -6,10 +6,8 @@
 #include "jet/storage/storedfile.h"
 
 #include <algorithm>
-#include <array>
 #include <bit>
 #include <cassert>
-#include <cmath>
 #include <cstring>
 #include <exception>
 #include <functional>
@@ -19,101 +17,10 @@ namespace jet::detail {
 
 namespace {
 
-constexpr std::size_t kMaskStart = 0x18;
-constexpr std::size_t kSignature = 0x04, kVersion = 0x14, kGlobalMap = 0x18, kObjects = 0x20,
-                      kCodePage = 0x3C, kKey = 0x3E, kPassword = 0x42;
 constexpr std::size_t kMinHeaderSize = 0x800;
 constexpr std::uint32_t kMinPageCount = 3;
 
-/// The key stream that hides the header's fields: RC4 of a fixed four-byte key.
-std::array<std::uint8_t, 128> MaskBytes() {
-    constexpr std::array<std::uint8_t, 4> kMaskKey{0xC7, 0xDA, 0x39, 0x6B};
-    std::array<std::uint8_t, 256> state{};
-    for (std::size_t i = 0; i < state.size(); ++i) state[i] = static_cast<std::uint8_t>(i);
-    std::uint8_t j = 0;
-    for (std::size_t i = 0; i < state.size(); ++i) {
-        j = static_cast<std::uint8_t>(j + state[i] + kMaskKey[i % kMaskKey.size()]);
-        std::swap(state[i], state[j]);
-    }
-    std::array<std::uint8_t, 128> stream{};
-    std::uint8_t i = 0;
-    j = 0;
-    for (std::uint8_t& byte : stream) {
-        i = static_cast<std::uint8_t>(i + 1);
-        j = static_cast<std::uint8_t>(j + state[i]);
-        std::swap(state[i], state[j]);
-        byte = state[static_cast<std::uint8_t>(state[i] + state[j])];
-    }
-    return stream;
-}
-
-[[noreturn]] void ThrowHeader(ErrorNumber number, const char* what) {
-    throw Error{number, std::string("file header: ") + what};
-}
-
-/// The kind of file, by its first bytes in clear.
-const Layout& LayoutOf(const FileImage& image) {
-    if (image.Size() < kVersion + 4) ThrowHeader(ErrorNumber::ForeignFormat, "too short");
-    const ByteView start{image.At(0), kVersion + 4};
-    const auto signature = [&](std::string_view text) {
-        return std::equal(text.begin(), text.end(), start.begin() + kSignature,
-                          [](char c, std::uint8_t b) { return static_cast<std::uint8_t>(c) == b; });
-    };
-    if (signature("Standard ACE DB")) ThrowHeader(ErrorNumber::NewerFormat, "a later format");
-    if (!signature("Standard Jet DB")) {
-        ThrowHeader(ErrorNumber::ForeignFormat, "the signature of another kind of file");
-    }
-    if (U32(start, 0) != 0x00000100) ThrowHeader(ErrorNumber::NotADatabase, "damaged start");
-    const std::uint32_t version = U32(start, kVersion);
-    for (const Layout* layout : {&kJet3, &kJet4}) {
-        if (version == layout->formatByte) return *layout;
-    }
-    constexpr std::uint32_t kMaxVersion = 0xFF;
-    ThrowHeader(version <= kMaxVersion ? ErrorNumber::NewerFormat : ErrorNumber::NotADatabase,
-                "unknown format version");
-}
-
-/// The whole days of the creation date, with which the password is mixed.
-std::uint32_t CreationDay(const Layout& layout, ByteView header) {
-    if (!layout.passwordMixedWithDate) return 0;
-    const double date = F64(header, layout.creationDate, 0);
-    constexpr double kLimit = 2147483647.0;
-    if (!std::isfinite(date) || std::fabs(date) > kLimit) return 0;
-    return static_cast<std::uint32_t>(static_cast<std::int32_t>(date));
-}
-
-bool HasPassword(const Layout& layout, ByteView header) {
-    const std::uint32_t day = CreationDay(layout, header);
-    for (std::size_t at = 0; at < layout.passwordSize; at += 4) {
-        if (U32(header, kPassword + at, 0) != day) return true;
-    }
-    return false;
-}
-
-FileHeader ReadHeader(const Layout& layout, ByteView page) {
-    std::vector<std::uint8_t> header(page.begin(), page.end());
-    MaskHeader(layout, header);
-    if (U32(header, kKey) != 0) ThrowHeader(ErrorNumber::Encrypted, "the pages are encoded");
-    if (U32(header, kGlobalMap) != RowPointer{1, 0}.Packed() ||
-        U32(header, kObjects) != kSystemObjectsPage) {
-        ThrowHeader(ErrorNumber::NotADatabase, "the places of maps and tables are damaged");
-    }
-    if (HasPassword(layout, header)) {
-        ThrowHeader(ErrorNumber::PasswordProtected, "a password is set");
-    }
-    return {.collation = U16(header, layout.collation),
-            .collationVersion =
-                layout.textUnit == 1 ? std::uint16_t{0} : U16(header, layout.collation + 2),
-            .codePage = U16(header, kCodePage)};
-}
-
 }  // namespace
-
-void MaskHeader(const Layout& layout, ByteSpan page) {
-    static const std::array<std::uint8_t, 128> kMask = MaskBytes();
-    const ByteSpan masked = Part(page, kMaskStart, layout.maskedEnd - kMaskStart, 0);
-    for (std::size_t i = 0; i < masked.size(); ++i) masked[i] ^= kMask[i];
-}
 
 PageFile::PageFile(const Layout& layout, FileImage image)
     : layout_(layout),
@@ -128,7 +35,7 @@ std::unique_ptr<PageFile> PageFile::FromImage(FileImage image) {
     if (image.Size() < kMinHeaderSize) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
     std::unique_ptr<PageFile> file(new PageFile(layout, std::move(image)));
     if (file->pageCount_ < kMinPageCount) ThrowHeader(ErrorNumber::NotADatabase, "cut off");
-    file->header_ = ReadHeader(layout, file->Page(0));
+    file->header_ = DecodeHeader(layout, file->Page(0));
     const ByteView objects = file->Page(kSystemObjectsPage);
     if (U16(objects, 0) != (0x0100 | kTdefPage)) {
         ThrowDamaged(kSystemObjectsPage, 0, "not the definition of the list of objects");
@@ -150,9 +57,9 @@ std::unique_ptr<PageFile> PageFile::Open(const std::filesystem::path& path) {
     return file;
 }
 
-std::unique_ptr<PageFile> PageFile::New(const Layout& layout) {
+std::unique_ptr<PageFile> PageFile::New(const Layout& layout, const FileHeader& header) {
     std::unique_ptr<PageFile> file(new PageFile(layout, FileImage{}));
-    file->header_ = {.collation = 1033, .collationVersion = 0, .codePage = 1252};
+    file->header_ = header;
     return file;
 }
 
@@ -167,7 +74,6 @@ ByteSpan PageFile::EditPage(std::uint32_t page) {
     if (readOnly_) throw Error{ErrorNumber::ReadOnly, path_.string() + " is read-only"};
     if (page >= pageCount_) ThrowNoSuchPage(page);
     std::uint8_t* bytes = image_.At(static_cast<std::uint64_t>(page) << pageShift_);
-    ++changeCount_;
     if (!levels_.empty()) {
         Level& level = levels_.back();
         level.changed = true;
@@ -188,7 +94,6 @@ std::uint32_t PageFile::AppendPage() {
     }
     image_.Resize(newSize);
     std::memset(image_.At(newSize - layout_.pageSize), 0, layout_.pageSize);
-    ++changeCount_;
     if (!levels_.empty()) levels_.back().changed = true;
     return pageCount_++;
 }
@@ -249,7 +154,6 @@ void PageFile::Rollback() noexcept {
 }
 
 void PageFile::SwapImages(Level& level) noexcept {
-    ++changeCount_;
     for (auto& [page, image] : level.images) {
         std::uint8_t* bytes = image_.At(static_cast<std::uint64_t>(page) << pageShift_);
         std::swap_ranges(bytes, bytes + layout_.pageSize, image.get());

@@ -1,10 +1,11 @@
 #pragma once
 // The file as pages in memory. Changes are undone in memory by Rollback, and reach the disk by
-// Commit, all or none. Knows the header page; knows nothing of what the other pages hold.
+// Commit, all or none. Knows nothing of what the pages hold but the header.
 
 #include "jet/storage/bytes.h"
 #include "jet/storage/earlierpages.h"
 #include "jet/storage/fileimage.h"
+#include "jet/storage/header.h"
 #include "jet/storage/layout.h"
 
 #include <cstdint>
@@ -15,11 +16,6 @@
 #include <vector>
 
 namespace jet::detail {
-
-/// What the header page says, unmasked.
-struct FileHeader {
-    std::uint16_t collation = 0, collationVersion = 0, codePage = 0;
-};
 
 class PageJournal;
 class StoredFile;
@@ -35,8 +31,8 @@ class PageFile {
     static std::unique_ptr<PageFile> FromImage(FileImage image);
 
     /// A file of no pages yet; its pages are appended and edited without a transaction, then saved
-    /// by SaveAs.
-    static std::unique_ptr<PageFile> New(const Layout& layout);
+    /// by SaveAs. What its first page is to say is written by the caller.
+    static std::unique_ptr<PageFile> New(const Layout& layout, const FileHeader& header = {});
 
     ~PageFile();
     PageFile(const PageFile&) = delete;
@@ -84,9 +80,6 @@ class PageFile {
     void SetJournal(PageJournal* journal) { journal_ = journal; }
     /// Called before each store.
     void SetBeforeStoring(std::function<void()> work) { beforeStoring_ = std::move(work); }
-    /// Counts up with every EditPage, AppendPage and Rollback: lets caches notice that pages
-    /// changed.
-    std::uint64_t ChangeCount() const { return changeCount_; }
 
     /// Writes all pages to `path` (a new file, or in the place of one). The object is not bound to
     /// it.
@@ -121,7 +114,6 @@ class PageFile {
     bool readOnly_ = false;
     std::vector<Level> levels_;
     std::vector<std::uint32_t> freed_;  ///< descending: the lowest is given out first
-    std::uint64_t changeCount_ = 0;
     PageJournal* journal_ = nullptr;
     std::function<void()> beforeStoring_;
 };
@@ -144,8 +136,5 @@ class UndoScope {
     PageFile& file_;
     bool open_ = true;
 };
-
-/// Applies the header page's mask to (a copy of) page 0: masks when clear, unmasks when masked.
-void MaskHeader(const Layout& layout, ByteSpan page);
 
 }  // namespace jet::detail

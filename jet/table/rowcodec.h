@@ -29,8 +29,6 @@ class RowView {
     RowView(const Layout& layout, const TableDef& def, ByteView row, RowPointer where);
 
     RowPointer Where() const { return where_; }
-    ByteView All() const { return row_; }
-    std::size_t ColumnCount() const { return columnCount_; }
     /// Null, or not in this row because it was written before the column was added. A Boolean is
     /// never null.
     bool IsNull(const ColumnDef& column) const;

@@ -2,6 +2,7 @@
 
 #include "jet/storage/usagemap.h"
 #include "jet/table/longvalue.h"
+#include "jet/table/tabledefbytes.h"
 
 #include <algorithm>
 #include <limits>

@@ -104,17 +104,6 @@ struct TableDef {
     const LongValueMaps* MapsOf(std::uint16_t columnNumber) const;
 };
 
-/// Reads and checks the definition that begins on `page`.
-TableDef ReadTableDef(const PageFile& file, std::uint32_t page);
-
-/// The definition as one string of bytes, the page header included; columns in the order of
-/// `def.columns`. Next-page fields and the free bytes of the pages are left to WriteTableDef.
-std::vector<std::uint8_t> BuildTableDef(const Layout& layout, std::uint16_t codePage,
-                                        const TableDef& def);
-/// Puts a built definition on `firstPage` and on as many further pages as it needs (allocated
-/// here).
-void WriteTableDef(PageFile& file, std::uint32_t firstPage, ByteView built);
-
 // Counters; each also updates `def`.
 /// Row count, autonumber and distinct keys as the page has them, after a rollback. Takes no memory.
 void ReloadCounters(const PageFile& file, TableDef& def) noexcept;

@@ -5,6 +5,7 @@
 #include "jet/storage/pagefile.h"
 #include "jet/storage/usagemap.h"
 #include "jet/table/tabledef.h"
+#include "jet/table/tabledefbytes.h"
 #include "tests/jet/support.h"
 
 #include <cstdlib>

@@ -3,8 +3,10 @@
 #include "jet/catalog/catalog.h"
 #include "jet/error.h"
 #include "jet/index/tableindexes.h"
+#include "jet/storage/header.h"
 #include "jet/storage/layout.h"
 #include "jet/table/table.h"
+#include "jet/table/tabledefbytes.h"
 #include "jet/verify/verify.h"
 #include "support.h"
 

@@ -2,6 +2,7 @@
 
 #include "jet/error.h"
 #include "jet/storage/filestore.h"
+#include "jet/storage/header.h"
 #include "tests/jet/memoryfile.h"
 #include "tests/jet/versions.h"
 

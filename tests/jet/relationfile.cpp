@@ -3,6 +3,7 @@
 #include "jet/catalog/catalog.h"
 #include "jet/index/tableindexes.h"
 #include "jet/table/tabledef.h"
+#include "jet/table/tabledefbytes.h"
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 
 #include "jet/catalog/catalog.h"
 #include "jet/error.h"
+#include "jet/table/tabledefbytes.h"
 #include "memoryfile.h"
 #include "versions.h"
 

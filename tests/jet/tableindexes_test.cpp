@@ -67,13 +67,22 @@ class TableIndexesTest : public testing::Test {
         store_->Delete(row);
     }
 
+    Bytes AllPages() const {
+        Bytes all;
+        for (std::uint32_t number = 0; number < file_->PageCount(); ++number) {
+            const ByteView page = file_->Page(number);
+            all.insert(all.end(), page.begin(), page.end());
+        }
+        return all;
+    }
+
     template <typename Work>
     ErrorNumber NumberOf(Work&& work) {
-        const std::uint64_t before = file_->ChangeCount();
+        const Bytes before = AllPages();
         try {
             work();
         } catch (const Error& error) {
-            EXPECT_EQ(file_->ChangeCount(), before) << "changed the file before it refused";
+            EXPECT_TRUE(AllPages() == before) << "changed the file before it refused";
             return error.Number();
         }
         return ErrorNumber::None;

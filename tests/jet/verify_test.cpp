@@ -9,6 +9,7 @@
 #include "jet/storage/layout.h"
 #include "jet/storage/usagemap.h"
 #include "jet/table/table.h"
+#include "jet/table/tabledefbytes.h"
 #include "jet/table/textcodec.h"
 #include "support.h"
 
@@ -255,7 +256,7 @@ TEST_F(FaultyFile, WithALongValueThatEndsEarly) {
     const ColumnDef& memo = store.Def().columns[2];
     const RowPointer row = rows_.back();
     const RowView view = store.Read(row);
-    const auto at = static_cast<std::size_t>(view.Raw(memo).data() - view.All().data());
+    const auto at = static_cast<std::size_t>(view.Raw(memo).data() - RowAt(*file_, row).data());
     ByteSpan bytes = EditRowAt(*file_, row);
     PutU32(bytes, at, U32(bytes, at) + 5000);
     EXPECT_FALSE(Verify(*file_).faults.empty());
@@ -266,7 +267,7 @@ TEST_F(FaultyFile, WithTwoRowsThatShareALongValue) {
     const ColumnDef& memo = store.Def().columns[2];
     const auto place = [&](RowPointer row) {
         const RowView view = store.Read(row);
-        return static_cast<std::size_t>(view.Raw(memo).data() - view.All().data());
+        return static_cast<std::size_t>(view.Raw(memo).data() - RowAt(*file_, row).data());
     };
     const RowPointer a = rows_[290], b = rows_[291];
     const Bytes descriptor(store.Read(a).Raw(memo).begin(), store.Read(a).Raw(memo).end());

@@ -6,6 +6,7 @@
 #include "jet/database.h"
 #include "jet/query/opentable.h"
 #include "jet/table/longvalue.h"
+#include "jet/table/tabledefbytes.h"
 #include "jet/transaction.h"
 #include "jet/verify/verify.h"
 #include "ledger.h"
