@@ -1,9 +1,8 @@
 #include "app/background.h"
 
 #include "app/frmPPM.h"
-#include "app/look.h"
+#include "widgets/colours.h"
 
-#include <QColor>
 #include <QEvent>
 #include <QPainter>
 #include <QPen>
@@ -28,9 +27,9 @@ Background::Background(frmPPM& ppm) : Controller(ppm) {
 void Background::DrawStrip(qreal pixelRatio) {
     strip_ = QPixmap(QSize(kStripWidth, kStripHeight) * pixelRatio);
     strip_.setDevicePixelRatio(pixelRatio);
-    strip_.fill(QColor(look::kBackground));
+    strip_.fill(ToQColor(colours::kBackground));
     QPainter painter(&strip_);
-    painter.setPen(QPen(QColor(look::kBackgroundThread), 1));
+    painter.setPen(QPen(ToQColor(colours::kBackgroundThread), 1));
     // Slanting threads that meet where one strip ends and the next begins.
     for (int y = -kStripWidth; y < kStripHeight + kStripWidth; y += kThread) {
         painter.drawLine(QPointF(0, y + kStripWidth), QPointF(kStripWidth, y));

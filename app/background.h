@@ -7,7 +7,7 @@
 
 class Background : Controller {
   public:
-    explicit Background(frmPPM& window);
+    explicit Background(frmPPM& ppm);
 
   private:
     void Form_Paint();

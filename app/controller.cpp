@@ -4,8 +4,6 @@
 #include "app/frmPPM.h"
 #include "base/error.h"
 #include "base/number.h"
-#include "platform/dialogs.h"
-#include "platform/platform.h"
 
 #include <QListWidget>
 
@@ -52,8 +50,8 @@ void Controller::OnEvent(QObject* target, QEvent::Type type, EventHandler handle
 }
 
 void Controller::OnListClick(QListWidget* list, const std::function<void()>& work) {
-    // A press on another line chooses it, and that is the click; a press on the chosen line is one
-    // as well.
+    // A press on another line chooses it, and that is the click;
+    // a press on the chosen line is one as well.
     auto clicked = std::make_shared<bool>(false);
     OnEvent(list->viewport(), QEvent::MouseButtonPress, [clicked](QEvent&) {
         *clicked = false;
@@ -94,9 +92,5 @@ void Controller::Report(std::string_view text, std::string_view logText, const E
 }
 
 void Controller::Tell(std::string_view text) {
-    if (window.heard != nullptr) {
-        window.heard->emplace_back(text);
-        return;
-    }
-    window.platform.dialogs.Show(Message{.text = std::string(text)});
+    window.messages.Tell(text);
 }

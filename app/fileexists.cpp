@@ -1,17 +1,12 @@
 #include "app/fileexists.h"
 
-#include <exception>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <system_error>
+#include "platform/qttext.h"
 
-bool FileExists(std::string_view path) noexcept try {
-    const std::filesystem::path file{std::string(path)};
-    std::error_code failure;
+#include <QFile>
+#include <QFileInfo>
+
+bool FileExists(std::string_view path) {
+    QFile file(ToQt(path));
     // A folder can be opened as a file on some systems; it is none.
-    if (!std::filesystem::is_regular_file(file, failure)) return false;
-    return std::ifstream(file, std::ios::binary).is_open();
-} catch (const std::exception&) {
-    return false;
+    return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly);
 }

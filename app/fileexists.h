@@ -4,4 +4,4 @@
 #include <string_view>
 
 /// Whether a file of this name can be opened for reading. Never throws.
-bool FileExists(std::string_view path) noexcept;
+bool FileExists(std::string_view path);

@@ -10,21 +10,14 @@
 #include "fundfile/texts.h"
 #include "jet/database.h"
 #include "jet/files.h"
-#include "platform/caption.h"
 #include "platform/commondialog.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/settings.h"
-#include "widgets/datagrid.h"
-#include "widgets/diagramview.h"
-#include "widgets/entryfield.h"
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QGroupBox>
-#include <QLabel>
-#include <QListWidget>
 
 #include <chrono>
 #include <filesystem>
@@ -156,9 +149,8 @@ void FileMenu::ShowOpenedFile(const FundFile& file) {
     LetPendingEventsRun();
     window.Put(AfterFileOpened(window.State()));
     if (window.hasHoldings) {
-        SetCaption(window.lblRecCount, std::string(fundtexts::ListHolds) +
-                                           PlainText(window.dtaPlott->RecordCount()) +
-                                           std::string(fundtexts::Rows));
+        window.pointCount = window.dtaPlott->RecordCount();
+        window.ShowState();
     }
     TellAbout(file);
 }

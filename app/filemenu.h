@@ -13,7 +13,7 @@ struct FundFile;
 
 class FileMenu : Controller {
   public:
-    explicit FileMenu(frmPPM& window);
+    explicit FileMenu(frmPPM& ppm);
 
     /// Says why the file can only be read, and offers to take over the lock of another computer.
     void TellAbout(const FundFile& file);

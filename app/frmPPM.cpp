@@ -11,6 +11,7 @@
 frmPPM::frmPPM(Platform& outside, QWidget* parent)
     : QMainWindow(parent),
       platform(outside),
+      messages(outside.dialogs),
       dialog_(std::make_unique<CommonDialog>(outside.dialogs)),
       panels_(std::make_unique<Panels>(*this, *this)) {
     CmDialog = dialog_.get();

@@ -4,14 +4,13 @@
 
 #include "app/controls.h"
 #include "app/layout.h"
+#include "app/messages.h"
 #include "app/procedures.h"
 #include "app/rules/windowstate.h"
 
 #include <QMainWindow>
 
 #include <memory>
-#include <string>
-#include <vector>
 
 struct Platform;
 class Panels;
@@ -32,8 +31,7 @@ class frmPPM : public QMainWindow, public WindowState, public Controls, public P
 
     Platform& platform;
     Layout layout;
-    /// While somebody listens: what controllers would tell in message boxes.
-    std::vector<std::string>* heard = nullptr;
+    Messages messages;
 
   protected:
     /// The window with its controls, furnished; nobody listens to them yet.

@@ -8,10 +8,10 @@
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/schema.h"
-#include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/qttext.h"
 #include "widgets/entryfield.h"
 
 #include <QCoreApplication>
@@ -27,16 +27,6 @@
 #include <string>
 #include <utility>
 
-namespace {
-
-std::int32_t KontoIdAt(jet::RecordSet& holdings, std::int32_t row) try {
-    return holdings.At(row, schema::holding::kKontoId).Integer();
-} catch (const Error&) {
-    return kFallbackKontoId;
-}
-
-}  // namespace
-
 FundList::FundList(frmPPM& ppm) : Controller(ppm) {
     // First: a click beside the lines chooses none, and takes the choice from none.
     OnEvent(window.lstFonder->viewport(), QEvent::MouseButtonPress,
@@ -51,17 +41,18 @@ void FundList::FillFundList() {
     const QSignalBlocker quiet(window.lstFonder);
     window.lstFonder->clear();
     DataSource& holdings = *window.dtaBasData;
-    if (holdings.IsAttached() && !holdings.Empty()) {
+    window.hasHoldings = holdings.IsAttached() && !holdings.Empty();
+    if (window.hasHoldings) {
         jet::RecordSet& rows = holdings.Records();
         const std::int32_t count = rows.RecordCount();
         for (std::int32_t row = 0; row < count; ++row) {
             const std::string name = rows.At(row, schema::holding::kFond).Text();
-            window.lstFonder->addItem(ToQt(FundLine(KontoIdAt(rows, row), name)));
+            window.lstFonder->addItem(
+                ToQt(FundLine(KontoIdOf(rows.At(row, schema::holding::kKontoId)), name)));
         }
         holdings.MoveFirst();
     }
     window.lstFonder->setCurrentRow(0);
-    window.hasHoldings = window.lstFonder->count() > 0;
     window.ShowState();
 }
 
@@ -78,7 +69,7 @@ void FundList::OpenSelectedFund() {
     const OpenHolding opened = OpenHoldingOf(row);
     window.Put(AfterHoldingOpened(AfterLineChosen(window.State(), row.kontoId), opened,
                                   ViewOf(row, FundLine(row.kontoId, row.fond))));
-    window.SetVerticalScale(opened.scale.bottom, opened.scale.top);
+    window.SetVerticalScale(opened.scale);
 }
 
 bool FundList::OpenFund(std::int32_t kontoId) {
@@ -170,13 +161,11 @@ void FundList::ChooseColour() {
     MoveToSelected();
     const HoldingRow row = ReadHolding(*window.dtaBasData);
     const Colour present = CurveColour(row.plottFarg, row.kontoId);
-    const auto picked =
-        window.platform.dialogs.PickColour({present.red, present.green, present.blue});
+    const std::optional<Colour> picked = window.platform.dialogs.PickColour(present);
     if (!picked) return;
     MoveToSelected();
     const Change change(window, ColourChange(row.fond));
     EditRow(*window.dtaBasData, [&](DataSource& edited) {
-        edited.Set(schema::holding::kPlottFarg,
-                   ColourValue(Colour{picked->red, picked->green, picked->blue}));
+        edited.Set(schema::holding::kPlottFarg, ColourValue(*picked));
     });
 }

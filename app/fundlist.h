@@ -11,7 +11,7 @@ class QMouseEvent;
 
 class FundList : Controller {
   public:
-    explicit FundList(frmPPM& window);
+    explicit FundList(frmPPM& ppm);
 
     void FillFundList();
     void OpenSelectedFund();

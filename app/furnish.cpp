@@ -33,9 +33,9 @@ void FurnishWindow(frmPPM& window) {
     QMenuBar* bar = window.menuBar();
     bar->setNativeMenuBar(false);
     // Without it a style sheet keeps fonts and colours from passing on to a control's children, and
-    // a dark desktop theme would put light text on the window's light ground.
+    // a dark desktop theme would put light text on the light background of the window.
     QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
-    window.layout.Letter(bar, kTextPoints, Letters::Control);
+    window.layout.SetFont(bar, kTextPoints, FontKind::Control);
     window.layout.AlsoScale([bar](const Scaling& scaling) {
         const int height = Pixels(places::kMenuHeight * scaling.down);
         bar->setFixedHeight(height);

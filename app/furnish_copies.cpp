@@ -3,7 +3,7 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -4,7 +4,6 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
-#include "platform/caption.h"
 #include "widgets/entryfield.h"
 #include "widgets/texttable.h"
 #include "widgets/valuelabel.h"
@@ -17,7 +16,7 @@ namespace {
 
 void FurnishTable(frmPPM& window) {
     auto* table = window.grdKurser = Named(new TextTable(window.panKurser), "grdKurser");
-    Placed(window, table, {120, 735, 11520, 4455}, kTextPoints, Letters::Grid);
+    Placed(window, table, {120, 735, 11520, 4455}, kTextPoints, FontKind::Grid);
     table->SetColumns({{"Nr", true, 4},
                        {"Fond", false, 21},
                        {"Konto", false, 15},
@@ -31,7 +30,7 @@ void FurnishTable(frmPPM& window) {
     auto* field = window.txtNyKurs = Named(new EntryField(table), "txtNyKurs");
     field->setAlignment(Qt::AlignRight);
     field->setFrame(false);
-    window.layout.Letter(field, kTextPoints, Letters::Grid);
+    window.layout.SetFont(field, kTextPoints, FontKind::Grid);
     Speak(field, "Ny kurs");
 }
 

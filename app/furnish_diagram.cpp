@@ -7,6 +7,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "platform/caption.h"
+#include "platform/qttext.h"
 #include "widgets/daymarks.h"
 #include "widgets/diagramview.h"
 #include "widgets/imagebutton.h"

@@ -5,7 +5,8 @@
 #include "app/furnishing.h"
 #include "app/look.h"
 #include "app/places.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
+#include "widgets/colours.h"
 #include "widgets/entryfield.h"
 #include "widgets/imagebutton.h"
 #include "widgets/listlines.h"
@@ -60,7 +61,7 @@ void FurnishFundList(frmPPM& window) {
                                    Pixels(120 * scaling.down));
         column->setSpacing(Pixels(90 * scaling.down));
     });
-    window.layout.Letter(window.lstFonder, kTextPoints, Letters::List);
+    window.layout.SetFont(window.lstFonder, kTextPoints, FontKind::List);
     QListWidget* list = window.lstFonder;
     window.layout.AlsoScale(
         [list](const Scaling& scaling) { list->setSpacing(Pixels(15 * scaling.down) - 1); });
@@ -68,7 +69,7 @@ void FurnishFundList(frmPPM& window) {
     window.lstFonder->setItemDelegate(new ListLines(window.lstFonder));
     window.lstFonder->setTextElideMode(Qt::ElideRight);
     window.lstFonder->setUniformItemSizes(true);
-    look::SetTextColour(*window.lstFonder, look::kListGreen);
+    look::SetTextColour(*window.lstFonder, colours::kListGreen);
     Speak(window.lstFonder, "Fonder");
     Speak(window.lblGrafNr, "Valda kurvor");
     Speak(window.lblPlottInfo, "Anvisning");

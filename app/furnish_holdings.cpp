@@ -3,11 +3,11 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "widgets/boundfield.h"
+#include "widgets/colours.h"
 #include "widgets/datagrid.h"
 
-#include <QColor>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
@@ -73,10 +73,10 @@ void FurnishGridHelp(frmPPM& window) {
     });
     help->setAutoFillBackground(true);
     help->setFrameStyle(QFrame::Box | QFrame::Plain);
-    QPalette colours = help->palette();
-    colours.setColor(QPalette::Window, QColor::fromRgb(0xFF, 0xFB, 0xE6));
-    colours.setColor(QPalette::WindowText, QColor::fromRgb(0x1B, 0x2B, 0x36));
-    help->setPalette(colours);
+    QPalette palette = help->palette();
+    palette.setColor(QPalette::Window, ToQColor(colours::kNotice));
+    palette.setColor(QPalette::WindowText, ToQColor(colours::kText));
+    help->setPalette(palette);
     Tip(help, "Klick tar bort denna info  ");
     Speak(help, "Så fyller du i innehaven");
 }
@@ -132,7 +132,7 @@ void FurnishHoldings(frmPPM& window) {
     panel->hide();
 
     window.DBGrid = Named(new DataGrid(panel), "DBGrid");
-    Placed(window, window.DBGrid, {120, 375, 11520, 3120}, kTextPoints, Letters::Grid);
+    Placed(window, window.DBGrid, {120, 375, 11520, 3120}, kTextPoints, FontKind::Grid);
     Speak(window.DBGrid, "Innehav");
     FurnishAccountFields(window);
     FurnishGridHelp(window);

@@ -4,6 +4,7 @@
 #include "app/furnishing.h"
 #include "app/rules/mnemonics.h"
 #include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -22,8 +23,8 @@ QAction* Item(QMenu* menu, const char* name, std::string_view caption) {
     return action;
 }
 
-/// Marks the letters to press while the menu is open, and only then: the captions stay as they are
-/// given.
+/// Marks the letters to press while the menu is open, and only then:
+/// the captions stay as they are given.
 void MarkLettersWhileOpen(QMenu* menu) {
     QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] {
         std::vector<std::string> captions;
@@ -34,8 +35,9 @@ void MarkLettersWhileOpen(QMenu* menu) {
         }
     });
     QObject::connect(menu, &QMenu::aboutToHide, menu, [menu] {
-        for (QAction* action : menu->actions())
+        for (QAction* action : menu->actions()) {
             SetCaption(action, WithoutMnemonic(Caption(action)));
+        }
     });
 }
 
@@ -43,7 +45,7 @@ QMenu* Menu(frmPPM& window, const char* name, std::string_view caption) {
     QMenu* menu = Named(window.menuBar()->addMenu(ToQt(caption)), name);
     menu->menuAction()->setObjectName(menu->objectName() + QStringLiteral("_action"));
     MarkLettersWhileOpen(menu);
-    window.layout.Letter(menu, kTextPoints, Letters::Control);
+    window.layout.SetFont(menu, kTextPoints, FontKind::Control);
     return menu;
 }
 

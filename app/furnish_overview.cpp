@@ -3,7 +3,7 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "widgets/texttable.h"
 
 #include <QGroupBox>
@@ -24,7 +24,7 @@ void FurnishOverview(frmPPM& window) {
     Placed(window, table,
            {kEdge, kTitle, places::kWholeWidth.width - 2 * kEdge,
             places::kWholeWidth.height - kTitle - kEdge},
-           kTextPoints, Letters::Grid);
+           kTextPoints, FontKind::Grid);
     table->SetColumns({{"Nr", true, 5},
                        {"Fond", false, 21},
                        {"Konto", false, 13},
@@ -46,7 +46,7 @@ void FurnishShortOverview(frmPPM& window) {
     Placed(window, table,
            {kEdge, kTitle, places::kLeftColumn.width - 2 * kEdge,
             places::kLeftColumn.height - kTitle - kEdge},
-           kSmallPoints, Letters::Grid);
+           kSmallPoints, FontKind::Grid);
     table->SetColumns(
         {{"Nr", true, 4}, {"Fond", false, 12}, {"Ändring", true, 7}, {"Värde", true, 8}});
     Speak(table, "Översikt i korthet");

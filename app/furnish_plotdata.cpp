@@ -3,7 +3,7 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "widgets/datagrid.h"
 #include "widgets/entryfield.h"
 
@@ -90,7 +90,7 @@ void FurnishPlotData(frmPPM& window) {
     Speak(window.lblRecCount, "Antal poster");
     FurnishSearch(window);
     window.GridPlott = Named(new DataGrid(panel), "GridPlott");
-    Placed(window, window.GridPlott, {60, 780, 3420, 2730}, kSmallPoints, Letters::Grid);
+    Placed(window, window.GridPlott, {60, 780, 3420, 2730}, kSmallPoints, FontKind::Grid);
     window.GridPlott->SetGridCaption(ToQt("X och Y koordinater för plotting"));
     Speak(window.GridPlott, "Kurvornas punkter");
     FurnishPoint(window);

@@ -3,7 +3,7 @@
 #include "app/furnish.h"
 #include "app/furnishing.h"
 #include "app/places.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "widgets/legendview.h"
 #include "widgets/swatch.h"
 #include "widgets/titledframe.h"
@@ -46,7 +46,7 @@ void FurnishStartData(frmPPM& window) {
         Named(Heading(frame, "Välj en fond i listan, så visas dess startdata här."), "lblFraHint");
     Placed(window, window.lblFraHint, {180, 600, 7740, 300});
     window.lstLegend = Named(new LegendView(frame), "lstLegend");
-    Placed(window, window.lstLegend, {120, 345, 7890, 1260}, kSmallPoints, Letters::List);
+    Placed(window, window.lstLegend, {120, 345, 7890, 1260}, kSmallPoints, FontKind::List);
     Speak(window.lstLegend, "Kurvor i diagrammet");
     window.lstLegend->hide();
     // The fifth value is never used; the curve's colour and number stand in its place.

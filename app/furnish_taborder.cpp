@@ -1,5 +1,5 @@
-// The order in which Tab goes through the controls: list, price field, list; then what else is
-// visible.
+// The order in which Tab goes through the controls: list, price field, list;
+// then what else is visible.
 
 #include "app/frmPPM.h"
 #include "app/furnish.h"

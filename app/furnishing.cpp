@@ -1,10 +1,10 @@
 #include "app/furnishing.h"
 
-#include "platform/caption.h"
+#include "platform/qttext.h"
+#include "widgets/colours.h"
 #include "widgets/imagebutton.h"
 #include "widgets/svgicon.h"
 
-#include <QColor>
 #include <QPalette>
 #include <QString>
 
@@ -18,7 +18,7 @@ void Tip(QWidget* control, std::string_view text) {
 QLabel* Heading(QWidget* parent, std::string_view text, QWidget* buddy) {
     auto* label = new QLabel(ToQt(text), parent);
     QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, QColor::fromRgb(0x53, 0x66, 0x73));
+    palette.setColor(QPalette::WindowText, ToQColor(colours::kQuietText));
     label->setPalette(palette);
     label->setBuddy(buddy);
     return label;

@@ -1,6 +1,6 @@
 #pragma once
-// What every furnish file needs: a control with its name and place, and the words a screen reader
-// says.
+// What every furnish file needs: a control with its name and place,
+// and the words a screen reader says.
 
 #include "app/frmPPM.h"
 
@@ -30,8 +30,8 @@ T* Named(T* control, const char* name, int index) {
 
 template <typename T>
 T* Placed(frmPPM& window, T* control, const TwipRect& rect, float points = kTextPoints,
-          Letters letters = Letters::Control) {
-    window.layout.Place(control, rect, points, letters);
+          FontKind kind = FontKind::Control) {
+    window.layout.Place(control, rect, points, kind);
     return control;
 }
 

@@ -6,7 +6,7 @@
 
 class GridSwitch : Controller {
   public:
-    explicit GridSwitch(frmPPM& window);
+    explicit GridSwitch(frmPPM& ppm);
 
     /// Rows that are still being typed in a grid are stored. False when one cannot be: the user has
     /// been told why and corrects it first.

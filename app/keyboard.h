@@ -12,7 +12,7 @@ class QKeyEvent;
 
 class Keyboard : Controller {
   public:
-    explicit Keyboard(frmPPM& window);
+    explicit Keyboard(frmPPM& ppm);
     ~Keyboard();
 
   private:

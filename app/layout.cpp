@@ -13,13 +13,13 @@ namespace {
 // keeps its proportion to the control it stands in.
 constexpr float kDesignDotsPerInch = 96;
 
-float FactorOf(const Scaling& scaling, Letters letters) {
-    switch (letters) {
-        case Letters::List:
+float FactorOf(const Scaling& scaling, FontKind kind) {
+    switch (kind) {
+        case FontKind::List:
             return scaling.listFont;
-        case Letters::Grid:
+        case FontKind::Grid:
             return scaling.gridFont;
-        case Letters::Control:
+        case FontKind::Control:
             break;
     }
     return scaling.controlFont;
@@ -31,28 +31,27 @@ int Pixels(float twips) {
     return static_cast<int>(std::lround(twips / kPixel));
 }
 
-void Layout::Place(QWidget* widget, TwipRect rect, float points, Letters letters) {
+void Layout::Place(QWidget* widget, TwipRect rect, float points, FontKind kind) {
     placed_.push_back({widget, rect});
-    Letter(widget, points, letters);
+    SetFont(widget, points, kind);
 }
 
-void Layout::Letter(QWidget* widget, float points, Letters letters) {
-    lettered_.push_back({widget, points, letters});
-    ApplyFont(lettered_.back());
+void Layout::SetFont(QWidget* widget, float points, FontKind kind) {
+    fonts_.push_back({widget, points, kind});
+    ApplyFont(fonts_.back());
 }
 
 void Layout::AlsoScale(std::function<void(const Scaling&)> scale) {
     also_.push_back(std::move(scale));
 }
 
-void Layout::ApplyFont(const Lettered& lettered) const {
-    const float inch = kDesignDotsPerInch / static_cast<float>(lettered.widget->logicalDpiY());
-    const float scaled = lettered.points * FactorOf(scaling_, lettered.letters);
-    const float points =
-        std::max(scaled, std::min(lettered.points, scaling_.smallestPoints)) * inch;
-    QFont font = lettered.widget->font();
+void Layout::ApplyFont(const WithFont& one) const {
+    const float inch = kDesignDotsPerInch / static_cast<float>(one.widget->logicalDpiY());
+    const float scaled = one.points * FactorOf(scaling_, one.kind);
+    const float points = std::max(scaled, std::min(one.points, scaling_.smallestPoints)) * inch;
+    QFont font = one.widget->font();
     font.setPointSizeF(static_cast<double>(points));
-    lettered.widget->setFont(font);
+    one.widget->setFont(font);
 }
 
 void Layout::Apply(const Scaling& scaling) {
@@ -61,7 +60,7 @@ void Layout::Apply(const Scaling& scaling) {
         scaling.gridFont != scaling_.gridFont || scaling.smallestPoints != scaling_.smallestPoints;
     scaling_ = scaling;
     if (otherFonts) {
-        for (const Lettered& lettered : lettered_) ApplyFont(lettered);
+        for (const WithFont& one : fonts_) ApplyFont(one);
     }
     for (const auto& [widget, rect] : placed_) {
         // Edges are rounded, not sizes, so that what is aligned on the design stays aligned.

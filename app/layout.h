@@ -10,7 +10,7 @@
 class QWidget;
 
 /// The kinds of text that follow another size in their own ways.
-enum class Letters { Control, List, Grid };
+enum class FontKind { Control, List, Grid };
 
 /// What sizes across and down and font sizes are multiplied by.
 struct Scaling {
@@ -23,9 +23,9 @@ struct Scaling {
 class Layout {
   public:
     /// `rect` is in the widget's parent; `points` is the font size on the design size.
-    void Place(QWidget* widget, TwipRect rect, float points, Letters letters = Letters::Control);
+    void Place(QWidget* widget, TwipRect rect, float points, FontKind kind = FontKind::Control);
     /// The font alone, for a widget that another layout places.
-    void Letter(QWidget* widget, float points, Letters letters);
+    void SetFont(QWidget* widget, float points, FontKind kind);
     /// Called after every Apply, for what is no widget's place: column widths, margins, icon sizes.
     void AlsoScale(std::function<void(const Scaling&)> scale);
 
@@ -37,15 +37,15 @@ class Layout {
         QWidget* widget;
         TwipRect rect;
     };
-    struct Lettered {
+    struct WithFont {
         QWidget* widget;
         float points;
-        Letters letters;
+        FontKind kind;
     };
-    void ApplyFont(const Lettered& lettered) const;
+    void ApplyFont(const WithFont& one) const;
 
     std::vector<Placed> placed_;
-    std::vector<Lettered> lettered_;
+    std::vector<WithFont> fonts_;
     std::vector<std::function<void(const Scaling&)>> also_;
     Scaling scaling_;
 };

@@ -5,8 +5,8 @@
 #include "base/error.h"
 #include "fundfile/records.h"
 #include "fundfile/schema.h"
-#include "platform/caption.h"
 #include "platform/datasource.h"
+#include "platform/qttext.h"
 
 #include <QEvent>
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "platform/typedkey.h"
 #include "widgets/entryfield.h"
 

@@ -9,7 +9,7 @@ class QKeyEvent;
 
 class ListTyping : Controller {
   public:
-    explicit ListTyping(frmPPM& window);
+    explicit ListTyping(frmPPM& ppm);
 
   private:
     /// True swallows the key: the list has a search of its own, by number.

@@ -5,7 +5,9 @@
 #include "base/number.h"
 #include "platform/caption.h"
 #include "platform/commondialog.h"
+#include "platform/qttext.h"
 #include "widgets/boundfield.h"
+#include "widgets/colours.h"
 #include "widgets/datagrid.h"
 #include "widgets/daymarks.h"
 #include "widgets/diagramview.h"
@@ -13,7 +15,6 @@
 #include "widgets/imagebutton.h"
 #include "widgets/legendview.h"
 #include "widgets/statuspanels.h"
-#include "widgets/strokepainter.h"
 #include "widgets/swatch.h"
 #include "widgets/tag.h"
 #include "widgets/texttable.h"
@@ -109,7 +110,8 @@ void Panels::ShowCaptions(const Shown::Captions& captions) {
         controls_.txtNyKurs->setAccessibleDescription(ToQt(captions.lblKursBesked));
         controls_.grdKurser->setAccessibleDescription(ToQt(captions.lblKursBesked));
     }
-    controls_.picDiagram->SetQuietLine(ToQt(captions.picDiagram));
+    if (!captions.lblRecCount.empty()) Write(controls_.lblRecCount, captions.lblRecCount);
+    controls_.picDiagram->SetPlaceholder(ToQt(captions.picDiagram));
     StatusPanels& bar = *controls_.staBar;
     if (bar.Notice() != captions.staBar) bar.SetNotice(captions.staBar);
 }
@@ -172,7 +174,7 @@ void Panels::ShowStatus(const StatusTexts& texts) {
 
 void Panels::ShowListColour(ListUse use) {
     look::SetTextColour(*controls_.lstFonder,
-                        use == ListUse::Curves ? look::kListCurves : look::kListGreen);
+                        use == ListUse::Curves ? colours::kListCurves : colours::kListGreen);
 }
 
 void Panels::Enable(const Shown::Enabled& enabled, bool which) {

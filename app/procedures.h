@@ -50,15 +50,15 @@ class Procedures {
     virtual TakenPrice TakePrice(const PriceToTake& price) = 0;  // PriceEntry
     virtual bool GiveUpDayPrice() = 0;  // DayPrices: what is typed or pasted; false: nothing is
     virtual void RefreshFundSummary(const OpenHolding& stored,
-                                    double newPrice) = 0;                      // FundSummary
-    virtual void SetVerticalScale(std::int32_t bottom, std::int32_t top) = 0;  // Axes
-    virtual void ShowFundScale(ScaleRange stored) = 0;  // Axes: where it changed
-    virtual void AdvanceOneMonth() = 0;                 // Axes
-    virtual void ShowMonthsOfToday() = 0;               // Axes
-    virtual void FollowToday(std::int32_t before) = 0;  // Axes
-    virtual void ReturnToToday() = 0;                   // Axes: to the months of the start
-    virtual void PlotCurves() = 0;                      // Curves
-    virtual void PrintCurves(PrinterPage& page) = 0;    // Curves
+                                    double newPrice) = 0;  // FundSummary
+    virtual void SetVerticalScale(ScaleRange scale) = 0;   // Axes
+    virtual void ShowFundScale(ScaleRange stored) = 0;     // Axes: where it changed
+    virtual void AdvanceOneMonth() = 0;                    // Axes
+    virtual void ShowMonthsOfToday() = 0;                  // Axes
+    virtual void FollowToday(std::int32_t before) = 0;     // Axes
+    virtual void ReturnToToday() = 0;                      // Axes: to the months of the start
+    virtual void PlotCurves() = 0;                         // Curves
+    virtual void PrintCurves(PrinterPage& page) = 0;       // Curves
     virtual void ComputeFundScale(std::int32_t kontoId, bool replace) = 0;     // Curves
     virtual void WriteLogEntry(std::string_view entry) = 0;                    // Log
     virtual void FillAccountList() = 0;                                        // AccountTotals

@@ -9,9 +9,9 @@
 #include "fundfile/schema.h"
 #include "fundfile/texts.h"
 #include "jet/database.h"
-#include "platform/caption.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/qttext.h"
 
 #include <QAction>
 #include <QEvent>

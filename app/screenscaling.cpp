@@ -36,7 +36,7 @@ void ScreenScaling::FitInto(const QSize& room) {
 
 void ScreenScaling::ComeUpIn(const QSize& size) {
     unresized_ = size;
-    // No smaller than the smallest letters need, which is what fits on the smallest screen.
+    // No smaller than the smallest font needs, which is what fits on the smallest screen.
     const TwipRect smallest = ScaledWindow(kDesign, kMinReadableFactor);
     const QSize least(Pixels(smallest.width), Pixels(smallest.height));
     window.setMinimumSize(least.boundedTo(size));

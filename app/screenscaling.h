@@ -7,7 +7,7 @@
 
 class ScreenScaling : Controller {
   public:
-    explicit ScreenScaling(frmPPM& window);
+    explicit ScreenScaling(frmPPM& ppm);
 
     void ScaleToScreen(float factor);
     /// Makes the window as it comes up no larger than `room`; its fonts stay as they are.

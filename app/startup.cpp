@@ -20,7 +20,6 @@
 #include "fundfile/sources.h"
 #include "fundfile/texts.h"
 #include "jet/transaction.h"
-#include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
@@ -30,7 +29,6 @@
 #include <QAction>
 #include <QEvent>
 #include <QLabel>
-#include <QListWidget>
 #include <QRect>
 #include <QSize>
 
@@ -62,8 +60,8 @@ StartUp::StartUp(frmPPM& ppm) : Controller(ppm) {
         Form_Activate();
         return false;
     };
-    // A desktop may show a window without making it the active one: it comes up complete all the
-    // same.
+    // A desktop may show a window without making it the active one:
+    // it comes up complete all the same.
     OnEvent(&window, QEvent::Show, activated);
     OnEvent(&window, QEvent::WindowActivate, activated);
     OnEvent(&window, QEvent::Close, [this](QEvent& event) {
@@ -145,10 +143,9 @@ void StartUp::Activate() {
     window.ShowMonthsOfToday();
     window.GuardFile();
 
-    const bool hasRows = HasRows(*window.dtaBasData);
     // A file that can only be read is shown with the default scales.
     Skipping skip;
-    if (hasRows) skip([&] { InitialiseScales(); });
+    if (HasRows(*window.dtaBasData)) skip([&] { InitialiseScales(); });
     window.KeepChanges();
     window.FillFundList();
     window.ReadCurveList();
@@ -158,7 +155,7 @@ void StartUp::Activate() {
     next.picture = Picture::Stays;
     window.Put(std::move(next));
     window.DrawOnAllScale();
-    if (window.lstFonder->count() == 1) {
+    if (window.hasHoldings && window.dtaBasData->RecordCount() == 1) {
         window.OpenSelectedFund();
         window.caption = texts::WindowCaption;
         window.ShowState();

@@ -10,7 +10,7 @@
 
 class StartUp : Controller {
   public:
-    explicit StartUp(frmPPM& window);
+    explicit StartUp(frmPPM& ppm);
 
     void Load();
     void Activate();

@@ -2,22 +2,20 @@
 
 #include "app/frmPPM.h"
 #include "app/texts.h"
+#include "fundfile/records.h"
 #include "fundfile/schema.h"
-#include "platform/caption.h"
 #include "platform/dialogs.h"
 #include "platform/platform.h"
+#include "platform/qttext.h"
 #include "widgets/boundfield.h"
 #include "widgets/datagrid.h"
 #include "widgets/entryfield.h"
-
-#include <QScopedValueRollback>
 
 #include <string_view>
 #include <utility>
 
 namespace {
 
-constexpr int kNameBox = 0;
 /// What is typed in a notice: its date, shares, price and percentage. The name and the number are
 /// the holding's, the value is computed.
 constexpr int kTypedBoxes[] = {2, 3, 4, 6};
@@ -38,12 +36,9 @@ bool TypedWork::MayLeaveFile() {
     std::vector<Unstored> unstored;
     QWidget* first = nullptr;
     for (const Piece& piece : Pieces()) {
-        std::vector<std::string> told;
         bool stored = false;
-        {
-            const QScopedValueRollback listening(window.heard, &told);
-            Run([&] { stored = piece.store(); });
-        }
+        std::vector<std::string> told =
+            window.messages.ToldBy([&] { Run([&] { stored = piece.store(); }); });
         if (stored) {
             for (const std::string& text : told) Tell(text);
             continue;
@@ -104,7 +99,7 @@ std::string TypedWork::PointName() const {
 }
 
 std::string TypedWork::NoticeName() const {
-    return std::string(texts::NoticeOf) + Caption(window.txtNyAndel[kNameBox]);
+    return std::string(texts::NoticeOf) + ReadHolding(*window.dtaBasData).fond;
 }
 
 bool TypedWork::NoticeTyped() const {

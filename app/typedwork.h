@@ -13,7 +13,7 @@ class QWidget;
 
 class TypedWork : Controller {
   public:
-    explicit TypedWork(frmPPM& window);
+    explicit TypedWork(frmPPM& ppm);
 
     /// Stores what can be stored. Of the rest, all in one question, the user says whether to go on
     /// without it; false: he does not, and the cursor stands there.

@@ -7,20 +7,20 @@
 #include <string>
 #include <string_view>
 
-/// The days that have a date: 1 January 100 to 31 December 9999. Outside, the functions below throw
-/// Overflow (6).
+/// The days that have a date: 1 January 100 to 31 December 9999.
+/// Outside, the functions below throw Overflow (6).
 inline constexpr std::int32_t kFirstDay = -657434;
 inline constexpr std::int32_t kLastDay = 2958465;
 
 std::int32_t DayNumber(std::chrono::year_month_day date);
 std::chrono::year_month_day DateOf(std::int32_t day);
-/// The day of a date serial with a time of day in its fraction: the nearest, a half to the even
-/// one.
+/// The day of a date serial with a time of day in its fraction:
+/// the nearest, a half to the even one.
 std::int32_t DayOfSerial(double serial);
 
 /// yyyy-mm-dd, yy-mm-dd, yyyy/mm/dd or yy/mm/dd, month and day also with one digit; blanks around
-/// it are allowed. Years 00 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999. Nothing if it is no
-/// date.
+/// it are allowed. Years 00 to 29 are 2000 to 2029, 30 to 99 are 1930 to 1999.
+/// Nothing if it is no date.
 std::optional<std::int32_t> ParseDate(std::string_view text);
 
 std::string FormatDay(std::int32_t day);       ///< 2006-02-24

@@ -1,6 +1,6 @@
 #pragma once
-// Which typed characters pass into an entry field, and what becomes of them. Knows no keyboard and
-// no field.
+// Which typed characters pass into an entry field, and what becomes of them.
+// Knows no keyboard and no field.
 
 #include <optional>
 #include <string_view>

@@ -114,8 +114,8 @@ Number Parse(std::string_view whole) {
     return value;
 }
 
-/// The shortest decimal of a value: its significant digits, and how many of them stand before the
-/// point.
+/// The shortest decimal of a value: its significant digits,
+/// and how many of them stand before the point.
 struct Decimal {
     bool negative = false;
     std::string digits;

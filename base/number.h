@@ -28,8 +28,8 @@ std::string PlainText(std::int64_t value);
 /// The same with a decimal point, for what programs read.
 std::string PointText(float value);
 
-/// The double that shows the same digits: 12,34 stays 12,34 and does not become
-/// 12,340000152587890625.
+/// The double that shows the same digits: 12,34 stays 12,34 and does
+/// not become 12,340000152587890625.
 double WidenSingle(float value);
 
 /// "0.00", "0.0000": so many decimals, decimal comma. Rounds what PlainText shows, halves away from

@@ -26,8 +26,9 @@ Character First(std::string_view text) {
     }
     constexpr char32_t kMinCodePoint[] = {0, 0, 0x80, 0x800, 0x10000};
     const bool surrogate = codePoint >= 0xD800 && codePoint <= 0xDFFF;
-    if (codePoint < kMinCodePoint[bytes] || codePoint > 0x10FFFF || surrogate)
+    if (codePoint < kMinCodePoint[bytes] || codePoint > 0x10FFFF || surrogate) {
         return {kReplacement, 1};
+    }
     return {codePoint, bytes};
 }
 

@@ -2,6 +2,7 @@
 // 5,000 points at 1200 x 800. "Year" has all points in the twelve months shown, "History" has
 // twenty years of weekdays, of which the last twelve months show.
 
+#include "widgets/colours.h"
 #include "widgets/diagramview.h"
 #include "widgets/strokepainter.h"
 
@@ -72,8 +73,9 @@ void BarePolyline(benchmark::State& state) {
     std::vector<QPolygonF> lines;
     for (const auto& points : Series(static_cast<Kind>(state.range(0)))) {
         QPolygonF line;
-        for (const CurvePoint& at : points)
+        for (const CurvePoint& at : points) {
             line << toPixels.map(QPointF(at.day - kStart, at.value));
+        }
         lines.push_back(line);
     }
     const std::vector<CurveStyle> styles = Styles();

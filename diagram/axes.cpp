@@ -30,8 +30,7 @@ Axes::Axes(frmPPM& ppm) : Controller(ppm) {
     On(window.mnuMonth, &QAction::triggered, [this] { mnuMonth_Click(); });
 }
 
-void Axes::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
-    const ScaleRange scale{top, bottom};
+void Axes::SetVerticalScale(ScaleRange scale) {
     Skipping skip;
     skip([&] { window.picDiagram->SetUserScale(scale); });
     skip([&] { LabelScale(scale); });
@@ -53,7 +52,7 @@ void Axes::ShowFundScale(ScaleRange stored) {
     if (!changed && stored.top <= window.Scale.top) return Redraw();
     window.FundScale = stored;
     window.Scale = stored;
-    SetVerticalScale(stored.bottom, stored.top);
+    SetVerticalScale(stored);
 }
 
 void Axes::AdvanceOneMonth() {
@@ -129,13 +128,13 @@ void Axes::mnuPlus_Click() {
     const Zoomed zoomed =
         ZoomIn(window.Scale, automatic, single ? CurveView::Single : CurveView::Several);
     window.Scale = zoomed.scale;
-    if (zoomed.redraw) SetVerticalScale(zoomed.scale.bottom, zoomed.scale.top);
+    if (zoomed.redraw) SetVerticalScale(zoomed.scale);
 }
 
 void Axes::mnuMinus_Click() {
     const Zoomed zoomed = ZoomOut(window.Scale);
     window.Scale = zoomed.scale;
-    if (zoomed.redraw) SetVerticalScale(zoomed.scale.bottom, zoomed.scale.top);
+    if (zoomed.redraw) SetVerticalScale(zoomed.scale);
 }
 
 void Axes::Redraw() {

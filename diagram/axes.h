@@ -12,11 +12,11 @@
 
 class Axes : Controller {
   public:
-    explicit Axes(frmPPM& window);
+    explicit Axes(frmPPM& ppm);
 
-    /// Sets and labels the scale, and draws the curves anew. Storing ScaleTop and ScaleBottom is
-    /// the caller's.
-    void SetVerticalScale(std::int32_t bottom, std::int32_t top);
+    /// Sets and labels the scale, and draws the curves anew.
+    /// Storing ScaleTop and ScaleBottom is the caller's.
+    void SetVerticalScale(ScaleRange scale);
     /// The open holding's stored scale after its points have changed: the picture takes it over
     /// where it changed or is wider than the picture, and is drawn anew in any case.
     void ShowFundScale(ScaleRange stored);

@@ -15,6 +15,7 @@
 #include "jet/transaction.h"
 #include "platform/datasource.h"
 #include "platform/printing.h"
+#include "platform/qttext.h"
 #include "widgets/diagramview.h"
 #include "widgets/strokepainter.h"
 

@@ -10,10 +10,10 @@ class PrinterPage;
 
 class Curves : Controller {
   public:
-    explicit Curves(frmPPM& window);
+    explicit Curves(frmPPM& ppm);
 
-    /// Draws the curves of SelectedCurves over what is in the diagram. A failure is shown and
-    /// logged.
+    /// Draws the curves of SelectedCurves over what is in the diagram.
+    /// A failure is shown and logged.
     void PlotCurves();
     /// Draws the same on the page. A failure is shown and logged.
     void PrintCurves(PrinterPage& page);

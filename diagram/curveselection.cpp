@@ -53,8 +53,8 @@ void CurveSelection::DrawChosen(const std::vector<std::int32_t>& curves) {
     try {
         StoreSelection(curves);
     } catch (const Error&) {
-        // A choice that cannot be kept, as in a file that is open for reading only, is shown all
-        // the same.
+        // A choice that cannot be kept, as in a file that is open for reading only,
+        // is shown all the same.
         ShowSelection(curves);
         throw;
     }

@@ -9,7 +9,7 @@
 
 class CurveSelection : Controller {
   public:
-    explicit CurveSelection(frmPPM& window);
+    explicit CurveSelection(frmPPM& ppm);
 
     void imgColor_Click();
     void imgGrafNr_Click();

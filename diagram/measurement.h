@@ -12,7 +12,7 @@
 
 class Measurement : Controller {
   public:
-    explicit Measurement(frmPPM& window);
+    explicit Measurement(frmPPM& ppm);
 
   private:
     void picDiagram_MouseDown(Qt::MouseButton button, Point at);

@@ -13,7 +13,6 @@
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/schema.h"
-#include "fundfile/texts.h"
 #include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/platform.h"
@@ -160,9 +159,8 @@ bool PlotEditor::GridPlott_BeforeUpdate() {
 }
 
 void PlotEditor::ShowCount() {
-    SetCaption(window.lblRecCount, std::string(fundtexts::ListHolds) +
-                                       PlainText(window.dtaPlott->RecordCount()) +
-                                       std::string(fundtexts::Rows));
+    window.pointCount = window.dtaPlott->RecordCount();
+    window.ShowState();
 }
 
 void PlotEditor::GridPlott_RowColChange() {

@@ -13,7 +13,7 @@
 
 class PlotEditor : Controller {
   public:
-    explicit PlotEditor(frmPPM& window);
+    explicit PlotEditor(frmPPM& ppm);
 
     /// The points have changed elsewhere: they are found anew, and the grid stays where it was.
     void RefreshPoints();

@@ -16,6 +16,7 @@
 #include "jet/database.h"
 #include "platform/caption.h"
 #include "platform/datasource.h"
+#include "platform/qttext.h"
 #include "widgets/entryfield.h"
 
 #include <QAction>

@@ -61,7 +61,7 @@ void SeveralCurves::SelectCurves(std::vector<std::int32_t> kontoIds) {
 
 void SeveralCurves::DrawOnAllScale() {
     window.Scale = window.AllScale;
-    window.SetVerticalScale(window.Scale.bottom, window.Scale.top);
+    window.SetVerticalScale(window.Scale);
 }
 
 void SeveralCurves::mnuAll_Click() {
@@ -99,5 +99,5 @@ void SeveralCurves::DrawOpenHolding() {
     DataSource& holdings = *window.dtaBasData;
     holdings.FindFirst(queries::KontoIdIs(window.holding->kontoId));
     window.SelectedCurves = {window.holding->kontoId};
-    window.SetVerticalScale(window.Scale.bottom, window.Scale.top);
+    window.SetVerticalScale(window.Scale);
 }

@@ -9,7 +9,7 @@
 
 class SeveralCurves : Controller {
   public:
-    explicit SeveralCurves(frmPPM& window);
+    explicit SeveralCurves(frmPPM& ppm);
 
     /// The curves of the view as the first holdings row lists them.
     void ReadCurveList();

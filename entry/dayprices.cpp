@@ -13,6 +13,7 @@
 #include "jet/database.h"
 #include "platform/caption.h"
 #include "platform/datasource.h"
+#include "platform/qttext.h"
 #include "widgets/entryfield.h"
 #include "widgets/gridkeys.h"
 #include "widgets/texttable.h"
@@ -328,7 +329,7 @@ void DayPrices::panKurser_Hide() {
         window.SelectCurves(window.SelectedCurves);
         return window.DrawOnAllScale();
     }
-    window.SetVerticalScale(window.Scale.bottom, window.Scale.top);
+    window.SetVerticalScale(window.Scale);
 }
 
 /// A column is shown in the table; one price goes into the field.

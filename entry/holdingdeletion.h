@@ -9,7 +9,7 @@
 
 class HoldingDeletion : Controller {
   public:
-    explicit HoldingDeletion(frmPPM& window);
+    explicit HoldingDeletion(frmPPM& ppm);
 
   private:
     /// The row that is being deleted, from before it to after it.

@@ -1,6 +1,6 @@
 #pragma once
-// The holdings grid and the account fields under it: what is made of a typed cell, and what a new
-// holding gets.
+// The holdings grid and the account fields under it: what is made of a typed cell,
+// and what a new holding gets.
 
 #include "app/controller.h"
 
@@ -14,7 +14,7 @@ class EntryField;
 
 class HoldingsGrid : Controller {
   public:
-    explicit HoldingsGrid(frmPPM& window);
+    explicit HoldingsGrid(frmPPM& ppm);
 
   private:
     void PrepareGrid();

@@ -7,7 +7,7 @@
 
 class NewSharesNotice : Controller {
   public:
-    explicit NewSharesNotice(frmPPM& window);
+    explicit NewSharesNotice(frmPPM& ppm);
 
   private:
     void cmdNyAndel_Click();

@@ -1,6 +1,6 @@
 #pragma once
-// The daily price: the fund list opened for it, the price field and the checks; what was stored is
-// shown.
+// The daily price: the fund list opened for it, the price field and the checks;
+// what was stored is shown.
 
 #include "app/controller.h"
 #include "app/pricetaking.h"
@@ -14,7 +14,7 @@ struct DayPrice;
 
 class PriceEntry : Controller {
   public:
-    explicit PriceEntry(frmPPM& window);
+    explicit PriceEntry(frmPPM& ppm);
 
     void cmdFondList_Click();
     TakenPrice TakePrice(const PriceToTake& price);

@@ -29,8 +29,8 @@ void SourceFailures::dtaSQL_Error(int number) {
     ShowSourceError(number, texts::SqlFailed);
 }
 
-/// A text that its column cannot hold is the user's to mend: the column is named and the cursor
-/// stands there.
+/// A text that its column cannot hold is the user's to mend:
+/// the column is named and the cursor stands there.
 bool SourceFailures::ShowRefusedCell(int number, DataGrid& grid) {
     const std::optional<int> column = grid.RefusedColumn();
     if (!column) return false;

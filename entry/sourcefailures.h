@@ -9,7 +9,7 @@ class DataGrid;
 
 class SourceFailures : Controller {
   public:
-    explicit SourceFailures(frmPPM& window);
+    explicit SourceFailures(frmPPM& ppm);
 
   private:
     void dtaBasData_Error(int number);

@@ -3,6 +3,7 @@
 #include "base/error.h"
 #include "base/path.h"
 #include "jet/files.h"
+#include "platform/qttext.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -59,7 +60,7 @@ bool HoldsAnythingOfTheSavers(const fs::path& folder) {
 }
 
 bool CanBeWritten(const fs::path& folder) {
-    return QFileInfo(QString::fromStdString(folder.string())).isWritable();
+    return QFileInfo(ToQt(folder.string())).isWritable();
 }
 
 std::string Contents(const fs::path& path) {
@@ -107,9 +108,9 @@ bool IsInUse(const fs::path& folder) {
 }  // namespace
 
 ProgramFolders FindProgramFolders() {
-    const fs::path program = QCoreApplication::applicationDirPath().toStdString();
+    const fs::path program = FromQt(QCoreApplication::applicationDirPath());
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return {program, KVARNBO_DATA_FOLDER, fs::path(data.toStdString()) / "Kvarnbo"};
+    return {program, KVARNBO_DATA_FOLDER, fs::path(FromQt(data)) / "Kvarnbo"};
 }
 
 std::string AppFolder(const ProgramFolders& folders) {

@@ -1,6 +1,6 @@
 #pragma once
-// The folder where the program's own files lie: template, sample files, grid picture, help, log and
-// notes.
+// The folder where the program's own files lie: template, sample files,
+// grid picture, help, log and notes.
 
 #include <filesystem>
 #include <string>

@@ -8,6 +8,6 @@ class DataSource;
 
 /// Without moving; empty where there is no row.
 std::vector<std::int32_t> ListedCurves(DataSource& holdings);
-/// Gives the first row the list and takes it from all others, which rows that came or went make
-/// necessary.
+/// Gives the first row the list and takes it from all others,
+/// which rows that came or went make necessary.
 void WriteCurveList(DataSource& holdings, const std::vector<std::int32_t>& curves);

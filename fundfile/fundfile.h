@@ -13,8 +13,8 @@
 struct FundFile {
     std::shared_ptr<jet::Database> database;
     WriteRight right = WriteRight::Ours;
-    /// OtherCopy: "process 4711, dator HALLA"; OtherComputer: "dator HALLA"; "" where that is not
-    /// known.
+    /// OtherCopy: "process 4711, dator HALLA"; OtherComputer: "dator HALLA";
+    /// "" where that is not known.
     std::string owner = {};
     /// "fonder.ldb" when another database program's lock lies beside the file: it may have the file
     /// open, or have left the lock behind.
@@ -24,8 +24,8 @@ struct FundFile {
 
 /// Opens `path`, or gives the open one again when it is open here already, by whatever name. A file
 /// without the right to write opens for reading: its edits throw ReadOnly. The right ends when
-/// CloseFundFile is called or the last user of `database` lets go of it; a copy that died does not
-/// keep it.
+/// CloseFundFile is called or the last user of `database` lets go of it;
+/// a copy that died does not keep it.
 ///
 /// Throws what jet::Database::Open throws; TableNotFound or FieldNotFound for a sound database that
 /// is no fund file; NotADatabase for one that lost the tables with a part of it.

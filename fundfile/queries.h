@@ -16,8 +16,8 @@ std::string ValuesOf(std::int32_t kontoId);     ///< YCord
 std::string FondNrOfPointsOf(std::int32_t kontoId);  ///< has rows if the holding has points
 std::string DeletePointsOf(std::int32_t kontoId);    ///< an action for jet::Database::Execute
 
-/// The name goes in as it stands: an apostrophe in it breaks the text, and running it is a syntax
-/// error.
+/// The name goes in as it stands: an apostrophe in it breaks the text,
+/// and running it is a syntax error.
 std::string TotalsOf(std::string_view accountName);
 
 /// Criteria for FindFirst.

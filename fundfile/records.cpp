@@ -136,13 +136,14 @@ void Add(Points& points, const NewPoint& point) try {
 
 }  // namespace
 
+std::int32_t KontoIdOf(const jet::Value& firstColumn) try {
+    return firstColumn.Integer();
+} catch (const Error&) {
+    return kFallbackKontoId;
+}
+
 std::int32_t KontoIdOf(DataSource& holdings) {
-    const jet::Value identity = holdings.Field(schema::holding::kKontoId);
-    try {
-        return identity.Integer();
-    } catch (const Error&) {
-        return kFallbackKontoId;
-    }
+    return KontoIdOf(holdings.Field(schema::holding::kKontoId));
 }
 
 HoldingRow ReadHolding(DataSource& holdings) {

@@ -12,8 +12,9 @@
 #include <string>
 #include <vector>
 
-/// The identity of the current holding; kFallbackKontoId where the first column cannot be read as a
-/// number.
+/// A holding's identity as its first column holds it; kFallbackKontoId where that is no number.
+std::int32_t KontoIdOf(const jet::Value& firstColumn);
+/// That of the current holding.
 std::int32_t KontoIdOf(DataSource& holdings);
 
 /// The current row as typed values: a pending one while it is edited. A column that holds something

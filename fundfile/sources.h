@@ -1,6 +1,6 @@
 #pragma once
-// The road from a path to working data sources, the same at start and when the user opens another
-// file.
+// The road from a path to working data sources,
+// the same at start and when the user opens another file.
 
 #include "fundfile/fundfile.h"
 #include "platform/datasource.h"

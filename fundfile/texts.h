@@ -30,8 +30,6 @@ inline constexpr std::string_view FileToDelete = "Fil  ";
 inline constexpr std::string_view WillBeDeleted =
     "  kommer att raderas !\r\n\r\nÄr detta riktigt ?";
 inline constexpr std::string_view NotDeleted = "Filen Raderades Inte\r\n\r\nFilen är Öppen";
-inline constexpr std::string_view ListHolds = "Listan innehåller ";
-inline constexpr std::string_view Rows = " poster";
 
 inline constexpr std::string_view NotCreated = "Den nya filen skapades inte";
 inline constexpr std::string_view NotOpened = "Filen öppnades inte";
@@ -74,8 +72,8 @@ inline constexpr std::string_view TakeOver =
     "över den ?";
 
 /// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be
-/// done. Errors that mean nothing to a user give the general sentence; the number belongs beside
-/// it.
+/// done. Errors that mean nothing to a user give the general sentence;
+/// the number belongs beside it.
 // NOLINTNEXTLINE(readability-function-size): a table, one line for each error
 constexpr std::string_view Explain(ErrorNumber number) {
     if (number == kObjectNotSet) return "Ingen fondfil är öppen.";

@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "base/number.h"
+#include "platform/qttext.h"
 
 #include <QFileInfo>
 #include <QLockFile>
@@ -23,10 +24,6 @@ namespace fs = std::filesystem;
 
 /// A lock file that nobody finished writing is left behind by a crash; after this time nobody will.
 constexpr std::chrono::seconds kUnfinishedLockAge{10};
-
-QString ToQt(const fs::path& path) {
-    return QString::fromStdString(path.string());
-}
 
 WriteClaim Refused(WriteRight right, std::string owner = {}) {
     return {nullptr, right, std::move(owner)};
@@ -68,13 +65,13 @@ WriteClaim RefusedBy(const QLockFile& lock, const fs::path& lockPath) {
         return Refused(IsUnfinished(lockPath) ? WriteRight::OtherCopy : WriteRight::StaleLock);
     }
     if (owner->computer != QSysInfo::machineHostName()) {
-        return Refused(WriteRight::OtherComputer, computer + owner->computer.toStdString());
+        return Refused(WriteRight::OtherComputer, computer + FromQt(owner->computer));
     }
     if (IsGone(*owner)) {
         return Refused(WriteRight::StaleLock);
     }
     return Refused(WriteRight::OtherCopy, "process " + PlainText(std::int64_t{owner->process}) +
-                                              ", " + computer + owner->computer.toStdString());
+                                              ", " + computer + FromQt(owner->computer));
 }
 
 /// In a folder that all may write (with the sticky bit, as /tmp) a file is replaced by its owner,
@@ -101,7 +98,7 @@ WriteClaim ClaimWriting(const fs::path& realPath) {
     if (fs::is_directory(lockPath, code)) {
         return Refused(WriteRight::FolderAtLock);
     }
-    auto lock = std::make_shared<QLockFile>(ToQt(lockPath));
+    auto lock = std::make_shared<QLockFile>(ToQt(lockPath.string()));
     // A copy may be open for days: a lock is stale when its process is gone, never by its age ...
     lock->setStaleLockTime(0);
     if (lock->tryLock(0)) {

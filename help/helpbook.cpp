@@ -65,8 +65,8 @@ std::string WithoutTags(std::string_view html) {
 
 /// A piece of the text around the first of the words in it, cut between words.
 std::string Extract(const std::string& text, const std::vector<std::string>& words) {
-    // Lower case keeps every letter's length in bytes, so places in one text are places in the
-    // other.
+    // Lower case keeps every letter's length in bytes,
+    // so places in one text are places in the other.
     const std::string lower = LowerCase(text);
     std::size_t found = std::string::npos;
     for (const auto& word : words) found = std::min(found, lower.find(word));
@@ -75,8 +75,9 @@ std::string Extract(const std::string& text, const std::vector<std::string>& wor
         found > kExtractLead ? text.find(' ', found - kExtractLead) : std::string::npos;
     const std::size_t start = blank < found ? blank + 1 : found > kExtractLead ? found : 0;
     std::size_t end = text.size();
-    if (start + kExtractLength < end)
+    if (start + kExtractLength < end) {
         end = std::max(text.rfind(' ', start + kExtractLength), start);
+    }
     return (start > 0 ? "… " : "") + text.substr(start, end - start) +
            (end < text.size() ? " …" : "");
 }
@@ -98,8 +99,9 @@ HelpBook HelpBook::Parse(std::string_view text) {
     if (!text.starts_with(start)) FailFormat("it does not begin like one");
     text.remove_prefix(start.size());
     std::vector<HelpPage> pages;
-    for (const auto& block : Split(text, "\n" + std::string(kPageMark)))
+    for (const auto& block : Split(text, "\n" + std::string(kPageMark))) {
         pages.push_back(PageOf(block));
+    }
     return HelpBook(std::move(pages));
 }
 

@@ -33,8 +33,8 @@ class HelpBook {
     const std::vector<HelpPage>& Pages() const { return pages_; }
     std::optional<std::size_t> Find(std::string_view id) const;
 
-    /// The pages that hold every word of the query in whatever case, those with a word in the title
-    /// first.
+    /// The pages that hold every word of the query in whatever case,
+    /// those with a word in the title first.
     std::vector<HelpHit> Search(std::string_view query) const;
 
     /// Every link to a page that is not there, "page -> link".

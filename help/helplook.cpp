@@ -1,64 +1,60 @@
 #include "help/helplook.h"
 
-#include <QColor>
-#include <QRgb>
+#include "widgets/colours.h"
 
 namespace helplook {
 
 QPalette Palette() {
-    constexpr QRgb kPaper = 0xFFFFFFFF, kBackground = 0xFFE4EAED, kText = 0xFF1B2B36,
-                   kQuiet = 0xFF536673;
-    constexpr QRgb kChosen = 0xFF1F5C7D, kPanel = 0xFFF3F6F8;
-    const auto colour = [](QRgb rgb) { return QColor::fromRgb(rgb); };
-    QPalette palette(colour(kText), colour(kBackground), colour(kPaper), colour(kQuiet),
-                     colour(kQuiet), colour(kText), colour(kPaper), colour(kPaper),
-                     colour(kBackground));
-    palette.setColor(QPalette::AlternateBase, colour(kPanel));
-    palette.setColor(QPalette::Highlight, colour(kChosen));
-    palette.setColor(QPalette::HighlightedText, colour(kPaper));
-    palette.setColor(QPalette::Link, colour(kChosen));
-    palette.setColor(QPalette::ToolTipBase, colour(kPaper));
-    palette.setColor(QPalette::ToolTipText, colour(kText));
-    palette.setColor(QPalette::PlaceholderText, colour(kQuiet));
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor::fromRgb(0xFF9DABB4));
-    palette.setColor(QPalette::Disabled, QPalette::Text, colour(kQuiet));
+    using namespace colours;
+    const QColor text = ToQColor(kText), quiet = ToQColor(kQuietText), white = ToQColor(kWhite),
+                 background = ToQColor(kBackground), accent = ToQColor(kAccent);
+    QPalette palette(text, background, white, quiet, quiet, text, white, white, background);
+    palette.setColor(QPalette::AlternateBase, ToQColor(kHelpPanel));
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, white);
+    palette.setColor(QPalette::Link, accent);
+    palette.setColor(QPalette::ToolTipBase, white);
+    palette.setColor(QPalette::ToolTipText, text);
+    palette.setColor(QPalette::PlaceholderText, quiet);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, ToQColor(kHelpDisabledText));
+    palette.setColor(QPalette::Disabled, QPalette::Text, quiet);
     return palette;
 }
 
 QString WindowStyle() {
-    return QStringLiteral(
-        "QToolBar { border: 0; border-bottom: 1px solid #B4C2CB; padding: 5px 8px; spacing: 4px; }"
+    return Coloured(QStringLiteral(
+        "QToolBar { border: 0; border-bottom: 1px solid $border; padding: 5px 8px; spacing: 4px; }"
         "QToolButton { padding: 5px 10px; border: 1px solid transparent; border-radius: 4px; }"
-        "QToolButton:hover { background: #F7F9FA; border-color: #B4C2CB; }"
-        "QToolButton:pressed { background: #D3DDE3; }"
-        "QLineEdit { padding: 5px 8px; border: 1px solid #B4C2CB; border-radius: 4px; background: "
-        "white; }"
-        "QLineEdit:focus { border-color: #1F5C7D; }"
-        "QTreeWidget, QListWidget { background: #F3F6F8; padding: 8px 4px; }"
+        "QToolButton:hover { background: $panel; border-color: $border; }"
+        "QToolButton:pressed { background: $helpPressed; }"
+        "QLineEdit { padding: 5px 8px; border: 1px solid $border; border-radius: 4px; background: "
+        "$white; }"
+        "QLineEdit:focus { border-color: $accent; }"
+        "QTreeWidget, QListWidget { background: $helpPanel; padding: 8px 4px; }"
         "QTreeWidget::item { padding: 3px 2px; }"
-        "QTreeWidget::item:selected, QListWidget::item:selected { background: #1F5C7D; color: "
-        "white; }"
-        "QListWidget::item { padding: 6px 4px; border-bottom: 1px solid #DCE4E9; }"
-        "QSplitter::handle { background: #B4C2CB; width: 1px; }");
+        "QTreeWidget::item:selected, QListWidget::item:selected { background: $accent; color: "
+        "$white; }"
+        "QListWidget::item { padding: 6px 4px; border-bottom: 1px solid $separator; }"
+        "QSplitter::handle { background: $border; width: 1px; }"));
 }
 
 QString PageStyle() {
-    return QStringLiteral(
-        "h1 { color: #234256; font-size: 21pt; margin-top: 4px; margin-bottom: 10px; }"
-        "h2 { color: #234256; font-size: 13pt; margin-top: 20px; margin-bottom: 6px; }"
+    return Coloured(QStringLiteral(
+        "h1 { color: $heading; font-size: 21pt; margin-top: 4px; margin-bottom: 10px; }"
+        "h2 { color: $heading; font-size: 13pt; margin-top: 20px; margin-bottom: 6px; }"
         "p, li, td, th { font-size: 11pt; line-height: 135%; }"
-        "p.lead { color: #3A5364; font-size: 12pt; margin-bottom: 12px; }"
+        "p.lead { color: $helpLead; font-size: 12pt; margin-bottom: 12px; }"
         "li { margin-bottom: 5px; }"
         "table { border-collapse: collapse; margin-top: 8px; margin-bottom: 8px; }"
-        "th { background-color: #E4EAED; text-align: left; }"
-        "td { border-bottom: 1px solid #DCE4E9; }"
+        "th { background-color: $background; text-align: left; }"
+        "td { border-bottom: 1px solid $separator; }"
         "table.message { margin-top: 20px; margin-bottom: 4px; }"
-        "table.message td { background-color: #EEF3F6; color: #1B2B36; font-weight: bold; }"
+        "table.message td { background-color: $helpMessage; color: $text; font-weight: bold; }"
         "table.message td { border: 0; white-space: pre-wrap; }"
         "table.turn td { border: 0; }"
-        "a { color: #1F5C7D; text-decoration: none; }"
-        ".key { background-color: #E4EAED; color: #234256; font-weight: bold; }"
-        ".message { background-color: #EEF3F6; }");
+        "a { color: $accent; text-decoration: none; }"
+        ".key { background-color: $background; color: $heading; font-weight: bold; }"
+        ".message { background-color: $helpMessage; }"));
 }
 
 }  // namespace helplook

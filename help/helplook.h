@@ -1,8 +1,7 @@
 #pragma once
-// Colours and measures of the help viewer: a light page whatever the desktop's theme is.
+// How the help viewer looks, and its measures: a light page whatever the desktop's theme is.
 
 #include <QPalette>
-#include <QRgb>
 #include <QString>
 
 namespace helplook {
@@ -14,7 +13,6 @@ inline constexpr int kLeftMinimum = 180;
 inline constexpr int kSectionHeight = 32;
 inline constexpr int kSearchWidth = 240;
 inline constexpr int kPageMargin = 28;
-inline constexpr QRgb kFound = 0xFFFFE08A;
 
 QPalette Palette();
 QString WindowStyle();

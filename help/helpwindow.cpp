@@ -3,10 +3,10 @@
 #include "base/text.h"
 #include "help/helplook.h"
 #include "help/texts.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
+#include "widgets/colours.h"
 
 #include <QAction>
-#include <QColor>
 #include <QFont>
 #include <QFrame>
 #include <QKeySequence>
@@ -29,6 +29,7 @@
 #include <QVariant>
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
 #include <utility>
 
@@ -42,6 +43,23 @@ std::string Link(const HelpPage& page, std::string_view before) {
     return "<a href=\"" + page.id + "\">" + std::string(before) + page.title + "</a>";
 }
 
+/// Shows pages that are read by their ids, and keeps the history of them.
+class PageBrowser final : public QTextBrowser {
+  public:
+    using HtmlOf = std::function<std::string(std::string_view id)>;
+
+    PageBrowser(HtmlOf htmlOf, QWidget* parent)
+        : QTextBrowser(parent), htmlOf_(std::move(htmlOf)) {}
+
+    QVariant loadResource(int type, const QUrl& name) override {
+        if (type != QTextDocument::HtmlResource) return QTextBrowser::loadResource(type, name);
+        return ToQt(htmlOf_(FromQt(name.toString())));
+    }
+
+  private:
+    HtmlOf htmlOf_;
+};
+
 }  // namespace
 
 HelpWindow::HelpWindow(HelpBook book, QWidget* parent)
@@ -49,7 +67,7 @@ HelpWindow::HelpWindow(HelpBook book, QWidget* parent)
     setObjectName(QStringLiteral("helpWindow"));
     setWindowTitle(ToQt(helptexts::Window));
     FurnishToolBar();
-    page_ = new QTextBrowser(this);
+    page_ = new PageBrowser([this](std::string_view id) { return PageHtml(id); }, this);
     page_->setObjectName(QStringLiteral("page"));
     page_->setAccessibleName(ToQt(helptexts::Page));
     page_->setOpenLinks(false);
@@ -142,8 +160,11 @@ void HelpWindow::FillContents() {
 }
 
 void HelpWindow::ListenTo() {
-    connect(back_, &QAction::triggered, this, [this] { Travel(-1); });
-    connect(forward_, &QAction::triggered, this, [this] { Travel(1); });
+    connect(back_, &QAction::triggered, page_, &QTextBrowser::backward);
+    connect(forward_, &QAction::triggered, page_, &QTextBrowser::forward);
+    connect(page_, &QTextBrowser::backwardAvailable, back_, &QAction::setEnabled);
+    connect(page_, &QTextBrowser::forwardAvailable, forward_, &QAction::setEnabled);
+    connect(page_, &QTextBrowser::sourceChanged, this, &HelpWindow::PageChanged);
     connect(home_, &QAction::triggered, this, [this] { Go(0); });
     connect(page_, &QTextBrowser::anchorClicked, this, &HelpWindow::FollowLink);
     connect(contents_, &QTreeWidget::currentItemChanged, this,
@@ -176,33 +197,22 @@ void HelpWindow::ShowPage(std::string_view id) {
 }
 
 std::string HelpWindow::CurrentPage() const {
-    return book_.Pages()[history_[place_]].id;
+    return FromQt(page_->source().toString());
 }
 
 void HelpWindow::Go(std::size_t page) {
-    if (!history_.empty() && history_[place_] == page) return;
-    if (!history_.empty()) history_.resize(place_ + 1);
-    history_.push_back(page);
-    place_ = history_.size() - 1;
-    Display();
+    page_->setSource(QUrl(ToQt(book_.Pages()[page].id)), QTextDocument::HtmlResource);
 }
 
-void HelpWindow::Travel(int steps) {
-    const auto last = static_cast<int>(history_.size()) - 1;
-    place_ = static_cast<std::size_t>(std::clamp(static_cast<int>(place_) + steps, 0, last));
-    Display();
-}
-
-void HelpWindow::Display() {
-    page_->setHtml(ToQt(PageHtml(history_[place_])));
-    back_->setEnabled(place_ > 0);
-    forward_->setEnabled(place_ + 1 < history_.size());
-    MarkContents();
+/// The browser tells of a page before it counts it as its source.
+void HelpWindow::PageChanged(const QUrl& page) {
+    MarkContents(FromQt(page.toString()));
     MarkFoundWords();
 }
 
-std::string HelpWindow::PageHtml(std::size_t page) const {
+std::string HelpWindow::PageHtml(std::string_view id) const {
     const auto& pages = book_.Pages();
+    const std::size_t page = book_.Find(id).value_or(0);
     std::string html = pages[page].html + "<hr><table width=\"100%\" class=\"turn\"><tr><td>";
     if (page > 0) html += Link(pages[page - 1], helptexts::Previous);
     html += "</td><td align=\"right\">";
@@ -210,11 +220,12 @@ std::string HelpWindow::PageHtml(std::size_t page) const {
     return html + "</td></tr></table>";
 }
 
-void HelpWindow::MarkContents() {
+void HelpWindow::MarkContents(std::string_view id) {
     const QSignalBlocker quiet(contents_);
+    const int current = static_cast<int>(book_.Find(id).value_or(0));
     for (QTreeWidgetItemIterator at(contents_); *at != nullptr; ++at) {
         const QVariant page = (*at)->data(0, kPageRole);
-        if (page.isValid() && page.toInt() == static_cast<int>(history_[place_])) {
+        if (page.isValid() && page.toInt() == current) {
             contents_->setCurrentItem(*at);
             contents_->scrollToItem((*at)->parent());
             contents_->scrollToItem(*at);
@@ -229,7 +240,7 @@ void HelpWindow::MarkFoundWords() {
         while (!(at = page_->document()->find(ToQt(word), at)).isNull()) {
             QTextEdit::ExtraSelection mark;
             mark.cursor = at;
-            mark.format.setBackground(QColor::fromRgb(helplook::kFound));
+            mark.format.setBackground(ToQColor(colours::kHelpFound));
             marks.append(mark);
         }
     }

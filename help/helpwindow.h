@@ -7,7 +7,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 class QAction;
 class QLineEdit;
@@ -34,20 +33,17 @@ class HelpWindow final : public QMainWindow {
     void ListenTo();
 
     void Go(std::size_t page);
-    void Travel(int steps);
-    void Display();
-    void MarkContents();
+    void PageChanged(const QUrl& page);
+    void MarkContents(std::string_view id);
     void MarkFoundWords();
     void FollowLink(const QUrl& link);
     void Search(const QString& query);
     void OpenHit(const QListWidgetItem* item);
     void OpenContents(const QTreeWidgetItem* item);
     void Zoom(int steps);
-    std::string PageHtml(std::size_t page) const;
+    std::string PageHtml(std::string_view id) const;
 
     HelpBook book_;
-    std::vector<std::size_t> history_;
-    std::size_t place_ = 0;
     int zoom_ = 0;
 
     QAction* back_ = nullptr;

@@ -5,7 +5,7 @@
 #include "help/helplook.h"
 #include "help/helpwindow.h"
 #include "help/openhelp.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "widgets/svgicon.h"
 
 #include <QApplication>

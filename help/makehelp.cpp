@@ -37,8 +37,9 @@ HelpPage ReadPage(const fs::path& folder, const std::string& id, const std::stri
     const std::string html = WithVersion(Read(folder / (id + ".html")));
     constexpr std::string_view kTitle = "<h1>";
     const std::size_t end = html.find("</h1>");
-    if (!html.starts_with(kTitle) || end == std::string::npos)
+    if (!html.starts_with(kTitle) || end == std::string::npos) {
         Fail(id + " does not begin with its title");
+    }
     return {id, section, PlainHelpText(html.substr(kTitle.size(), end - kTitle.size())), html};
 }
 

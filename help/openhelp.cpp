@@ -2,7 +2,7 @@
 
 #include "base/error.h"
 #include "help/texts.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QFile>
 #include <QIODevice>

@@ -208,8 +208,8 @@ bool MainWindow::GiveUpDayPrice() {
 void MainWindow::RefreshFundSummary(const OpenHolding& stored, double newPrice) {
     controllers_->fundSummary.RefreshFundSummary(stored, newPrice);
 }
-void MainWindow::SetVerticalScale(std::int32_t bottom, std::int32_t top) {
-    controllers_->axes.SetVerticalScale(bottom, top);
+void MainWindow::SetVerticalScale(ScaleRange scale) {
+    controllers_->axes.SetVerticalScale(scale);
 }
 void MainWindow::ShowFundScale(ScaleRange stored) {
     controllers_->axes.ShowFundScale(stored);

@@ -40,7 +40,7 @@ class MainWindow final : public frmPPM {
     TakenPrice TakePrice(const PriceToTake& price) override;
     bool GiveUpDayPrice() override;
     void RefreshFundSummary(const OpenHolding& stored, double newPrice) override;
-    void SetVerticalScale(std::int32_t bottom, std::int32_t top) override;
+    void SetVerticalScale(ScaleRange scale) override;
     void ShowFundScale(ScaleRange stored) override;
     void AdvanceOneMonth() override;
     void ShowMonthsOfToday() override;

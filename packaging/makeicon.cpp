@@ -34,8 +34,9 @@ int main(int argc, char** argv) try {
         return 2;
     }
     if (Draw(QString::fromLocal8Bit(argv[1]), ParseInteger(argv[2]),
-             QString::fromLocal8Bit(argv[3])))
+             QString::fromLocal8Bit(argv[3]))) {
         return 0;
+    }
     std::fputs("makeicon: the picture cannot be drawn\n", stderr);
     return 1;
 } catch (const Error& error) {

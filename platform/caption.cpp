@@ -1,5 +1,7 @@
 #include "platform/caption.h"
 
+#include "platform/qttext.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QGroupBox>
@@ -10,98 +12,112 @@
 #include <QTextEdit>
 #include <QVariant>
 
-#include <type_traits>
-
 namespace {
+
+// Qt has no common name for the text of a control: two overloads for every kind that has its own.
 
 constexpr const char* kCaption = "caption";
 
-// Qt has no common name for the text of a control. Visits the control as the kind it is.
-template <typename Object, typename Visitor>
-void VisitControl(Object* control, Visitor&& visit) {
-    [&]<typename... Kind>(std::type_identity<Kind>...) {
-        const bool known = ([&] {
-            auto* one =
-                qobject_cast<std::conditional_t<std::is_const_v<Object>, const Kind, Kind>*>(
-                    control);
-            if (one != nullptr) visit(*one);
-            return one != nullptr;
-        }() || ...);
-        if (!known && control != nullptr) visit(*control);
-    }(std::type_identity<QLabel>{}, std::type_identity<QAbstractButton>{},
-      std::type_identity<QLineEdit>{}, std::type_identity<QPlainTextEdit>{},
-      std::type_identity<QTextEdit>{}, std::type_identity<QGroupBox>{}, std::type_identity<QMenu>{},
-      std::type_identity<QAction>{});
+QString Read(const QLabel& label) {
+    return label.text();
+}
+void Write(QLabel& label, const QString& text) {
+    label.setText(text);
 }
 
-struct Writer {
-    const QString& text;
-    template <typename Control>
-    void operator()(Control& control) const {
-        if constexpr (std::is_same_v<Control, QPlainTextEdit> ||
-                      std::is_same_v<Control, QTextEdit>) {
-            control.setPlainText(text);
-        } else if constexpr (std::is_same_v<Control, QGroupBox>) {
-            // A title may be a fund's name: its "&" is a sign and no mnemonic.
-            control.setTitle(QString(text).replace(QLatin1String("&"), QLatin1String("&&")));
-        } else if constexpr (std::is_same_v<Control, QMenu>) {
-            control.setTitle(text);
-        } else if constexpr (std::is_same_v<Control, QObject>) {
-            WriteOther(control);
-        } else {
-            control.setText(text);
-        }
-    }
-    void WriteOther(QObject& control) const {
-        auto* widget = qobject_cast<QWidget*>(&control);
-        const bool hasCaption = control.metaObject()->indexOfProperty(kCaption) >= 0;
-        if (widget == nullptr || hasCaption || !widget->isWindow()) {
-            control.setProperty(kCaption, text);
-            return;
-        }
-        widget->setWindowTitle(text);
-    }
-};
+QString Read(const QAbstractButton& button) {
+    return button.text();
+}
+void Write(QAbstractButton& button, const QString& text) {
+    button.setText(text);
+}
 
-QString ReadOther(const QObject& control) {
-    const auto* widget = qobject_cast<const QWidget*>(&control);
+QString Read(const QLineEdit& field) {
+    return field.text();
+}
+void Write(QLineEdit& field, const QString& text) {
+    field.setText(text);
+}
+
+QString Read(const QPlainTextEdit& box) {
+    return box.toPlainText();
+}
+void Write(QPlainTextEdit& box, const QString& text) {
+    box.setPlainText(text);
+}
+
+QString Read(const QTextEdit& box) {
+    return box.toPlainText();
+}
+void Write(QTextEdit& box, const QString& text) {
+    box.setPlainText(text);
+}
+
+// A frame's title may be a fund's name: its "&" is a sign and no mnemonic.
+QString Read(const QGroupBox& frame) {
+    return frame.title().replace(QLatin1String("&&"), QLatin1String("&"));
+}
+void Write(QGroupBox& frame, const QString& text) {
+    frame.setTitle(QString(text).replace(QLatin1String("&"), QLatin1String("&&")));
+}
+
+QString Read(const QMenu& menu) {
+    return menu.title();
+}
+void Write(QMenu& menu, const QString& text) {
+    menu.setTitle(text);
+}
+
+QString Read(const QAction& item) {
+    return item.text();
+}
+void Write(QAction& item, const QString& text) {
+    item.setText(text);
+}
+
+/// The window whose title is its caption; null for a control with a caption property.
+template <typename Object, typename Widget>
+Widget* Window(Object& control) {
+    auto* widget = qobject_cast<Widget*>(&control);
     const bool hasCaption = control.metaObject()->indexOfProperty(kCaption) >= 0;
-    if (widget == nullptr || hasCaption || !widget->isWindow())
-        return control.property(kCaption).toString();
-    return widget->windowTitle();
+    return widget != nullptr && !hasCaption && widget->isWindow() ? widget : nullptr;
+}
+
+QString Read(const QObject& control) {
+    const auto* window = Window<const QObject, const QWidget>(control);
+    return window != nullptr ? window->windowTitle() : control.property(kCaption).toString();
+}
+void Write(QObject& control, const QString& text) {
+    if (auto* window = Window<QObject, QWidget>(control)) {
+        window->setWindowTitle(text);
+    } else {
+        control.setProperty(kCaption, text);
+    }
+}
+
+/// Does `work` with the control as the first of the kinds that it is; false when it is none.
+template <typename... Kinds, typename Work>
+bool AsOneOf(auto* control, const Work& work) {
+    const auto tried = [&](auto* one) {
+        if (one != nullptr) work(*one);
+        return one != nullptr;
+    };
+    return (tried(qobject_cast<Kinds*>(control)) || ...);
 }
 
 }  // namespace
 
-QString ToQt(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-std::string FromQt(const QString& text) {
-    return text.toStdString();
-}
-
 void SetCaption(QObject* control, std::string_view text) {
-    const QString shown = ToQt(text);
-    VisitControl(control, Writer{shown});
+    const auto write = [shown = ToQt(text)](auto& one) { Write(one, shown); };
+    AsOneOf<QLabel, QAbstractButton, QLineEdit, QPlainTextEdit, QTextEdit, QGroupBox, QMenu,
+            QAction, QObject>(control, write);
 }
 
 std::string Caption(const QObject* control) {
     QString text;
-    VisitControl(control, [&](const auto& one) {
-        using Control = std::remove_cvref_t<decltype(one)>;
-        if constexpr (std::is_same_v<Control, QPlainTextEdit> ||
-                      std::is_same_v<Control, QTextEdit>) {
-            text = one.toPlainText();
-        } else if constexpr (std::is_same_v<Control, QGroupBox>) {
-            text = one.title().replace(QLatin1String("&&"), QLatin1String("&"));
-        } else if constexpr (std::is_same_v<Control, QMenu>) {
-            text = one.title();
-        } else if constexpr (std::is_same_v<Control, QObject>) {
-            text = ReadOther(one);
-        } else {
-            text = one.text();
-        }
-    });
+    const auto read = [&text](const auto& one) { text = Read(one); };
+    AsOneOf<const QLabel, const QAbstractButton, const QLineEdit, const QPlainTextEdit,
+            const QTextEdit, const QGroupBox, const QMenu, const QAction, const QObject>(control,
+                                                                                         read);
     return FromQt(text);
 }

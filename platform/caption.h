@@ -1,15 +1,10 @@
 #pragma once
-// The text of a control, whatever its kind. Speaks UTF-8 to the program and QString to Qt.
-
-#include <QString>
+// The text of a control, whatever its kind.
 
 #include <string>
 #include <string_view>
 
 class QObject;
-
-QString ToQt(std::string_view utf8);
-std::string FromQt(const QString& text);
 
 /// The text of a label, button, entry field, text box, group box, menu or menu item; the title of a
 /// window; of any other control its "caption" property. Null is allowed where a control may be

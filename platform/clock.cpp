@@ -1,6 +1,7 @@
 #include "platform/clock.h"
 
 #include <QDate>
+#include <QObject>
 #include <QTimer>
 
 #include <utility>
@@ -10,13 +11,11 @@ namespace {
 class RunningPause final : public Clock::Pause {
   public:
     RunningPause(std::chrono::milliseconds length, std::function<void()> tick) {
-        timer_.setSingleShot(true);
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, std::move(tick));
-        timer_.start(length);
+        QTimer::singleShot(length, &life_, std::move(tick));
     }
 
   private:
-    QTimer timer_;
+    QObject life_;  // without it the timer does not tick
 };
 
 }  // namespace

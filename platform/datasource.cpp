@@ -1,6 +1,7 @@
 #include "platform/datasource.h"
 
 #include "base/error.h"
+#include "platform/qttext.h"
 
 #include <QString>
 
@@ -52,8 +53,8 @@ void DataSource::Refresh() {
         emit Refreshed();
         return;
     }
-    // Rows that can no longer be vouched for are not left standing when the source cannot be
-    // opened.
+    // Rows that can no longer be vouched for are not left standing
+    // when the source cannot be opened.
     const std::shared_ptr<jet::RecordSet> former = std::exchange(state_->records, nullptr);
     try {
         if (!state_->database) {
@@ -203,7 +204,7 @@ bool DataSource::Guard(const std::function<void()>& work) {
         work();
         return true;
     } catch (const Error& error) {
-        emit Failed(static_cast<int>(error.Number()), QString::fromUtf8(error.what()));
+        emit Failed(static_cast<int>(error.Number()), ToQt(error.what()));
         return false;
     }
 }

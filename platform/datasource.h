@@ -16,8 +16,8 @@ class QString;
 
 /// `dtaBasData`, `dtaPlott`, `dtaSQL`. One current row for everybody: code that moves it moves the
 /// grid. Calls on a source without a record set throw ObjectNotSet (91); the engine's errors pass
-/// through. Work that a view starts (a grid, a bound field) has no caller that could catch: views
-/// use Guard.
+/// through. Work that a view starts (a grid, a bound field) has no caller
+/// that could catch: views use Guard.
 class DataSource : public QObject {
     Q_OBJECT
 
@@ -38,8 +38,8 @@ class DataSource : public QObject {
 
     /// Opens the record source anew; the first row becomes current. Rows are read only when
     /// somebody looks. A source that was given a record set requeries that one. When the record
-    /// source cannot be opened, the source is left detached, the views are told so, and the Error
-    /// passes on.
+    /// source cannot be opened, the source is left detached, the views are told so,
+    /// and the Error passes on.
     void Refresh();
     /// Lets go of record set and database, without closing the database for others; never throws.
     void Close() noexcept;

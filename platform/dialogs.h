@@ -2,7 +2,8 @@
 // Questions to the user: message boxes, and the choice of a file, a colour and a printer.
 // Knows no texts; who asks brings them.
 
-#include <cstdint>
+#include "base/colour.h"
+
 #include <optional>
 #include <string>
 
@@ -36,11 +37,6 @@ struct FileRequest {
     bool operator==(const FileRequest&) const = default;
 };
 
-struct Rgb {
-    std::uint8_t red = 0, green = 0, blue = 0;
-    bool operator==(const Rgb&) const = default;
-};
-
 class Dialogs {
   public:
     Dialogs() = default;
@@ -48,12 +44,12 @@ class Dialogs {
     Dialogs& operator=(const Dialogs&) = delete;
     virtual ~Dialogs() = default;
 
-    /// Closing the box without a button is the refusing answer: Cancel, No; Ok where there is only
-    /// that.
+    /// Closing the box without a button is the refusing answer: Cancel, No;
+    /// Ok where there is only that.
     virtual Answer Show(const Message& message) = 0;
     /// The chosen path, "" when the user cancelled.
     virtual std::string PickFile(const FileRequest& request) = 0;
-    virtual std::optional<Rgb> PickColour(Rgb shownFirst) = 0;
+    virtual std::optional<Colour> PickColour(Colour shownFirst) = 0;
     /// Sets `printer` up as the user wishes; false when the user cancelled.
     virtual bool PickPrinter(QPrinter& printer) = 0;
 };

@@ -1,7 +1,7 @@
 #include "platform/filetable.h"
 
 #include "base/number.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "platform/texts.h"
 
 #include <QDateTime>
@@ -25,16 +25,16 @@ QString InUnits(std::int64_t bytes, std::int64_t unit, std::string_view name) {
 
 QString SizeText(std::int64_t bytes) {
     constexpr std::int64_t kKilobyte = 1000, kMegabyte = 1000 * kKilobyte;
-    if (bytes >= kMegabyte) return InUnits(bytes, kMegabyte, texts::dialogs::kMegabytes);
-    if (bytes >= kKilobyte) return InUnits(bytes, kKilobyte, texts::dialogs::kKilobytes);
-    return ToQt(PlainText(bytes) + std::string(texts::dialogs::kBytes));
+    if (bytes >= kMegabyte) return InUnits(bytes, kMegabyte, texts::dialogs::Megabytes);
+    if (bytes >= kKilobyte) return InUnits(bytes, kKilobyte, texts::dialogs::Kilobytes);
+    return ToQt(PlainText(bytes) + std::string(texts::dialogs::Bytes));
 }
 
 QString KindText(const QFileInfo& file) {
-    if (file.isDir()) return ToQt(texts::dialogs::kFolder);
+    if (file.isDir()) return ToQt(texts::dialogs::Folder);
     const QString ending = file.suffix().toLower();
-    if (ending.isEmpty()) return ToQt(texts::dialogs::kFile);
-    return ending + ToQt(texts::dialogs::kFileOfKind);
+    if (ending.isEmpty()) return ToQt(texts::dialogs::File);
+    return ending + ToQt(texts::dialogs::FileOfKind);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include "platform/keystrokes.h"
 
 #include "base/error.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QApplication>
 #include <QEvent>

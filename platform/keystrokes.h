@@ -11,8 +11,8 @@ class KeyStrokes {
     virtual ~KeyStrokes() = default;
 
     /// "{RIGHT}", "{LEFT}", "{UP}", "{DOWN}", "{TAB}", "{ENTER}", "{ESC}", or characters. Returns
-    /// when the control has processed them. Throws Error InvalidProcedureCall for a name it does
-    /// not know.
+    /// when the control has processed them. Throws Error InvalidProcedureCall
+    /// for a name it does not know.
     virtual void Send(std::string_view keys) = 0;
 };
 

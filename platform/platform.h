@@ -19,7 +19,7 @@ struct Platform {
     Programs& programs;
     Screen& screen;
     KeyStrokes& keyStrokes;
-    /// Where template, sample files, help, log and notes lie; UTF-8, with or without a separator at
-    /// its end.
+    /// Where template, sample files, help, log and notes lie;
+    /// UTF-8, with or without a separator at its end.
     std::string programFolder;
 };

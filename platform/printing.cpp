@@ -1,8 +1,8 @@
 #include "platform/printing.h"
 
 #include "base/error.h"
-#include "platform/caption.h"
 #include "platform/dialogs.h"
+#include "platform/qttext.h"
 
 #include <QFontMetricsF>
 #include <QPageSize>

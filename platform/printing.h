@@ -57,8 +57,8 @@ class Printing {
     Printing& operator=(const Printing&) = delete;
     virtual ~Printing() = default;
 
-    /// Asks for the printer and begins an A4 page; null when the user cancelled. Throws Error
-    /// PrinterError.
+    /// Asks for the printer and begins an A4 page; null when the user cancelled.
+    /// Throws Error PrinterError.
     virtual std::unique_ptr<PrinterPage> Begin(std::string_view documentName) = 0;
 };
 

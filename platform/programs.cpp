@@ -1,7 +1,7 @@
 #include "platform/programs.h"
 
 #include "base/error.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -138,8 +138,9 @@ std::optional<Command> Resolve(const QString& name, const QStringList& words,
 
 void DesktopPrograms::Start(std::string_view commandLine) {
     QStringList words = ToQt(commandLine).split(u' ', Qt::SkipEmptyParts);
-    if (words.isEmpty())
+    if (words.isEmpty()) {
         throw Error{ErrorNumber::FileNotFound, "the command line names no program"};
+    }
     const QString name = words.takeFirst();
     const std::optional<Command> command = Resolve(name, words, ToQt(viewerFolder_));
     if (!command || !QProcess::startDetached(command->program, command->arguments)) {

@@ -1,9 +1,9 @@
 #include "platform/qtdialogs.h"
 
 #include "base/text.h"
-#include "platform/caption.h"
 #include "platform/commondialog.h"
 #include "platform/filetable.h"
+#include "platform/qttext.h"
 #include "platform/texts.h"
 
 #include <QApplication>
@@ -35,10 +35,10 @@ struct Choice {
     QMessageBox::ButtonRole role;
 };
 
-constexpr Choice kOkChoice{Answer::Ok, texts::dialogs::kOk, QMessageBox::AcceptRole};
-constexpr Choice kCancelChoice{Answer::Cancel, texts::dialogs::kCancel, QMessageBox::RejectRole};
-constexpr Choice kYesChoice{Answer::Yes, texts::dialogs::kYes, QMessageBox::YesRole};
-constexpr Choice kNoChoice{Answer::No, texts::dialogs::kNo, QMessageBox::NoRole};
+constexpr Choice kOkChoice{Answer::Ok, texts::dialogs::Ok, QMessageBox::AcceptRole};
+constexpr Choice kCancelChoice{Answer::Cancel, texts::dialogs::Cancel, QMessageBox::RejectRole};
+constexpr Choice kYesChoice{Answer::Yes, texts::dialogs::Yes, QMessageBox::YesRole};
+constexpr Choice kNoChoice{Answer::No, texts::dialogs::No, QMessageBox::NoRole};
 
 std::vector<Choice> Choices(Buttons buttons) {
     switch (buttons) {
@@ -88,12 +88,12 @@ QString QtFilter(const std::string& filter) {
 void WidenColumns(QFileDialog& dialog) {
     auto* files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
     if (files == nullptr) return;
-    constexpr std::array kLetters = {28, 13, 16, 24};  // name, size, kind and day of a file
-    constexpr int kRoomBesideLetters = 48;
-    const int letter = files->fontMetrics().averageCharWidth();
-    int width = kRoomBesideLetters * letter;
-    for (int column = 0; column < static_cast<int>(kLetters.size()); ++column) {
-        const int room = kLetters[static_cast<std::size_t>(column)] * letter;
+    constexpr std::array kCharacters = {28, 13, 16, 24};  // name, size, kind and day of a file
+    constexpr int kRoomBesideColumns = 48;
+    const int character = files->fontMetrics().averageCharWidth();
+    int width = kRoomBesideColumns * character;
+    for (int column = 0; column < static_cast<int>(kCharacters.size()); ++column) {
+        const int room = kCharacters[static_cast<std::size_t>(column)] * character;
         files->setColumnWidth(column, room);
         width += room;
     }
@@ -104,7 +104,7 @@ void WidenColumns(QFileDialog& dialog) {
 
 Answer QtDialogs::Show(const Message& message) {
     QMessageBox box(Parent());
-    box.setWindowTitle(ToQt(texts::dialogs::kDefaultTitle));
+    box.setWindowTitle(ToQt(texts::dialogs::DefaultTitle));
     box.setTextFormat(Qt::PlainText);
     // A label draws a carriage return as a character of its own.
     box.setText(ToQt(message.text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
@@ -146,7 +146,7 @@ std::string QtDialogs::PickFile(const FileRequest& request) {
         if (!saving) {
             std::string found = ExistingFile(picked, request.defaultExtension);
             if (!request.mustExist || QFileInfo::exists(ToQt(found))) return found;
-            Show({.text = found + std::string(texts::dialogs::kNoFile), .icon = Icon::Exclamation});
+            Show({.text = found + std::string(texts::dialogs::NoFile), .icon = Icon::Exclamation});
             continue;
         }
         std::string path = WithExtension(picked, request.defaultExtension);
@@ -159,19 +159,20 @@ std::string QtDialogs::PickFile(const FileRequest& request) {
 bool QtDialogs::MayReplace(const std::string& path) {
     const QFileInfo file(ToQt(path));
     if (!file.exists()) return true;
-    return Show({.text = FromQt(file.fileName()) + std::string(texts::dialogs::kReplace),
+    return Show({.text = FromQt(file.fileName()) + std::string(texts::dialogs::Replace),
                  .buttons = Buttons::YesNo,
                  .icon = Icon::Exclamation,
                  .defaultButton = DefaultButton::Second}) == Answer::Yes;
 }
 
-std::optional<Rgb> QtDialogs::PickColour(Rgb shownFirst) {
+std::optional<Colour> QtDialogs::PickColour(Colour shownFirst) {
     QColorDialog dialog(QColor(shownFirst.red, shownFirst.green, shownFirst.blue), Parent());
-    dialog.setWindowTitle(ToQt(texts::dialogs::kDefaultTitle));
+    dialog.setWindowTitle(ToQt(texts::dialogs::DefaultTitle));
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     const QColor picked = dialog.selectedColor();
-    return Rgb{static_cast<std::uint8_t>(picked.red()), static_cast<std::uint8_t>(picked.green()),
-               static_cast<std::uint8_t>(picked.blue())};
+    return Colour{static_cast<std::uint8_t>(picked.red()),
+                  static_cast<std::uint8_t>(picked.green()),
+                  static_cast<std::uint8_t>(picked.blue())};
 }
 
 bool QtDialogs::PickPrinter(QPrinter& printer) {

@@ -12,7 +12,7 @@ class QtDialogs final : public Dialogs {
   public:
     Answer Show(const Message& message) override;
     std::string PickFile(const FileRequest& request) override;
-    std::optional<Rgb> PickColour(Rgb shownFirst) override;
+    std::optional<Colour> PickColour(Colour shownFirst) override;
     bool PickPrinter(QPrinter& printer) override;
 
   private:

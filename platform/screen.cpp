@@ -10,8 +10,8 @@ QRect DesktopScreen::Area() const {
 }
 
 QSize DesktopScreen::RoomForWindow() const {
-    // The desktop puts a title bar over the window; how high is known only once the window is
-    // shown.
+    // The desktop puts a title bar over the window;
+    // how high is known only once the window is shown.
     const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
     return QGuiApplication::primaryScreen()->availableSize() - QSize(0, titleBar);
 }

@@ -1,6 +1,7 @@
 #include "platform/settings.h"
 
 #include "base/error.h"
+#include "platform/qttext.h"
 
 #include <QMetaType>
 #include <QSettings>
@@ -8,10 +9,6 @@
 #include <QVariant>
 
 namespace {
-
-QString ToQt(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 QString Address(std::string_view section, std::string_view key) {
     return ToQt(section) + QLatin1Char('/') + ToQt(key);
@@ -23,13 +20,13 @@ std::string UserSettings::Get(std::string_view application, std::string_view sec
                               std::string_view key) const {
     const QSettings store(QSettings::IniFormat, QSettings::UserScope, ToQt(application),
                           ToQt(application));
-    // A line edited by hand may hold commas without quotes, which reads as a list: it is one text
-    // here.
+    // A line edited by hand may hold commas without quotes,
+    // which reads as a list: it is one text here.
     const QVariant value = store.value(Address(section, key));
     if (value.typeId() == QMetaType::QStringList) {
-        return value.toStringList().join(QStringLiteral(", ")).toStdString();
+        return FromQt(value.toStringList().join(QStringLiteral(", ")));
     }
-    return value.toString().toStdString();
+    return FromQt(value.toString());
 }
 
 void UserSettings::Save(std::string_view application, std::string_view section,
@@ -40,6 +37,6 @@ void UserSettings::Save(std::string_view application, std::string_view section,
     store.sync();
     if (store.status() != QSettings::NoError) {
         throw Error{ErrorNumber::PermissionDenied,
-                    "the settings cannot be written: " + store.fileName().toStdString()};
+                    "the settings cannot be written: " + FromQt(store.fileName())};
     }
 }

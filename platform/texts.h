@@ -6,29 +6,29 @@
 
 namespace texts::dialogs {
 
-inline constexpr std::string_view kDefaultTitle = "Kvarnbo";
-inline constexpr std::string_view kOk = "OK";
-inline constexpr std::string_view kCancel = "Avbryt";
-inline constexpr std::string_view kYes = "&Ja";
-inline constexpr std::string_view kNo = "&Nej";
+inline constexpr std::string_view DefaultTitle = "Kvarnbo";
+inline constexpr std::string_view Ok = "OK";
+inline constexpr std::string_view Cancel = "Avbryt";
+inline constexpr std::string_view Yes = "&Ja";
+inline constexpr std::string_view No = "&Nej";
 /// After a file's name.
-inline constexpr std::string_view kReplace = " finns redan.\r\nVill du ersätta den?";
+inline constexpr std::string_view Replace = " finns redan.\r\nVill du ersätta den?";
 
 /// What the table of files says of them.
-inline constexpr std::string_view kBytes = " byte";
-inline constexpr std::string_view kKilobytes = " kB";
-inline constexpr std::string_view kMegabytes = " MB";
-inline constexpr std::string_view kFolder = "Mapp";
-inline constexpr std::string_view kFile = "Fil";
-inline constexpr std::string_view kFileOfKind = "-fil";
+inline constexpr std::string_view Bytes = " byte";
+inline constexpr std::string_view Kilobytes = " kB";
+inline constexpr std::string_view Megabytes = " MB";
+inline constexpr std::string_view Folder = "Mapp";
+inline constexpr std::string_view File = "Fil";
+inline constexpr std::string_view FileOfKind = "-fil";
 /// After a path that leads nowhere.
-inline constexpr std::string_view kNoFile = "\r\nFilen finns inte.\r\nKontrollera filnamnet.";
+inline constexpr std::string_view NoFile = "\r\nFilen finns inte.\r\nKontrollera filnamnet.";
 
 struct Translation {
     std::string_view english, swedish;
 };
 
-inline constexpr auto kToolkit = std::to_array<Translation>({
+inline constexpr auto Toolkit = std::to_array<Translation>({
     // Buttons
     {"OK", "OK"},
     {"&OK", "&OK"},

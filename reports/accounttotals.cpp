@@ -4,10 +4,10 @@
 #include "app/rules/modes.h"
 #include "base/error.h"
 #include "fundfile/queries.h"
-#include "fundfile/schema.h"
 #include "jet/database.h"
-#include "platform/caption.h"
 #include "platform/datasource.h"
+#include "platform/qttext.h"
+#include "reports/accounts.h"
 
 #include <QAction>
 #include <QEvent>
@@ -28,20 +28,6 @@ AccountTotals::AccountTotals(frmPPM& ppm) : Controller(ppm) {
     });
 }
 
-std::vector<std::string> AccountTotals::AccountNames() {
-    DataSource& holdings = *window.dtaBasData;
-    std::vector<std::string> names;
-    if (holdings.IsAttached() && !holdings.Empty()) {
-        jet::RecordSet& rows = holdings.Records();
-        const std::int32_t count = rows.RecordCount();
-        for (std::int32_t row = 0; row < count; ++row) {
-            names.push_back(rows.At(row, schema::holding::kNamn).Text());
-        }
-        holdings.MoveFirst();
-    }
-    return DistinctAccounts(names);
-}
-
 void AccountTotals::mnuTotal_Click() {
     if (!window.LeaveHoldingsGrid()) return;
     FillAccountList();
@@ -54,7 +40,9 @@ void AccountTotals::FillAccountList() {
     // No account is chosen by filling the list.
     const QSignalBlocker quiet(window.lstTotal);
     window.lstTotal->clear();
-    for (const std::string& name : AccountNames()) window.lstTotal->addItem(ToQt(name));
+    for (const std::string& name : AccountNames(*window.dtaBasData)) {
+        window.lstTotal->addItem(ToQt(name));
+    }
 }
 
 void AccountTotals::RefreshTotals() {
@@ -78,6 +66,7 @@ std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName) {
                   [](DataSource& row, std::size_t position) { return row.Field(position).Text(); });
 }
 
+/// `dtaSQL` has its rows only while they are read.
 std::vector<TotalsRow> AccountTotals::RowsOf(std::string_view accountName, const ReadColumn& read) {
     if (!window.FundDb) throw Error{kObjectNotSet, "totals without an open fund file"};
     DataSource& query = *window.dtaSQL;

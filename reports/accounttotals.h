@@ -1,6 +1,6 @@
 #pragma once
-// The totals of one account: the panel with the account list, and the line that the printed report
-// wants.
+// The totals of one account: the panel with the account list,
+// and the line that the printed report wants.
 
 #include "app/controller.h"
 #include "reports/rules/totals.h"
@@ -15,7 +15,7 @@ class DataSource;
 
 class AccountTotals : Controller {
   public:
-    explicit AccountTotals(frmPPM& window);
+    explicit AccountTotals(frmPPM& ppm);
 
     void FillAccountList();
     /// The rows have changed: the list and the sums of the chosen account are made anew.
@@ -27,7 +27,6 @@ class AccountTotals : Controller {
     void mnuTotal_Click();
     void lstTotal_Click();
     void lblTotal_Click();
-    std::vector<std::string> AccountNames();
     /// How a column's text is taken from the current row.
     using ReadColumn = std::function<std::string(DataSource& row, std::size_t position)>;
     std::vector<TotalsRow> RowsOf(std::string_view accountName, const ReadColumn& read);

@@ -11,10 +11,11 @@
 #include "fundfile/records.h"
 #include "fundfile/rules/holding.h"
 #include "jet/database.h"
-#include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/platform.h"
 #include "platform/printing.h"
+#include "platform/qttext.h"
+#include "reports/accounts.h"
 #include "reports/rules/totals.h"
 #include "reports/texts.h"
 #include "widgets/diagramview.h"
@@ -22,7 +23,6 @@
 
 #include <QAction>
 #include <QImage>
-#include <QListWidget>
 #include <QRectF>
 
 #include <algorithm>
@@ -123,6 +123,7 @@ void PrintedReport::PrintReport() {
     page->EndDocument();
 }
 
+/// What the page says beside curves and totals: the window's own labels, and all holdings.
 ::Report PrintedReport::Contents() {
     ::Report report;
     report.title = Title();
@@ -140,9 +141,7 @@ void PrintedReport::PrintReport() {
 
 std::optional<std::vector<std::string>> PrintedReport::Totals() {
     std::vector<std::string> totals;
-    totals.reserve(static_cast<std::size_t>(window.lstTotal->count()));
-    for (int i = 0; i < window.lstTotal->count(); ++i) {
-        const std::string account = FromQt(window.lstTotal->item(i)->text());
+    for (const std::string& account : AccountNames(*window.dtaBasData)) {
         try {
             totals.push_back(TotalsOf(account));
         } catch (const Error& error) {
@@ -165,6 +164,7 @@ std::string PrintedReport::TotalsOf(const std::string& account) {
     return window.BuildAccountTotals(account);
 }
 
+/// Names the account in the log: one that cannot be read is found by it.
 void PrintedReport::ReportAccount(const std::string& account, const Error& error) {
     Tell(texts::PrintFailed);
     Skipping skip;

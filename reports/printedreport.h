@@ -12,7 +12,7 @@
 
 class PrintedReport : Controller {
   public:
-    explicit PrintedReport(frmPPM& window);
+    explicit PrintedReport(frmPPM& ppm);
 
   private:
     void mnuPrint_Click();

@@ -1,5 +1,7 @@
 #include "samples/gridpicture.h"
 
+#include "base/colour.h"
+
 #include <array>
 #include <cstddef>
 #include <utility>
@@ -13,11 +15,8 @@ constexpr std::uint32_t kThin = 2, kThick = 4;
 
 enum PaletteIndex : std::uint8_t { kPaper = 0, kLine, kMonthLine, kZeroLine, kColourCount };
 
-struct Rgb {
-    std::uint8_t red, green, blue;
-};
-constexpr std::array<Rgb, kColourCount> kPalette = {Rgb{255, 255, 255}, Rgb{205, 205, 200},
-                                                    Rgb{222, 222, 218}, Rgb{120, 120, 115}};
+constexpr std::array<Colour, kColourCount> kPalette = {
+    Colour{255, 255, 255}, Colour{205, 205, 200}, Colour{222, 222, 218}, Colour{120, 120, 115}};
 
 using Rows = std::vector<std::vector<std::uint8_t>>;
 
@@ -25,9 +24,9 @@ struct Box {
     std::uint32_t left, top, width, height;
 };
 
-void Fill(Rows& rows, const Box& box, PaletteIndex ink) {
+void Fill(Rows& rows, const Box& box, PaletteIndex colour) {
     for (std::uint32_t y = box.top; y < box.top + box.height; ++y) {
-        for (std::uint32_t x = box.left; x < box.left + box.width; ++x) rows[y][x] = ink;
+        for (std::uint32_t x = box.left; x < box.left + box.width; ++x) rows[y][x] = colour;
     }
 }
 
@@ -87,10 +86,10 @@ void PutHeaders(Bytes& bytes) {
 
 void PutPalette(Bytes& bytes) {
     for (std::uint32_t colour = 0; colour < kPaletteSize; ++colour) {
-        const Rgb ink = kPalette[colour < kPalette.size() ? colour : 0];  // 0 is the paper
-        bytes.Put8(ink.blue);
-        bytes.Put8(ink.green);
-        bytes.Put8(ink.red);
+        const Colour dot = kPalette[colour < kPalette.size() ? colour : 0];  // 0 is the paper
+        bytes.Put8(dot.blue);
+        bytes.Put8(dot.green);
+        bytes.Put8(dot.red);
         bytes.Put8(0);
     }
 }

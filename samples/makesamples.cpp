@@ -30,7 +30,7 @@ QString ToQt(const fs::path& path) {
 }
 
 void WriteAll(const fs::path& path, const QByteArray& bytes) {
-    QSaveFile file(ToQt(path));
+    QSaveFile file(ToQt(path.string()));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
         throw Error{ErrorNumber::DeviceIo, path.string() + " cannot be written"};
     }

@@ -3,7 +3,7 @@
 #include "app/frmPPM.h"
 #include "base/version.h"
 #include "jet/database.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "tools/texts.h"
 
 #include <QAction>

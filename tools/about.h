@@ -7,7 +7,7 @@
 
 class About : Controller {
   public:
-    explicit About(frmPPM& window);
+    explicit About(frmPPM& ppm);
 
   private:
     void mnuOm_Click();

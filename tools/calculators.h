@@ -5,7 +5,7 @@
 
 class Calculators : Controller {
   public:
-    explicit Calculators(frmPPM& window);
+    explicit Calculators(frmPPM& ppm);
 
   private:
     void cmdPrc_Click();

@@ -7,7 +7,7 @@
 
 class OutsidePrograms : Controller {
   public:
-    explicit OutsidePrograms(frmPPM& window);
+    explicit OutsidePrograms(frmPPM& ppm);
 
     /// The help at the page about what the window shows.
     void ShowHelpPage();

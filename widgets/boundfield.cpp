@@ -1,8 +1,8 @@
 #include "widgets/boundfield.h"
 
 #include "base/error.h"
-#include "platform/caption.h"
 #include "platform/datasource.h"
+#include "platform/qttext.h"
 #include "widgets/recordsetmodel.h"
 
 #include <QKeyEvent>

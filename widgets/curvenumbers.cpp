@@ -1,5 +1,8 @@
 #include "widgets/curvenumbers.h"
 
+#include "platform/qttext.h"
+#include "widgets/colours.h"
+
 #include <QColor>
 #include <QFont>
 #include <QFontMetricsF>
@@ -35,7 +38,7 @@ bool ShowsNumber(const Drawing& drawing, const StrokeSurface& surface) {
 }
 
 /// A colour that can be read on the ground: the curve's, or its edge's.
-QColor Ink(const Drawing& drawing) {
+QColor PenColour(const Drawing& drawing) {
     return ToQColor(EdgeColour(drawing.colour).value_or(drawing.colour));
 }
 
@@ -79,8 +82,7 @@ class Numbers {
 
   private:
     NumberSize SizeOf(const Drawing& drawing) const {
-        return {metrics_.horizontalAdvance(QString::fromStdString(drawing.label)),
-                metrics_.ascent()};
+        return {metrics_.horizontalAdvance(ToQt(drawing.label)), metrics_.ascent()};
     }
     void AddTo(CurveExtent& extent, const std::vector<QPolygonF>& pieces,
                const Drawing& drawing) const {
@@ -102,14 +104,14 @@ class Numbers {
 
 void DrawLeader(QPainter& painter, const Drawing& drawing, const Leader& leader,
                 const StrokeSurface& surface) {
-    painter.setPen(QPen(Ink(drawing), kLeaderWidth * surface.haloWidth));
+    painter.setPen(QPen(PenColour(drawing), kLeaderWidth * surface.haloWidth));
     painter.drawLine(QPointF(leader.from.x, leader.from.y), QPointF(leader.to.x, leader.to.y));
 }
 
 QPainterPath Outline(const QPainter& painter, const Drawing& drawing, const LabelBox& place) {
     QPainterPath outline;
     outline.addText(QPointF(place.left, place.Bottom()), QFont(painter.font(), painter.device()),
-                    QString::fromStdString(drawing.label));
+                    ToQt(drawing.label));
     return outline;
 }
 
@@ -131,7 +133,7 @@ DrawnCurves DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
         const Drawing& drawing = drawings[number.curve];
         const QPainterPath outline = Outline(painter, drawing, number.box);
         DrawHalo(painter, outline, surface);
-        painter.fillPath(outline, Ink(drawing));
+        painter.fillPath(outline, PenColour(drawing));
     }
     for (const NumberPlace& number : ends) {
         if (number.leader) DrawLeader(painter, drawings[number.curve], *number.leader, surface);
@@ -145,6 +147,6 @@ DrawnCurves DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
 void DrawNumber(QPainter& painter, const Drawing& drawing, const LabelBox& place,
                 const StrokeSurface& surface) {
     DrawHalo(painter, Outline(painter, drawing, place), surface);
-    painter.setPen(Ink(drawing));
-    painter.drawText(QPointF(place.left, place.Bottom()), QString::fromStdString(drawing.label));
+    painter.setPen(PenColour(drawing));
+    painter.drawText(QPointF(place.left, place.Bottom()), ToQt(drawing.label));
 }

@@ -1,8 +1,8 @@
 #include "widgets/datagrid.h"
 
-#include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/keystrokes.h"
+#include "platform/qttext.h"
 #include "widgets/gridcells.h"
 #include "widgets/gridcursor.h"
 #include "widgets/griddeletion.h"
@@ -259,8 +259,9 @@ void DataGrid::LeaveCellByEnter() {
         return;
     }
     const std::string& keys = columns[static_cast<std::size_t>(column)].enterKeys;
-    if (keys.empty())
+    if (keys.empty()) {
         return SetCurrentColumn(std::min(column + 1, parts_->model.columnCount() - 1));
+    }
     if (parts_->keyStrokes != nullptr) parts_->keyStrokes->Send(keys);
 }
 
@@ -283,7 +284,7 @@ bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
     return QFrame::eventFilter(watched, event);
 }
 
-/// What lies below the last whole row looks like the table's empty ground.
+/// What lies below the last whole row looks like the table's empty background.
 void DataGrid::paintEvent(QPaintEvent* event) {
     const QRect table = parts_->table->geometry();
     const QRect below(table.left(), table.bottom() + 1, table.width(), height());

@@ -52,8 +52,8 @@ class DataGrid : public QFrame {
 
     bool RowTyped() const;       ///< something is typed that is not stored
     bool RowIsComplete() const;  ///< false when storing it would be refused
-    /// The row being typed or, where nothing is typed, the current row: what it would hold when
-    /// stored.
+    /// The row being typed or, where nothing is typed, the current row:
+    /// what it would hold when stored.
     std::string TypedText(const std::string& field) const;
     void TypeText(const std::string& field, std::string text);
     bool StoreRow();  ///< true when nothing is left to store; else the grid has the focus

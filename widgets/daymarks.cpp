@@ -1,6 +1,7 @@
 #include "widgets/daymarks.h"
 
-#include <QColor>
+#include "widgets/colours.h"
+
 #include <QPainter>
 #include <QRectF>
 
@@ -9,7 +10,6 @@
 
 namespace {
 
-constexpr QColor kMark(176, 74, 0);
 constexpr double kLeastWidth = 2;  // pixels
 
 }  // namespace
@@ -32,6 +32,6 @@ void DayMarks::paintEvent(QPaintEvent* /*event*/) {
     const double mark = std::max(kLeastWidth, day);
     for (const std::int32_t at : days_) {
         const double middle = at * day;
-        painter.fillRect(QRectF(middle - mark / 2, 0, mark, height()), kMark);
+        painter.fillRect(QRectF(middle - mark / 2, 0, mark, height()), ToQColor(colours::kDayMark));
     }
 }

@@ -1,6 +1,7 @@
 // The part of the diagram's view that follows the pointer: what it says of it, and the curve that
 // stands out.
 
+#include "widgets/colours.h"
 #include "widgets/curvenumbers.h"
 #include "widgets/diagramview.h"
 #include "widgets/rules/callout.h"
@@ -96,7 +97,7 @@ void DiagramView::PaintNote(QPainter& painter, QPointF at) const {
         CalloutPlace({at.x(), at.y()}, wide + 2 * kNoteEdge, high + 2 * kNoteEdge,
                      {1, 1, width() - 2.0, height() - 2.0}, kNoteGap);
     const QRectF box(place.left, place.top, place.width, place.height);
-    painter.setPen(QPen(ToQColor({83, 102, 115}), 1));
+    painter.setPen(QPen(ToQColor(colours::kQuietText), 1));
     painter.setBrush(palette().color(QPalette::ToolTipBase));
     painter.drawRoundedRect(box, 3, 3);
     painter.setPen(palette().color(QPalette::ToolTipText));

@@ -2,6 +2,8 @@
 
 #include "base/error.h"
 #include "base/number.h"
+#include "platform/qttext.h"
+#include "widgets/colours.h"
 
 #include <QColor>
 #include <QEvent>
@@ -26,12 +28,6 @@ constexpr int kValueSteps = 5;  // the scale's six labels, bottom to top
 constexpr int kZeroStep = 2;    // as 3 : -2 puts it
 constexpr int kMonths = 12;
 
-constexpr Colour kGridInk{226, 229, 224};
-constexpr Colour kZeroInk{146, 154, 148};
-constexpr Colour kFrameInk{168, 176, 170};
-constexpr Colour kCrossHairInk{0, 128, 0};
-constexpr Colour kDayInk{143, 178, 200};
-constexpr Colour kDayWordInk{83, 102, 115};
 constexpr int kDayWordGap = 3;
 
 /// Few curves are drawn stronger; many stay apart better when they are fine.
@@ -76,7 +72,7 @@ void DiagramView::AddGrid() {
         auto* line = new GridLine(this, kind, fractions);
         grid_.push_back(line);
         const auto number = static_cast<std::int32_t>(grid_.size());
-        line->setObjectName(QStringLiteral("Line") + QString::fromStdString(PlainText(number)));
+        line->setObjectName(QStringLiteral("Line") + ToQt(PlainText(number)));
     };
     const auto across = [](int step) {
         const double y = 1 - static_cast<double>(step) / kValueSteps;
@@ -127,9 +123,9 @@ void DiagramView::Add(Drawing drawing) {
     Outdated();
 }
 
-void DiagramView::SetQuietLine(const QString& text) {
-    if (quietLine_ == text) return;
-    quietLine_ = text;
+void DiagramView::SetPlaceholder(const QString& text) {
+    if (placeholder_ == text) return;
+    placeholder_ = text;
     Outdated();
 }
 
@@ -208,13 +204,13 @@ void DiagramView::PaintPicture() {
     if (markedDay_) PaintMarkedDay(painter);
     painter.setRenderHint(QPainter::Antialiasing);
     drawn_ = DrawCurves(painter, drawings_, Surface());
-    if (drawings_.empty() && !quietLine_.isEmpty()) PaintQuietLine(painter);
+    if (drawings_.empty() && !placeholder_.isEmpty()) PaintPlaceholder(painter);
 }
 
-void DiagramView::PaintQuietLine(QPainter& painter) const {
+void DiagramView::PaintPlaceholder(QPainter& painter) const {
     painter.setPen(palette().color(QPalette::PlaceholderText));
     const QRect upperHalf(0, 0, width(), height() / 2);
-    painter.drawText(upperHalf, Qt::AlignCenter | Qt::TextWordWrap, quietLine_);
+    painter.drawText(upperHalf, Qt::AlignCenter | Qt::TextWordWrap, placeholder_);
 }
 
 /// The middle of the screen's own pixel that a place lies in: a line of one such pixel there is
@@ -227,23 +223,23 @@ double DiagramView::OnDevicePixel(double place) const {
 void DiagramView::PaintGrid(QPainter& painter) const {
     for (const GridLine* line : grid_) {
         const bool zero = line->LineKind() == GridLine::Kind::Zero;
-        painter.setPen(QPen(ToQColor(zero ? kZeroInk : kGridInk), 0));
+        painter.setPen(QPen(ToQColor(zero ? colours::kZeroPen : colours::kGridPen), 0));
         painter.drawLine(QPointF(OnDevicePixel(line->X1()), OnDevicePixel(line->Y1())),
                          QPointF(OnDevicePixel(line->X2()), OnDevicePixel(line->Y2())));
     }
-    painter.setPen(QPen(ToQColor(kFrameInk), 1));
+    painter.setPen(QPen(ToQColor(colours::kFramePen), 1));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 /// The word stands at the top, right of the line or, where there is no room for it, left.
 void DiagramView::PaintMarkedDay(QPainter& painter) const {
     const double x = OnDevicePixel(ToPixels({static_cast<double>(*markedDay_), 0}).x());
-    painter.setPen(QPen(ToQColor(kDayInk), 0));
+    painter.setPen(QPen(ToQColor(colours::kDayPen), 0));
     painter.drawLine(QPointF(x, 1), QPointF(x, height() - 2));
     const QFontMetrics metrics(painter.font(), painter.device());
     const int wide = metrics.horizontalAdvance(dayWord_);
     const bool right = x + 2 * kDayWordGap + wide <= width();
-    painter.setPen(ToQColor(kDayWordInk));
+    painter.setPen(ToQColor(colours::kQuietText));
     painter.drawText(
         QPointF(right ? x + kDayWordGap : x - kDayWordGap - wide, metrics.ascent() + kDayWordGap),
         dayWord_);
@@ -252,7 +248,7 @@ void DiagramView::PaintMarkedDay(QPainter& painter) const {
 void DiagramView::PaintCrossHair(QPainter& painter) const {
     const QPointF at = ToPixels(*crossHair_);
     const double x = std::floor(at.x()), y = std::floor(at.y());
-    painter.setPen(QPen(ToQColor(kCrossHairInk), 1, Qt::DotLine));
+    painter.setPen(QPen(ToQColor(colours::kCrossHairPen), 1, Qt::DotLine));
     painter.drawLine(QLineF(x, 0, x, height()));
     painter.drawLine(QLineF(0, y, width(), y));
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The diagram's drawing surface: a grid, curves and a cross-hair in user coordinates.
-// Knows nothing of funds, files or other controls; says where the mouse is pressed, moved and
-// released.
+// Knows nothing of funds, files or other controls;
+// says where the mouse is pressed, moved and released.
 
 #include "fundfile/rules/scale.h"
 #include "widgets/rules/stroke.h"
@@ -28,8 +28,8 @@ class QMouseEvent;
 class QPaintEvent;
 class QPainter;
 
-/// One line of the fixed grid, as fractions of the picture; x1 ... y2 in pixels follow the
-/// picture's size.
+/// One line of the fixed grid, as fractions of the picture; x1 to y2 in pixels follow the picture's
+/// size, whatever it is.
 class GridLine final : public QObject {
     Q_OBJECT
     Q_PROPERTY(double x1 READ X1)
@@ -84,8 +84,8 @@ class DiagramView final : public QWidget {
     void Add(Drawing drawing);
     const std::vector<Drawing>& Drawings() const { return drawings_; }
     /// Said in the middle of the picture while it has no curve.
-    void SetQuietLine(const QString& text);
-    QString QuietLine() const { return quietLine_; }
+    void SetPlaceholder(const QString& text);
+    QString Placeholder() const { return placeholder_; }
     /// A thin line through the day with a word at it; no day takes it away.
     void MarkDay(std::optional<std::int32_t> day, const QString& word);
     std::optional<std::int32_t> MarkedDay() const { return markedDay_; }
@@ -98,8 +98,8 @@ class DiagramView final : public QWidget {
     /// Where the number at the end of a curve stands; empty where it has none.
     QRectF NumberPlaceOf(std::int32_t kontoId) const;
 
-    /// `Line1` ... `Line20`: six values, thirteen month borders, the zero line. They never move or
-    /// hide.
+    /// `Line1` ... `Line20`: six values, thirteen month borders, the zero line.
+    /// They never move or hide.
     const std::vector<GridLine*>& GridLines() const { return grid_; }
 
     void ShowCrossHair(Point at);
@@ -135,7 +135,7 @@ class DiagramView final : public QWidget {
     void PaintMarkedDay(QPainter& painter) const;
     double OnDevicePixel(double place) const;
     StrokeSurface Surface() const;
-    void PaintQuietLine(QPainter& painter) const;
+    void PaintPlaceholder(QPainter& painter) const;
     void PaintCrossHair(QPainter& painter) const;
     void PaintLit(QPainter& painter) const;
     void PaintNote(QPainter& painter, QPointF at) const;
@@ -145,11 +145,11 @@ class DiagramView final : public QWidget {
 
     ScaleRange scale_;
     std::vector<Drawing> drawings_;
-    QString quietLine_, dayWord_;
+    QString placeholder_, dayWord_;
     std::optional<std::int32_t> markedDay_;
     std::vector<GridLine*> grid_;
     std::optional<Point> crossHair_;
-    QPixmap picture_;  ///< ground, grid and curves
+    QPixmap picture_;  ///< background, grid and curves
     bool outdated_ = true;
     DrawnCurves drawn_;  ///< of the picture
     std::optional<LitDrawing> lit_;

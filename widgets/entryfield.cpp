@@ -1,13 +1,13 @@
 #include "widgets/entryfield.h"
 
 #include "base/pastedtext.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "platform/typedkey.h"
+#include "widgets/colours.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QColor>
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
@@ -22,16 +22,6 @@
 #include <utility>
 
 namespace {
-
-constexpr QColor kFocusedBack(211, 240, 254);
-constexpr QColor kRestingBack(239, 239, 222);
-// A dark desktop theme would put light text on these light grounds.
-/// Where nothing may be typed: the ground of the panels, and a text that is there to be read only.
-constexpr QColor kOffBack(214, 214, 206);
-constexpr QColor kText(16, 16, 32);
-constexpr QColor kFaintText(96, 96, 104);
-constexpr QColor kChosenBackground(31, 92, 125);
-constexpr QColor kChosenText(255, 255, 255);
 
 bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -200,13 +190,17 @@ void EntryField::focusOutEvent(QFocusEvent* event) {
 }
 
 void EntryField::ShowFocus(bool focused) {
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, focused ? kFocusedBack : kRestingBack);
-    colours.setColor(QPalette::Text, kText);
-    colours.setColor(QPalette::PlaceholderText, kFaintText);
-    colours.setColor(QPalette::Highlight, kChosenBackground);
-    colours.setColor(QPalette::HighlightedText, kChosenText);
-    colours.setColor(QPalette::Disabled, QPalette::Base, kOffBack);
-    colours.setColor(QPalette::Disabled, QPalette::Text, kFaintText);
-    setPalette(colours);
+    using namespace colours;
+    QPalette shown = palette();
+    const auto set = [&shown](QPalette::ColorRole role, Colour colour) {
+        shown.setColor(role, ToQColor(colour));
+    };
+    set(QPalette::Base, focused ? kFieldFocused : kField);
+    set(QPalette::Text, kFieldText);
+    set(QPalette::PlaceholderText, kFieldQuietText);
+    set(QPalette::Highlight, kAccent);
+    set(QPalette::HighlightedText, kWhite);
+    shown.setColor(QPalette::Disabled, QPalette::Base, ToQColor(kFieldOff));
+    shown.setColor(QPalette::Disabled, QPalette::Text, ToQColor(kFieldQuietText));
+    setPalette(shown);
 }

@@ -1,6 +1,6 @@
 #pragma once
-// A text box that shows where the typing goes, lets only some characters in and says what Enter
-// becomes.
+// A text box that shows where the typing goes, lets only some characters
+// in and says what Enter becomes.
 
 #include <QLineEdit>
 

@@ -1,6 +1,6 @@
 #include "widgets/gridcells.h"
 
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "widgets/entryfield.h"
 #include "widgets/gridkeys.h"
 #include "widgets/recordsetmodel.h"
@@ -113,8 +113,8 @@ void GridCells::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem
     editor->setGeometry(option.rect);
 }
 
-// A cell that was opened by typing is left by the arrows; one opened by F2 or the mouse only at the
-// text's ends.
+// A cell that was opened by typing is left by the arrows;
+// one opened by F2 or the mouse only at the text's ends.
 bool GridCells::LeavesCell(const EntryField& editor, const QKeyEvent& key) const {
     if (IsEnter(key) || IsTab(key)) return true;
     if (key.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier)) return false;

@@ -38,8 +38,9 @@ void GridCursor::SetColumn(int column) {
 void GridCursor::MoveSource(int row) {
     if (rowsChange_ || !source_) return;
     source_->Guard([&] {
-        if (source_->IsAttached() && !source_->Empty() && source_->Position() != row)
+        if (source_->IsAttached() && !source_->Empty() && source_->Position() != row) {
             source_->MoveTo(row);
+        }
     });
 }
 
@@ -58,8 +59,8 @@ void GridCursor::Show(int row) {
     selection_.MoveUnasked([&] { table_.setCurrentIndex(model_.index(row, column)); });
 }
 
-// The data source has moved: the grid goes along. What was typed in another row is given up by
-// then.
+// The data source has moved: the grid goes along.
+// What was typed in another row is given up by then.
 void GridCursor::Follow() {
     if (rowsChange_ || !source_ || model_.rowCount() == 0) return;
     int row = -1;

@@ -24,8 +24,8 @@ class GridCursor : public QObject {
     void SetColumn(int column);
     void MoveSource(int row);
 
-    /// While rows come or go the current row means nothing; afterwards the grid goes where the data
-    /// source is.
+    /// While rows come or go the current row means nothing;
+    /// afterwards the grid goes where the data source is.
     void RowsBeginToChange();
     void RowsHaveChanged();
 

@@ -13,8 +13,8 @@ struct CellChange {
     bool stay = false;      ///< true: the cell is not left; the user has been told why
 };
 
-/// Called in the order in which they stand here. An empty one is not called; a `bool` answer of
-/// false forbids.
+/// Called in the order in which they stand here. An empty one is not called;
+/// a `bool` answer of false forbids.
 struct GridEvents {
     std::function<bool(int column)> beforeCellEdit;
     std::function<void(CellChange&)> beforeCellStore;

@@ -1,13 +1,13 @@
 #include "widgets/gridtable.h"
 
 #include "platform/typedkey.h"
+#include "widgets/colours.h"
 #include "widgets/entryfield.h"
 #include "widgets/gridcells.h"
 #include "widgets/gridkeys.h"
 #include "widgets/recordsetmodel.h"
 
 #include <QApplication>
-#include <QColor>
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -23,13 +23,6 @@ namespace {
 
 constexpr int kMinColumnWidth = 30;
 constexpr int kRowPadding = 8;
-
-// Both colours of every pair, so that no desktop theme makes a cell unreadable.
-constexpr QColor kBackground(255, 255, 255);
-constexpr QColor kOtherBackground(239, 244, 246);
-constexpr QColor kText(16, 16, 32);
-constexpr QColor kChosenBackground(31, 92, 125);
-constexpr QColor kChosenText(255, 255, 255);
 
 }  // namespace
 
@@ -53,13 +46,14 @@ GridTable::GridTable(RecordSetModel& model, GridCells& cells, const GridEvents& 
 }
 
 void GridTable::SetColours() {
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, kBackground);
-    colours.setColor(QPalette::AlternateBase, kOtherBackground);
-    colours.setColor(QPalette::Text, kText);
-    colours.setColor(QPalette::Highlight, kChosenBackground);
-    colours.setColor(QPalette::HighlightedText, kChosenText);
-    setPalette(colours);
+    using namespace colours;
+    QPalette shown = palette();
+    shown.setColor(QPalette::Base, ToQColor(kWhite));
+    shown.setColor(QPalette::AlternateBase, ToQColor(kAlternateRow));
+    shown.setColor(QPalette::Text, ToQColor(kFieldText));
+    shown.setColor(QPalette::Highlight, ToQColor(kAccent));
+    shown.setColor(QPalette::HighlightedText, ToQColor(kWhite));
+    setPalette(shown);
 }
 
 void GridTable::Stroke(QKeyEvent* key) {

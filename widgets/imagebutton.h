@@ -1,6 +1,6 @@
 #pragma once
-// A picture that reacts to the mouse: says which button was released over it, and works from the
-// keyboard.
+// A picture that reacts to the mouse: says which button was released over it,
+// and works from the keyboard.
 
 #include <QToolButton>
 
@@ -13,8 +13,8 @@ class ImageButton final : public QToolButton {
     explicit ImageButton(QWidget* parent = nullptr);
 
   signals:
-    /// A mouse button was released over the picture; keys that press a button count as the left
-    /// one.
+    /// A mouse button was released over the picture;
+    /// keys that press a button count as the left one.
     void MouseUp(Qt::MouseButton button);
 
   protected:

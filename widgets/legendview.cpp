@@ -1,7 +1,7 @@
 #include "widgets/legendview.h"
 
+#include "widgets/colours.h"
 #include "widgets/rules/legendcolumns.h"
-#include "widgets/strokepainter.h"
 
 #include <QAbstractItemView>
 #include <QEvent>

@@ -1,6 +1,6 @@
 #include "widgets/listlines.h"
 
-#include "widgets/strokepainter.h"
+#include "widgets/colours.h"
 
 #include <QAbstractItemView>
 #include <QColor>

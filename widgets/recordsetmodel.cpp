@@ -2,8 +2,8 @@
 
 #include "base/error.h"
 #include "base/number.h"
-#include "platform/caption.h"
 #include "platform/datasource.h"
+#include "platform/qttext.h"
 
 #include <QVariant>
 

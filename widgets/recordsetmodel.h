@@ -62,8 +62,8 @@ class RecordSetModel : public QAbstractTableModel {
     /// As if the user had typed it; any field of the record set, shown or not.
     void Type(int row, const std::string& field, std::string text);
     std::string TextAt(int row, const std::string& field) const;  ///< typed, else stored
-    /// Adds or edits the row; false when it could not be stored: it stays typed, the data source
-    /// has reported.
+    /// Adds or edits the row; false when it could not be stored: it stays typed,
+    /// the data source has reported.
     bool Store();
     void Forget();
     /// While the data source tells why the row is not stored: the column that cannot hold its text.

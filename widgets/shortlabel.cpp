@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int kLetters = 3;
+constexpr int kCharacters = 3;
 
 }  // namespace
 
@@ -17,7 +17,7 @@ ShortLabel::ShortLabel(QWidget* parent) : QLabel(parent) {
 QString ShortLabel::ShownText() const {
     const QFontMetrics metrics(font(), this);
     const int room = width() - metrics.horizontalAdvance(u' ');
-    return metrics.horizontalAdvance(text()) <= room ? text() : text().left(kLetters);
+    return metrics.horizontalAdvance(text()) <= room ? text() : text().left(kCharacters);
 }
 
 void ShortLabel::paintEvent(QPaintEvent* /*event*/) {

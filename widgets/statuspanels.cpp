@@ -1,7 +1,7 @@
 #include "widgets/statuspanels.h"
 
 #include "base/error.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "widgets/tag.h"
 
 #include <QEvent>

@@ -1,8 +1,8 @@
 #include "widgets/strokepainter.h"
 
+#include "widgets/colours.h"
 #include "widgets/curvenumbers.h"
 
-#include <QColor>
 #include <QLineF>
 #include <QPen>
 #include <QPointF>
@@ -27,7 +27,9 @@ bool Beside(QPointF from, QPointF to, const QRectF& area) {
            (from.x() > area.right() && to.x() > area.right());
 }
 
-/// The part of a segment inside `area`, or nothing.
+/// The part of a segment inside `area`, or nothing. Line clipping after Liang and Barsky ("A new
+/// concept and method for line clipping", ACM Transactions on Graphics 3, 1984): the segment is a
+/// parameter from 0 to 1, and each edge moves the place where it enters or where it leaves.
 std::optional<QLineF> Clipped(QPointF from, QPointF to, const QRectF& area) {
     if (Beside(from, to, area)) return std::nullopt;
     if (area.contains(from) && area.contains(to)) return QLineF(from, to);
@@ -55,7 +57,8 @@ std::optional<QLineF> Clipped(QPointF from, QPointF to, const QRectF& area) {
 }
 
 /// Collects points and keeps of each column no more than where the line enters it, its lowest and
-/// highest place there, and where it leaves.
+/// highest place there, and where it leaves. This is min-max decimation, in the form called M4
+/// (Jugel and others, VLDB 2014): a line drawn through these points fills the same pixels.
 class Piece {
   public:
     explicit Piece(double column) : perColumn_(column > 0 ? 1 / column : 0) {}
@@ -111,7 +114,7 @@ void DrawPieces(QPainter& painter, const std::vector<QPolygonF>& pieces, Colour 
     for (const QPolygonF& piece : pieces) painter.drawPolyline(piece);
 }
 
-/// A curve too pale for the ground has an edge of a darker shade.
+/// A curve too pale for the background has an edge of a darker shade.
 void DrawLine(QPainter& painter, const std::vector<QPolygonF>& pieces, Colour colour,
               const StrokeSurface& surface) {
     if (const auto edge = EdgeColour(colour)) {
@@ -121,10 +124,6 @@ void DrawLine(QPainter& painter, const std::vector<QPolygonF>& pieces, Colour co
 }
 
 }  // namespace
-
-QColor ToQColor(Colour colour) {
-    return {colour.red, colour.green, colour.blue};
-}
 
 std::vector<QPolygonF> VisiblePieces(std::span<const Point> line, const StrokeSurface& surface) {
     std::vector<QPolygonF> pieces;

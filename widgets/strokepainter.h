@@ -16,8 +16,6 @@
 #include <span>
 #include <vector>
 
-QColor ToQColor(Colour colour);
-
 /// Where and how curves are drawn.
 struct StrokeSurface {
     QTransform toDevice;   ///< from the drawing's units to the painter's

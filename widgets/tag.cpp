@@ -1,6 +1,6 @@
 #include "widgets/tag.h"
 
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QObject>
 #include <QVariant>

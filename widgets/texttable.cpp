@@ -1,10 +1,10 @@
 #include "widgets/texttable.h"
 
-#include "platform/caption.h"
+#include "platform/qttext.h"
+#include "widgets/colours.h"
 
 #include <QAbstractTableModel>
 #include <QBrush>
-#include <QColor>
 #include <QFont>
 #include <QFontMetrics>
 #include <QHeaderView>
@@ -18,9 +18,6 @@
 
 namespace {
 
-constexpr QColor kDoubtedGround(255, 217, 138);
-constexpr QColor kDoubtedText(27, 43, 54);
-constexpr QColor kQuietText(83, 102, 115);
 constexpr QChar kRightRoom(0x2002);  // half as wide as the letters are high
 constexpr int kRowRoom = 8;          // pixels over and under a row's letters, together
 
@@ -81,9 +78,12 @@ class TextTable::Model final : public QAbstractTableModel {
         return static_cast<int>(side | Qt::AlignVCenter);
     }
     static QVariant Looks(RowTone tone, int role) {
-        if (role == Qt::ForegroundRole && tone == RowTone::Quiet) return QBrush(kQuietText);
-        if (role == Qt::ForegroundRole && tone == RowTone::Doubted) return QBrush(kDoubtedText);
-        if (role == Qt::BackgroundRole && tone == RowTone::Doubted) return QBrush(kDoubtedGround);
+        if (role == Qt::ForegroundRole && tone == RowTone::Quiet)
+            return QBrush(ToQColor(colours::kQuietText));
+        if (role == Qt::ForegroundRole && tone == RowTone::Doubted)
+            return QBrush(ToQColor(colours::kText));
+        if (role == Qt::BackgroundRole && tone == RowTone::Doubted)
+            return QBrush(ToQColor(colours::kDoubt));
         if (role == Qt::FontRole && tone == RowTone::Sum) {
             QFont bold;
             bold.setBold(true);

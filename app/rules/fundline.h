@@ -1,6 +1,6 @@
 #pragma once
-// The lines of the fund list, " 1. Name", and the marks that are taken from them while curves are
-// chosen.
+// The lines of the fund list, " 1. Name", and the marks that are taken
+// from them while curves are chosen.
 
 #include <cstdint>
 #include <string>

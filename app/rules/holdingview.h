@@ -29,8 +29,8 @@ struct HoldingView {
 };
 
 /// The view of a row that was chosen by this line of the fund list. Without saved values the labels
-/// show the row as it was bought; with them the saved ones come first and the present ones in the
-/// second column.
+/// show the row as it was bought; with them the saved ones come first and the present
+/// ones in the second column.
 HoldingView ViewOf(const HoldingRow& row, std::string_view line);
 
 /// The row's stored summary; the empty one where no latest price is known.

@@ -1,6 +1,6 @@
 #pragma once
-// What a key means for the window as a whole, whatever control has the focus. Knows no Qt key
-// codes.
+// What a key means for the window as a whole, whatever control has the focus.
+// Knows no Qt key codes.
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 #pragma once
 // What each event does to what the window shows. Every way out of a mode ends all of it: the list's
-// use, what was collected, the buttons it blocked. Before the start-up pause has ended only its end
-// changes anything.
+// use, what was collected, the buttons it blocked.
+// Before the start-up pause has ended only its end changes anything.
 
 #include "app/rules/windowstate.h"
 

@@ -132,6 +132,11 @@ std::string ReplayCaption(std::string_view command, const std::optional<std::str
     return caption;
 }
 
+std::string PointCount(const WindowState& state) {
+    if (!state.pointCount) return "";
+    return std::string(texts::ListHolds) + PlainText(*state.pointCount) + std::string(texts::Rows);
+}
+
 std::string Heading(const WindowState& state) {
     if (!state.FundDb) return std::string(texts::NoFileOpen);
     const std::string& path = state.CurrentFile;
@@ -202,6 +207,7 @@ Shown::Captions CaptionsIn(const WindowState& state) {
                          DateText(state.round.day.value_or(state.TodayDay)),
             .lblKlara = state.round.done,
             .lblKursBesked = state.round.note.text,
+            .lblRecCount = PointCount(state),
             .picDiagram = std::string(EmptyPictureHint(state)),
             .spoken = SpokenIn(state),
             .staBar = state.notice};

@@ -1,6 +1,6 @@
 #pragma once
-// What each state of the window shows: the table that Panels carries out. A field is the control of
-// that name.
+// What each state of the window shows: the table that Panels carries out.
+// A field is the control of that name.
 
 #include "app/rules/windowstate.h"
 
@@ -41,9 +41,10 @@ struct Shown {
         std::string lblKopia, mnuAngra, mnuGorOm;
         std::string lblForhand;  ///< of a price while it is typed
         std::string panKurser, lblKlara, lblKursBesked;
-        std::string picDiagram;  ///< said in it while it has no curve: what to do
-        std::string spoken;      ///< of picDiagram, to those who do not see it
-        std::string staBar;      ///< over all of its panels; "" where they are to be seen
+        std::string lblRecCount;  ///< "" before anything was counted: it is left alone
+        std::string picDiagram;   ///< said in it while it has no curve: what to do
+        std::string spoken;       ///< of picDiagram, to those who do not see it
+        std::string staBar;       ///< over all of its panels; "" where they are to be seen
         bool operator==(const Captions&) const = default;
     };
     struct Tags {

@@ -68,6 +68,10 @@ inline constexpr std::string_view SomeChange = "ändringen";
 /// Before the day.
 inline constexpr std::string_view DayPricesOf = "Dagens kurser  ";
 
+// Around the number of stored points
+inline constexpr std::string_view ListHolds = "Listan innehåller ";
+inline constexpr std::string_view Rows = " poster";
+
 inline constexpr std::string_view ToDiagram = "&Diagram";
 inline constexpr std::string_view ToHoldings = "&PPM Data";
 

@@ -97,6 +97,7 @@ struct WindowState {
     std::string CurrentFile;                ///< full path of the fund file in use
     std::string NoFileReason;  ///< why no file is open, as the empty window says it; "" with a file
     bool hasHoldings = false;  ///< the open file has a row
+    std::optional<std::int32_t> pointCount;  ///< the rows of the plot data, once they were counted
 
     Stage stage = Stage::Starting;
     LeftPanel left = LeftPanel::None;
@@ -129,7 +130,7 @@ struct WindowState {
     std::optional<std::int32_t> rowBeingDeleted;  ///< its KontoId
 
     std::int32_t TodayDay = 0;        ///< today as a day number
-    std::int32_t CurrentMonth = 1;    ///< 1 to 12
+    std::int32_t CurrentMonth = 1;    ///< 1 to 12; for whoever looks, the months follow TodayDay
     std::int32_t WindowStartDay = 0;  ///< first of the twelve months shown, always the 1st of one
     std::int32_t DayStep = 1;         ///< 1, 7 or 30: day, week or month view
 

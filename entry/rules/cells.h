@@ -21,8 +21,8 @@ std::optional<std::string> CellNumber(std::string_view typed);
 /// A row saved without a fund number gets the summary row's.
 std::string FundNumberOrDefault(std::string_view fondNr);
 
-/// VärdeKr: Fondandelar x KursKr, without digits that neither factor has; nothing while one is
-/// missing.
+/// VärdeKr: Fondandelar x KursKr, without digits that neither factor has;
+/// nothing while one is missing.
 std::optional<double> RowValue(std::optional<double> shares, std::optional<double> price);
 
 enum class Missing { Nothing, Name, Price, Date };

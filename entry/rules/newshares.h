@@ -19,8 +19,8 @@ std::optional<std::size_t> EmptyBox(const NoticeBoxes& boxes);
 /// empty. TypeMismatch (13) if one is no number.
 std::optional<std::string> ValueBoxText(std::string_view sharesBox, std::string_view priceBox);
 
-/// What a notice writes over the row. The shares are rounded to the four decimals they are shown
-/// with.
+/// What a notice writes over the row. The shares are rounded to the four
+/// decimals they are shown with.
 struct Notice {
     std::int32_t day = 0;
     double shares = 0;
@@ -29,8 +29,8 @@ struct Notice {
     bool operator==(const Notice&) const = default;
 };
 
-/// TypeMismatch (13) if a box that must be a number, or the date, is not; Overflow (6) if it is too
-/// large.
+/// TypeMismatch (13) if a box that must be a number, or the date, is not;
+/// Overflow (6) if it is too large.
 Notice ReadNotice(const NoticeBoxes& boxes);
 
 /// What the saved-values column becomes: the present values if it is "x". Otherwise nothing is kept

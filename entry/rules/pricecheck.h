@@ -5,8 +5,8 @@
 #include <optional>
 #include <string_view>
 
-/// The price in a text; nothing if it is no number, is 0 or negative, or too large for single
-/// precision.
+/// The price in a text; nothing if it is no number, is 0 or negative,
+/// or too large for single precision.
 std::optional<double> ReadPrice(std::string_view text);
 
 enum class Verdict {

@@ -12,8 +12,8 @@ constexpr double kFirstHue = 2.1;  // the first holding's colour is blue
 constexpr double kMaxChroma = 0.19;
 constexpr double kChromaStep = 0.005;
 constexpr double kLightnessStep = 0.01;
-constexpr double kReadable = 4.5;  // the contrast that small text needs
-constexpr double kVisible = 3;     // the contrast that a line needs
+constexpr double kReadable = 4.5;  // the contrast ratio that WCAG 2 asks for small text
+constexpr double kVisible = 3;     // and for what is drawn
 constexpr double kDarkerStep = 0.96;
 
 /// Neighbours in hue are 5, 8 or 13 holdings apart; three lightnesses in turn tell them apart, too.
@@ -21,7 +21,9 @@ constexpr std::array<double, 3> kLightnesses{0.36, 0.57, 0.46};
 
 using Linear = std::array<double, 3>;
 
-/// A colour of even steps to the eye (lightness, chroma, hue) as linear red, green and blue.
+/// A colour of even steps to the eye (lightness, chroma, hue) as linear red, green and blue: from
+/// OKLab in its polar form (B. Ottosson, "A perceptual color space for image processing", 2020).
+/// The two matrices are those of its definition.
 Linear ToLinear(double lightness, double chroma, double hue) {
     const double a = chroma * std::cos(hue), b = chroma * std::sin(hue);
     const double l = std::pow(lightness + 0.3963377774 * a + 0.2158037573 * b, 3);
@@ -48,6 +50,8 @@ double Decoded(std::uint8_t part) {
     return coded <= 0.04045 ? coded / 12.92 : std::pow((coded + 0.055) / 1.055, 2.4);
 }
 
+/// Relative luminance as the contrast of WCAG 2 is defined on it (W3C, "Web Content Accessibility
+/// Guidelines"): the linear parts of the screen's colour space sRGB, weighted by what the eye sees.
 double Luminance(Colour colour) {
     return 0.2126 * Decoded(colour.red) + 0.7152 * Decoded(colour.green) +
            0.0722 * Decoded(colour.blue);

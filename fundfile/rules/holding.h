@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-/// The fund number of a row that stands for a whole account; also what a holding without a number
-/// gets.
+/// The fund number of a row that stands for a whole account;
+/// also what a holding without a number gets.
 inline constexpr std::string_view kSummaryFondNr = "999 999";
 
 /// The KontoId of a row whose first column is no number.

@@ -28,6 +28,6 @@ ScaleRange Normalised(ScaleRange read);
 /// narrower than `stored`. Throws Overflow where the scale has no 32-bit answer.
 ScaleRange WidenedFor(ScaleRange stored, std::span<const std::int32_t> values);
 
-/// The labels from the bottom upward, a third of the top apart; at most the six there are places
-/// for.
+/// The labels from the bottom upward, a third of the top apart;
+/// at most the six there are places for.
 std::vector<std::int32_t> ScaleLabels(ScaleRange scale);

@@ -35,7 +35,7 @@ std::string WithScale(std::string_view firstColumn, ScaleRange scale);
 /// The first row's column with another curve list: its scale stays.
 std::string WithCurves(std::string_view firstColumn, std::span<const std::int32_t> curves);
 
-/// What a row's column must be when rows have come or gone: the first row has a list part and no
-/// other has.
+/// What a row's column must be when rows have come or gone:
+/// the first row has a list part and no other has.
 std::string AsFirstRow(std::string_view column);
 std::string AsOtherRow(std::string_view column);

@@ -85,8 +85,9 @@ std::array<TableLine, 2> HoldingLines(const HoldingRow& row) {
 std::array<TableLine, 2> TotalsLines(const std::string& line) {
     auto parts = Split(line, texts::ReportSeparator);
     constexpr std::size_t kParts = 6;
-    if (parts.size() < kParts)
+    if (parts.size() < kParts) {
         throw Error{ErrorNumber::SubscriptOutOfRange, "a line of totals: " + line};
+    }
     const auto name = parts.end() - (kParts - 1);
     const std::vector<std::string> values(name, parts.end());
     parts.erase(name, parts.end());

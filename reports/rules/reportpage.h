@@ -1,7 +1,7 @@
 #pragma once
 // Where everything of the printed report stands, in centimetres from the paper's upper left corner.
-// The curves and the grid under them are drawn by others; here are the texts, the lines and the
-// page breaks.
+// The curves and the grid under them are drawn by others; here are the texts,
+// the lines and the page breaks.
 
 #include "fundfile/rules/holding.h"
 
@@ -36,8 +36,8 @@ struct PageItems {
     std::vector<PageLine> lines;
 };
 
-/// The device's sizes. Column 1 is the paper's left edge; every column is as wide as an average
-/// character.
+/// The device's sizes. Column 1 is the paper's left edge;
+/// every column is as wide as an average character.
 class FontMeasure {
   public:
     FontMeasure() = default;

@@ -42,6 +42,6 @@ std::string PanelText(std::string_view account, const Totals& totals);
 /// "Konto A/Startvärde/10234,5 kr/Senaste Totalvärde/11020 kr/7 %".
 std::string ReportLine(std::string_view account, const Totals& totals);
 
-/// The account names without surrounding blanks, each once, in the order of the rows; empty ones
-/// left out.
+/// The account names without surrounding blanks, each once,
+/// in the order of the rows; empty ones left out.
 std::vector<std::string> DistinctAccounts(std::span<const std::string> names);

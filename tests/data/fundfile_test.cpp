@@ -215,8 +215,8 @@ TEST_F(FundFileTest, AnotherProgramsLockBesideTheFileIsNamed) {
     EXPECT_EQ(file.right, WriteRight::Ours) << "it may be left behind";
 }
 
-/// What an ordinary user finds: the right, whether the file can be edited, and what lies in the
-/// folder afterwards.
+/// What an ordinary user finds: the right, whether the file can be edited,
+/// and what lies in the folder afterwards.
 std::string FoundByAUser(const fs::path& path) {
     testdata::Child user(
         [path] {
@@ -399,8 +399,9 @@ TEST(FundFileDesign, KeepsEveryDigitThatCanBeTyped) {
     const auto records = file.database->OpenRecordSet(schema::kHoldingsSource);
     const std::string longName(255, 'o');
     std::string manyCurves;
-    for (std::int32_t kontoId = 1; kontoId <= 300; ++kontoId)
+    for (std::int32_t kontoId = 1; kontoId <= 300; ++kontoId) {
         manyCurves += PlainText(kontoId) + ".";
+    }
     records->AddNew();
     records->Set("Fond", longName);
     records->Set("Fondandelar", "123456789,1234");

@@ -7,7 +7,7 @@
 #include "base/version.h"
 #include "fundfile/texts.h"
 #include "help/openhelp.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QAction>
 #include <QColor>

@@ -21,8 +21,9 @@ Output OutputOf(const std::string& command) {
     FILE* pipe = popen((command + " 2>&1").c_str(), "r");
     if (pipe == nullptr) return output;
     std::array<char, 4096> buffer{};
-    while (fgets(buffer.data(), static_cast<int>(buffer.size()), pipe) != nullptr)
+    while (fgets(buffer.data(), static_cast<int>(buffer.size()), pipe) != nullptr) {
         output.text += buffer.data();
+    }
     output.status = pclose(pipe);
     return output;
 }

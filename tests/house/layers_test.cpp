@@ -58,8 +58,9 @@ std::optional<std::size_t> FloorOf(std::string_view path) {
     if (path.starts_with("jet/tools/")) return std::nullopt;
     for (std::size_t floor = 0; floor < kFloors.size(); ++floor) {
         const auto& folders = kFloors[floor];
-        if (std::find(folders.begin(), folders.end(), FolderOf(path)) != folders.end())
+        if (std::find(folders.begin(), folders.end(), FolderOf(path)) != folders.end()) {
             return floor;
+        }
     }
     return std::nullopt;
 }
@@ -165,14 +166,16 @@ TEST(HouseLayers, KeepControllersFromEachOther) {
     static const std::regex derived(
         R"(\bclass\s+\w+(\s+final)?\s*:\s*(public\s+|private\s+)?Controller\b)");
     for (const auto& file : house::ProductFiles()) {
-        if (file.path.ends_with(".h") && std::regex_search(file.code, derived))
+        if (file.path.ends_with(".h") && std::regex_search(file.code, derived)) {
             controllers.push_back(file.path);
+        }
     }
     EXPECT_THAT(
         Findings([&](const house::SourceFile& file, const std::string& include) -> std::string {
             const std::string path = Unquoted(include);
-            if (std::find(controllers.begin(), controllers.end(), path) == controllers.end())
+            if (std::find(controllers.begin(), controllers.end(), path) == controllers.end()) {
                 return "";
+            }
             const bool own = file.path == path.substr(0, path.size() - 1) + "cpp";
             return own || file.In("main/") ? "" : "controllers ask the window, not each other";
         }),
@@ -182,8 +185,9 @@ TEST(HouseLayers, KeepControllersFromEachOther) {
 TEST(HouseLayers, BeginEveryHeaderOnce) {
     std::vector<std::string> findings;
     for (const auto& file : house::SourceFiles()) {
-        if (file.path.ends_with(".h") && !file.text.starts_with("#pragma once\n"))
+        if (file.path.ends_with(".h") && !file.text.starts_with("#pragma once\n")) {
             findings.push_back(file.path);
+        }
     }
     EXPECT_THAT(findings, IsEmpty());
 }
@@ -191,8 +195,9 @@ TEST(HouseLayers, BeginEveryHeaderOnce) {
 TEST(HouseLayers, TellWhatEveryHeaderIsFor) {
     std::vector<std::string> findings;
     for (const auto& file : house::ProductFiles()) {
-        if (file.path.ends_with(".h") && !file.text.starts_with("#pragma once\n//"))
+        if (file.path.ends_with(".h") && !file.text.starts_with("#pragma once\n//")) {
             findings.push_back(file.path);
+        }
     }
     EXPECT_THAT(findings, IsEmpty());
 }

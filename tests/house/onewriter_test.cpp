@@ -33,7 +33,7 @@ bool KnowsTheWindow(const house::SourceFile& file) {
 constexpr const char* kShared =
     "(?:panRubrik|lblRubrik|lblIngenFil|panControl|panDiagram|fraStartData|panListFonder|panTotal|"
     "panPlottData|"
-    "panBasData|"
+    "panBasData|lblRecCount|"
     "imgColor|imgGrafNr|cmdFondList|cmdPPMData|cmdNyAndel|cmdNyOk|fraNyAndel|txtGrid|"
     "lblGrafNr|lblPlottInfo|lblTotal|lblColorNr|lblFraData|lblFraHeading|lblFraHint|lblForhand|"
     "lblXCord|"
@@ -66,7 +66,7 @@ std::vector<std::string> SecondWriters(const house::SourceFile& file) {
                              R"(\b)" + shared + element +
                                  R"(\s*->\s*(?:show|hide|raise|setVisible|setHidden|setEnabled|)"
                                  R"(setDisabled|setFocus|setTitle|setText|SetFillColour|)"
-                                 R"(SetQuietLine|MarkDay|Light|SetEntries)\()",
+                                 R"(SetPlaceholder|MarkDay|Light|SetEntries)\()",
                              "only Panels shows it"));
     Append(findings,
            Matches(file,

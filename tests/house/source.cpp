@@ -157,8 +157,10 @@ std::vector<SourceFile> AllTexts() {
     for (const auto folder : kProductFolders) Walk(folder, files, isText);
     for (const auto* folder : {"tests", "docs", "icons", ".ci"}) Walk(folder, files, isText);
     for (const auto& entry : fs::directory_iterator(KVARNBO_SOURCES)) {
-        if (!entry.is_regular_file() || !isText(entry.path()) || entry.path().filename() == ".git")
+        if (!entry.is_regular_file() || !isText(entry.path()) ||
+            entry.path().filename() == ".git") {
             continue;
+        }
         files.push_back({entry.path().filename().string(), Read(entry.path()), "", "", {}, {}});
     }
     Sort(files);

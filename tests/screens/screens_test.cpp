@@ -1,7 +1,7 @@
 // The window with the real outside world on a real screen, whose size is in KVARNBO_SCREEN.
 
 #include "main/mainwindow.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "platform/realplatform.h"
 #include "tests/window/fundfiles.h"
 #include "widgets/statuspanels.h"

@@ -1,7 +1,7 @@
 #include "tests/support/fakeplatform.h"
 
 #include "base/error.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QMarginsF>
 #include <QPageSize>
@@ -81,12 +81,12 @@ ScriptedDialogs::FileStep ScriptedDialogs::ExpectFile(FileChoice choice, std::st
     return FileStep(*this, taken_ + script_.size() - 1);
 }
 
-void ScriptedDialogs::ExpectColour(Rgb shownFirst, std::optional<Rgb> picked) {
+void ScriptedDialogs::ExpectColour(Colour shownFirst, std::optional<Colour> picked) {
     ExpectColour(picked);
     script_.back().shownFirst = shownFirst;
 }
 
-void ScriptedDialogs::ExpectColour(std::optional<Rgb> picked) {
+void ScriptedDialogs::ExpectColour(std::optional<Colour> picked) {
     Expectation expected;
     expected.kind = Expectation::Kind::Colour;
     expected.picked = picked;
@@ -151,7 +151,7 @@ std::string ScriptedDialogs::PickFile(const FileRequest& request) {
     return expected->path;
 }
 
-std::optional<Rgb> ScriptedDialogs::PickColour(Rgb shownFirst) {
+std::optional<Colour> ScriptedDialogs::PickColour(Colour shownFirst) {
     const std::optional<Expectation> expected = Next(Expectation::Kind::Colour, "a colour");
     if (!expected) return std::nullopt;
     if (expected->shownFirst) {
@@ -246,8 +246,9 @@ std::unique_ptr<PrinterPage> PdfPage(std::string_view path, std::string_view doc
 std::unique_ptr<PrinterPage> PdfPrinting::Begin(std::string_view documentName) {
     if (cancel) return nullptr;
     // Its file cannot be made: the failure is the real page's own.
-    if (broken)
+    if (broken) {
         return PdfPage(FromQt(folder_.filePath(QStringLiteral("missing/page.pdf"))), documentName);
+    }
     files.push_back(FromQt(folder_.filePath(QStringLiteral("page%1.pdf").arg(files.size() + 1))));
     return PdfPage(files.back(), documentName);
 }

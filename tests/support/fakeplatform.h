@@ -1,7 +1,7 @@
 #pragma once
 // A whole outside world for tests: scripted dialogs, a fixed date with hand-driven timers, settings
-// in memory, a printer that makes a PDF, recorded programs and a fixed screen. Key strokes are
-// real.
+// in memory, a printer that makes a PDF, recorded programs and a fixed
+// screen. Key strokes are real.
 
 #include "platform/clock.h"
 #include "platform/dialogs.h"
@@ -67,12 +67,12 @@ class ScriptedDialogs final : public Dialogs {
     Step Expect(std::string_view text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None,
                 DefaultButton defaultButton = DefaultButton::First);
     FileStep ExpectFile(FileRequest request);
-    /// Title and kind are what tells the commands apart; the rest of the request is in
-    /// LastFileRequest.
+    /// Title and kind are what tells the commands apart;
+    /// the rest of the request is in LastFileRequest.
     FileStep ExpectFile(FileChoice choice, std::string_view title);
-    void ExpectColour(Rgb shownFirst, std::optional<Rgb> picked);
+    void ExpectColour(Colour shownFirst, std::optional<Colour> picked);
     /// Whatever colour is shown first.
-    void ExpectColour(std::optional<Rgb> picked);
+    void ExpectColour(std::optional<Colour> picked);
 
     /// Fails the test for every question that is still to come, and forgets them.
     void Verify();
@@ -81,7 +81,7 @@ class ScriptedDialogs final : public Dialogs {
 
     ::Answer Show(const Message& message) override;
     std::string PickFile(const FileRequest& request) override;
-    std::optional<Rgb> PickColour(Rgb shownFirst) override;
+    std::optional<Colour> PickColour(Colour shownFirst) override;
     bool PickPrinter(QPrinter& printer) override;
 
   private:
@@ -93,7 +93,7 @@ class ScriptedDialogs final : public Dialogs {
         FileRequest file;
         bool wholeFileRequest = false;
         std::string path;
-        std::optional<Rgb> shownFirst, picked;
+        std::optional<Colour> shownFirst, picked;
     };
     std::optional<Expectation> Next(Expectation::Kind kind, const std::string& asked);
 

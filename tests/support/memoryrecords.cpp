@@ -52,8 +52,9 @@ void MemoryRecords::AddNew() {
 }
 
 void MemoryRecords::Edit() {
-    if (position_ < 0 || position_ >= Count())
+    if (position_ < 0 || position_ >= Count()) {
         throw Error{ErrorNumber::NoCurrentRecord, "no current row"};
+    }
     pending_ = rows_[static_cast<std::size_t>(position_)];
     adding_ = false;
 }
@@ -90,7 +91,8 @@ void MemoryRecords::Update() {
 
 void MemoryRecords::Delete() {
     if (deleteFails) throw Error{*deleteFails, "told to fail"};
-    if (position_ < 0 || position_ >= Count())
+    if (position_ < 0 || position_ >= Count()) {
         throw Error{ErrorNumber::NoCurrentRecord, "no current row"};
+    }
     rows_.erase(rows_.begin() + position_);
 }

@@ -1,6 +1,6 @@
 #include "platform/commondialog.h"
 
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "tests/support/fakeplatform.h"
 
 #include <QTemporaryDir>

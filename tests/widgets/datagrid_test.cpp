@@ -4,6 +4,7 @@
 #include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/keystrokes.h"
+#include "platform/qttext.h"
 #include "tests/support/memoryrecords.h"
 
 #include <QApplication>
@@ -997,23 +998,24 @@ TEST_F(GridTest, ItsLastRowIsNotCut) {
 }
 
 TEST_F(GridTest, TheFarLeftShowsTheCurrentRow) {
-    const auto ink = [&](int row) {
+    const auto dark = [&](int row) {
         QHeaderView* header = View().verticalHeader();
         const QImage image = header->viewport()->grab().toImage();
         const int top = header->sectionViewportPosition(row);
-        const QColor ground = image.pixelColor(3, top + 4);
+        const QColor background = image.pixelColor(3, top + 4);
         int other = 0;
         for (int y = top + 4; y < top + header->sectionSize(row) - 4; ++y) {
             for (int x = 4; x < image.width() - 4; ++x) {
-                if (std::abs(image.pixelColor(x, y).lightness() - ground.lightness()) > 60) ++other;
+                if (std::abs(image.pixelColor(x, y).lightness() - background.lightness()) > 60)
+                    ++other;
             }
         }
         return other;
     };
     Go(1, kDay);
-    EXPECT_GT(ink(1), 20);
-    EXPECT_EQ(ink(0), 0);
-    EXPECT_GT(ink(3), 5) << "the row for new data has its star";
+    EXPECT_GT(dark(1), 20);
+    EXPECT_EQ(dark(0), 0);
+    EXPECT_GT(dark(3), 5) << "the row for new data has its star";
 }
 
 }  // namespace

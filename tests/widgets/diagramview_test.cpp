@@ -389,11 +389,11 @@ TEST(VisiblePieces, KeepEveryPointWhereAllDetailShows) {
     EXPECT_EQ(pieces[0].size(), 1000);
 }
 
-TEST(DiagramView, SaysItsQuietLineOnlyWhileItHasNoCurve) {
+TEST(DiagramView, SaysItsPlaceholderOnlyWhileItHasNoCurve) {
     DiagramView view;
     view.resize(300, 200);
     const QImage empty = view.grab().toImage();
-    view.SetQuietLine(QStringLiteral("Inga kurvor valda: F12"));
+    view.SetPlaceholder(QStringLiteral("Inga kurvor valda: F12"));
     const QImage saying = view.grab().toImage();
     EXPECT_NE(saying, empty);
     // It stands in the upper half.

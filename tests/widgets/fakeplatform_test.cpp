@@ -1,5 +1,5 @@
-// The doubles themselves: a script that lets a wrong question through would make other tests
-// worthless.
+// The doubles themselves: a script that lets a wrong question through
+// would make other tests worthless.
 #include "tests/support/fakeplatform.h"
 
 #include "base/error.h"

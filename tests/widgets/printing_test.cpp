@@ -1,7 +1,7 @@
 #include "platform/printing.h"
 
 #include "base/error.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 #include "tests/support/fakeplatform.h"
 
 #include <QColor>
@@ -39,8 +39,10 @@ class PrintingTest : public ::testing::Test {
         Word word;
         for (const QString& line : html.split(u'\n')) {
             if (line.contains(QStringLiteral("<page "))) ++word.page;
-            if (!line.contains(QStringLiteral(">") + QString::fromUtf8(text) + QStringLiteral("<")))
+            if (!line.contains(QStringLiteral(">") + QString::fromUtf8(text) +
+                               QStringLiteral("<"))) {
                 continue;
+            }
             static const QRegularExpression place(
                 QStringLiteral("xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\""));
             const QRegularExpressionMatch match = place.match(line);
@@ -161,7 +163,7 @@ TEST_F(PrintingTest, TheDialogsAnswerDecides) {
     struct Refusing final : Dialogs {
         Answer Show(const Message&) override { return Answer::Ok; }
         std::string PickFile(const FileRequest&) override { return ""; }
-        std::optional<Rgb> PickColour(Rgb) override { return std::nullopt; }
+        std::optional<Colour> PickColour(Colour) override { return std::nullopt; }
         bool PickPrinter(QPrinter& printer) override {
             printer.setOutputFileName(file);
             return accept;

@@ -1,7 +1,7 @@
 #include "platform/programs.h"
 
 #include "base/error.h"
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QByteArray>
 #include <QDir>
@@ -17,8 +17,8 @@
 
 namespace {
 
-/// A folder that is the whole PATH, with programs that write their arguments into a file, one on
-/// each line.
+/// A folder that is the whole PATH, with programs that write their arguments
+/// into a file, one on each line.
 class ProgramsTest : public ::testing::Test {
   protected:
     ProgramsTest() {

@@ -1,6 +1,6 @@
 #include "platform/qtdialogs.h"
 
-#include "platform/caption.h"
+#include "platform/qttext.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemModel>
@@ -61,8 +61,9 @@ class QtDialogsTest : public ::testing::Test {
             seen_.title = FromQt(box->windowTitle());
             seen_.text = FromQt(box->text());
             seen_.icon = box->icon();
-            for (QAbstractButton* button : box->buttons())
+            for (QAbstractButton* button : box->buttons()) {
                 seen_.buttons.push_back(Plain(button->text()));
+            }
             std::sort(seen_.buttons.begin(), seen_.buttons.end());
             seen_.defaultButton = Plain(box->defaultButton()->text());
             EXPECT_TRUE(QTest::qWaitForWindowActive(box));
@@ -346,7 +347,7 @@ TEST(PickColour, ShowsTheGivenColourFirstAndGivesTheChosenOne) {
         dialog->setCurrentColor(QColor(4, 5, 6));
         dialog->accept();
     });
-    EXPECT_EQ(dialogs.PickColour({1, 2, 3}), (Rgb{4, 5, 6}));
+    EXPECT_EQ(dialogs.PickColour({1, 2, 3}), (Colour{4, 5, 6}));
 }
 
 TEST(PickColour, ACancelledChoiceIsNone) {

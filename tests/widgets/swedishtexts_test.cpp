@@ -1,7 +1,7 @@
 #include "platform/swedishtexts.h"
 
-#include "platform/caption.h"
 #include "platform/qtdialogs.h"
+#include "platform/qttext.h"
 
 #include <QAbstractButton>
 #include <QAction>

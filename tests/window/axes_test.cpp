@@ -25,7 +25,7 @@ class AxesTest : public WindowTest {
     void ShowFrom(const char* date) { Window().WindowStartDay = Day(date); }
     std::string ShownFrom() { return FormatDay(Window().WindowStartDay); }
     void SetScale(ScaleRange scale) {
-        Window().SetVerticalScale(scale.bottom, scale.top);
+        Window().SetVerticalScale(scale);
         Window().Scale.top = scale.top;
         Window().Scale.bottom = scale.bottom;
     }
@@ -56,8 +56,8 @@ TEST_F(AxesTest, ScaleIsLabelledFromBottomToTop) {
 }
 
 TEST_F(AxesTest, ALabelWithoutAValueIsBlank) {
-    Window().SetVerticalScale(-10, 15);
-    Window().SetVerticalScale(0, 30);
+    Window().SetVerticalScale({.top = 15, .bottom = -10});
+    Window().SetVerticalScale({.top = 30, .bottom = 0});
     EXPECT_EQ(Caption(Window().lblVertical[1]), "0");
     EXPECT_EQ(Caption(Window().lblVertical[4]), "30");
     EXPECT_EQ(Caption(Window().lblVertical[5]), "");
@@ -81,20 +81,20 @@ TEST_F(AxesTest, AScaleTextOutsideTheProportionIsDrawnOnTheScaleThatTakesItIn) {
 
 TEST_F(AxesTest, SettingTheScaleDrawsTheCurvesAnew) {
     Wipe();
-    Window().SetVerticalScale(-30, 45);
+    Window().SetVerticalScale({.top = 45, .bottom = -30});
     EXPECT_EQ(Window().picDiagram->Drawings().size(), 2U);
 }
 
 TEST_F(AxesTest, SettingTheScaleLeavesTheStoredOneToTheCaller) {
     const ScaleRange before = StoredScale();
-    Window().SetVerticalScale(-200, 300);
+    Window().SetVerticalScale({.top = 300, .bottom = -200});
     EXPECT_EQ(StoredScale(), before);
 }
 
 TEST_F(AxesTest, AScaleThatCannotBeDrawnIsIgnoredAndTheCurvesAreDrawn) {
     SetScale({45, -30});
     Wipe();
-    Window().SetVerticalScale(0, 0);
+    Window().SetVerticalScale({.top = 0, .bottom = 0});
     EXPECT_EQ(DrawnScale(), (ScaleRange{45, -30}));
     EXPECT_TRUE(Redrawn());
 }

@@ -37,7 +37,7 @@ class CurvePointerTest : public WindowTest {
             {Day("2025-03-10"), 1}, {Day("2025-07-12"), -6}, {Day("2026-01-26"), -4}};
         MakeFile(holdings);
         Start();
-        Window().SetVerticalScale(-10, 15);
+        Window().SetVerticalScale({.top = 15, .bottom = -10});
         Picture().grab();
     }
 

@@ -1,7 +1,7 @@
 #include "app/errortexts.h"
-#include "app/look.h"
 #include "fundfile/schema.h"
 #include "tests/window/windowtest.h"
+#include "widgets/colours.h"
 #include "widgets/imagebutton.h"
 
 #include <QAction>
@@ -38,8 +38,9 @@ class CurveSelectionTest : public WindowTest {
     std::string CurvesTag() { return Tag(Window().imgGrafNr); }
     std::vector<std::string> Labels() {
         std::vector<std::string> labels;
-        for (const Drawing& drawing : Window().picDiagram->Drawings())
+        for (const Drawing& drawing : Window().picDiagram->Drawings()) {
             labels.push_back(drawing.label);
+        }
         return labels;
     }
 };
@@ -74,7 +75,7 @@ TEST_F(CurveSelectionTest, TheColourButtonStartsAndEndsColourMode) {
 TEST_F(CurveSelectionTest, EnterGivesTheChosenFundsCurveTheColourOfTheDialog) {
     Press(Qt::Key_F9);
     Press(Qt::Key_Down);
-    outside.dialogs.ExpectColour(Rgb{1, 2, 3});
+    outside.dialogs.ExpectColour(Colour{1, 2, 3});
     Press(Qt::Key_Return);
     EXPECT_EQ(Holding(1, schema::holding::kPlottFarg), "197121");  // 1 + 2 x 256 + 3 x 65536
     EXPECT_EQ(Holding(0, schema::holding::kPlottFarg), "192");
@@ -107,7 +108,7 @@ TEST_F(CurveSelectionTest, F12StartsTheChoiceOfCurves) {
     EXPECT_EQ(
         Caption(Window().lblPlottInfo),
         "Välj ovan vilka kurvor du vill plotta.Tryck Diagramknappen eller F12 när du är färdig");
-    EXPECT_EQ(Window().lstFonder->palette().color(QPalette::Text), QColor(look::kListCurves));
+    EXPECT_EQ(Window().lstFonder->palette().color(QPalette::Text), ToQColor(colours::kListCurves));
 }
 
 TEST_F(CurveSelectionTest, ChoosingAFundTwiceRecordsItOnce) {
@@ -282,7 +283,8 @@ TEST_F(CurveSelectionTest, EveryWayOutOfAModeEndsAllOfIt) {
             EXPECT_EQ(ColourTag(), "0") << what;
             EXPECT_EQ(Caption(Window().lblGrafNr), "") << what;
             EXPECT_TRUE(Window().lblPlottInfo->isHidden()) << what;
-            EXPECT_EQ(Window().lstFonder->palette().color(QPalette::Text), QColor(look::kListGreen))
+            EXPECT_EQ(Window().lstFonder->palette().color(QPalette::Text),
+                      ToQColor(colours::kListGreen))
                 << what;
             EXPECT_EQ(Window().cmdFondList->isEnabled(), !Window().panBasData->isVisible()) << what;
         }

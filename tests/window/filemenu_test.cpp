@@ -113,8 +113,8 @@ class FileMenuTest : public WindowTest {
         std::sort(names.begin(), names.end());
         return names;
     }
-    /// The window works on the sample file as before: chosen fund, list, and prices that are
-    /// stored.
+    /// The window works on the sample file as before: chosen fund,
+    /// list, and prices that are stored.
     void ExpectStillOnSample() {
         EXPECT_EQ(Caption(Window().lblRubrik), "Du arbetar med Vimmels_exempel");
         EXPECT_EQ(Window().CurrentFile, SamplePath().string());

@@ -225,7 +225,7 @@ TEST_F(FundListTest, EnterWhileAColourIsChosenStoresIt) {
     StartWith(TwoHoldings());
     ChooseFund(1);
     StartChoosingColour();
-    outside.dialogs.ExpectColour(Rgb{0x00, 0x40, 0xA0}, Rgb{10, 20, 30});
+    outside.dialogs.ExpectColour(Colour{0x00, 0x40, 0xA0}, Colour{10, 20, 30});
     Window().lstFonder->setFocus();
     Press(Qt::Key_Return);
     EXPECT_EQ(Holding(1, 11), std::to_string(10 + 20 * 256 + 30 * 65536));
@@ -340,7 +340,7 @@ TEST_F(FundListTest, ScreenButtonWithNothingToDrawSaysWhatToDo) {
     holdings[0].skala = "./15/-10";
     StartWith(holdings);
     Press(Qt::Key_F8);
-    EXPECT_EQ(Window().picDiagram->QuietLine(), ToQt("Inga kurvor valda: Visa, Välj kurvor"));
+    EXPECT_EQ(Window().picDiagram->Placeholder(), ToQt("Inga kurvor valda: Visa, Välj kurvor"));
     ChooseFund(0);
     EXPECT_FALSE(Window().picDiagram->Drawings().empty()) << "a picture with a curve says nothing";
 }
@@ -351,13 +351,13 @@ TEST_F(FundListTest, AFundWithoutPointsSaysThatItsFirstPriceIsNext) {
     StartWith(holdings);
     ChooseFund(1);
     EXPECT_TRUE(Window().picDiagram->Drawings().empty());
-    EXPECT_EQ(Window().picDiagram->QuietLine(),
+    EXPECT_EQ(Window().picDiagram->Placeholder(),
               ToQt("Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter"));
 }
 
 TEST_F(FundListTest, AFileWithoutHoldingsSaysWhereTheFirstIsTyped) {
     StartWith({});
-    EXPECT_EQ(Window().picDiagram->QuietLine(),
+    EXPECT_EQ(Window().picDiagram->Placeholder(),
               ToQt("Filen har inga innehav ännu: skriv in det första under PPM Data"));
 }
 
@@ -371,7 +371,7 @@ TEST_F(FundListTest, AHoldingWithoutAColourIsShownAndOfferedInTheCurvesOwn) {
     const Colour own = Window().picDiagram->Drawings().at(0).colour;
     EXPECT_EQ(Window().shaPlottColor->FillColour(), QColor(own.red, own.green, own.blue));
     StartChoosingColour();
-    outside.dialogs.ExpectColour(Rgb{own.red, own.green, own.blue}, std::nullopt);
+    outside.dialogs.ExpectColour(Colour{own.red, own.green, own.blue}, std::nullopt);
     Press(Qt::Key_Return);
 }
 

@@ -189,7 +189,7 @@ TEST_F(ListLooksTest, ANewColourShowsAtOnce) {
     ChooseFund(0);
     Press(Qt::Key_F11);
     Press(Qt::Key_F9);
-    outside.dialogs.ExpectColour(Rgb{0, 200, 0});
+    outside.dialogs.ExpectColour(Colour{0, 200, 0});
     Press(Qt::Key_Return);
     Press(Qt::Key_Escape);
     Press(Qt::Key_F11);

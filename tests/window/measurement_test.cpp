@@ -22,7 +22,7 @@ class MeasurementTest : public WindowTest {
         MakeFile(holdings);
         Start();
         Window().WindowStartDay = *ParseDate("2006-01-01");
-        Window().SetVerticalScale(-10, 15);
+        Window().SetVerticalScale({.top = 15, .bottom = -10});
     }
 
     DiagramView& Picture() { return *Window().picDiagram; }

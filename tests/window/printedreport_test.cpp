@@ -189,12 +189,13 @@ void ExpectCleanPages(const Printed& printed) {
             << word.text.toStdString() << " at " << word.box.left() << " " << word.box.top();
         // The boxes are as high as the font; its letters fill the middle of them.
         const double ease = word.box.height() * 0.2;
-        const QRectF ink = word.box.adjusted(0.01, ease, -0.01, -ease);
+        const QRectF glyphs = word.box.adjusted(0.01, ease, -0.01, -ease);
         for (std::size_t other = 0; other < one; ++other) {
             const Word& before = printed.words[other];
             if (before.page != word.page) continue;
             const double beforeEase = before.box.height() * 0.2;
-            EXPECT_FALSE(ink.intersects(before.box.adjusted(0.01, beforeEase, -0.01, -beforeEase)))
+            EXPECT_FALSE(
+                glyphs.intersects(before.box.adjusted(0.01, beforeEase, -0.01, -beforeEase)))
                 << word.text.toStdString() << " over " << before.text.toStdString() << " on page "
                 << word.page << " at " << word.box.left() << " " << word.box.top();
         }

@@ -20,8 +20,9 @@ std::vector<std::string> OutputOf(const std::string& command) {
     if (pipe == nullptr) return lines;
     std::string text;
     std::array<char, 4096> buffer{};
-    while (fgets(buffer.data(), static_cast<int>(buffer.size()), pipe) != nullptr)
+    while (fgets(buffer.data(), static_cast<int>(buffer.size()), pipe) != nullptr) {
         text += buffer.data();
+    }
     if (pclose(pipe) != 0) return lines;
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);) lines.push_back(line);

@@ -275,7 +275,7 @@ void ChooseColour(UndoTest& test) {
     test.Press(Qt::Key_F11);  // closes the list; the two picture buttons show
     test.Press(Qt::Key_F9);
     test.ChooseFund(2);
-    test.outside.dialogs.ExpectColour(Rgb{1, 2, 3});
+    test.outside.dialogs.ExpectColour(Colour{1, 2, 3});
     test.Press(Qt::Key_Return);
 }
 

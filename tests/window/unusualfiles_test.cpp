@@ -1,5 +1,5 @@
-// Files at the ends of what there may be: no holding, one, a hundred and more, none or strange
-// points.
+// Files at the ends of what there may be: no holding, one,
+// a hundred and more, none or strange points.
 
 #include "base/daynumber.h"
 #include "fundfile/schema.h"

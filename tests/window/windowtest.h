@@ -5,6 +5,7 @@
 #include "app/frmPPM.h"
 #include "jet/value.h"
 #include "platform/caption.h"
+#include "platform/qttext.h"
 #include "tests/support/fakeplatform.h"
 #include "tests/window/fundfiles.h"
 #include "widgets/diagramview.h"

@@ -1,5 +1,5 @@
-// What each event does to what the window shows: one row an event, one column a mode, every cell
-// filled.
+// What each event does to what the window shows: one row an event,
+// one column a mode, every cell filled.
 
 #include "app/rules/modes.h"
 

@@ -318,6 +318,17 @@ TEST(Shown, TheStepsMenuItemsLeadBackToDaysFromWeeksAndMonths) {
     }
 }
 
+TEST(Shown, TheNumberOfPointsIsSaidOnceTheyWereCounted) {
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        EXPECT_EQ(ShownBy(state).captions.lblRecCount, "") << mode;
+        state.pointCount = 0;
+        EXPECT_EQ(ShownBy(state).captions.lblRecCount, "Listan innehåller 0 poster") << mode;
+        state.pointCount = 1234;
+        EXPECT_EQ(ShownBy(state).captions.lblRecCount, "Listan innehåller 1234 poster") << mode;
+    }
+}
+
 TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     WindowState state = In('A');
     state.caption = "caption";

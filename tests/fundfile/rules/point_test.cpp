@@ -16,8 +16,9 @@ TEST(PercentChange, IsRoundedToTheEvenNeighbour) {
         {301, 100, 201}, {1100, 100, 1000}, {1101, 100, 1001}, {201, 200, 0},
         {203, 200, 2},   {4, 3, 33},        {9, 8, 12},        {0.5, 0.25, 100},
     };
-    for (const auto& row : rows)
+    for (const auto& row : rows) {
         EXPECT_EQ(PercentChange(row.price, row.start), row.percent) << row.price;
+    }
 }
 
 TEST(PercentChange, IsReckonedInSinglePrecision) {

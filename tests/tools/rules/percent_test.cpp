@@ -15,8 +15,9 @@ TEST(PercentAnswer, IsAWholeNumberTwoBlanksAndTheSign) {
         {"3", "4", "33  %"},     {"8", "9", "12  %"},        {"100", "100", "0  %"},
         {"1,5", "3", "100  %"},  {"200,00", "0", "-100  %"},
     };
-    for (const auto& row : rows)
+    for (const auto& row : rows) {
         EXPECT_EQ(PercentAnswer(row.start, row.next), row.answer) << row.start;
+    }
 }
 
 TEST(PercentAnswer, HasNoAnswerForSome) {
