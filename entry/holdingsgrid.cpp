@@ -283,10 +283,8 @@ void HoldingsGrid::CompleteNewHolding() {
             if (row.sparadeVarden.empty()) edited.Set(kSparadeVarden, kKeepValues);
         });
         if (!HasPoints(*window.FundDb, row.kontoId)) {
-            AddPoint(*window.dtaPlott, {.fondNr = row.fondNr,
-                                        .day = row.bokfortDatum.value_or(window.TodayDay),
-                                        .percent = 0,
-                                        .kontoId = row.kontoId});
+            const std::int32_t day = row.bokfortDatum.value_or(window.TodayDay);
+            AddPoint(*window.dtaPlott, {row.fondNr, {.day = day, .value = 0}, row.kontoId});
         }
         WriteCurveList(holdings, ListedCurves(holdings));
         transaction.Commit();

@@ -5,7 +5,6 @@
 #include "app/rules/modes.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
-#include "base/number.h"
 #include "base/pastedtext.h"
 #include "entry/rules/pricecheck.h"
 #include "entry/rules/pricepreview.h"
@@ -13,8 +12,6 @@
 #include "fundfile/dayprice.h"
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
-#include "fundfile/rules/point.h"
-#include "fundfile/rules/summary.h"
 #include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/dialogs.h"
@@ -123,35 +120,24 @@ void PriceEntry::txtValue_Enter() {
 }
 
 TakenPrice PriceEntry::TakePrice(const PriceToTake& price) try {
-    const std::optional<Entry> entry = ReadEntry(price);
-    if (!entry) {
+    const std::optional<DayPrice> read = ReadDayPrice(price.typed, price.holding, price.day);
+    if (!read) {
         Tell(texts::WrongEntry);
         return {};
     }
-    if (price.show) price.show(PriceText(entry->price));
-    if (!Believable(entry->percent)) return {};
-    const DayPrice dayPrice{.price = entry->price, .day = price.day};
-    const OpenHolding stored = Store(price.holding, dayPrice);
-    ShowStored(stored, dayPrice);
-    return {PriceFate::Stored, stored, entry->percent};
+    if (price.show) price.show(read->text);
+    if (!Believable(read->point.value)) return {};
+    const OpenHolding stored = Store(price.holding, *read);
+    ShowStored(stored, *read);
+    return {PriceFate::Stored, stored, read->point.value};
 } catch (const Error& error) {
     Report(texts::StoreFailed, texts::StoreFailedLog, error);
     return {.fate = PriceFate::Failed};
 }
 
 OpenHolding PriceEntry::Store(const OpenHolding& holding, const DayPrice& price) {
-    const Change change(window, PriceChange(PriceText(price.price), holding.fond));
-    const bool earlier = price.day < window.TodayDay;
-    return (earlier ? StoreEarlierPrice : StoreDayPrice)(window.FundDb, holding, price);
-}
-
-std::optional<PriceEntry::Entry> PriceEntry::ReadEntry(const PriceToTake& price) try {
-    const std::optional<double> read = ReadPrice(price.typed);
-    if (!read) return std::nullopt;
-    return Entry{*read, PercentChange(*read, price.holding.startPrice)};
-} catch (const Error&) {
-    // A start price of 0, or a price so far from it that there is no percentage.
-    return std::nullopt;
+    const Change change(window, PriceChange(price.text, holding.fond));
+    return StoreDayPrice(window.FundDb, holding, price, window.TodayDay);
 }
 
 bool PriceEntry::Believable(std::int32_t percent) {
@@ -174,7 +160,7 @@ void PriceEntry::ShowStored(const OpenHolding& stored, const DayPrice& price) {
     skip([&] { window.dtaPlott->Refresh(); });
     window.storingPoint = false;
     if (!window.holding || window.holding->kontoId != stored.kontoId) return;
-    if (stored.summary.day == price.day) {
+    if (stored.summary.day == price.point.day) {
         window.RefreshFundSummary(stored, price.price);
     } else {
         window.Put(AfterPriceStored(window.State(), stored));

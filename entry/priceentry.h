@@ -5,12 +5,11 @@
 #include "app/controller.h"
 #include "app/pricetaking.h"
 #include "fundfile/rules/openholding.h"
+#include "fundfile/rules/summary.h"
 
 #include <cstdint>
-#include <optional>
 
 class QKeyEvent;
-struct DayPrice;
 
 class PriceEntry : Controller {
   public:
@@ -21,11 +20,6 @@ class PriceEntry : Controller {
 
   private:
     void mnuDagskurs_Click();
-    struct Entry {
-        double price = 0;
-        std::int32_t percent = 0;
-    };
-
     void txtValue_GotFocus();
     void txtValue_Change();
     void txtValue_Enter();
@@ -33,7 +27,6 @@ class PriceEntry : Controller {
     bool txtValue_Tab();
     /// -1 is the line above that of the open holding, 1 the one below; the last line has none.
     void OpenNeighbour(std::int32_t step);
-    static std::optional<Entry> ReadEntry(const PriceToTake& price);
     /// Asks or refuses; false: nothing is stored.
     bool Believable(std::int32_t percent);
     OpenHolding Store(const OpenHolding& holding, const DayPrice& price);

@@ -6,7 +6,6 @@
 #include "fundfile/records.h"
 #include "fundfile/rules/point.h"
 #include "fundfile/rules/scaletext.h"
-#include "fundfile/rules/summary.h"
 #include "fundfile/schema.h"
 #include "jet/database.h"
 #include "jet/transaction.h"
@@ -134,51 +133,36 @@ void FindRowsAnew(jet::RecordSet& records, std::int32_t row) {
     if (!records.Empty()) records.MoveTo(row);
 }
 
-/// Whether a stored price becomes the holding's latest one.
-enum class Latest { Becomes, Stays };
-
-Latest LatestAfter(jet::Database& database, std::int32_t kontoId, std::int32_t day) {
-    const std::vector<CurvePoint> points =
-        ReadPoints(*database.OpenRecordSet(queries::PointsOf(kontoId)));
-    const bool later = std::any_of(points.begin(), points.end(),
-                                   [day](const CurvePoint& point) { return point.day > day; });
-    return later ? Latest::Stays : Latest::Becomes;
-}
-
-OpenHolding Store(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
-                  const DayPrice& price, Latest latest) {
-    const std::int32_t percent = PercentChange(price.price, opened.startPrice);
-    const HoldingSummary summary = SummaryAfter(opened, price.price, price.day);
-    jet::Transaction together(database);
-    const auto row = database->OpenRecordSet(kHoldingsSource);
-    if (row->Empty() || !row->FindFirst(queries::KontoIdIs(opened.kontoId))) {
-        throw Error{ErrorNumber::RecordDeleted, "the open holding is no longer in the file"};
-    }
-    const bool replaced = StoreDayPoint(
-        *database,
-        {.fondNr = opened.fondNr, .day = price.day, .percent = percent, .kontoId = opened.kontoId});
-    const std::string scale =
-        ScaleColumnFor(*row, ReadValues(*database, opened.kontoId),
-                       replaced ? PointChange::Corrected : PointChange::Added);
-    EditRow(*row, [&](jet::RecordSet& edited) {
-        if (latest == Latest::Becomes) WriteSummary(edited, summary);
-        edited.Set(holding::kSkala, scale);
-    });
-    const OpenHolding stored = OpenHoldingOf(ReadHolding(*row));
-    together.Commit();
-    return stored;
+/// A price of today or later always is; one of an earlier day unless a later day has a point.
+bool IsLatest(jet::Database& database, std::int32_t kontoId, std::int32_t day, std::int32_t today) {
+    if (day >= today) return true;
+    const std::optional<CurvePoint> last = LastPointOf(database, kontoId);
+    return !last || last->day <= day;
 }
 
 }  // namespace
 
 OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
-                          const DayPrice& price) {
-    return Store(database, opened, price, Latest::Becomes);
-}
-
-OpenHolding StoreEarlierPrice(const std::shared_ptr<jet::Database>& database,
-                              const OpenHolding& opened, const DayPrice& price) {
-    return Store(database, opened, price, LatestAfter(*database, opened.kontoId, price.day));
+                          const DayPrice& price, std::int32_t today) {
+    if (!price.summary) throw Error{ErrorNumber::Overflow, "a summary beyond 32 bits"};
+    jet::Transaction together(database);
+    const auto row = database->OpenRecordSet(kHoldingsSource);
+    if (row->Empty() || !row->FindFirst(queries::KontoIdIs(opened.kontoId))) {
+        throw Error{ErrorNumber::RecordDeleted, "the open holding is no longer in the file"};
+    }
+    const bool latest = IsLatest(*database, opened.kontoId, price.point.day, today);
+    const auto series = database->OpenRecordSet(queries::AllPointsOf(opened.kontoId));
+    const bool replaced = StoreDayPoint(*series, {opened.fondNr, price.point, opened.kontoId});
+    const std::string scale =
+        ScaleColumnFor(*row, ReadValues(*database, opened.kontoId),
+                       replaced ? PointChange::Corrected : PointChange::Added);
+    EditRow(*row, [&](jet::RecordSet& edited) {
+        if (latest) WriteSummary(edited, *price.summary);
+        edited.Set(holding::kSkala, scale);
+    });
+    const OpenHolding stored = OpenHoldingOf(ReadHolding(*row));
+    together.Commit();
+    return stored;
 }
 
 std::vector<FollowedSummary> StorePoint(const std::shared_ptr<jet::Database>& database,

@@ -3,6 +3,7 @@
 // scale, and a corrected series with its scale.
 
 #include "fundfile/rules/openholding.h"
+#include "fundfile/rules/summary.h"
 
 #include <cstdint>
 #include <functional>
@@ -15,23 +16,14 @@ namespace jet {
 class Database;
 }
 
-struct DayPrice {
-    double price = 0;
-    std::int32_t day = 0;  ///< a day number
-};
-
 /// Stores the price: the day's point in place of an earlier one of that day, the summary, and the
 /// scale. A new day widens the stored scale as far as the points need; a replaced point makes it
-/// the automatic one. All of it or nothing; the holding as it is stored then comes back. Data
-/// sources are refreshed by the caller. Throws RecordDeleted when the holding is no longer in the
-/// file, DivisionByZero or Overflow where there is no percentage, and what the file throws.
+/// the automatic one. A day before today that is filled in afterwards leaves the summary as it is
+/// where a later day has a point. All of it or nothing; the holding as it is stored then comes
+/// back. Data sources are refreshed by the caller. Throws Overflow for a price without a summary,
+/// RecordDeleted when the holding is no longer in the file, and what the file throws.
 OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
-                          const DayPrice& price);
-
-/// The same for a day before today that is filled in afterwards: the summary stays as it is where a
-/// later day has a point.
-OpenHolding StoreEarlierPrice(const std::shared_ptr<jet::Database>& database,
-                              const OpenHolding& opened, const DayPrice& price);
+                          const DayPrice& price, std::int32_t today);
 
 /// A holding whose summary is another because its last point is.
 struct FollowedSummary {

@@ -124,8 +124,8 @@ template <typename Points>
 void Add(Points& points, const NewPoint& point) try {
     points.AddNew();
     points.Set(schema::point::kFondNr, point.fondNr);
-    points.Set(schema::point::kXCord, point.day);
-    points.Set(schema::point::kYCord, point.percent);
+    points.Set(schema::point::kXCord, point.point.day);
+    points.Set(schema::point::kYCord, point.point.value);
     points.Set(schema::point::kKontoId, point.kontoId);
     points.Update();
 } catch (const Error&) {
@@ -216,15 +216,16 @@ void AddPoint(DataSource& points, const NewPoint& point) {
     Add(points, point);
 }
 
-bool StoreDayPoint(jet::Database& database, const NewPoint& point) {
-    const auto present = database.OpenRecordSet(queries::PointsOf(point.kontoId));
-    const std::string thatDay = queries::XCordIs(point.day);
+bool StoreDayPoint(jet::RecordSet& series, const NewPoint& point) {
     bool replaced = false;
-    while (!present->Empty() && present->FindFirst(thatDay)) {
-        present->Delete();
+    // From the last row on: a deleted one moves those behind it.
+    for (std::int32_t row = series.RecordCount() - 1; row >= 0; --row) {
+        if (NumberIn(series.At(row, schema::point::kXCord)) != point.point.day) continue;
+        series.MoveTo(row);
+        series.Delete();
         replaced = true;
     }
-    Add(*database.OpenRecordSet(schema::kPointsTable), point);
+    Add(series, point);
     return replaced;
 }
 

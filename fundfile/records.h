@@ -39,15 +39,17 @@ bool HasPoints(jet::Database& database, std::int32_t kontoId);
 
 struct NewPoint {
     std::string fondNr;
-    std::int32_t day = 0, percent = 0, kontoId = 0;
+    CurvePoint point;
+    std::int32_t kontoId = 0;
 };
 
 /// Adds a row to the record set of all points. Refreshing the source is the caller's.
 void AddPoint(DataSource& points, const NewPoint& point);
 
-/// Puts the point in place of every point that the holding has on that day; true when there was
-/// one. Several updates: joined by the caller's Transaction. Refreshing a source is the caller's.
-bool StoreDayPoint(jet::Database& database, const NewPoint& point);
+/// Puts the point in place of every one of that day in a series, which is all points of its
+/// holding; true when there was one. Several updates: joined by the caller's Transaction.
+/// Refreshing a source is the caller's.
+bool StoreDayPoint(jet::RecordSet& series, const NewPoint& point);
 
 /// The number of points deleted. Refreshing a source is the caller's.
 std::int32_t DeletePointsOf(jet::Database& database, std::int32_t kontoId);

@@ -22,6 +22,16 @@ std::optional<double> ReadPrice(std::string_view text) {
     return price;
 }
 
+std::optional<DayPrice> ReadDayPrice(std::string_view text, const OpenHolding& holding,
+                                     std::int32_t day) {
+    std::optional<DayPrice> made;
+    Skipping skip;
+    if (const auto price = ReadPrice(text)) {
+        skip([&] { made = DayPriceOf(holding, *price, day); });
+    }
+    return made;
+}
+
 Verdict Judge(std::int32_t percent) {
     if (percent > kRefuseAbove) return Verdict::AskThenRefuse;
     return percent > kAskAbove ? Verdict::AskFirst : Verdict::Accept;

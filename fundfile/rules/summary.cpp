@@ -41,14 +41,22 @@ std::string PriceText(double price) {
     return Fixed(price, kPriceDecimals);
 }
 
-std::string CurrentValueText(std::string_view fondNr, double shares, double price) {
-    if (fondNr == kSummaryFondNr) return std::string(texts::NoValue);
-    return PlainText(RoundHalfEven(shares * price));
+HoldingSummary SummaryAfter(const OpenHolding& holding, double price, std::int32_t day) {
+    const std::int32_t change = ChangeSinceStart(holding.startPrice, price);
+    const bool hasValue = holding.fondNr != kSummaryFondNr;
+    return {.day = day,
+            .latestPrice = std::string(texts::LatestPrice) + Fixed(price, kPriceDecimals),
+            .change = PlainText(change) + std::string(texts::Percent),
+            .value = hasValue ? PlainText(RoundHalfEven(holding.shares * price))
+                              : std::string(texts::NoValue)};
 }
 
-HoldingSummary SummaryAfter(const OpenHolding& holding, double price, std::int32_t day) {
-    return {.day = day,
-            .latestPrice = LatestPriceText(PriceText(price)),
-            .change = ChangeText(ChangeSinceStart(holding.startPrice, price)),
-            .value = CurrentValueText(holding.fondNr, holding.shares, price)};
+DayPrice DayPriceOf(const OpenHolding& holding, double price, std::int32_t day) {
+    DayPrice made;
+    made.price = price;
+    made.point = {.day = day, .value = PercentChange(price, holding.startPrice)};
+    Skipping skip;
+    skip([&] { made.summary = SummaryAfter(holding, price, day); });
+    made.text = Fixed(price, kPriceDecimals);
+    return made;
 }

@@ -1,7 +1,8 @@
 #pragma once
-// A holding's summary after a new price.
+// A holding's price on a day, and the summary that it makes.
 
 #include "fundfile/rules/openholding.h"
+#include "fundfile/rules/point.h"
 
 #include <cstdint>
 #include <optional>
@@ -25,8 +26,19 @@ std::optional<double> LatestPriceOf(const HoldingSummary& summary);
 /// A price as it is shown: "12,50", every digit before the comma as it was typed.
 std::string PriceText(double price);
 
-/// The value of the shares in whole kronor, or "-" for a summary row. Overflow (6) beyond 32 bits.
-std::string CurrentValueText(std::string_view fondNr, double shares, double price);
-
-/// The summary of the holding when this is its latest price. Throws what its parts throw.
+/// The summary of the holding when this is its latest price: the value of its shares in whole
+/// kronor, "-" for a summary row. Throws what ChangeSinceStart throws, and Overflow (6) for a value
+/// beyond 32 bits.
 HoldingSummary SummaryAfter(const OpenHolding& holding, double price, std::int32_t day);
+
+/// A price and all that follows from it for its holding, reckoned before anything is asked or
+/// stored.
+struct DayPrice {
+    double price = 0;
+    std::string text;                       ///< as it is shown
+    CurvePoint point;                       ///< the day, and the change in whole percent
+    std::optional<HoldingSummary> summary;  ///< nothing where a number of it is beyond 32 bits
+};
+
+/// Throws what PercentChange throws: without a percentage there is no point.
+DayPrice DayPriceOf(const OpenHolding& holding, double price, std::int32_t day);

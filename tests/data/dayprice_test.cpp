@@ -52,9 +52,13 @@ class DayPriceTest : public testing::Test {
         return holdings.Records().At(row, schema::holding::kSkala).Text();
     }
     OpenHolding Store(std::int32_t row, double price, std::int32_t day = kToday) {
-        const OpenHolding stored = StoreDayPrice(file.database, Holding(row), {price, day});
+        const OpenHolding stored = StoreOf(Holding(row), price, day, day);
         points.Refresh();
         return stored;
+    }
+    OpenHolding StoreOf(const OpenHolding& holding, double price, std::int32_t day,
+                        std::int32_t today = kToday) {
+        return StoreDayPrice(file.database, holding, DayPriceOf(holding, price, day), today);
     }
     Points Series(const OpenHolding& holding) {
         return testdata::PointsOf(*file.database, holding.kontoId);
@@ -99,7 +103,7 @@ TEST_F(DayPriceTest, OfAnEarlierDayLeavesTheSummaryToALaterOne) {
     Open();
     Store(0, 120);
     const auto store = [&](double price, std::int32_t day) {
-        const OpenHolding stored = StoreEarlierPrice(file.database, Holding(0), {price, day});
+        const OpenHolding stored = StoreOf(Holding(0), price, day);
         points.Refresh();
         EXPECT_EQ(stored, Holding(0));
         return stored.summary;
@@ -115,10 +119,10 @@ TEST_F(DayPriceTest, OfAnEarlierDayLeavesTheSummaryToALaterOne) {
 
 TEST_F(DayPriceTest, OfAnEarlierDayIsTheLatestOneWhereNoLaterDayHasOne) {
     Open();
-    StoreEarlierPrice(file.database, Holding(1), {130, kToday - 5});
+    StoreOf(Holding(1), 130, kToday - 5);
     const HoldingSummary summary{kToday - 3, "Senaste : 140,00", "40 %", "1400"};
-    EXPECT_EQ(StoreEarlierPrice(file.database, Holding(1), {140, kToday - 3}).summary, summary);
-    EXPECT_EQ(StoreEarlierPrice(file.database, Holding(1), {135, kToday - 4}).summary, summary);
+    EXPECT_EQ(StoreOf(Holding(1), 140, kToday - 3).summary, summary);
+    EXPECT_EQ(StoreOf(Holding(1), 135, kToday - 4).summary, summary);
 }
 
 TEST_F(DayPriceTest, AFailureInTheMiddleLeavesTheOldFile) {
@@ -129,10 +133,7 @@ TEST_F(DayPriceTest, AFailureInTheMiddleLeavesTheOldFile) {
     const std::string before = testdata::BytesOf(path);
     OpenHolding holding = Holding(1);
     holding.fondNr = "much too long";  // the day's earlier point is gone when this is found out
-    EXPECT_EQ(NumberOf([&] {
-                  StoreDayPrice(file.database, holding, {150, kToday});
-              }),
-              ErrorNumber::FieldTooLong);
+    EXPECT_EQ(NumberOf([&] { StoreOf(holding, 150, kToday); }), ErrorNumber::FieldTooLong);
     EXPECT_EQ(testdata::BytesOf(path), before);
     EXPECT_EQ(Series(holding), (Points{{kToday, 5}}));
     EXPECT_EQ(Skala(1), "15/-10");
@@ -144,10 +145,16 @@ TEST_F(DayPriceTest, OfAHoldingThatIsGoneIsRefused) {
     OpenHolding holding = Holding(1);
     holding.kontoId = 77;
     const std::string before = testdata::BytesOf(path);
-    EXPECT_EQ(NumberOf([&] {
-                  StoreDayPrice(file.database, holding, {150, kToday});
-              }),
-              ErrorNumber::RecordDeleted);
+    EXPECT_EQ(NumberOf([&] { StoreOf(holding, 150, kToday); }), ErrorNumber::RecordDeleted);
+    EXPECT_EQ(testdata::BytesOf(path), before);
+}
+
+TEST_F(DayPriceTest, WithoutASummaryIsRefused) {
+    Open();
+    OpenHolding holding = Holding(1);
+    holding.shares = 1e9;
+    const std::string before = testdata::BytesOf(path);
+    EXPECT_EQ(NumberOf([&] { StoreOf(holding, 150, kToday); }), ErrorNumber::Overflow);
     EXPECT_EQ(testdata::BytesOf(path), before);
 }
 
@@ -228,9 +235,9 @@ TEST_F(CorrectedPointTest, AddedOnlyWidensTheScale) {
     holdings.Edit();
     holdings.Set(schema::holding::kSkala, std::string("60/-40"));
     holdings.Update();
-    AddPoint(points, {"249 995", kToday, 5, Holding(1).kontoId});
+    AddPoint(points, {"249 995", {kToday, 5}, Holding(1).kontoId});
     EXPECT_EQ(Skala(1), "60/-40");
-    AddPoint(points, {"249 995", kToday + 1, -41, Holding(1).kontoId});
+    AddPoint(points, {"249 995", {kToday + 1, -41}, Holding(1).kontoId});
     EXPECT_EQ(Skala(1), "75/-50");
 }
 
@@ -245,7 +252,7 @@ TEST_F(CorrectedPointTest, ThatCannotBeStoredLeavesFileAndRecordSet) {
     EXPECT_EQ(points.Position(), 1);
     EXPECT_EQ(NumberOf([&] { Set(schema::point::kYCord, 90); }), ErrorNumber::ChangedByOther);
     EXPECT_EQ(NumberOf([&] {
-                  AddPoint(points, {"249 995", kToday, 5, 2});
+                  AddPoint(points, {"249 995", {kToday, 5}, 2});
               }),
               ErrorNumber::ChangedByOther);
     EXPECT_EQ(points.RecordCount(), count);

@@ -474,8 +474,10 @@ TEST_P(SampleFundFile, KeepsAStoredPriceThatAnotherReaderSees) {
     FundFile file = OpenAndBind(path, {holdings, points}, queries::AllPoints());
     const std::size_t before = testdata::MdbExport(path, "PLOTTDATA").size();
     const std::int32_t kontoId = holdings.Empty() ? 1 : KontoIdOf(holdings);
-    StoreDayPoint(*file.database, {"246 813", 46100, -7, kontoId});
-    StoreDayPoint(*file.database, {"246 813", 46100, 12, kontoId});
+    for (const std::int32_t percent : {-7, 12}) {
+        StoreDayPoint(*file.database->OpenRecordSet(queries::AllPointsOf(kontoId)),
+                      {"246 813", {46100, percent}, kontoId});
+    }
     const std::vector<std::string> rows = testdata::MdbExport(path, "PLOTTDATA");
     EXPECT_EQ(rows.size(), before + 1);
     EXPECT_EQ(std::count(rows.begin(), rows.end(), "\"246 813\",46100,12," + PlainText(kontoId)),

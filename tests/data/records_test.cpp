@@ -29,8 +29,13 @@ class RecordsTest : public testing::Test {
     ~RecordsTest() override { CloseFundFile(file.database); }
 
     void Add(std::int32_t kontoId, std::int32_t day, std::int32_t percent) {
-        AddPoint(points, {"123 456", day, percent, kontoId});
+        AddPoint(points, {"123 456", {day, percent}, kontoId});
         points.Refresh();
+    }
+    /// In the series of the first holding.
+    bool StoreOn(std::int32_t day, std::int32_t percent) {
+        return StoreDayPoint(*file.database->OpenRecordSet(queries::AllPointsOf(1)),
+                             {"123 456", {day, percent}, 1});
     }
     Points Read(std::int32_t kontoId) { return testdata::PointsOf(*file.database, kontoId); }
 
@@ -77,8 +82,8 @@ TEST_F(RecordsTest, ASecondPriceOfADayReplacesTheFirst) {
     Open();
     Add(1, 40001, 1);
     Add(2, 40002, 50);
-    EXPECT_FALSE(StoreDayPoint(*file.database, {"123 456", 40002, 2, 1}));
-    EXPECT_TRUE(StoreDayPoint(*file.database, {"123 456", 40002, -3, 1}));
+    EXPECT_FALSE(StoreOn(40002, 2));
+    EXPECT_TRUE(StoreOn(40002, -3));
     points.Refresh();
     EXPECT_EQ(Read(1), (Points{{40001, 1}, {40002, -3}}));
     EXPECT_EQ(Read(2), (Points{{40002, 50}}));
@@ -90,7 +95,7 @@ TEST_F(RecordsTest, SeveralPointsOfADayBecomeOne) {
     Add(1, 40001, 1);
     Add(1, 40001, 2);
     Add(1, 40001, 3);
-    StoreDayPoint(*file.database, {"123 456", 40001, 4, 1});
+    StoreOn(40001, 4);
     EXPECT_EQ(Read(1), (Points{{40001, 4}}));
 }
 
@@ -99,7 +104,7 @@ TEST_F(RecordsTest, AReplacementThatIsTakenBackLeavesTheFormerPoint) {
     Add(1, 40001, 1);
     {
         const jet::Transaction transaction(file.database);
-        StoreDayPoint(*file.database, {"123 456", 40001, 4, 1});
+        StoreOn(40001, 4);
     }
     points.Refresh();
     EXPECT_EQ(Read(1), (Points{{40001, 1}}));
@@ -111,7 +116,7 @@ TEST_F(RecordsTest, APointThatDoesNotFitLeavesNothingPending) {
     design[1].columns[schema::point::kFondNr].size = 7;
     Open(design);
     EXPECT_EQ(NumberOf([&] {
-                  AddPoint(points, {"much too long", 40001, 4, 1});
+                  AddPoint(points, {"much too long", {40001, 4}, 1});
               }),
               ErrorNumber::FieldTooLong);
     EXPECT_FALSE(points.Pending());

@@ -23,6 +23,20 @@ TEST(ReadPrice, RefusesEverythingElse) {
     }
 }
 
+TEST(ReadDayPrice, TakesAPriceThatHasAPercentage) {
+    OpenHolding holding;
+    holding.startPrice = 80;
+    const std::optional<DayPrice> read = ReadDayPrice("100,5", holding, 46342);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->text, "100,50");
+    EXPECT_EQ(read->point, (CurvePoint{46342, 26}));
+    EXPECT_FALSE(ReadDayPrice("0", holding, 46342));
+    holding.startPrice = 0;
+    EXPECT_FALSE(ReadDayPrice("100,5", holding, 46342));
+    holding.startPrice = 1e-30;
+    EXPECT_FALSE(ReadDayPrice("100,5", holding, 46342)) << "too far from it";
+}
+
 TEST(Judge, AsksAbove200AndRefusesAbove1000) {
     const struct {
         std::int32_t percent;

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <gtest/gtest.h>
+#include <optional>
+#include <string_view>
 
 namespace {
 
@@ -48,25 +50,54 @@ TEST(Summary, PriceKeepsTheDigitsThatWereTyped) {
     EXPECT_EQ(LatestPriceText("12,50"), "Senaste : 12,50");
 }
 
-TEST(Summary, CurrentValueIsInWholeKronor) {
-    EXPECT_EQ(CurrentValueText("751 062", 2010.0489, 33.64), "67618");
-    EXPECT_EQ(CurrentValueText("751 062", 10, 12.25), "122");
-    EXPECT_EQ(CurrentValueText("751 062", 10, 12.35), "124");
-    EXPECT_EQ(CurrentValueText("751 062", 0, 12.35), "0");
-    EXPECT_EQ(CurrentValueText("751 062", 100, 524287.99), "52428799");
+OpenHolding Holding(std::string_view fondNr, double startPrice, double shares) {
+    OpenHolding holding;
+    holding.fondNr = fondNr;
+    holding.startPrice = startPrice;
+    holding.shares = shares;
+    return holding;
 }
 
-TEST(Summary, CurrentValueOfASummaryRowIsADash) {
-    EXPECT_EQ(CurrentValueText("999 999", 1, 12.35), "-");
+TEST(Summary, ValueIsInWholeKronorAndADashForASummaryRow) {
+    const struct {
+        std::string_view fondNr;
+        double shares, price;
+        std::string_view value;
+    } rows[] = {
+        {"751 062", 2010.0489, 33.64, "67618"},  {"751 062", 10, 12.25, "122"},
+        {"751 062", 10, 12.35, "124"},           {"751 062", 0, 12.35, "0"},
+        {"751 062", 100, 524287.99, "52428799"}, {"999 999", 1, 12.35, "-"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(SummaryAfter(Holding(row.fondNr, 10, row.shares), row.price, 46342).value,
+                  row.value)
+            << row.shares << " " << row.price;
+    }
 }
 
 TEST(Summary, IsThatOfTheNewPrice) {
-    OpenHolding holding;
-    holding.fondNr = "751 062";
-    holding.startPrice = 524287.99;
-    holding.shares = 2;
-    EXPECT_EQ(SummaryAfter(holding, 524288.99, 46342),
+    EXPECT_EQ(SummaryAfter(Holding("751 062", 524287.99, 2), 524288.99, 46342),
               (HoldingSummary{46342, "Senaste : 524288,99", "0 %", "1048578"}));
+}
+
+TEST(DayPrice, HasAllThatFollowsFromThePrice) {
+    const DayPrice made = DayPriceOf(Holding("751 062", 100, 10), 120.5, 46342);
+    EXPECT_EQ(made.price, 120.5);
+    EXPECT_EQ(made.text, "120,50");
+    EXPECT_EQ(made.point, (CurvePoint{46342, 20}));
+    EXPECT_EQ(made.summary, (HoldingSummary{46342, "Senaste : 120,50", "20 %", "1205"}));
+}
+
+TEST(DayPrice, HasNoSummaryWhereTheValueIsBeyond32Bits) {
+    const DayPrice made = DayPriceOf(Holding("751 062", 100, 1e9), 120.5, 46342);
+    EXPECT_EQ(made.point.value, 20);
+    EXPECT_EQ(made.summary, std::nullopt);
+}
+
+TEST(DayPrice, IsNoneWithoutAPercentage) {
+    Skipping skip;
+    skip([] { DayPriceOf(Holding("751 062", 0, 1), 12, 46342); });
+    EXPECT_EQ(skip.Number(), kDivisionByZero);
 }
 
 }  // namespace
