@@ -32,6 +32,8 @@ ListLooks::ListLooks(frmPPM& ppm) : Controller(ppm) {
     On(window.dtaBasData, &DataSource::Refreshed, this, &ListLooks::Forget);
     On(window.dtaBasData, &DataSource::RowStored, this, &ListLooks::Forget);
     On(window.dtaBasData, &DataSource::RowDeleted, [this] { Forget(); });
+    // A stored price changes the holding's row beside the source, and has the points read anew.
+    On(window.dtaPlott, &DataSource::Refreshed, this, &ListLooks::Forget);
     OnEvent(window.lstFonder, QEvent::KeyPress, [this](QEvent& event) {
         return lstFonder_KeyDown(static_cast<const QKeyEvent&>(event));
     });

@@ -176,7 +176,6 @@ TEST_F(ListLooksTest, TheLatestChangeStandsAtTheRightEndAndFollowsAPrice) {
     const QImage before = Line(0);
     TypePrice("120");
     ASSERT_EQ(Holding(0, schema::holding::kProcent), "20 %");
-    ChooseFund(0);
     const QImage after = Line(0);
     const QRect end(after.width() - 45, 2, 43, after.height() - 4);
     EXPECT_NE(after.copy(end), before.copy(end));
