@@ -112,6 +112,7 @@ void PointSearch::txtSokDag_Enter() {
     if (points.Empty() || !points.FindFirst(queries::XCordIs(*day))) {
         return Notice(std::string(texts::NoPointOn) + FormatDay(*day));
     }
+    Notice({});
     window.txtPunktKr->setFocus();
     window.txtPunktKr->selectAll();
 }

@@ -108,6 +108,8 @@ TEST_F(PointSearchTest, ADayLeadsToItsPointInKronor) {
     EXPECT_EQ(Line(), "2026-03-19 = 20 % =");
     Go("igår");
     EXPECT_EQ(Window().notice, texts::NoDay);
+    Go("2026-03-19");
+    EXPECT_EQ(Window().notice, "");
 }
 
 TEST_F(PointSearchTest, TheCurrentRowIsTheOneThatIsSaid) {
