@@ -52,6 +52,7 @@ struct Controls {
     QAction* mnuStartFile = nullptr;
     QAction* mnuAterstall = nullptr;
     QAction* mnuPrint = nullptr;
+    Indexed<QAction*, 1, 8> mnuFil;  ///< the fund files that lie near
     QAction* mnuAvbryt = nullptr;
     // Menu Redigera
     QMenu* mnuRedigera = nullptr;
@@ -177,5 +178,6 @@ struct Controls {
     QLabel* lblKopia = nullptr;
     QPushButton* cmdAterstall = nullptr;
 
+    QGroupBox* fraSlapp = nullptr;  ///< around the window, while a file is held over it
     StatusPanels* staBar = nullptr;
 };

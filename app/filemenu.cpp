@@ -102,9 +102,12 @@ void FileMenu::mnuOpen_Click() {
         if (!dialog.fileName.empty()) StoreStartFile();
         return;
     }
-    if (dialog.fileName.empty()) return;
+    if (!dialog.fileName.empty()) OpenChosen(dialog.fileName);
+}
+
+void FileMenu::OpenChosen(const std::string& path) {
     // What is still being typed belongs to the file that is open now.
-    if (window.MayLeaveFile()) SwitchTo(dialog.fileName);
+    if (window.MayLeaveFile()) SwitchTo(path);
 }
 
 /// The file to start with is always the same one, whatever the dialog gave.
@@ -234,7 +237,6 @@ void FileMenu::ShowNotice(std::string text) {
     window.ShowState();
 }
 
-/// That something went well: for some seconds at most.
 void FileMenu::ShowReceipt(std::string text) {
     ShowNotice(std::move(text));
     receiptTime_ = window.platform.clock.After(kReceiptTime, [this] {

@@ -19,6 +19,10 @@ class FileMenu : Controller {
     void TellAbout(const FundFile& file);
     /// Opens the file in the place of the open one, which may be the same.
     void SwitchTo(const std::string& path);
+    /// The same for a file that the user chose: what is half typed may keep the open one.
+    void OpenChosen(const std::string& path);
+    /// In the status bar that something went well, for some seconds at most.
+    void ShowReceipt(std::string text);
 
   private:
     void mnuNew_Click();
@@ -34,7 +38,6 @@ class FileMenu : Controller {
     void ShowNothingOpen();
     void OfferTakeOver(const std::string& why);
     void ShowNotice(std::string text);
-    void ShowReceipt(std::string text);
     bool AskTwice(const std::string& path);
     bool MayBeReplaced(const std::string& path, std::string_view failed);
     void Complain(std::string_view failed, const std::string& path, const Error& error);

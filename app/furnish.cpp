@@ -65,6 +65,7 @@ void Furnish(frmPPM& window) {
     FurnishOverview(window);
     FurnishDayPrices(window);
     FurnishStatusBar(window);
+    FurnishDropFrame(window);
     FurnishTabOrder(window);
     FurnishContextMenus(window);
     // Enter presses a button that has the focus, as Space does.

@@ -21,5 +21,6 @@ void FurnishShortOverview(frmPPM& window);  ///< panKort
 void FurnishOverview(frmPPM& window);       ///< panOversikt
 void FurnishDayPrices(frmPPM& window);      ///< panKurser
 void FurnishStatusBar(frmPPM& window);      ///< staBar
+void FurnishDropFrame(frmPPM& window);      ///< fraSlapp
 void FurnishTabOrder(frmPPM& window);
 void FurnishContextMenus(frmPPM& window);  ///< what the menus offer, where it is needed

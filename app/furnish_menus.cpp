@@ -2,7 +2,8 @@
 
 #include "app/furnish.h"
 #include "app/furnishing.h"
-#include "app/rules/mnemonics.h"
+#include "app/menuletters.h"
+#include "app/rules/fileitem.h"
 #include "platform/caption.h"
 #include "platform/qttext.h"
 
@@ -23,30 +24,24 @@ QAction* Item(QMenu* menu, const char* name, std::string_view caption) {
     return action;
 }
 
-/// Marks the letters to press while the menu is open, and only then:
-/// the captions stay as they are given.
-void MarkLettersWhileOpen(QMenu* menu) {
-    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] {
-        std::vector<std::string> captions;
-        for (const QAction* action : menu->actions()) captions.push_back(Caption(action));
-        captions = WithMnemonics(captions);
-        for (std::size_t i = 0; i < captions.size(); ++i) {
-            menu->actions()[static_cast<qsizetype>(i)]->setText(ToQt(captions[i]));
-        }
-    });
-    QObject::connect(menu, &QMenu::aboutToHide, menu, [menu] {
-        for (QAction* action : menu->actions()) {
-            SetCaption(action, WithoutMnemonic(Caption(action)));
-        }
-    });
-}
-
 QMenu* Menu(frmPPM& window, const char* name, std::string_view caption) {
     QMenu* menu = Named(window.menuBar()->addMenu(ToQt(caption)), name);
     menu->menuAction()->setObjectName(menu->objectName() + QStringLiteral("_action"));
-    MarkLettersWhileOpen(menu);
+    QObject::connect(menu, &QMenu::aboutToShow, menu, [menu] { MarkLetters(*menu); });
+    QObject::connect(menu, &QMenu::aboutToHide, menu, [menu] { UnmarkLetters(*menu); });
     window.layout.SetFont(menu, kTextPoints, FontKind::Control);
     return menu;
+}
+
+/// For the fund files that lie near.
+void FurnishListedFiles(frmPPM& window) {
+    for (int i = decltype(window.mnuFil)::kFirst; i <= decltype(window.mnuFil)::kLast; ++i) {
+        QAction* item = window.mnuFil[i] =
+            Named(window.mnuArkiv->addAction(ToQt(FileItemCaption(i, ""))), "mnuFil", i);
+        item->setCheckable(true);
+        item->setVisible(false);
+        item->setMenuRole(QAction::NoRole);
+    }
 }
 
 }  // namespace
@@ -54,7 +49,9 @@ QMenu* Menu(frmPPM& window, const char* name, std::string_view caption) {
 void FurnishMenus(frmPPM& window) {
     QMenu* file = window.mnuArkiv = Menu(window, "mnuArkiv", "&Arkiv");
     window.mnuNew = Item(file, "mnuNew", "Ny Fondfil");
+    window.mnuNew->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
     window.mnuOpen = Item(file, "mnuOpen", "Öppna");
+    window.mnuOpen->setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
     window.mnuSaveAs = Item(file, "mnuSaveAs", "Spara som..");
     window.mnuRadera = Item(file, "mnuRadera", "Radera Fondfil");
     file->addSeparator();
@@ -62,6 +59,9 @@ void FurnishMenus(frmPPM& window) {
     window.mnuAterstall = Item(file, "mnuAterstall", "Återställ kopia...");
     file->addSeparator();
     window.mnuPrint = Item(file, "mnuPrint", "Skriv Ut");
+    window.mnuPrint->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
+    file->addSeparator();
+    FurnishListedFiles(window);
     file->addSeparator();
     window.mnuAvbryt = Item(file, "mnuAvbryt", "Avsluta");
 

@@ -10,6 +10,7 @@
 
 #include <QFont>
 #include <QFrame>
+#include <QGroupBox>
 #include <QLabel>
 
 #include <string_view>
@@ -31,6 +32,15 @@ void FurnishHeading(frmPPM& window) {
     Placed(window, window.lblPanDatum, {7200, 30, 4380, 450}, 10);
     window.lblPanDatum->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Speak(window.lblPanDatum, "Dagens datum");
+}
+
+/// Keys and the mouse go through it; it stands over all panels.
+void FurnishDropFrame(frmPPM& window) {
+    auto* frame = window.fraSlapp = Named(new QGroupBox(window.centralWidget()), "fraSlapp");
+    Placed(window, frame, places::kWholeWindow);
+    frame->setAttribute(Qt::WA_TransparentForMouseEvents);
+    frame->hide();
+    window.setAcceptDrops(true);
 }
 
 void FurnishStatusBar(frmPPM& window) {

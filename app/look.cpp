@@ -52,6 +52,7 @@ QWidget#client QGroupBox { background: $panel; color: $title; border: 1px solid 
                            border-radius: 4px; margin: 0; padding: 0; }
 QWidget#client QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left;
                                   left: 9px; top: 5px; color: $title; background: transparent; }
+QWidget#client QGroupBox#fraSlapp { background: transparent; border: 3px solid $accent; }
 QPushButton { background: $white; color: $text; border: 1px solid $buttonBorder; border-radius: 4px;
               padding: 1px 8px; }
 QPushButton:hover { background: $hover; border-color: $accent; }

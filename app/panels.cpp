@@ -1,6 +1,7 @@
 #include "app/panels.h"
 
 #include "app/look.h"
+#include "app/rules/mnemonics.h"
 #include "app/rules/texts.h"
 #include "base/number.h"
 #include "platform/caption.h"
@@ -74,6 +75,7 @@ void Panels::Show(const Shown& shown) {
     Enable(shown.enabled, true);
     Reveal(shown.visible, true);
     ShowCurves(shown);
+    ShowFiles(shown.files);
     controls_.picDiagram->MarkDay(shown.today, ToQt(texts::Today));
     GiveFocus(shown.focus);
     KeepFocusInSight(shown);
@@ -133,6 +135,20 @@ void Panels::ShowCurves(const Shown& shown) {
     if (const auto& at = shown.lit->at)
         lit.at = Point{static_cast<double>(at->day), static_cast<double>(at->value)};
     picture.Light(std::move(lit));
+}
+
+void Panels::ShowFiles(const std::vector<Shown::FileItem>& files) {
+    for (std::size_t i = 0; i < controls_.mnuFil.size(); ++i) {
+        QAction* item = controls_.mnuFil[static_cast<int>(i) + 1];
+        const bool there = i < files.size();
+        if (item->isVisible() != there) item->setVisible(there);
+        if (!there) continue;
+        // Its key is marked while the menu is open.
+        if (WithoutMnemonic(Caption(item)) != files[i].caption) SetCaption(item, files[i].caption);
+        if (item->isChecked() != files[i].checked) item->setChecked(files[i].checked);
+        const QString path = ToQt(files[i].path);
+        if (item->toolTip() != path) item->setToolTip(path);
+    }
 }
 
 void Panels::ShowTags(const Shown::Tags& tags) {
@@ -221,6 +237,7 @@ void Panels::Reveal(const Shown::Visible& visible, bool which) {
     Turn(controls_.panKort, visible.panKort, which);
     Turn(controls_.panKurser, visible.panKurser, which);
     Turn(controls_.panOversikt, visible.panOversikt, which);
+    Turn(controls_.fraSlapp, visible.fraSlapp, which);
     Turn(controls_.txtNyKurs, visible.txtNyKurs, which);
 }
 

@@ -6,6 +6,8 @@
 #include "app/controls.h"
 #include "app/rules/shown.h"
 
+#include <vector>
+
 class QMainWindow;
 
 class Panels {
@@ -19,6 +21,7 @@ class Panels {
   private:
     void ShowCaptions(const Shown::Captions& captions);
     void ShowCurves(const Shown& shown);
+    void ShowFiles(const std::vector<Shown::FileItem>& files);
     void ShowTags(const Shown::Tags& tags);
     void ShowFundPanel(const HoldingView& view);
     void ShowStatus(const StatusTexts& texts);

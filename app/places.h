@@ -18,6 +18,7 @@ inline constexpr TwipRect kWholeWidth{120, 690, 11760, 5790};
 
 inline constexpr TwipRect kControls{120, 6570, 3540, 1665};
 inline constexpr TwipRect kStartData{3750, 6570, 8130, 1665};
+inline constexpr TwipRect kWholeWindow{0, 0, 12000, 8670};
 inline constexpr TwipRect kStatusBar{0, 8325, 12000, 345};
 
 }  // namespace places

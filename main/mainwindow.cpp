@@ -1,6 +1,8 @@
 #include "main/mainwindow.h"
 
 #include "app/background.h"
+#include "app/filedrop.h"
+#include "app/filelist.h"
 #include "app/filemenu.h"
 #include "app/fundlist.h"
 #include "app/fundsummary.h"
@@ -70,6 +72,8 @@ struct MainWindow::Controllers {
           plotEditor(window),
           pointSearch(window),
           fileMenu(window),
+          fileList(window),
+          fileDrop(window),
           safetyCopies(window),
           undoRedo(window),
           accountTotals(window),
@@ -105,6 +109,8 @@ struct MainWindow::Controllers {
     PlotEditor plotEditor;
     PointSearch pointSearch;
     FileMenu fileMenu;
+    FileList fileList;
+    FileDrop fileDrop;
     SafetyCopies safetyCopies;
     UndoRedo undoRedo;
     AccountTotals accountTotals;
@@ -147,6 +153,12 @@ void MainWindow::TellAbout(const FundFile& file) {
 }
 void MainWindow::OpenFile(const std::string& path) {
     controllers_->fileMenu.SwitchTo(path);
+}
+void MainWindow::OpenChosenFile(const std::string& path) {
+    controllers_->fileMenu.OpenChosen(path);
+}
+void MainWindow::ShowReceipt(std::string text) {
+    controllers_->fileMenu.ShowReceipt(std::move(text));
 }
 void MainWindow::GuardFile() {
     controllers_->safetyCopies.GuardFile();

@@ -20,6 +20,8 @@ class MainWindow final : public frmPPM {
     void FitInto(const QSize& room) override;
     void TellAbout(const FundFile& file) override;
     void OpenFile(const std::string& path) override;
+    void OpenChosenFile(const std::string& path) override;
+    void ShowReceipt(std::string text) override;
     void GuardFile() override;
     void KeepChanges() override;
     void BeginChange(ChangeName name) override;

@@ -30,7 +30,14 @@ std::size_t FindMark(const std::u32string& caption) {
     return std::u32string::npos;
 }
 
+/// "1  A file".
+bool IsNumbered(const std::u32string& caption) {
+    return caption.size() > 2 && caption[0] >= U'1' && caption[0] <= U'9' && caption[1] == U' ' &&
+           caption[2] == U' ';
+}
+
 std::optional<std::size_t> FreePlace(const std::u32string& caption, const std::u32string& taken) {
+    if (IsNumbered(caption)) return 0;
     const auto isFree = [&](std::size_t at) {
         return IsLetter(caption[at]) && taken.find(Upper(caption[at])) == std::u32string::npos;
     };

@@ -1,6 +1,7 @@
 #include "app/rules/shown.h"
 
 #include "app/rules/daystep.h"
+#include "app/rules/fileitem.h"
 #include "app/rules/fundline.h"
 #include "base/daynumber.h"
 #include "base/number.h"
@@ -65,7 +66,8 @@ Shown::Visible VisibleIn(const WindowState& state) {
             .panKurser = state.stage == Stage::DayPrices,
             .txtNyKurs = !state.round.pasted,
             .panOversikt = state.stage == Stage::Overview,
-            .panKort = OverviewInColumn(state)};
+            .panKort = OverviewInColumn(state),
+            .fraSlapp = !state.heldFile.empty()};
 }
 
 /// What the grid covers takes no keys: neither typed prices nor the way of the Tab key.
@@ -121,6 +123,11 @@ std::string_view EmptyPictureHint(const WindowState& state) {
     return state.holding ? texts::NoPointsOfHolding : texts::NoPoints;
 }
 
+std::string PointCount(const WindowState& state) {
+    if (!state.pointCount) return "";
+    return std::string(texts::ListHolds) + PlainText(*state.pointCount) + std::string(texts::Rows);
+}
+
 /// "Ångra : kursen 190,32 för Asp". An "&" in a name is no mark of a letter to press.
 std::string ReplayCaption(std::string_view command, const std::optional<std::string>& name) {
     if (!name) return std::string(command);
@@ -130,11 +137,6 @@ std::string ReplayCaption(std::string_view command, const std::optional<std::str
         if (letter == '&') caption += letter;
     }
     return caption;
-}
-
-std::string PointCount(const WindowState& state) {
-    if (!state.pointCount) return "";
-    return std::string(texts::ListHolds) + PlainText(*state.pointCount) + std::string(texts::Rows);
 }
 
 std::string Heading(const WindowState& state) {
@@ -184,6 +186,12 @@ std::optional<Shown::Lit> LitIn(const WindowState& state) {
     return lit;
 }
 
+/// What the moment asks for stands over what was told before.
+std::string StatusNotice(const WindowState& state) {
+    if (!state.heldFile.empty()) return std::string(texts::DropOpens) + state.heldFile;
+    return state.pointedFile.empty() ? state.notice : state.pointedFile;
+}
+
 Shown::Captions CaptionsIn(const WindowState& state) {
     const bool days = state.DayStep == daystep::kWeek || state.DayStep == daystep::kMonth;
     return {.frmPPM = state.caption,
@@ -210,7 +218,7 @@ Shown::Captions CaptionsIn(const WindowState& state) {
             .lblRecCount = PointCount(state),
             .picDiagram = std::string(EmptyPictureHint(state)),
             .spoken = SpokenIn(state),
-            .staBar = state.notice};
+            .staBar = StatusNotice(state)};
 }
 
 Shown::Tags TagsIn(const WindowState& state) {
@@ -221,6 +229,15 @@ Shown::Tags TagsIn(const WindowState& state) {
             .GridPlott = std::string(state.storingPoint ? kHeld : ""),
             .DBGrid = state.rowBeingDeleted ? PlainText(*state.rowBeingDeleted) : "",
             .CmDialog = std::string(state.choosingStartFile ? kStartFile : "")};
+}
+
+std::vector<Shown::FileItem> FileItems(const WindowState& state) {
+    std::vector<Shown::FileItem> items;
+    for (const ListedFile& file : state.files) {
+        const auto number = static_cast<std::int32_t>(items.size()) + 1;
+        items.push_back({FileItemCaption(number, FileItemName(file.path)), file.path, file.open});
+    }
+    return items;
 }
 
 std::optional<std::int32_t> TodayIn(const WindowState& state) {
@@ -250,5 +267,6 @@ Shown ShownBy(const WindowState& state) {
             .typedPrice = state.typedPrice,
             .legend = LegendShown(state) ? state.curves : std::vector<ShownCurve>{},
             .lit = LitIn(state),
+            .files = FileItems(state),
             .today = TodayIn(state)};
 }

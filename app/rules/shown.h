@@ -23,6 +23,7 @@ struct Shown {
         bool lblTotal = false;
         bool panKurser = false, txtNyKurs = false;
         bool panOversikt = false, panKort = false;
+        bool fraSlapp = false;
         bool operator==(const Visible&) const = default;
     };
     struct Enabled {
@@ -60,6 +61,13 @@ struct Shown {
         bool operator==(const Lit&) const = default;
     };
 
+    /// Of the menu, while there is such a file.
+    struct FileItem {
+        std::string caption, path;
+        bool checked = false;
+        bool operator==(const FileItem&) const = default;
+    };
+
     Visible visible;
     Enabled enabled;
     Captions captions;
@@ -73,6 +81,7 @@ struct Shown {
     TypedPrice typedPrice = TypedPrice::Stays;
     std::vector<ShownCurve> legend;  ///< what lstLegend lists while it is visible
     std::optional<Lit> lit;
+    std::vector<FileItem> files;        ///< mnuFil, counted from 1
     std::optional<std::int32_t> today;  ///< marked in picDiagram: days from its left edge
     bool operator==(const Shown&) const = default;
 };

@@ -72,6 +72,12 @@ inline constexpr std::string_view DayPricesOf = "Dagens kurser  ";
 inline constexpr std::string_view ListHolds = "Listan innehåller ";
 inline constexpr std::string_view Rows = " poster";
 
+// While a file is held over the window, and when it cannot be dropped there
+inline constexpr std::string_view DropOpens = "Släpp filen för att öppna ";
+inline constexpr std::string_view DropsFundFilesOnly =
+    "Bara en fondfil, som slutar på .mdb, kan öppnas här";
+inline constexpr std::string_view DropsOneFile = "Bara en fil i taget kan öppnas";
+
 inline constexpr std::string_view ToDiagram = "&Diagram";
 inline constexpr std::string_view ToHoldings = "&PPM Data";
 

@@ -6,6 +6,7 @@
 #include "app/rules/holdingview.h"
 #include "app/rules/showncurve.h"
 #include "app/rules/texts.h"
+#include "fundfile/rules/listedfiles.h"
 #include "fundfile/rules/openholding.h"
 #include "fundfile/rules/scale.h"
 
@@ -118,6 +119,9 @@ struct WindowState {
     std::vector<std::int32_t> missingDays;  ///< without a price of the open holding, lately
     DayRound round;
     OverviewOrder overviewOrder;
+    std::vector<ListedFile> files;  ///< that the menu offers to open
+    std::string pointedFile;        ///< one of them, whole, while it is pointed at
+    std::string heldFile;           ///< the name of a fund file held over the window, to be dropped
     std::string notice;  ///< stands over the status bar until that has something else to tell
 
     bool hasCopies = false;  ///< of the open file, to restore

@@ -70,6 +70,15 @@ std::optional<CopyName> ReadCopyName(std::string_view fundFile, std::string_view
     return CopyFileName(fundFile, name) == copy ? std::optional(name) : std::nullopt;
 }
 
+bool IsCopyName(std::string_view name) {
+    const std::string extension(PartsOf(name).extension);
+    for (std::size_t at = name.find(' '); at != std::string_view::npos;
+         at = name.find(' ', at + 1)) {
+        if (ReadCopyName(std::string(name.substr(0, at)) + extension, name)) return true;
+    }
+    return false;
+}
+
 std::vector<std::int32_t> DaysToKeep(std::vector<std::int32_t> days, std::int32_t today) {
     std::sort(days.begin(), days.end());
     const auto future = std::upper_bound(days.begin(), days.end(), today);

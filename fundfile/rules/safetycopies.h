@@ -20,6 +20,9 @@ std::string CopyFileName(std::string_view fundFile, CopyName name);
 /// What a file's name says; nothing for one that is no copy of `fundFile`.
 std::optional<CopyName> ReadCopyName(std::string_view fundFile, std::string_view copy);
 
+/// Whether a file's name is that of a copy, of whatever file.
+bool IsCopyName(std::string_view name);
+
 /// Of the days that have a copy, those that keep it, in ascending order: the last ten, and the
 /// first of each of the last 24 months. A day later than today, from a clock that was wrong, is
 /// kept beside them.

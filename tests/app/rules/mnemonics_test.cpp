@@ -28,6 +28,12 @@ TEST(Mnemonics, CaptionWithoutAFreeLetterStays) {
     EXPECT_EQ(WithMnemonics({"a", "a", "", "12"}), (Captions{"&a", "a", "", "12"}));
 }
 
+TEST(Mnemonics, OfANumberedCaptionIsItsNumber) {
+    EXPECT_EQ(WithMnemonics({"Nej", "1  Ny", "2  ", "3 a", "&4  d", "12  a"}),
+              (Captions{"&Nej", "&1  Ny", "&2  ", "3 &a", "&4  d", "12  a"}));
+    EXPECT_EQ(WithoutMnemonic("&1  A&&B"), "1  A&&B");
+}
+
 TEST(Mnemonics, AreNoneWhereTwoMarksStandForOne) {
     EXPECT_EQ(WithMnemonics({"A&&B"}), (Captions{"&A&&B"}));
     EXPECT_EQ(WithMnemonics({"A&&B&c", "C"}), (Captions{"A&&B&c", "C"}));

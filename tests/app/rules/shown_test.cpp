@@ -97,6 +97,7 @@ TEST(Shown, ControlsAreVisibleAsTheTableSays) {
         {"txtNyKurs",     "xxxxxxxxxxxxxxxx", &V::txtNyKurs},
         {"panOversikt",   "...............x", &V::panOversikt},
         {"panKort",       ".xx.............", &V::panKort},
+        {"fraSlapp",      "................", &V::fraSlapp},
                                    // clang-format on
                                });
 }
@@ -189,6 +190,33 @@ TEST(Shown, WhatCanBeTakenBackAndDoneAgainStandsInTheMenu) {
         EXPECT_EQ(shown.captions.mnuGorOm, "Gör om : ");
         EXPECT_EQ(shown.enabled.mnuAngra, mode != 'S');
         EXPECT_EQ(shown.enabled.mnuGorOm, mode != 'S');
+    }
+}
+
+TEST(Shown, FilesToOpenStandInTheMenuEachWithItsNumberAsItsKey) {
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        EXPECT_TRUE(ShownBy(state).files.empty());
+        state.files = {{"/fonder/Elsa & jag.mdb", false}, {"/fonder/b.mdb", true}};
+        EXPECT_EQ(ShownBy(state).files,
+                  (std::vector<Shown::FileItem>{{"1  Elsa && jag", "/fonder/Elsa & jag.mdb", false},
+                                                {"2  b", "/fonder/b.mdb", true}}));
+    }
+}
+
+TEST(Shown, AFileThatIsPointedAtOrHeldOverTheWindowStandsInTheStatusBar) {
+    for (const char mode : kModes) {
+        WindowState state = In(mode);
+        state.notice = "saved";
+        state.pointedFile = "/fonder/a.mdb";
+        EXPECT_EQ(ShownBy(state).captions.staBar, "/fonder/a.mdb");
+        EXPECT_FALSE(ShownBy(state).visible.fraSlapp);
+        state.heldFile = "b.mdb";
+        EXPECT_EQ(ShownBy(state).captions.staBar, "Släpp filen för att öppna b.mdb");
+        EXPECT_TRUE(ShownBy(state).visible.fraSlapp);
+        state.heldFile.clear();
+        state.pointedFile.clear();
+        EXPECT_EQ(ShownBy(state).captions.staBar, "saved");
     }
 }
 

@@ -11,6 +11,16 @@
 
 namespace {
 
+TEST(SafetyCopies, AreKnownByTheirNamesWhateverTheFileIs) {
+    for (const char* copy : {"fonder 2026-11-22.mdb", "a b c 2026-11-22 nr 2.mdb"}) {
+        EXPECT_TRUE(IsCopyName(copy)) << copy;
+    }
+    for (const char* other : {"fonder.mdb", "2026-11-22.mdb", "fonder 2026-11-22 nr 1.mdb", "",
+                              "fonder 2026-11-22 igen.mdb", "fonder 2026-13-22.mdb", " "}) {
+        EXPECT_FALSE(IsCopyName(other)) << other;
+    }
+}
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
