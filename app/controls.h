@@ -51,7 +51,9 @@ struct Controls {
     QAction* mnuRadera = nullptr;
     QAction* mnuStartFile = nullptr;
     QAction* mnuAterstall = nullptr;
+    QAction* mnuGranska = nullptr;
     QAction* mnuPrint = nullptr;
+    QAction* mnuPdf = nullptr;
     Indexed<QAction*, 1, 8> mnuFil;  ///< the fund files that lie near
     QAction* mnuAvbryt = nullptr;
     // Menu Redigera

@@ -1,8 +1,8 @@
 #include "app/filedrop.h"
 
 #include "app/frmPPM.h"
-#include "platform/caption.h"
 #include "platform/platform.h"
+#include "platform/qttext.h"
 
 #include <QApplication>
 #include <QDropEvent>

@@ -58,8 +58,10 @@ void FurnishMenus(frmPPM& window) {
     window.mnuStartFile = Item(file, "mnuStartFile", "Starta Med...");
     window.mnuAterstall = Item(file, "mnuAterstall", "Återställ kopia...");
     file->addSeparator();
+    window.mnuGranska = Item(file, "mnuGranska", "Förhandsgranska");
     window.mnuPrint = Item(file, "mnuPrint", "Skriv Ut");
     window.mnuPrint->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
+    window.mnuPdf = Item(file, "mnuPdf", "Spara som PDF...");
     file->addSeparator();
     FurnishListedFiles(window);
     file->addSeparator();

@@ -22,4 +22,6 @@ struct Platform {
     /// Where template, sample files, help, log and notes lie;
     /// UTF-8, with or without a separator at its end.
     std::string programFolder;
+    /// Where the user keeps what other programs read; UTF-8.
+    std::string userFolder;
 };

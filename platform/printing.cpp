@@ -2,21 +2,28 @@
 
 #include "base/error.h"
 #include "platform/dialogs.h"
+#include "platform/pagepreview.h"
 #include "platform/qttext.h"
 
+#include <QApplication>
+#include <QBuffer>
 #include <QFontMetricsF>
+#include <QMarginsF>
 #include <QPageSize>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPen>
 #include <QPrinter>
 
+#include <optional>
 #include <utility>
 
 namespace {
 
 constexpr double kCmPerInch = 2.54;
 constexpr double kPointsPerInch = 72.0;
+constexpr int kPdfDotsPerInch = 1200;
 constexpr double kA4WidthCm = 21.0, kA4HeightCm = 29.7;
 
 [[noreturn]] void Fail(const char* what) {
@@ -26,24 +33,28 @@ constexpr double kA4WidthCm = 21.0, kA4HeightCm = 29.7;
 }  // namespace
 
 struct PrinterPage::State {
-    std::unique_ptr<QPagedPaintDevice> device;
+    std::unique_ptr<QPagedPaintDevice> owned;
+    QPagedPaintDevice* device = nullptr;
     QPainter painter;  // after the device: it must end before the device goes
     double dotsPerCmX = 1, dotsPerCmY = 1;
 
-    QFontMetricsF Metrics() const { return QFontMetricsF(painter.font(), device.get()); }
+    QFontMetricsF Metrics() const { return QFontMetricsF(painter.font(), device); }
 
     void Check() const {
-        const auto* printer = dynamic_cast<const QPrinter*>(device.get());
+        const auto* printer = dynamic_cast<const QPrinter*>(device);
         const bool failed = printer != nullptr && (printer->printerState() == QPrinter::Error ||
                                                    printer->printerState() == QPrinter::Aborted);
         if (failed || !painter.isActive()) Fail("the printer does not print");
     }
 };
 
-PrinterPage::PrinterPage(std::unique_ptr<QPagedPaintDevice> device)
-    : state_(std::make_unique<State>()) {
-    state_->device = std::move(device);
-    if (!state_->painter.begin(state_->device.get())) Fail("the printer does not begin");
+PrinterPage::PrinterPage(std::unique_ptr<QPagedPaintDevice> device) : PrinterPage(*device) {
+    state_->owned = std::move(device);
+}
+
+PrinterPage::PrinterPage(QPagedPaintDevice& device) : state_(std::make_unique<State>()) {
+    state_->device = &device;
+    if (!state_->painter.begin(state_->device)) Fail("the printer does not begin");
     state_->dotsPerCmX = state_->device->logicalDpiX() / kCmPerInch;
     state_->dotsPerCmY = state_->device->logicalDpiY() / kCmPerInch;
     state_->painter.setRenderHint(QPainter::Antialiasing);
@@ -126,12 +137,55 @@ QTransform PrinterPage::CentimetresToDevice() const {
     return QTransform::fromScale(state_->dotsPerCmX, state_->dotsPerCmY);
 }
 
+std::string PdfDocument(std::string_view documentName, const DrawDocument& draw) {
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&bytes);
+        writer.setTitle(ToQt(documentName));
+        writer.setResolution(kPdfDotsPerInch);
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+        PrinterPage page(writer);
+        draw(page);
+    }
+    return bytes.data().toStdString();
+}
+
+namespace {
+
+/// Positions count from the paper's corner, not from the printable area's.
+void SetUp(QPrinter& printer, std::string_view documentName) {
+    printer.setDocName(ToQt(documentName));
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setFullPage(true);
+}
+
+}  // namespace
+
 std::unique_ptr<PrinterPage> SystemPrinting::Begin(std::string_view documentName) {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    printer->setDocName(ToQt(documentName));
-    printer->setPageSize(QPageSize(QPageSize::A4));
+    SetUp(*printer, documentName);
     if (!dialogs_.PickPrinter(*printer)) return nullptr;
-    // Positions count from the paper's corner, not from the printable area's.
     printer->setFullPage(true);
     return std::make_unique<PrinterPage>(std::move(printer));
+}
+
+Previewed SystemPrinting::Preview(std::string_view documentName, const DrawDocument& draw) {
+    QPrinter printer(QPrinter::HighResolution);
+    SetUp(printer, documentName);
+    PagePreview preview(printer, documentName, QApplication::activeWindow());
+    std::optional<Error> failed;
+    QObject::connect(&preview, &PagePreview::PaintRequested, [&](QPrinter* pages) {
+        // No exception may pass through the toolkit.
+        try {
+            PrinterPage page(*pages);
+            draw(page);
+        } catch (const Error& error) {
+            failed = error;
+        }
+    });
+    preview.Draw();
+    if (failed) throw Error(*failed);
+    return preview.Ask();
 }

@@ -7,7 +7,9 @@
 #include <QRectF>
 #include <QTransform>
 
+#include <functional>
 #include <memory>
+#include <string>
 #include <string_view>
 
 class Dialogs;
@@ -20,6 +22,8 @@ class PrinterPage {
   public:
     /// Begins the document on `device` (a printer, a PDF file).
     explicit PrinterPage(std::unique_ptr<QPagedPaintDevice> device);
+    /// The same on a device of somebody else's, which outlives the page.
+    explicit PrinterPage(QPagedPaintDevice& device);
     PrinterPage(const PrinterPage&) = delete;
     PrinterPage& operator=(const PrinterPage&) = delete;
     ~PrinterPage();  ///< ends the document if nobody did
@@ -50,6 +54,15 @@ class PrinterPage {
     std::unique_ptr<State> state_;
 };
 
+/// Draws a whole document, from its first page to its end. May throw Error.
+using DrawDocument = std::function<void(PrinterPage&)>;
+
+/// The bytes of a PDF file with that document on A4 pages. Throws what `draw` throws.
+std::string PdfDocument(std::string_view documentName, const DrawDocument& draw);
+
+/// What the user wants after a look at the pages.
+enum class Previewed { Closed, Print, SaveAsPdf };
+
 class Printing {
   public:
     Printing() = default;
@@ -60,6 +73,9 @@ class Printing {
     /// Asks for the printer and begins an A4 page; null when the user cancelled.
     /// Throws Error PrinterError.
     virtual std::unique_ptr<PrinterPage> Begin(std::string_view documentName) = 0;
+    /// Shows the document as Begin's page would have it. Throws what `draw` throws, and shows
+    /// nothing then.
+    virtual Previewed Preview(std::string_view documentName, const DrawDocument& draw) = 0;
 };
 
 /// The system's print dialog; it offers printing to a PDF file too.
@@ -67,6 +83,7 @@ class SystemPrinting final : public Printing {
   public:
     explicit SystemPrinting(Dialogs& dialogs) : dialogs_(dialogs) {}
     std::unique_ptr<PrinterPage> Begin(std::string_view documentName) override;
+    Previewed Preview(std::string_view documentName, const DrawDocument& draw) override;
 
   private:
     Dialogs& dialogs_;

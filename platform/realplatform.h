@@ -7,11 +7,13 @@
 #include "platform/printing.h"
 #include "platform/programs.h"
 #include "platform/qtdialogs.h"
+#include "platform/qttext.h"
 #include "platform/screen.h"
 #include "platform/settings.h"
 #include "platform/swedishtexts.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <string>
 #include <utility>
@@ -19,10 +21,16 @@
 class RealPlatform {
   public:
     RealPlatform(std::string programFolder, std::string viewerFolder)
-        : programs_(std::move(viewerFolder)), platform{dialogs_,    clock_,
-                                                       settings_,   printing_,
-                                                       programs_,   screen_,
-                                                       keyStrokes_, std::move(programFolder)} {
+        : programs_(std::move(viewerFolder)),
+          platform{dialogs_,
+                   clock_,
+                   settings_,
+                   printing_,
+                   programs_,
+                   screen_,
+                   keyStrokes_,
+                   std::move(programFolder),
+                   FromQt(QDir::homePath())} {
         QCoreApplication::installTranslator(&swedishTexts_);
     }
     RealPlatform(const RealPlatform&) = delete;

@@ -24,6 +24,20 @@ inline constexpr std::string_view FileOfKind = "-fil";
 /// After a path that leads nowhere.
 inline constexpr std::string_view NoFile = "\r\nFilen finns inte.\r\nKontrollera filnamnet.";
 
+/// The look at the pages before they are printed. The document's name follows.
+inline constexpr std::string_view kPreviewOf = "Förhandsgranska ";
+inline constexpr std::string_view kPreviewPages = "Sidorna som de skrivs ut";
+inline constexpr std::string_view kPageBack = "&Förra";
+inline constexpr std::string_view kPageOn = "&Nästa";
+inline constexpr std::string_view kPageNumber = "Sida ";
+inline constexpr std::string_view kOfPages = " av ";
+inline constexpr std::string_view kZoomIn = "S&törre";
+inline constexpr std::string_view kZoomOut = "&Mindre";
+inline constexpr std::string_view kWholePage = "&Hel sida";
+inline constexpr std::string_view kPrintIt = "S&kriv ut...";
+inline constexpr std::string_view kSaveAsPdf = "Spara som &PDF...";
+inline constexpr std::string_view kClose = "&Stäng";
+
 struct Translation {
     std::string_view english, swedish;
 };

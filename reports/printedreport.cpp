@@ -10,11 +10,15 @@
 #include "fundfile/queries.h"
 #include "fundfile/records.h"
 #include "fundfile/rules/holding.h"
+#include "fundfile/rules/listedfiles.h"
+#include "fundfile/texts.h"
 #include "jet/database.h"
 #include "platform/datasource.h"
+#include "platform/dialogs.h"
 #include "platform/platform.h"
 #include "platform/printing.h"
 #include "platform/qttext.h"
+#include "platform/wholefile.h"
 #include "reports/accounts.h"
 #include "reports/rules/totals.h"
 #include "reports/texts.h"
@@ -84,43 +88,99 @@ void PrintItems(PrinterPage& page, const PageItems& items) {
 
 }  // namespace
 
+/// All is read before a printer is asked for: a report that fails prints no half page, and a file
+/// of an earlier one stays as it is.
+struct PrintedReport::Prepared {
+    QImage grid;
+    ::Report report;
+};
+
 PrintedReport::PrintedReport(frmPPM& ppm) : Controller(ppm) {
-    On(window.mnuPrint, &QAction::triggered, this, &PrintedReport::mnuPrint_Click);
+    On(window.mnuGranska, &QAction::triggered, [this] { Make(&PrintedReport::Preview); });
+    On(window.mnuPrint, &QAction::triggered, [this] { Make(&PrintedReport::Print); });
+    On(window.mnuPdf, &QAction::triggered, [this] { Make(&PrintedReport::SaveAsPdf); });
 }
 
-void PrintedReport::mnuPrint_Click() {
+void PrintedReport::Make(Deliver deliver) {
     if (!window.LeaveHoldingsGrid()) return;
+    receipt_.clear();
     try {
-        PrintReport();
+        if (const std::optional<Prepared> prepared = Prepare()) (this->*deliver)(*prepared);
     } catch (const Error& error) {
         Report(texts::PrintFailed, texts::PrintFailedLog, error);
     }
     window.Put(AfterPrinting(window.State()));
+    if (!receipt_.empty()) window.ShowReceipt(receipt_);
 }
 
-void PrintedReport::PrintReport() {
+std::optional<PrintedReport::Prepared> PrintedReport::Prepare() {
     window.FillAccountList();
-    // All is read before a printer is asked for: a report that fails prints no half page, and a
-    // file of an earlier one stays as it is.
-    const QImage grid = GridPicture(window.AppFolder);
-    ::Report report = Contents();
+    Prepared prepared{GridPicture(window.AppFolder), Contents()};
     auto totals = Totals();
-    if (!totals) return;
-    report.totals = std::move(*totals);
+    if (!totals) return std::nullopt;
+    prepared.report.totals = std::move(*totals);
     ForEachChosenCurve(window, [](std::span<const CurvePoint>, const ShownCurve&) {});
+    return prepared;
+}
 
-    const auto page = window.platform.printing.Begin(Title());
-    if (!page) return;
+void PrintedReport::Draw(const Prepared& prepared, PrinterPage& page) {
     const std::vector<PageItems> pages =
-        LayOut(report, {page->WidthCm(), page->HeightCm()}, PageMeasure(*page));
-    page->DrawPicture(grid, DiagramAreaCm());
-    page->SetFont(kReportFamily, kCurveFont.points, kCurveFont.bold);
-    window.PrintCurves(*page);
+        LayOut(prepared.report, {page.WidthCm(), page.HeightCm()}, PageMeasure(page));
+    page.DrawPicture(prepared.grid, DiagramAreaCm());
+    page.SetFont(kReportFamily, kCurveFont.points, kCurveFont.bold);
+    window.PrintCurves(page);
     for (std::size_t number = 0; number < pages.size(); ++number) {
-        if (number > 0) page->NewPage();
-        PrintItems(*page, pages[number]);
+        if (number > 0) page.NewPage();
+        PrintItems(page, pages[number]);
     }
-    page->EndDocument();
+    page.EndDocument();
+}
+
+void PrintedReport::Print(const Prepared& prepared) {
+    if (const auto page = window.platform.printing.Begin(Title())) Draw(prepared, *page);
+}
+
+void PrintedReport::Preview(const Prepared& prepared) {
+    const auto draw = [&](PrinterPage& page) { Draw(prepared, page); };
+    switch (window.platform.printing.Preview(Title(), draw)) {
+        case Previewed::Closed:
+            return;
+        case Previewed::Print:
+            return Print(prepared);
+        case Previewed::SaveAsPdf:
+            return SaveAsPdf(prepared);
+    }
+}
+
+void PrintedReport::SaveAsPdf(const Prepared& prepared) {
+    const std::string path = PickPdf();
+    if (path.empty()) return;
+    const std::string bytes =
+        PdfDocument(Title(), [&](PrinterPage& page) { Draw(prepared, page); });
+    const std::string name = std::filesystem::path(path).filename().string();
+    std::string_view why = IsFundFileName(name) ? texts::IsFundFilesName : "";
+    try {
+        if (why.empty()) WriteWholeFile(path, bytes);
+    } catch (const Error& error) {
+        why = fundtexts::Explain(error.Number());
+    }
+    if (why.empty()) {
+        receipt_ = std::string(texts::PdfSaved) + name;
+        return;
+    }
+    window.platform.dialogs.Show(
+        {.text = fundtexts::Failure(texts::PdfNotSaved, path, why), .icon = Icon::Exclamation});
+}
+
+/// Proposes what the print dialog proposes for its PDF file.
+std::string PrintedReport::PickPdf() {
+    return window.platform.dialogs.PickFile({.choice = FileChoice::Save,
+                                             .title = std::string(texts::PdfTitle),
+                                             .filter = std::string(texts::PdfFiles),
+                                             .folder = window.platform.userFolder,
+                                             .defaultExtension = "pdf",
+                                             .fileName = Title() + ".pdf",
+                                             .askBeforeOverwriting = true});
 }
 
 /// What the page says beside curves and totals: the window's own labels, and all holdings.

@@ -12,4 +12,12 @@ inline constexpr std::string_view PrintFailed = "Fel i PrintRutinen";
 inline constexpr std::string_view PrintFailedLog = "Fel i Printrutinen mnuPrint ";
 inline constexpr std::string_view PrintFailedAccountLog = ", konto ";
 
+// Saving the report as a PDF file
+inline constexpr std::string_view PdfTitle = "Spara rapporten som PDF";
+inline constexpr std::string_view PdfFiles = "PDF-fil|*.pdf";
+inline constexpr std::string_view PdfNotSaved = "PDF-filen sparades inte";
+inline constexpr std::string_view PdfSaved = "Rapporten är sparad : ";
+inline constexpr std::string_view IsFundFilesName =
+    "Så heter en fondfil. Välj ett namn som slutar på .pdf.";
+
 }  // namespace texts

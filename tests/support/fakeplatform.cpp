@@ -253,6 +253,21 @@ std::unique_ptr<PrinterPage> PdfPrinting::Begin(std::string_view documentName) {
     return PdfPage(files.back(), documentName);
 }
 
+Previewed PdfPrinting::Preview(std::string_view documentName, const DrawDocument& draw) {
+    const std::string file =
+        FromQt(folder_.filePath(QStringLiteral("preview%1.pdf").arg(previews.size() + 1)));
+    draw(*PdfPage(file, documentName));
+    previews.push_back(file);
+    return afterPreview;
+}
+
 FakePlatform::FakePlatform()
-    : platform{dialogs,  clock,  settings,   printing,
-               programs, screen, keyStrokes, FromQt(folder.path())} {}
+    : platform{dialogs,
+               clock,
+               settings,
+               printing,
+               programs,
+               screen,
+               keyStrokes,
+               FromQt(folder.path()),
+               FromQt(folder.path())} {}

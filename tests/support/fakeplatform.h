@@ -164,6 +164,9 @@ std::unique_ptr<PrinterPage> PdfPage(std::string_view path, std::string_view doc
 class PdfPrinting final : public Printing {
   public:
     std::unique_ptr<PrinterPage> Begin(std::string_view documentName) override;
+    Previewed Preview(std::string_view documentName, const DrawDocument& draw) override;
+    std::vector<std::string> previews;  ///< one for each document that was looked at
+    Previewed afterPreview = Previewed::Closed;
     std::vector<std::string> files;  ///< one for each document, in order
     bool cancel = false;             ///< the user cancels the print dialog
     bool broken = false;             ///< the printer fails (PrinterError)

@@ -1,6 +1,7 @@
 // Files that are dragged over the window and dropped there.
 
 #include "jet/database.h"
+#include "platform/qttext.h"
 #include "tests/window/windowtest.h"
 #include "widgets/datagrid.h"
 

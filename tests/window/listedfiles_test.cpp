@@ -2,6 +2,7 @@
 
 #include "fundfile/fundfile.h"
 #include "jet/database.h"
+#include "platform/qttext.h"
 #include "tests/window/windowtest.h"
 #include "widgets/boundfield.h"
 #include "widgets/datagrid.h"

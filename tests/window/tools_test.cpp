@@ -122,8 +122,9 @@ TEST_F(ToolsTest, WithNoEditorAndNoViewerReachableTheMenuEntriesShowOnlyTheirMes
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", ToQt(Folder().string()).toUtf8());
     DesktopPrograms programs;
-    Platform world{outside.dialogs, outside.clock,  outside.settings,   outside.printing,
-                   programs,        outside.screen, outside.keyStrokes, Folder().string()};
+    Platform world{outside.dialogs,    outside.clock,     outside.settings,
+                   outside.printing,   programs,          outside.screen,
+                   outside.keyStrokes, Folder().string(), Folder().string()};
     MainWindow window(world);
     for (QAction* entry : {window.mnuFLogg, window.mnuNotePad}) {
         outside.dialogs.Expect("Kunde inte hitta fil NotePad.exe");
