@@ -32,6 +32,10 @@ bool BeginsWithNumber(std::string_view text) {
     return first != std::string_view::npos && text[first] >= '0' && text[first] <= '9';
 }
 
+bool IsSummary(const OverviewSource& source) {
+    return source.row.fondNr == kSummaryFondNr;
+}
+
 OverviewLine LineOf(const OverviewSource& source) {
     const OpenHolding holding = OpenHoldingOf(source.row);
     OverviewLine line;
@@ -44,12 +48,17 @@ OverviewLine LineOf(const OverviewSource& source) {
     if (BeginsWithNumber(source.row.procent)) {
         line.sinceStart = RoundHalfEven(LeadingNumber(source.row.procent));
     }
-    const bool summaryRow = holding.fondNr == kSummaryFondNr;
-    if (!summaryRow && BeginsWithNumber(source.row.kursVarde)) {
+    if (!IsSummary(source) && BeginsWithNumber(source.row.kursVarde)) {
         line.value = LeadingNumber(source.row.kursVarde);
     }
     return line;
 }
+
+struct AccountSum {
+    double value = 0;
+    int rows = 0;
+    bool bySummary = false;  ///< its first row speaks for the account
+};
 
 /// Negative where `one` comes first; missing values count as the greatest.
 template <typename T>
@@ -115,13 +124,21 @@ std::vector<TotalsRow> RowsOf(std::span<const OverviewSource> sources, std::stri
 
 std::vector<OverviewLine> OverviewOf(std::span<const OverviewSource> sources) {
     std::vector<OverviewLine> lines;
-    std::map<std::string, double> sums;
+    std::map<std::string, AccountSum> sums;
     for (const OverviewSource& source : sources) {
-        lines.push_back(LineOf(source));
-        sums[lines.back().account] += lines.back().value.value_or(0);
+        OverviewLine& line = lines.emplace_back(LineOf(source));
+        AccountSum& sum = sums[line.account];
+        if (sum.rows++ == 0 && IsSummary(source)) {
+            // Its latest price is what the whole account is worth.
+            line.value = line.latest;
+            sum.bySummary = true;
+            sum.value = line.value.value_or(0);
+        } else if (!sum.bySummary) {
+            sum.value += line.value.value_or(0);
+        }
     }
     for (OverviewLine& line : lines) {
-        const double sum = sums[line.account];
+        const double sum = sums[line.account].value;
         if (line.value && sum > 0) line.share = *line.value * kHundred / sum;
     }
     return lines;

@@ -45,14 +45,27 @@ TEST(Overview, LeavesEmptyWhatIsNotKnown) {
               (Cells{"7", "Fond 7", "PPM", "", "", "", "", "", ""}));
 }
 
-TEST(Overview, ASummaryRowHasNoValueOfItsOwn) {
-    OverviewSource source = Source(1, "PPM", "-");
+OverviewSource Summary(std::int32_t kontoId) {
+    OverviewSource source = Source(kontoId, "PPM", "-");
     source.row.fondNr = "999 999";
     source.row.senasteKurs = "2026-10-30:1234,5";
-    const OverviewLine line = OverviewOf(std::vector{source})[0];
-    EXPECT_EQ(line.value, std::nullopt);
-    EXPECT_EQ(line.share, std::nullopt);
-    EXPECT_EQ(line.latest, 1234.5);
+    source.totals = {"999 999", "1000", "1000", "12 %", "-", "2026-10-30:1234,5"};
+    return source;
+}
+
+TEST(Overview, ASummaryRowIsWorthWhatItsAccountIs) {
+    const auto lines = OverviewOf(std::vector{Summary(1), Source(2, "PPM", "617.25")});
+    EXPECT_EQ(lines[0].value, 1234.5);
+    EXPECT_EQ(lines[0].latest, 1234.5);
+    EXPECT_EQ(lines[0].share, 100);
+    EXPECT_EQ(lines[1].share, 50);
+}
+
+TEST(Overview, ASummaryRowBelowOthersHasNoValueOfItsOwn) {
+    const auto lines = OverviewOf(std::vector{Source(1, "PPM", "900"), Summary(2)});
+    EXPECT_EQ(lines[0].share, 100);
+    EXPECT_EQ(lines[1].value, std::nullopt);
+    EXPECT_EQ(lines[1].share, std::nullopt);
 }
 
 std::vector<std::int32_t> Order(const std::vector<OverviewLine>& lines, int column,
@@ -97,9 +110,7 @@ TEST(OverviewSums, OfOneAccountStandAlone) {
 }
 
 TEST(OverviewSums, ASummaryRowSpeaksForItsAccount) {
-    OverviewSource summary = Source(1, "PPM", "-");
-    summary.totals = {"999 999", "1000", "1000", "12 %", "-", "2026-10-30:1234,5"};
-    const auto sums = OverviewSums(std::vector{summary, Source(2, "PPM", "900")});
+    const auto sums = OverviewSums(std::vector{Summary(1), Source(2, "PPM", "900")});
     EXPECT_EQ(sums[0], (Cells{"", "Summa PPM", "", "", "", "", "12 %", "1234,50", ""}));
 }
 
