@@ -1,6 +1,7 @@
 #include "jet/table/codepage.h"
 
 #include "jet/storage/bytes.h"
+#include "jet/windows1252.h"
 
 #include <algorithm>
 #include <iconv.h>
@@ -15,17 +16,10 @@ namespace {
 constexpr std::uint16_t kWestern = 1252, kThai = 874, kFirstWindows = 1250, kLastWindows = 1258;
 constexpr char16_t kPrivate = 0xF700;
 
-/// The bytes 80 to 9F of windows-1252; all its other bytes are the character of the same number.
-constexpr std::array<char16_t, 32> kWesternUpperControls{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
 CodePage MakeWestern() {
     std::array<char16_t, 256> characters{};
     for (unsigned byte = 0; byte < 256; ++byte) characters[byte] = static_cast<char16_t>(byte);
-    std::copy(kWesternUpperControls.begin(), kWesternUpperControls.end(),
-              characters.begin() + 0x80);
+    std::copy(kWindows1252Controls.begin(), kWindows1252Controls.end(), characters.begin() + 0x80);
     return CodePage(characters);
 }
 

@@ -38,8 +38,8 @@ const std::vector<std::vector<std::string_view>> kFloors = {
 
 std::string_view FolderOf(std::string_view path) {
     if (!path.starts_with("jet/")) return path.substr(0, path.find('/'));
-    for (const std::string_view header :
-         {"design.h", "error.h", "journalnote.h", "loss.h", "recordset.h", "value.h"}) {
+    for (const std::string_view header : {"design.h", "error.h", "journalnote.h", "loss.h",
+                                          "recordset.h", "value.h", "windows1252.h"}) {
         if (path.substr(path.find('/') + 1) == header) return kEngineWords;
     }
     return path.substr(0, path.rfind('/'));
