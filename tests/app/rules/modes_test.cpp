@@ -99,6 +99,19 @@ WindowState TypesPrice(WindowState state) {
 WindowState PastesColumn(WindowState state) {
     return AfterPasteShown(std::move(state), {"what Enter does", false});
 }
+WindowState EndsPaste(WindowState state) {
+    state.round.pasted = true;
+    return AfterPasteEnded(std::move(state));
+}
+WindowState TypesDayPrice(WindowState state) {
+    return AfterDayPriceTyped(std::move(state), 7, {"Asien", "105"});
+}
+WindowState GivesDayPriceUp(WindowState state) {
+    return AfterDayPriceGone(std::move(state), 7);
+}
+WindowState MissesDays(WindowState state) {
+    return AfterDaysMissed(std::move(state), {46339});
+}
 WindowState ChoosesDay(WindowState state) {
     return AfterDayChosen(std::move(state), 46339);
 }
@@ -162,13 +175,19 @@ const std::vector<Row>& Rows() {
         {"F7",               AfterOverviewKey,  "SOOOOOOOOOOOOOOOOOD", ".OOOOOOOOOOOOOOOOOD", ".......R..........."},
         {"chosen in overview",AfterOverviewChosen,"SBBBBBBBBBBBBBBGNBB", ".PPPPPPPPPPPPPP..PP", ".......R..........."},
         {"column pasted",    PastesColumn,      "SDBPTECKLAaXxRrGNMO", ".................u.", "..................."},
+        {"paste ended",      EndsPaste,         "SDBPTECKLAaXxRrGNMO", ".................U.", "..................."},
+        {"day price typed",  TypesDayPrice,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
+        {"day price gone",   GivesDayPriceUp,   "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
+        {"days missed",      MissesDays,        "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
         {"day chosen",       ChoosesDay,        "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
         {"overview sorted",  SortsOverview,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
         {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxRrNNMO", "...............N...", "..................."},
         {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxRrGGMO", "................G..", "..................."},
         {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDDDGNDD", ".DDDDDDDDDDDDDDDDDD", ".......R..........."},
         {"grid left",        AfterGridLeft,     "SDBPTECKLAaXxRrDDMO", "...............DD..", "..................."},
+        {"cover left",       AfterCoverLeft,    "SDBPTECKLAaXxRrDDDD", "...............DDDD", "..................."},
         {"holding closed",   AfterHoldingClosed,"SDBPTEBBBDBXxRrGNMO", "...................", ".......R..........."},
+        {"keys to the price",WithKeysInPrice,   "SDBPTECKLAaXxRrGNMO", ".PPPPPPPPPPPPPP....", "..................."},
         {"keys to the list", WithKeysInList,    "SDBPTECKLAaXxRrGNMO", "...LLLLLL..........", "..................."},
         // clang-format on
     };
@@ -307,6 +326,16 @@ TEST(Modes, SayOfATypedPriceWhatIsKnownUntilItsHoldingIsClosed) {
         EXPECT_EQ(typed.priceNote, note) << mode;
         EXPECT_EQ(AfterEscape(typed).priceNote, note) << mode;
         EXPECT_EQ(AfterHoldingClosed(typed).priceNote, PriceNote{}) << mode;
+    }
+}
+
+TEST(Modes, KeepWhatIsTypedForAHoldingUntilItIsGivenUp) {
+    for (const char mode : kModes) {
+        const WindowState typed = TypesDayPrice(In(mode));
+        EXPECT_EQ(typed.round.typed, (std::map<std::int32_t, TypedDayPrice>{{7, {"Asien", "105"}}}))
+            << mode;
+        EXPECT_EQ(AfterEscape(typed).round.typed, typed.round.typed) << mode;
+        EXPECT_TRUE(GivesDayPriceUp(typed).round.typed.empty()) << mode;
     }
 }
 
