@@ -109,8 +109,8 @@ bool UndoRedo::Window_KeyDown(const QKeyEvent& event) {
 
 // ---- Taking back ----
 
-/// What is typed and not stored is stored first, and is what is taken back then: it can be done
-/// again.
+/// What is typed and not stored is stored first, and is what is taken back then:
+/// it can be done again.
 bool UndoRedo::MayReplay() {
     if (window.stage == Stage::Starting || !journal_) return false;
     return window.StoreTypedRows() && window.MayLeaveNotice();
@@ -168,8 +168,8 @@ void UndoRedo::ShowFileAnew(bool showsStoredCurves) {
     window.RefreshTotals();
 }
 
-/// The stored choice, which may be another now; or those that were looked at, as far as they are
-/// there.
+/// The stored choice, which may be another now; or those that were looked at,
+/// as far as they are there.
 void UndoRedo::ShowSeveralCurves(bool showsStoredCurves) {
     if (showsStoredCurves) {
         window.ReadCurveList();

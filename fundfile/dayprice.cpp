@@ -94,8 +94,8 @@ void WriteSummary(jet::RecordSet& row, const HoldingSummary& summary) {
     row.Set(holding::kKursVarde, summary.value);
 }
 
-/// Nothing where there is no start price, or a value beyond 32 bits: the point is stored all the
-/// same.
+/// Nothing where there is no start price, or a value beyond 32 bits:
+/// the point is stored all the same.
 std::optional<FollowedSummary> FollowSummary(jet::Database& database, std::int32_t kontoId,
                                              const CurvePoint& last, const KnownPrice& known) {
     const auto row = database.OpenRecordSet(kHoldingsSource);

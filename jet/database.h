@@ -48,8 +48,8 @@ class Database : public std::enable_shared_from_this<Database> {
     static std::shared_ptr<Database> Open(const std::filesystem::path& path,
                                           Access access = Access::ReadWrite);
 
-    /// The file when it is open in this process, by whatever name; null otherwise. Never throws but
-    /// std::bad_alloc.
+    /// The file when it is open in this process, by whatever name; null otherwise.
+    /// Never throws but std::bad_alloc.
     static std::shared_ptr<Database> FindOpen(const std::filesystem::path& path);
 
     /// A copy of the file in memory, which is nobody else's: its edits reach the disk by SaveAs
@@ -81,8 +81,8 @@ class Database : public std::enable_shared_from_this<Database> {
 
     /// Runs a DELETE text and returns the number of rows deleted; rows of other tables that went
     /// with them do not count. All of it is stored when this returns (in a Transaction: with that),
-    /// or nothing. Throws what OpenRecordSet throws for the text and RecordSet::Delete for the
-    /// rows.
+    /// or nothing. Throws what OpenRecordSet throws for the text and RecordSet::Delete
+    /// for the rows.
     std::int32_t Execute(std::string_view sql);
 
     /// Writes the whole file to `path`, as Create does and throwing what that throws; this object

@@ -100,8 +100,8 @@ class RecordSet {
     virtual void AddNew() = 0;
     virtual void Edit() = 0;
     virtual bool Pending() const = 0;  ///< a row is being edited or added
-    /// Whether a text column takes an empty text; where it does not, null stands for one. Throws
-    /// SubscriptOutOfRange.
+    /// Whether a text column takes an empty text; where it does not,
+    /// null stands for one. Throws SubscriptOutOfRange.
     virtual bool AllowsEmptyText([[maybe_unused]] std::size_t position) const { return true; }
     virtual void Set(std::size_t position, Value value) = 0;
     virtual void Set(std::string_view name, Value value) = 0;

@@ -1,6 +1,6 @@
 #pragma once
-// Windows-1252, the Western code page: of the texts in Jet 3 files, and of text files of their
-// time.
+// Windows-1252, the Western code page: of the texts in Jet 3 files,
+// and of text files of their time.
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
-// The safety copies of a fund file: what each is called, and which days keep theirs. Knows no
-// files.
+// The safety copies of a fund file: what each is called, and which days keep theirs.
+// Knows no files.
 
 #include <cstdint>
 #include <optional>

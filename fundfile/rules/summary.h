@@ -31,8 +31,8 @@ std::string PriceText(double price);
 /// beyond 32 bits.
 HoldingSummary SummaryAfter(const OpenHolding& holding, double price, std::int32_t day);
 
-/// A price and all that follows from it for its holding, reckoned before anything is asked or
-/// stored.
+/// A price and all that follows from it for its holding,
+/// reckoned before anything is asked or stored.
 struct DayPrice {
     double price = 0;
     std::string text;                       ///< as it is shown

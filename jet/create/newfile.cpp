@@ -25,8 +25,8 @@ constexpr std::uint16_t kCodePage = 1252;
 constexpr std::size_t kFixedPages = 6;  // header, maps, four system tables
 
 // Owners are stored masked with a key that belongs to the header's date. Only pairs from real files
-// are known to go together, so every new file carries this date, these accounts and this build
-// number.
+// are known to go together, so every new file carries this date,
+// these accounts and this build number.
 constexpr FileHeader kHeader{.collation = kGeneralCollation,
                              .codePage = kCodePage,
                              .buildNumber = 0x261C,

@@ -124,8 +124,8 @@ bool BTree::Insert(ByteView key, RowPointer row) {
     return isNew;
 }
 
-/// Adds an entry where one leaf alone changes, and says whether its key is new; else nothing
-/// happens.
+/// Adds an entry where one leaf alone changes, and says whether its key is new;
+/// else nothing happens.
 std::optional<bool> BTree::InsertInPlace(ByteView entry) {
     std::uint32_t page = root_;
     bool rightmost = true;
@@ -220,8 +220,8 @@ void BTree::LastEntryChanged(Path& path, std::size_t level, ByteView entry) {
     }
 }
 
-/// The path's last page has become empty: it goes, and with it every node that loses its only
-/// child.
+/// The path's last page has become empty: it goes,
+/// and with it every node that loses its only child.
 void BTree::RemovePage(Path& path) {
     while (path.size() > 1 && path.back().content.ChildCount() == 0) {
         const Step gone = std::move(path.back());
@@ -324,8 +324,8 @@ void BTree::Split(Path& path, std::size_t level) {
     }
 }
 
-/// How many entries go into the new left page: nearly all where keys come in ascending order, else
-/// half.
+/// How many entries go into the new left page: nearly all where keys come in ascending
+/// order, else half.
 std::size_t BTree::SplitPoint(const Step& step) const {
     const Layout& layout = file_->Format();
     const std::size_t count = step.content.Count();

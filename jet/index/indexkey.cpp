@@ -177,8 +177,8 @@ const Held& Get(const Value& value) {
     return *held;
 }
 
-/// Appends the bytes after the start byte of a plain type, still ascending. False: not a plain
-/// type.
+/// Appends the bytes after the start byte of a plain type, still ascending. False:
+/// not a plain type.
 bool AppendPlain(Bytes& key, const Value& value, ColumnType type) {
     switch (type) {
         case ColumnType::Byte:

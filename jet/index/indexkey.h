@@ -1,7 +1,7 @@
 #pragma once
 // The bytes by which an index orders values: one key column at a time, or a whole key. Knows no
-// pages and no rows. A text whose order is not known for certain gives no key; nothing is ever
-// guessed.
+// pages and no rows. A text whose order is not known for certain gives no key;
+// nothing is ever guessed.
 
 #include "jet/value.h"
 
@@ -32,8 +32,8 @@ bool Indexable(ColumnType type);
 /// always known. The value must be of the column's own type; anything else is TypeMismatch.
 std::optional<Bytes> EncodeKey(const Value& value, const KeyColumn& column);
 
-/// The whole key: one value for each column, in the index's order. nullopt when any part is not
-/// known.
+/// The whole key: one value for each column, in the index's order.
+/// nullopt when any part is not known.
 std::optional<Bytes> EncodeKey(std::span<const Value> values, std::span<const KeyColumn> columns);
 
 /// The same, at the end of `key`; false when the bytes are not known, `key` is then of no use.

@@ -274,8 +274,8 @@ std::size_t IndexPage::SharedPrefix(const Layout& layout, Range range) const {
     const ByteView first = Suffix(range.begin), last = Suffix(range.end - 1);
     const std::size_t shared = prefix_.size() + CommonLength(first, last);
     const std::size_t largest = layout.indexPrefixSize == 1 ? 0xFF : 0xFFFF;
-    // The child pages of a node are no part of the order, so what first and last share says nothing
-    // there.
+    // The child pages of a node are no part of the order,
+    // so what first and last share says nothing there.
     const std::size_t keys = prefix_.size() + std::min(first.size(), last.size()) - 1;
     const std::size_t limit = leaf_ ? keys : prefix_.size();
     const std::size_t prefix = std::min({shared, largest, limit});

@@ -97,8 +97,8 @@ class IndexPage {
 
     bool leaf_ = true;
     bool packed_ = false;  ///< was stored with a prefix
-    // All entries are prefix_ + suffix; keeping the common part once bounds what a hostile page can
-    // cost.
+    // All entries are prefix_ + suffix; keeping the common part once bounds what a
+    // hostile page can cost.
     Bytes prefix_, suffixes_;
     std::vector<std::uint32_t> ends_;  ///< of each suffix
 };

@@ -22,8 +22,8 @@ class IndexPageView {
         bool isTail = false;
     };
 
-    /// Nothing for a page that is not this table's, is not sound, or is a node stored with a
-    /// prefix.
+    /// Nothing for a page that is not this table's, is not sound,
+    /// or is a node stored with a prefix.
     static std::optional<IndexPageView> Of(const PageFile& file, std::uint32_t table,
                                            std::uint32_t page);
 
@@ -31,8 +31,8 @@ class IndexPageView {
     /// Node: where `wanted` is, if it is anywhere.
     std::optional<Way> ChildFor(ByteView wanted) const;
 
-    /// Leaf: the first entry that is not below `wanted`; begins at the end of all when there is
-    /// none.
+    /// Leaf: the first entry that is not below `wanted`;
+    /// begins at the end of all when there is none.
     Place LowerBound(ByteView wanted) const;
     bool IsPastTheLast(Place place) const { return place.begin == end_; }
     /// Leaf: whether a neighbour of the new entry has the same key. Nothing

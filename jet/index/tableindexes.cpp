@@ -51,8 +51,8 @@ std::optional<std::vector<char32_t>> WholeCharacters(const Value& value) {
     return characters;
 }
 
-/// The columns from the first to the last without a known key, as a key for looking their bytes up
-/// again.
+/// The columns from the first to the last without a known key,
+/// as a key for looking their bytes up again.
 struct Gap {
     Bytes before, after;  ///< key bytes of the columns outside
     Bytes identity;       ///< the values inside
@@ -214,8 +214,8 @@ std::vector<KeyColumn> TableIndexes::AsGeneral(std::size_t realIndex) const {
 }
 
 /// Of values whose sort order is not known, only what rows of this index prove: a key that a row
-/// with the same values has, or the known order where all keys agree with it and show each of the
-/// characters.
+/// with the same values has, or the known order where all keys agree with it and show each
+/// of the characters.
 Bytes TableIndexes::KnownOrProvenKey(std::size_t realIndex, std::span<const Value> keyValues) {
     if (auto key = EncodeKey(keyValues, columns_[realIndex])) return *std::move(key);
     const Evidence& evidence = EvidenceOf(realIndex);
@@ -351,8 +351,8 @@ void TableIndexes::Erase(std::span<const std::uint32_t> rows) {
     }
 }
 
-/// Another engine may have made the entry by a rule of its own; the row pointer names it all the
-/// same.
+/// Another engine may have made the entry by a rule of its own;
+/// the row pointer names it all the same.
 void TableIndexes::EraseEntry(std::size_t realIndex, const std::optional<Bytes>& key,
                               RowPointer row) {
     BTree tree = Tree(realIndex);

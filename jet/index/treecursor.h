@@ -11,8 +11,8 @@
 
 namespace jet::detail {
 
-/// A page of an index of the table whose definition is on page `table`. Throws NotADatabase for any
-/// other.
+/// A page of an index of the table whose definition is on page `table`.
+/// Throws NotADatabase for any other.
 IndexPage ReadIndexPage(const PageFile& file, std::uint32_t table, std::uint32_t page);
 
 /// A place among the entries of a tree. Good until the tree is edited. Checks as it goes that

@@ -176,8 +176,8 @@ std::uint64_t OrderOf(KeyKind kind, std::uint64_t numberKey) {
     constexpr std::uint64_t kSign = std::uint64_t{1} << 63;
     const bool negativeReal = kind != KeyKind::Whole && (numberKey & kSign) != 0;
     const std::uint64_t order = negativeReal ? ~numberKey : numberKey ^ kSign;
-    // 0 is left to rows without a value; the smallest amount of all shares its place with the next
-    // one.
+    // 0 is left to rows without a value; the smallest amount of all shares its place
+    // with the next one.
     return std::max<std::uint64_t>(order, 1);
 }
 

@@ -62,8 +62,8 @@ class Criterion {
     std::optional<RowKey> key_;
 };
 
-/// What two texts have in common when a query calls them equal: small letters, no blanks at the
-/// end.
+/// What two texts have in common when a query calls them equal: small letters,
+/// no blanks at the end.
 std::string TextKey(std::string_view utf8);
 
 }  // namespace jet::detail

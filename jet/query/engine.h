@@ -31,8 +31,8 @@ class Engine {
     /// What the file lacked when it was opened; it is read-only then.
     const std::optional<Loss>& LostPart() const { return loss_; }
 
-    /// By name or alias, letter case ignored. Throws TableNotFound, NotSupported for a linked
-    /// table.
+    /// By name or alias, letter case ignored. Throws TableNotFound,
+    /// NotSupported for a linked table.
     OpenTable& Table(std::string_view name);
     /// By the page of its definition; a user's table.
     OpenTable& TableAt(std::uint32_t page);

@@ -1,6 +1,6 @@
 #pragma once
-// Which rows belong to a record set, in order, with one of them current. Knows pointers, not
-// values.
+// Which rows belong to a record set, in order, with one of them current.
+// Knows pointers, not values.
 
 #include "jet/query/queryplan.h"
 

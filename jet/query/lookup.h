@@ -22,8 +22,8 @@ class Lookup {
     Lookup(const TableStore& table, std::size_t position, KeyKind kind);
 
     /// Row pointers, packed, in the order that is asked for. For kinds with a text these are
-    /// candidates: rows whose text has the same hash. An order by numbers is kept for the next
-    /// time.
+    /// candidates: rows whose text has the same hash.
+    /// An order by numbers is kept for the next time.
     std::vector<std::uint32_t> Find(const RowKey& key, const Ordering& order);
 
     /// To be told of a row that came, and of one that is about to go or change.

@@ -26,8 +26,8 @@ struct Condition {
     Criterion criterion;
 };
 
-/// Edits stand inside PageFile::Begin and Commit; when one throws, roll back and call
-/// AfterRollback.
+/// Edits stand inside PageFile::Begin and Commit; when one throws,
+/// roll back and call AfterRollback.
 class OpenTable {
   public:
     OpenTable(PageFile& file, const std::string& name, std::uint32_t page);
@@ -46,8 +46,8 @@ class OpenTable {
     std::vector<OrderColumn> NaturalOrder() const;
 
     /// The rows that have these values in the columns of an index, as the index compares them;
-    /// where it cannot (an unknown sort order), without regard to letter case and blanks at the
-    /// end.
+    /// where it cannot (an unknown sort order), without regard to letter case and
+    /// blanks at the end.
     std::vector<std::uint32_t> RowsWithKey(std::size_t realIndex, std::span<const Value> values);
 
     // Of this table alone: what relations to others ask for is in edits.h.

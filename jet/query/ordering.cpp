@@ -94,8 +94,8 @@ void Ordering::AppendBytes(Bytes& key, const RowView& row, const Term& term) con
         key.insert(key.end(), encoded->begin(), encoded->end());
         return;
     }
-    // Ended by 0, which no character of a text is, so that "a" comes before "ab" in the next column
-    // too.
+    // Ended by 0, which no character of a text is,
+    // so that "a" comes before "ab" in the next column too.
     const std::string text = TextKey(value.Text());
     const std::uint8_t mask = descending ? 0xFF : 0;
     key.push_back(static_cast<std::uint8_t>(0x7F ^ mask));

@@ -78,8 +78,8 @@ inline Slot DataPage::At(std::size_t row) const {
     return slot;
 }
 
-/// Makes `page` an empty data page of `owner` (a definition's page, kLongValueOwner, or 0 for
-/// maps).
+/// Makes `page` an empty data page of `owner` (a definition's page, kLongValueOwner,
+/// or 0 for maps).
 void FormatDataPage(PageFile& file, std::uint32_t page, std::uint32_t owner);
 /// Adds a row; throws NotADatabase when it does not fit (ask HasRoomFor first).
 RowPointer AddRow(PageFile& file, std::uint32_t page, ByteView row, std::uint16_t flags = 0);

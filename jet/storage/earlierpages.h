@@ -16,8 +16,8 @@ struct EarlierPages {
     std::optional<std::vector<std::uint32_t>> freed;  ///< none: unchanged
     bool changed = false;
 
-    /// Takes over from what happened after this; takes no memory. What is kept here is older and
-    /// stays.
+    /// Takes over from what happened after this; takes no memory.
+    /// What is kept here is older and stays.
     void Join(EarlierPages&& later) noexcept {
         changed = changed || later.changed;
         if (!freed) freed = std::move(later.freed);

@@ -23,8 +23,8 @@ std::filesystem::path Resolve(const std::filesystem::path& path);
 /// too large) and ChangedByOther (it was being written meanwhile).
 LoadedFile Load(const std::filesystem::path& path);
 
-/// Whether a new version of the file could be put in its place: neither it nor its folder is
-/// write-protected.
+/// Whether a new version of the file could be put in its place:
+/// neither it nor its folder is write-protected.
 bool CanReplace(const std::filesystem::path& path);
 
 /// Removes what processes that died while they stored this file left beside it. What a process that

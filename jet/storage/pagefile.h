@@ -81,8 +81,8 @@ class PageFile {
     /// Called before each store.
     void SetBeforeStoring(std::function<void()> work) { beforeStoring_ = std::move(work); }
 
-    /// Writes all pages to `path` (a new file, or in the place of one). The object is not bound to
-    /// it.
+    /// Writes all pages to `path` (a new file, or in the place of one).
+    /// The object is not bound to it.
     void SaveAs(const std::filesystem::path& path) const;
     void SaveAsCopyOf(const std::filesystem::path& source, const std::filesystem::path& path) const;
 

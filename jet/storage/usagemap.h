@@ -11,8 +11,8 @@
 
 namespace jet::detail {
 
-/// A usage map by the row pointer that leads to it. Not a copy: every call reads or edits the
-/// pages.
+/// A usage map by the row pointer that leads to it. Not a copy:
+/// every call reads or edits the pages.
 class UsageMap {
   public:
     UsageMap(PageFile& file, RowPointer where) : file_(&file), where_(where) {}
@@ -36,8 +36,8 @@ class UsageMap {
     RowPointer where_;
 };
 
-/// The map of a column's long values if the pointer leads to one; old files have pointers that lead
-/// elsewhere.
+/// The map of a column's long values if the pointer leads to one;
+/// old files have pointers that lead elsewhere.
 std::optional<UsageMap> SoundMap(PageFile& file, RowPointer where);
 
 /// A page to use, all zeros: one that was freed since the file was opened, else a new one at the
@@ -48,8 +48,8 @@ void FreePage(PageFile& file, std::uint32_t page);
 /// Whether the file's global map calls the page free.
 bool IsFree(PageFile& file, std::uint32_t page);
 
-/// A new page with `count` empty inline maps as its rows; returns the page. For new tables and
-/// indexes.
+/// A new page with `count` empty inline maps as its rows; returns the page.
+/// For new tables and indexes.
 std::uint32_t AllocateMapPage(PageFile& file, std::size_t count);
 /// The bytes of an empty inline map: all zeros.
 std::vector<std::uint8_t> EmptyInlineMap(const Layout& layout);

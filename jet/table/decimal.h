@@ -1,6 +1,6 @@
 #pragma once
-// Decimal numbers as text: read whatever a user or a query writes, and write numbers without noise
-// digits.
+// Decimal numbers as text: read whatever a user or a query writes,
+// and write numbers without noise digits.
 
 #include "jet/value.h"
 

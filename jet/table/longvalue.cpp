@@ -97,8 +97,8 @@ class PieceStore {
         if (file_.Page(page)[0] != kDataPage) return std::nullopt;
         const DataPage rows(file_, page);
         if (rows.Owner() != kLongValueOwner) return std::nullopt;
-        // Nothing points to a page whose rows are all deleted: their numbers can be given out
-        // again.
+        // Nothing points to a page whose rows are all deleted:
+        // their numbers can be given out again.
         if (rows.SlotCount() > 0 && rows.AllDeleted()) FormatDataPage(file_, page, kLongValueOwner);
         if (!DataPage(file_, page).HasRoomFor(piece.size())) return std::nullopt;
         return AddRow(file_, page, piece);

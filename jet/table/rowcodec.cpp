@@ -26,8 +26,8 @@ const T& Get(const ColumnDef& column, const Value& value) {
     return *held;
 }
 
-/// A stored GUID's first three groups are numbers with the lowest byte first; shown, the highest
-/// is.
+/// A stored GUID's first three groups are numbers with the lowest byte first;
+/// shown, the highest is.
 std::array<std::uint8_t, kGuidSize> SwapGuid(ByteView bytes) {
     constexpr std::array<std::uint8_t, kGuidSize> kFrom{3, 2, 1,  0,  5,  4,  7,  6,
                                                         8, 9, 10, 11, 12, 13, 14, 15};

@@ -58,8 +58,8 @@ class RowView {
 
 TextForm TextFormOf(const PageFile& file);
 
-/// One column's value. Memo and OLE are read from their pages. A type that is none of ours gives
-/// Bytes.
+/// One column's value. Memo and OLE are read from their pages.
+/// A type that is none of ours gives Bytes.
 Value DecodeColumn(const PageFile& file, const ColumnDef& column, const RowView& row);
 /// The value of stored bytes that are not null.
 Value DecodeValue(const PageFile& file, const ColumnDef& column, ByteView raw);
@@ -74,8 +74,8 @@ struct StoredColumn {
     std::vector<std::uint8_t> bytes;
 };
 
-/// Throws Overflow for NaN, infinities and dates outside the years 100 to 9999: no column holds
-/// them.
+/// Throws Overflow for NaN, infinities and dates outside the years 100 to 9999:
+/// no column holds them.
 void RequireInRange(const Value& value, std::string_view column);
 
 /// Stored bytes of a value, which must have the column's own type (Convert sees to that). Memo and

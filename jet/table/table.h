@@ -1,6 +1,6 @@
 #pragma once
-// The rows of one table on their pages: scan, read, insert, update, delete. Indexes are others'
-// business.
+// The rows of one table on their pages: scan, read, insert, update, delete.
+// Indexes are others' business.
 
 #include "jet/storage/bytes.h"
 #include "jet/storage/datapage.h"
@@ -47,14 +47,14 @@ class TableStore {
     bool Exists(RowPointer where) const;
     Value Field(RowPointer where, std::size_t position) const;
 
-    /// Gives null autonumber columns their next value (Guid: a random one). Changes nothing in the
-    /// file.
+    /// Gives null autonumber columns their next value (Guid: a random one).
+    /// Changes nothing in the file.
     void FillAutonumbers(std::vector<Value>& values) const;
-    /// Adds a row; `values` has one for each of Def().columns. Counts it and keeps the autonumber
-    /// counter.
+    /// Adds a row; `values` has one for each of Def().columns.
+    /// Counts it and keeps the autonumber counter.
     RowPointer Insert(std::span<const Value> values);
-    /// Gives the row new values where there is one; the other columns keep their bytes. Its pointer
-    /// stays.
+    /// Gives the row new values where there is one; the other columns keep their bytes.
+    /// Its pointer stays.
     void Update(RowPointer where, std::span<const std::optional<Value>> values);
     /// Takes the row, its overflow place and its long values away.
     void Delete(RowPointer where);

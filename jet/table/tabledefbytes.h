@@ -18,8 +18,8 @@ TableDef ReadTableDef(const PageFile& file, std::uint32_t page);
 /// `def.columns`. Next-page fields and the free bytes of the pages are left to WriteTableDef.
 std::vector<std::uint8_t> BuildTableDef(const Layout& layout, std::uint16_t codePage,
                                         const TableDef& def);
-/// Puts a built definition on `firstPage` and on as many further pages as it needs (allocated
-/// here).
+/// Puts a built definition on `firstPage` and on as many further pages as it
+/// needs (allocated here).
 void WriteTableDef(PageFile& file, std::uint32_t firstPage, ByteView built);
 
 }  // namespace jet::detail

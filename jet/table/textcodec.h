@@ -25,8 +25,8 @@ std::string DecodeText(const TextForm& form, ByteView stored);
 /// UTF-8 as stored bytes, never compressed. Throws TypeMismatch for a character that the file
 /// cannot hold (outside its code page; broken UTF-8; U+FEFF in front).
 std::vector<std::uint8_t> EncodeText(const TextForm& form, std::string_view utf8);
-/// The same, compressed where that is shorter and customary (3 characters or more, all
-/// U+0001..U+00FF).
+/// The same, compressed where that is shorter and customary (3 characters or
+/// more, all U+0001..U+00FF).
 std::vector<std::uint8_t> EncodeCompressed(const TextForm& form, std::string_view utf8);
 
 /// Characters as the column's declared length counts them: UTF-16 units or code page bytes.

@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::size_t kMaxDepth = 20;
 
-/// Walks the nodes of one tree and checks its shape; the order of all entries is checked by the
-/// cursors.
+/// Walks the nodes of one tree and checks its shape;
+/// the order of all entries is checked by the cursors.
 class TreeCheck {
   public:
     TreeCheck(PageFile& file, Report& report, const TableDef& def, std::size_t realIndex,

@@ -77,8 +77,8 @@ class AnyOperation : public testing::TestWithParam<Operation> {
         if (GetParam().opens) database = Database::Open(path_);
         GetParam().run(database, path_);
     }
-    /// Runs the operation in a process of its own, to die there as the plan says. True when it
-    /// died.
+    /// Runs the operation in a process of its own, to die there as the plan says.
+    /// True when it died.
     bool RunAndDie(crash::Plan plan) {
         const pid_t child = ::fork();
         if (child == 0) {

@@ -1,7 +1,7 @@
 #pragma once
 // Makes the engine's system calls fail, or the process die at one of them. The linker puts our
-// functions in the place of write, fsync, rename and the others; the engine itself knows nothing of
-// it.
+// functions in the place of write, fsync, rename and the others;
+// the engine itself knows nothing of it.
 
 #include <string>
 #include <vector>

@@ -19,8 +19,8 @@
 
 namespace jet::test {
 
-/// The share of the changes that are asked for (KVARNBO_MODEL_CHANGES), and the seed
-/// (KVARNBO_MODEL_SEED).
+/// The share of the changes that are asked for (KVARNBO_MODEL_CHANGES),
+/// and the seed (KVARNBO_MODEL_SEED).
 std::size_t ModelChanges(std::size_t percent);
 unsigned ModelSeed();
 

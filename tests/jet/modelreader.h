@@ -8,8 +8,8 @@
 
 namespace jet::test {
 
-/// One form for what a value is and for what the reader prints: an empty text and null look alike
-/// there.
+/// One form for what a value is and for what the reader prints:
+/// an empty text and null look alike there.
 std::string Plain(const Value& value);
 std::string Plain(const std::string& printed, ColumnType type);
 

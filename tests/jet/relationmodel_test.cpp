@@ -1,5 +1,5 @@
-// Random changes in three related tables, in step with a plain picture of what the relations ask
-// for.
+// Random changes in three related tables, in step with a plain picture of what the
+// relations ask for.
 
 #include "jet/database.h"
 #include "jet/transaction.h"

@@ -93,8 +93,8 @@ class TableIndexesTest : public testing::Test {
         }
         return {};
     }
-    /// Puts other key bytes in the place of the row's, as an engine that knows the sort order
-    /// would.
+    /// Puts other key bytes in the place of the row's,
+    /// as an engine that knows the sort order would.
     void Rekey(std::size_t index, RowPointer row, const Bytes& key) {
         indexes_->Tree(index).EraseByRowPointer(row);
         indexes_->Tree(index).Insert(key, row);

@@ -308,8 +308,8 @@ TEST(Jetcheck, WantsOneFile) {
     EXPECT_EQ(test::Run({JETCHECK_PROGRAM, "a", "b"}).status, 2);
 }
 
-/// Any one byte of a file may be wrong: the check ends with lines or with an Error, and changes
-/// nothing.
+/// Any one byte of a file may be wrong: the check ends with lines or with an Error,
+/// and changes nothing.
 TEST_F(FaultyFile, WithAnyByteChangedIsCheckedToTheEnd) {
     std::uint32_t state = 12345;
     const auto random = [&] { return state = state * 1664525 + 1013904223, state >> 8; };

@@ -1,6 +1,6 @@
 // Files that lack a part: cut at the border of a page or anywhere, with pages lost in the middle,
-// with a wrong count. They are read-only, say how much is there, and never show one row's value as
-// another's.
+// with a wrong count. They are read-only, say how much is there,
+// and never show one row's value as another's.
 
 #include "jet/catalog/catalog.h"
 #include "jet/database.h"

@@ -36,7 +36,7 @@ class CurveExtent {
     std::vector<Column> columns_;
 };
 
-/// The curve nearest to the place within `reach`; of two as near the later one, which lies over the
-/// other.
+/// The curve nearest to the place within `reach`; of two as near the later one,
+/// which lies over the other.
 std::optional<std::size_t> NearestCurve(std::span<const CurveExtent> curves, Point at,
                                         double reach);
