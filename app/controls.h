@@ -54,6 +54,8 @@ struct Controls {
     QAction* mnuGranska = nullptr;
     QAction* mnuPrint = nullptr;
     QAction* mnuPdf = nullptr;
+    QAction* mnuExportera = nullptr;
+    QAction* mnuImportera = nullptr;
     Indexed<QAction*, 1, 8> mnuFil;  ///< the fund files that lie near
     QAction* mnuAvbryt = nullptr;
     // Menu Redigera
@@ -162,6 +164,13 @@ struct Controls {
     EntryField* txtNyKurs = nullptr;  ///< stands in the table's current row
     QLabel* lblKlara = nullptr;       ///< how many have their price
     QLabel* lblKursBesked = nullptr;  ///< about the price in the field, or the pasted ones
+
+    // Prices from a file, before they are stored
+    QGroupBox* panImport = nullptr;
+    TextTable* grdImport = nullptr;
+    QLabel* lblImport = nullptr;
+    QPushButton* cmdImportera = nullptr;
+    QPushButton* cmdImportNej = nullptr;
 
     // The overview of all holdings, and its short form in the left column
     QGroupBox* panOversikt = nullptr;

@@ -64,6 +64,7 @@ void Furnish(frmPPM& window) {
     FurnishShortOverview(window);
     FurnishOverview(window);
     FurnishDayPrices(window);
+    FurnishImport(window);
     FurnishStatusBar(window);
     FurnishDropFrame(window);
     FurnishTabOrder(window);

@@ -20,6 +20,7 @@ void FurnishCopies(frmPPM& window);         ///< panKopior
 void FurnishShortOverview(frmPPM& window);  ///< panKort
 void FurnishOverview(frmPPM& window);       ///< panOversikt
 void FurnishDayPrices(frmPPM& window);      ///< panKurser
+void FurnishImport(frmPPM& window);         ///< panImport
 void FurnishStatusBar(frmPPM& window);      ///< staBar
 void FurnishDropFrame(frmPPM& window);      ///< fraSlapp
 void FurnishTabOrder(frmPPM& window);

@@ -63,6 +63,9 @@ void FurnishMenus(frmPPM& window) {
     window.mnuPrint->setShortcut(QKeySequence(QStringLiteral("Ctrl+P")));
     window.mnuPdf = Item(file, "mnuPdf", "Spara som PDF...");
     file->addSeparator();
+    window.mnuExportera = Item(file, "mnuExportera", "Exportera...");
+    window.mnuImportera = Item(file, "mnuImportera", "Importera kurser...");
+    file->addSeparator();
     FurnishListedFiles(window);
     file->addSeparator();
     window.mnuAvbryt = Item(file, "mnuAvbryt", "Avsluta");

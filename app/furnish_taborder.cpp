@@ -23,9 +23,10 @@ void FurnishTabOrder(frmPPM& window) {
         window.txtPunktKr,    window.txtprcStart,   window.txtprcNy,      window.cmdPrc,
         window.txtTranslate,  window.cmdTranslate,  window.lstTotal,      window.lstKopior,
         window.cmdAterstall,  window.DBGrid,        window.cboDag,        window.txtNyKurs,
-        window.grdKurser,     window.grdOversikt,   window.grdKort,       window.txtKontoNr,
-        window.txtPnr,        window.txtNamn,       window.cmdNyAndel,    window.txtNyAndel[0],
-        window.txtNyAndel[1], window.txtNyAndel[2], window.txtNyAndel[3], window.txtNyAndel[4],
-        window.txtNyAndel[5], window.txtNyAndel[6], window.cmdNyOk};
+        window.grdKurser,     window.grdImport,     window.cmdImportera,  window.cmdImportNej,
+        window.grdOversikt,   window.grdKort,       window.txtKontoNr,    window.txtPnr,
+        window.txtNamn,       window.cmdNyAndel,    window.txtNyAndel[0], window.txtNyAndel[1],
+        window.txtNyAndel[2], window.txtNyAndel[3], window.txtNyAndel[4], window.txtNyAndel[5],
+        window.txtNyAndel[6], window.cmdNyOk};
     for (std::size_t i = 1; i < std::size(order); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
 }

@@ -113,6 +113,11 @@ void Panels::ShowCaptions(const Shown::Captions& captions) {
         controls_.grdKurser->setAccessibleDescription(ToQt(captions.lblKursBesked));
     }
     if (!captions.lblRecCount.empty()) Write(controls_.lblRecCount, captions.lblRecCount);
+    Write(controls_.panImport, captions.panImport);
+    if (Caption(controls_.lblImport) != captions.lblImport) {
+        Write(controls_.lblImport, captions.lblImport);
+        controls_.grdImport->setAccessibleDescription(ToQt(captions.lblImport));
+    }
     controls_.picDiagram->SetPlaceholder(ToQt(captions.picDiagram));
     StatusPanels& bar = *controls_.staBar;
     if (bar.Notice() != captions.staBar) bar.SetNotice(captions.staBar);
@@ -203,6 +208,9 @@ void Panels::Enable(const Shown::Enabled& enabled, bool which) {
     TurnOn(controls_.mnuGorOm, enabled.mnuGorOm, which);
     TurnOn(controls_.mnuPrint, enabled.mnuPrint, which);
     TurnOn(controls_.cboDag, enabled.cboDag, which);
+    TurnOn(controls_.mnuExportera, enabled.mnuExportera, which);
+    TurnOn(controls_.mnuImportera, enabled.mnuImportera, which);
+    TurnOn(controls_.cmdImportera, enabled.cmdImportera, which);
     TurnOn(controls_.cmdFondList, enabled.cmdFondList, which);
     TurnOn(controls_.cmdNyAndel, enabled.cmdNyAndel, which);
     TurnOn(controls_.txtValue, enabled.txtValue, which);
@@ -237,6 +245,7 @@ void Panels::Reveal(const Shown::Visible& visible, bool which) {
     Turn(controls_.panKort, visible.panKort, which);
     Turn(controls_.panKurser, visible.panKurser, which);
     Turn(controls_.panOversikt, visible.panOversikt, which);
+    Turn(controls_.panImport, visible.panImport, which);
     Turn(controls_.fraSlapp, visible.fraSlapp, which);
     Turn(controls_.txtNyKurs, visible.txtNyKurs, which);
 }
@@ -267,6 +276,8 @@ void Panels::GiveFocus(Focus focus) {
             return controls_.grdKurser->setFocus();
         case Focus::Overview:
             return controls_.grdOversikt->setFocus();
+        case Focus::Import:
+            return controls_.grdImport->setFocus();
     }
 }
 
@@ -284,6 +295,7 @@ void Panels::KeepFocusInSight(const Shown& shown) {
         goes(controls_.panKopior, shown.visible.panKopior) ||
         goes(controls_.panBasData, shown.visible.panBasData) ||
         goes(controls_.panKurser, shown.visible.panKurser) ||
+        goes(controls_.panImport, shown.visible.panImport) ||
         goes(controls_.panOversikt, shown.visible.panOversikt) ||
         goes(controls_.panKort, shown.visible.panKort) ||
         goes(controls_.lstLegend, shown.visible.lstLegend)) {

@@ -34,6 +34,7 @@ class Procedures {
     virtual void ShowReceipt(std::string text) = 0;   // FileMenu: in the status bar, for seconds
     virtual void GuardFile() = 0;                     // SafetyCopies: the open one, from here on
     virtual void KeepChanges() = 0;                   // UndoRedo: of the open one, from here on
+    virtual void ShowFileAnew() = 0;                  // UndoRedo: its rows are others now
     virtual void BeginChange(ChangeName name) = 0;    // UndoRedo: Change calls these
     virtual void ContinueChange() = 0;                // UndoRedo
     virtual void EndChange() = 0;                     // UndoRedo

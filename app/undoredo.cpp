@@ -120,8 +120,7 @@ void UndoRedo::Replay(Way way) {
     if (!MayReplay()) return;
     const auto note = way == Way::Back ? journal_->NextUndo() : journal_->NextRedo();
     if (!note) return;
-    const bool showsStoredCurves =
-        !window.holding && window.SelectedCurves == ListedCurves(*window.dtaBasData);
+    const bool showsStoredCurves = ShowsStoredCurves();
     try {
         if (way == Way::Back) {
             journal_->Undo();
@@ -133,6 +132,14 @@ void UndoRedo::Replay(Way way) {
     }
     ShowFileAnew(showsStoredCurves);
     TellOf(way, *note);
+}
+
+bool UndoRedo::ShowsStoredCurves() const {
+    return !window.holding && window.SelectedCurves == ListedCurves(*window.dtaBasData);
+}
+
+void UndoRedo::ShowFileAnew() {
+    ShowFileAnew(ShowsStoredCurves());
 }
 
 void UndoRedo::Refuse(Way way, const Error& error) {

@@ -19,6 +19,9 @@ class UndoRedo : Controller {
     /// Changes of the open file can be taken back from here on; those of another no more.
     void KeepChanges();
 
+    /// Shows the open file's rows as they are now.
+    void ShowFileAnew();
+
     // For Change
     void BeginChange(ChangeName name);
     void ContinueChange();
@@ -30,6 +33,7 @@ class UndoRedo : Controller {
     bool MayReplay();
     void Refuse(Way way, const Error& error);
     void TellOf(Way way, const jet::JournalNote& note);
+    bool ShowsStoredCurves() const;
     void ShowFileAnew(bool showsStoredCurves);
     void ShowSeveralCurves(bool showsStoredCurves);
     void ShowNames();

@@ -68,4 +68,24 @@ inline constexpr std::string_view NoNumbers =
     "Datum, Andelar, Kurs Kr och Andel % är inte rätt ifyllda\r\n\r\n"
     " Ok och <Esc> tar dig ur denna Funktion";
 
+// Prices from a file.
+inline constexpr std::string_view ImportTitle = "Importera kurser";
+inline constexpr std::string_view ImportFiles = "Kurser i textform|*.csv *.txt|Alla filer|*";
+inline constexpr std::string_view NotImported = "Kurserna importerades inte";
+inline constexpr std::string_view ImportTooLarge = "Filen är större än 32 MB.";
+inline constexpr std::string_view ImportTooManyLines = "Filen har fler än 200 000 rader.";
+inline constexpr std::string_view ImportNoText =
+    "Filen är ingen textfil. Spara tabellen som CSV i det program som har gjort den.";
+inline constexpr std::string_view ImportNoColumns =
+    "Det går inte att se vilka kolumner som är datum och kurs. Ge kolumnerna rubrikerna Datum, "
+    "Fond och Kurs.";
+// They follow the number of prices.
+inline constexpr std::string_view OneFarAboveStart =
+    " kurs är mer än 200 % över startkursen.\r\n\r\nVill du spara den också ?";
+inline constexpr std::string_view MoreFarAboveStart =
+    " kurser är mer än 200 % över startkursen.\r\n\r\nVill du spara dem också ?";
+// Before the file's name.
+inline constexpr std::string_view OneImported = "1 kurs är importerad ur ";
+inline constexpr std::string_view MoreImported = " kurser är importerade ur ";
+
 }  // namespace texts

@@ -140,24 +140,42 @@ bool IsLatest(jet::Database& database, std::int32_t kontoId, std::int32_t day, s
     return !last || last->day <= day;
 }
 
+const DayPrice& LastOf(std::span<const DayPrice> prices) {
+    return *std::max_element(
+        prices.begin(), prices.end(),
+        [](const DayPrice& one, const DayPrice& other) { return one.point.day < other.point.day; });
+}
+
 }  // namespace
 
 OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
                           const DayPrice& price, std::int32_t today) {
-    if (!price.summary) throw Error{ErrorNumber::Overflow, "a summary beyond 32 bits"};
+    return StoreDayPrices(database, opened, {&price, 1}, today);
+}
+
+/// Only the last of them may be the latest price.
+OpenHolding StoreDayPrices(const std::shared_ptr<jet::Database>& database,
+                           const OpenHolding& opened, std::span<const DayPrice> prices,
+                           std::int32_t today) {
+    const DayPrice& last = LastOf(prices);
+    if (!last.summary) throw Error{ErrorNumber::Overflow, "a summary beyond 32 bits"};
+    std::vector<NewPoint> points;
+    for (const DayPrice& price : prices) {
+        points.push_back({opened.fondNr, price.point, opened.kontoId});
+    }
     jet::Transaction together(database);
     const auto row = database->OpenRecordSet(kHoldingsSource);
     if (row->Empty() || !row->FindFirst(queries::KontoIdIs(opened.kontoId))) {
         throw Error{ErrorNumber::RecordDeleted, "the open holding is no longer in the file"};
     }
-    const bool latest = IsLatest(*database, opened.kontoId, price.point.day, today);
+    const bool latest = IsLatest(*database, opened.kontoId, last.point.day, today);
     const auto series = database->OpenRecordSet(queries::AllPointsOf(opened.kontoId));
-    const bool replaced = StoreDayPoint(*series, {opened.fondNr, price.point, opened.kontoId});
+    const bool replaced = StoreDayPoints(*series, points);
     const std::string scale =
         ScaleColumnFor(*row, ReadValues(*database, opened.kontoId),
                        replaced ? PointChange::Corrected : PointChange::Added);
     EditRow(*row, [&](jet::RecordSet& edited) {
-        if (latest) WriteSummary(edited, *price.summary);
+        if (latest) WriteSummary(edited, *last.summary);
         edited.Set(holding::kSkala, scale);
     });
     const OpenHolding stored = OpenHoldingOf(ReadHolding(*row));

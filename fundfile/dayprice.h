@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 class DataSource;
@@ -24,6 +25,11 @@ class Database;
 /// RecordDeleted when the holding is no longer in the file, and what the file throws.
 OpenHolding StoreDayPrice(const std::shared_ptr<jet::Database>& database, const OpenHolding& opened,
                           const DayPrice& price, std::int32_t today);
+
+/// Several prices of one holding, each of another day; at least one.
+OpenHolding StoreDayPrices(const std::shared_ptr<jet::Database>& database,
+                           const OpenHolding& opened, std::span<const DayPrice> prices,
+                           std::int32_t today);
 
 /// A holding whose summary is another because its last point is.
 struct FollowedSummary {

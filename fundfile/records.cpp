@@ -9,6 +9,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <variant>
@@ -217,15 +218,22 @@ void AddPoint(DataSource& points, const NewPoint& point) {
 }
 
 bool StoreDayPoint(jet::RecordSet& series, const NewPoint& point) {
+    return StoreDayPoints(series, {&point, 1});
+}
+
+bool StoreDayPoints(jet::RecordSet& series, std::span<const NewPoint> points) {
+    std::set<double> days;
+    for (const NewPoint& each : points) days.insert(each.point.day);
     bool replaced = false;
     // From the last row on: a deleted one moves those behind it.
     for (std::int32_t row = series.RecordCount() - 1; row >= 0; --row) {
-        if (NumberIn(series.At(row, schema::point::kXCord)) != point.point.day) continue;
+        const std::optional<double> day = NumberIn(series.At(row, schema::point::kXCord));
+        if (!day || !days.contains(*day)) continue;
         series.MoveTo(row);
         series.Delete();
         replaced = true;
     }
-    Add(series, point);
+    for (const NewPoint& each : points) Add(series, each);
     return replaced;
 }
 

@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,8 @@ void AddPoint(DataSource& points, const NewPoint& point);
 /// holding; true when there was one. Several updates: joined by the caller's Transaction.
 /// Refreshing a source is the caller's.
 bool StoreDayPoint(jet::RecordSet& series, const NewPoint& point);
+/// The same for several points, each of another day.
+bool StoreDayPoints(jet::RecordSet& series, std::span<const NewPoint> points);
 
 /// The number of points deleted. Refreshing a source is the caller's.
 std::int32_t DeletePointsOf(jet::Database& database, std::int32_t kontoId);

@@ -30,8 +30,10 @@
 #include "entry/holdingsgrid.h"
 #include "entry/newsharesnotice.h"
 #include "entry/priceentry.h"
+#include "entry/priceimport.h"
 #include "entry/sourcefailures.h"
 #include "reports/accounttotals.h"
+#include "reports/export.h"
 #include "reports/overview.h"
 #include "reports/printedreport.h"
 #include "tools/about.h"
@@ -64,7 +66,9 @@ struct MainWindow::Controllers {
           fundSummary(window),
           priceEntry(window),
           dayPrices(window),
+          priceImport(window),
           printedReport(window),
+          exporter(window),
           holdingsGrid(window),
           holdingDeletion(window),
           sourceFailures(window),
@@ -101,7 +105,9 @@ struct MainWindow::Controllers {
     FundSummary fundSummary;
     PriceEntry priceEntry;
     DayPrices dayPrices;
+    PriceImport priceImport;
     PrintedReport printedReport;
+    Export exporter;
     HoldingsGrid holdingsGrid;
     HoldingDeletion holdingDeletion;
     SourceFailures sourceFailures;
@@ -165,6 +171,9 @@ void MainWindow::GuardFile() {
 }
 void MainWindow::KeepChanges() {
     controllers_->undoRedo.KeepChanges();
+}
+void MainWindow::ShowFileAnew() {
+    controllers_->undoRedo.ShowFileAnew();
 }
 void MainWindow::BeginChange(ChangeName name) {
     controllers_->undoRedo.BeginChange(std::move(name));

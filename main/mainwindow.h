@@ -24,6 +24,7 @@ class MainWindow final : public frmPPM {
     void ShowReceipt(std::string text) override;
     void GuardFile() override;
     void KeepChanges() override;
+    void ShowFileAnew() override;
     void BeginChange(ChangeName name) override;
     void ContinueChange() override;
     void EndChange() override;

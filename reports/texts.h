@@ -20,4 +20,13 @@ inline constexpr std::string_view PdfSaved = "Rapporten är sparad : ";
 inline constexpr std::string_view IsFundFilesName =
     "Så heter en fondfil. Välj ett namn som slutar på .pdf.";
 
+// Holdings and points as tables
+inline constexpr std::string_view ExportTitle = "Exportera innehav och kurser";
+inline constexpr std::string_view ExportFiles = "Tabeller för kalkylark|*.csv";
+inline constexpr std::string_view NotExported = "Tabellerna sparades inte";
+inline constexpr std::string_view Exported = "Exporterat : ";
+inline constexpr std::string_view AndFile = " och ";
+inline constexpr std::string_view ReplacedFile = " finns redan.\r\n";
+inline constexpr std::string_view AskReplace = "\r\nVill du ersätta det som finns ?";
+
 }  // namespace texts

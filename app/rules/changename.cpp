@@ -42,6 +42,10 @@ ChangeName ColourChange(std::string_view fond) {
     return Named(texts::ColourOf, fond);
 }
 
+ChangeName ImportChange(std::string_view file) {
+    return {std::string(texts::ImportOf) + std::string(file), {}};
+}
+
 ChangeName CurvesChange() {
     return Named(texts::CurveChoice, "");
 }

@@ -18,6 +18,7 @@ ChangeName HoldingDeletionChange(std::string_view account, std::string_view fond
 ChangeName SharesChange(std::string_view fond);
 ChangeName ColourChange(std::string_view fond);
 ChangeName CurvesChange();
+ChangeName ImportChange(std::string_view file);
 /// A point without a day has none in its name.
 ChangeName PointChange(std::optional<std::int32_t> day, std::string_view fondNr);
 ChangeName PointDeletionChange(std::optional<std::int32_t> day, std::string_view fondNr);

@@ -45,6 +45,8 @@ std::string_view HelpPageFor(const WindowState& state) {
             return "dagens-kurser";
         case Stage::Overview:
             return "oversikt";
+        case Stage::Import:
+            return "importera";
         case Stage::Diagram:
             return state.NoFileReason.empty() ? PageOfDiagram(state) : "oppna-fil";
     }

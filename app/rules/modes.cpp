@@ -8,7 +8,8 @@ bool GridShown(const WindowState& state) {
 }
 
 bool PageShown(const WindowState& state) {
-    return state.stage == Stage::DayPrices || state.stage == Stage::Overview;
+    return state.stage == Stage::DayPrices || state.stage == Stage::Overview ||
+           state.stage == Stage::Import;
 }
 
 bool OverviewInColumn(const WindowState& state) {
@@ -201,6 +202,14 @@ WindowState AfterPasteEnded(WindowState state) {
     return state;
 }
 
+WindowState AfterImportShown(WindowState state, ImportPage page) {
+    if (Waits(state)) return state;
+    state = WithPage(std::move(state), Stage::Import);
+    state.imported = std::move(page);
+    state.focus = Focus::Import;
+    return state;
+}
+
 WindowState AfterOverviewKey(WindowState state) {
     if (Waits(state) || !state.hasHoldings) return state;
     if (state.stage == Stage::Overview) return AfterEscape(std::move(state));
@@ -278,6 +287,7 @@ WindowState AfterFileLost(WindowState state) {
     state.typedPrice = TypedPrice::Cleared;
     state.picture = Picture::Stays;
     state.round = {};
+    state.imported = {};
     return state;
 }
 

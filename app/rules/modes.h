@@ -27,6 +27,8 @@ WindowState AfterDayChosen(WindowState state, std::int32_t day);  ///< that pric
 WindowState AfterPasteShown(WindowState state, PriceNote note);
 WindowState AfterPasteEnded(WindowState state);
 
+WindowState AfterImportShown(WindowState state, ImportPage page);
+
 WindowState AfterOverviewKey(WindowState state);  ///< F7; there it leads back
 WindowState AfterOverviewSorted(WindowState state, int column);
 WindowState AfterOverviewChosen(WindowState state);  ///< a holding, which is to be opened

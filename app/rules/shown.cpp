@@ -67,7 +67,8 @@ Shown::Visible VisibleIn(const WindowState& state) {
             .txtNyKurs = !state.round.pasted,
             .panOversikt = state.stage == Stage::Overview,
             .panKort = OverviewInColumn(state),
-            .fraSlapp = !state.heldFile.empty()};
+            .fraSlapp = !state.heldFile.empty(),
+            .panImport = state.stage == Stage::Import};
 }
 
 /// What the grid covers takes no keys: neither typed prices nor the way of the Tab key.
@@ -83,6 +84,9 @@ Shown::Enabled EnabledIn(const WindowState& state) {
             .mnuAngra = started && state.undoName,
             .mnuGorOm = started && state.redoName,
             .cboDag = !state.round.pasted,
+            .mnuExportera = state.FundDb != nullptr,
+            .mnuImportera = state.FundDb != nullptr && state.hasHoldings,
+            .cmdImportera = state.imported.stores,
             .cmdFondList = !grid && !Choosing(state),
             .cmdNyAndel = state.hasHoldings,
             .txtValue = !grid,
@@ -215,6 +219,8 @@ Shown::Captions CaptionsIn(const WindowState& state) {
                          DateText(state.round.day.value_or(state.TodayDay)),
             .lblKlara = state.round.done,
             .lblKursBesked = state.round.note.text,
+            .panImport = std::string(texts::ImportFrom) + state.imported.file,
+            .lblImport = state.imported.text,
             .lblRecCount = PointCount(state),
             .picDiagram = std::string(EmptyPictureHint(state)),
             .spoken = SpokenIn(state),

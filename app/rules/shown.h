@@ -23,13 +23,14 @@ struct Shown {
         bool lblTotal = false;
         bool panKurser = false, txtNyKurs = false;
         bool panOversikt = false, panKort = false;
-        bool fraSlapp = false;
+        bool fraSlapp = false, panImport = false;
         bool operator==(const Visible&) const = default;
     };
     struct Enabled {
         bool mnuArkiv = false, mnuRedigera = false, mnuShow = false, mnuPrint = false;
         bool mnuAterstall = false, cmdAterstall = false, mnuAngra = false, mnuGorOm = false;
         bool cboDag = false;
+        bool mnuExportera = false, mnuImportera = false, cmdImportera = false;
         bool cmdFondList = false, cmdNyAndel = false, txtValue = false, picDiagram = false;
         bool operator==(const Enabled&) const = default;
     };
@@ -42,6 +43,7 @@ struct Shown {
         std::string lblKopia, mnuAngra, mnuGorOm;
         std::string lblForhand;  ///< of a price while it is typed
         std::string panKurser, lblKlara, lblKursBesked;
+        std::string panImport, lblImport;
         std::string lblRecCount;  ///< "" before anything was counted: it is left alone
         std::string picDiagram;   ///< said in it while it has no curve: what to do
         std::string spoken;       ///< of picDiagram, to those who do not see it

@@ -60,11 +60,14 @@ inline constexpr std::string_view DeletedHolding = "borttaget innehav ";
 inline constexpr std::string_view DeletionOf = "raderingen av ";
 inline constexpr std::string_view NewSharesOf = "nya andelar för ";
 inline constexpr std::string_view ColourOf = "färgen på ";
+inline constexpr std::string_view ImportOf = "kurserna ur ";
 inline constexpr std::string_view CurveChoice = "valet av kurvor";
 inline constexpr std::string_view PointOfDay = "punkten";
 inline constexpr std::string_view DeletedPointOfDay = "borttagen punkt";
 inline constexpr std::string_view SomeChange = "ändringen";
 
+/// Before the file's name.
+inline constexpr std::string_view ImportFrom = "Importera kurser ur ";
 /// Before the day.
 inline constexpr std::string_view DayPricesOf = "Dagens kurser  ";
 

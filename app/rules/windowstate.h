@@ -22,7 +22,7 @@ class Database;
 }
 
 /// What covers the diagram, if anything.
-enum class Stage { Starting, Diagram, Holdings, SharesNotice, DayPrices, Overview };
+enum class Stage { Starting, Diagram, Holdings, SharesNotice, DayPrices, Overview, Import };
 
 /// The left column: one panel at a time.
 enum class LeftPanel { None, FundList, Totals, PlotData, Copies };
@@ -43,7 +43,8 @@ enum class Focus {
     NoticeDate,
     DayPrice,
     PastedPrices,
-    Overview
+    Overview,
+    Import
 };
 
 /// What an event does to a price that was typed and not confirmed. It holds for one showing, too.
@@ -72,6 +73,14 @@ struct DayRound {
     PriceNote note;       ///< about the price in the field, or the pasted ones
     std::map<std::int32_t, TypedDayPrice> typed;  ///< by KontoId
     bool operator==(const DayRound&) const = default;
+};
+
+/// The page of prices from a file.
+struct ImportPage {
+    std::string file;     ///< its name
+    std::string text;     ///< what Enter makes of them
+    bool stores = false;  ///< there is something to store
+    bool operator==(const ImportPage&) const = default;
 };
 
 /// What the lines of the overview are sorted by.
@@ -119,6 +128,7 @@ struct WindowState {
     std::vector<std::int32_t> missingDays;  ///< without a price of the open holding, lately
     DayRound round;
     OverviewOrder overviewOrder;
+    ImportPage imported;
     std::vector<ListedFile> files;  ///< that the menu offers to open
     std::string pointedFile;        ///< one of them, whole, while it is pointed at
     std::string heldFile;           ///< the name of a fund file held over the window, to be dropped

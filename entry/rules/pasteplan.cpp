@@ -1,14 +1,10 @@
 #include "entry/rules/pasteplan.h"
 
-#include "base/error.h"
 #include "base/number.h"
-#include "base/pastedtext.h"
 #include "base/text.h"
-#include "entry/rules/cells.h"
-#include "entry/rules/pricecheck.h"
-#include "entry/rules/pricepreview.h"
+#include "entry/rules/fundnames.h"
+#include "entry/rules/judgedprice.h"
 #include "entry/rules/texts.h"
-#include "fundfile/rules/point.h"
 #include "fundfile/rules/summary.h"
 
 #include <algorithm>
@@ -29,51 +25,27 @@ std::vector<std::string> LinesOf(std::string_view text) {
     return lines;
 }
 
-std::string WithoutBlanks(std::string text) {
-    std::erase(text, ' ');
-    return text;
-}
-
-bool IsNamed(const OpenHolding& holding, const std::string& name) {
-    if (LowerCase(CellName(name)) == LowerCase(holding.fond)) return true;
-    return !holding.fondNr.empty() && WithoutBlanks(name) == WithoutBlanks(holding.fondNr);
-}
-
 PastedPrice Refused(PastedPrice pasted, std::string_view why) {
-    pasted.verdict = std::string(texts::NotStoredBecause) + std::string(why);
+    pasted.verdict = NotStoredText(why);
     pasted.doubtful = true;
     return pasted;
 }
 
 /// What Enter makes of a price whose holding is known.
 PastedPrice Judged(PastedPrice pasted, const OpenHolding& holding, std::int32_t today) {
-    const std::optional<std::string> number = PastedNumber(pasted.price);
-    const std::optional<double> price = number ? ReadPrice(*number) : std::nullopt;
-    if (!price) return Refused(std::move(pasted), texts::WhyNoPrice);
-    std::int32_t percent = 0;
-    try {
-        percent = PercentChange(*price, holding.startPrice);
-    } catch (const Error&) {
-        return Refused(std::move(pasted), texts::WhyNoPercentage);
-    }
-    pasted.price = PriceText(*price);
-    const Verdict verdict = Judge(percent);
-    if (verdict == Verdict::AskThenRefuse) return Refused(std::move(pasted), texts::WhyTooMuch);
-    pasted.stores = true;
-    pasted.doubtful = PricePreview(holding, *price, today).doubtful;
-    pasted.verdict = ChangeText(percent);
-    if (const auto latest = LatestPriceOf(holding.summary)) {
-        pasted.verdict += std::string(texts::NextChange) + ChangeSince(*latest, *price);
-    }
-    if (verdict == Verdict::AskFirst) pasted.verdict = texts::AsksFirst;
-    if (pasted.doubtful) pasted.verdict = std::string(texts::IsThatRight) + pasted.verdict;
+    JudgedPrice judged =
+        JudgeForeignPrice(pasted.price, holding, today, LatestPriceOf(holding.summary));
+    pasted.price = std::move(judged.text);
+    pasted.verdict = std::move(judged.verdict);
+    pasted.stores = judged.stores;
+    pasted.doubtful = judged.doubtful;
     return pasted;
 }
 
 class Planner {
   public:
     Planner(std::span<const OpenHolding> holdings, const PasteInto& into)
-        : holdings_(holdings), into_(into) {}
+        : holdings_(holdings), funds_(holdings), into_(into) {}
 
     void Add(const std::string& line) {
         const std::vector<std::string> cells = Split(line, kTab);
@@ -86,16 +58,16 @@ class Planner {
 
   private:
     void AddNamed(const std::string& name, const std::string& price) {
-        bool known = false, added = false;
-        for (std::size_t i = 0; i < holdings_.size(); ++i) {
-            if (!IsNamed(holdings_[i], name)) continue;
-            known = true;
+        const std::vector<std::size_t> named = funds_.With(name);
+        bool added = false;
+        for (const std::size_t i : named) {
             if (!taken_.insert(i).second) continue;
             added = true;
             plan.push_back(Judged({name, i, price, {}}, holdings_[i], into_.today));
         }
         if (added) return;
-        plan.push_back(Refused({name, {}, price, {}}, known ? texts::WhyTwice : texts::WhyNoFund));
+        plan.push_back(
+            Refused({name, {}, price, {}}, named.empty() ? texts::WhyNoFund : texts::WhyTwice));
     }
 
     void AddNext(const std::string& price) {
@@ -110,6 +82,7 @@ class Planner {
     }
 
     std::span<const OpenHolding> holdings_;
+    FundNames funds_;
     const PasteInto& into_;
     std::size_t next_ = 0;
     std::set<std::size_t> taken_;

@@ -46,6 +46,10 @@ std::string ChangeSince(double before, double price) {
     return (text.front() == '-' ? "" : "+") + text + std::string(texts::PercentUnit);
 }
 
+bool IsFar(double before, double price) {
+    return std::abs(PercentSince(before, price)) > kFarPercent;
+}
+
 std::string ShortDay(std::int32_t day, std::int32_t today) {
     if (day == today) return std::string(texts::Today);
     const auto date = DateOf(day);
@@ -66,7 +70,7 @@ PriceNote PricePreview(const OpenHolding& holding, double price, std::int32_t to
     std::string text = PriceText(price) + std::string(texts::PriceIs) + ChangeText(percent);
     bool far = false;
     if (const std::optional<double> latest = LatestPriceOf(holding.summary)) {
-        far = std::abs(PercentSince(*latest, price)) > kFarPercent;
+        far = IsFar(*latest, price);
         text += SinceLatest(holding, *latest, price, today);
     }
     return Noted(text, far || Judge(percent) != Verdict::Accept);

@@ -20,5 +20,8 @@ PriceNote PricePreview(const OpenHolding& holding, double price, std::int32_t to
 /// "+0,1 %", "-3,0 %", "0,0 %". `before` is above 0.
 std::string ChangeSince(double before, double price);
 
+/// More than 20 % from each other: it may be a slip.
+bool IsFar(double before, double price);
+
 /// "20 nov", "20 nov 2025" of another year than today's, "idag".
 std::string ShortDay(std::int32_t day, std::int32_t today);

@@ -51,4 +51,30 @@ inline constexpr std::string_view OneRefused = " rad sparas inte. ";
 inline constexpr std::string_view MoreRefused = " rader sparas inte. ";
 inline constexpr std::string_view EscGivesUp = "Esc ångrar.";
 
+// The headings by which the columns of a file of prices are known: small letters, without blanks
+// and units.
+inline constexpr std::array<std::string_view, 5> DayHeadings = {"datum", "dag", "kursdatum", "date",
+                                                                "day"};
+inline constexpr std::array<std::string_view, 1> KontoIdHeadings = {"nr"};
+inline constexpr std::array<std::string_view, 4> FondNrHeadings = {"fondnr", "fondnummer", "ppmnr",
+                                                                   "nummer"};
+inline constexpr std::array<std::string_view, 6> FondHeadings = {"fond", "fondnamn", "fondensnamn",
+                                                                 "namn", "name",     "fund"};
+inline constexpr std::array<std::string_view, 9> PriceHeadings = {
+    "kurs", "kronor", "kr", "pris", "price", "senaste", "nav", "andelskurs", "slutkurs"};
+
+// What becomes of the lines of a file of prices.
+inline constexpr std::string_view WhyNoDay = "inget datum med helt årtal";
+inline constexpr std::string_view WhyNotYet = "dagen har inte varit än";
+inline constexpr std::string_view WhyTwiceThatDay = "fonden har en annan kurs den dagen ovan";
+inline constexpr std::string_view WhyTooLong = "raden har fler rutor än rubrikerna";
+inline constexpr std::string_view IsThereAlready = "Finns redan";
+inline constexpr std::string_view NothingOnTheLine = "Ingen kurs på raden";
+inline constexpr std::string_view OneThere = " är redan lagrad. ";
+inline constexpr std::string_view MoreThere = " är redan lagrade. ";
+inline constexpr std::string_view OneWithout = " rad har ingen kurs. ";
+inline constexpr std::string_view MoreWithout = " rader har ingen kurs. ";
+inline constexpr std::string_view NothingToStore = "Inget att spara. ";
+inline constexpr std::string_view EscLeaves = "Esc lämnar sidan.";
+
 }  // namespace texts

@@ -27,4 +27,13 @@ inline constexpr std::string_view ReportTotals = "Total Summa för konto :";
 inline constexpr std::string_view SumOfAccount = "Summa ";
 inline constexpr std::string_view SumOfAll = "Summa alla konton";
 
+// Exported tables: what their names end in, and their first lines.
+inline constexpr std::string_view HoldingsFile = " innehav";
+inline constexpr std::string_view PricesFile = " kurser";
+inline constexpr std::string_view CsvEnding = ".csv";
+inline constexpr std::string_view HoldingsHeader =
+    "Nr;Fond;Fondnr;Datum;Andelar;Startkurs;Startvärde;Andel %;Konto;Kontoinnehavare;Kontonummer;"
+    "Senaste dag;Senaste kurs;Ändring %;Värde\r\n";
+inline constexpr std::string_view PricesHeader = "Datum;Nr;Fondnr;Fond;Konto;Procent;Kronor\r\n";
+
 }  // namespace texts

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -69,6 +70,25 @@ class DayPriceTest : public testing::Test {
     DataSource holdings{"dtaBasData", "BasData"}, points{"dtaPlott", "Plotting"};
     FundFile file;
 };
+
+TEST_F(DayPriceTest, OfSeveralDaysAreStoredTogetherAsOneByOneWouldBe) {
+    Open();
+    Store(0, 104, kToday - 4);
+    Store(1, 104, kToday - 4);
+    const std::vector<std::pair<double, std::int32_t>> days = {
+        {130, kToday - 2}, {106, kToday - 4}, {95, kToday - 9}};
+    std::vector<DayPrice> together;
+    for (const auto& [price, day] : days) {
+        StoreOf(Holding(0), price, day);
+        together.push_back(DayPriceOf(Holding(1), price, day));
+    }
+    const OpenHolding stored = StoreDayPrices(file.database, Holding(1), together, kToday);
+    EXPECT_EQ(stored.summary.latestPrice, "Senaste : 130,00");
+    EXPECT_EQ(stored.summary, Holding(0).summary);
+    EXPECT_EQ(Series(stored), Series(Holding(0)));
+    EXPECT_EQ(Series(stored), (Points{{kToday - 9, -5}, {kToday - 4, 6}, {kToday - 2, 30}}));
+    EXPECT_TRUE(file.database->Verify().empty());
+}
 
 TEST_F(DayPriceTest, ComesBackAsTheHoldingThatIsStored) {
     Open();

@@ -38,7 +38,7 @@ constexpr const char* kShared =
     "lblGrafNr|lblPlottInfo|lblTotal|lblColorNr|lblFraData|lblFraHeading|lblFraHint|lblForhand|"
     "lblXCord|"
     "lblYCord|lblPanDatum|shaPlottColor|mnuArkiv|mnuShow|mnuPrint|mnuVeckor|mnuMonth|txtValue|"
-    "panKurser|lblKlara|lblKursBesked|panOversikt|panKort|"
+    "panImport|lblImport|panKurser|lblKlara|lblKursBesked|panOversikt|panKort|"
     "lstFonder|lstLegend|picDiagram)";
 
 std::vector<std::string> Matches(const house::SourceFile& file, const std::string& pattern,

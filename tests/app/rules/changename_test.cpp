@@ -21,6 +21,7 @@ TEST(ChangeNames, SayWhatWouldBeTakenBack) {
          "raderingen av Privat Asp"},
         {SharesChange("Asp"), "nya andelar för Asp", ""},
         {ColourChange("Asp"), "färgen på Asp", ""},
+        {ImportChange("kurser.csv"), "kurserna ur kurser.csv", ""},
         {CurvesChange(), "valet av kurvor", ""},
         {PointChange(day, "249 995"), "punkten 2026-11-13 för 249 995", ""},
         {PointChange(day, ""), "punkten 2026-11-13", ""},

@@ -26,6 +26,7 @@ TEST(HelpPage, IsTheOneAboutWhatIsOpen) {
         {Stage::SharesNotice, None, ListUse::Prices, "nya-andelar"},
         {Stage::DayPrices, None, ListUse::Prices, "dagens-kurser"},
         {Stage::Overview, None, ListUse::Prices, "oversikt"},
+        {Stage::Import, None, ListUse::Prices, "importera"},
     };
     for (const auto& row : rows) {
         WindowState state;

@@ -20,8 +20,8 @@ namespace {
 // A totals          a with the buttons     X plot data      x with the buttons
 // R safety copies   r with the buttons
 // G holdings grid   N notice of new shares
-// M day's prices    O overview
-constexpr std::string_view kModes = "SDBPTECKLAaXxRrGNMO";
+// M day's prices    O overview        I prices from a file
+constexpr std::string_view kModes = "SDBPTECKLAaXxRrGNMOI";
 
 struct Mode {
     Stage stage;
@@ -44,7 +44,7 @@ const std::map<char, Mode>& Modes() {
         {'x', {Diagram, PlotData, Prices, true}},   {'G', {Holdings, None, Prices, false}},
         {'R', {Diagram, Copies, Prices, false}},    {'r', {Diagram, Copies, Prices, true}},
         {'N', {SharesNotice, None, Prices, false}}, {'M', {DayPrices, None, Prices, false}},
-        {'O', {Overview, None, Prices, false}},
+        {'O', {Overview, None, Prices, false}},     {'I', {Import, None, Prices, false}},
     };
     return modes;
 }
@@ -112,6 +112,9 @@ WindowState GivesDayPriceUp(WindowState state) {
 WindowState MissesDays(WindowState state) {
     return AfterDaysMissed(std::move(state), {46339});
 }
+WindowState ShowsImport(WindowState state) {
+    return AfterImportShown(std::move(state), {"a file", "what Enter does", true});
+}
 WindowState ChoosesDay(WindowState state) {
     return AfterDayChosen(std::move(state), 46339);
 }
@@ -137,58 +140,59 @@ struct Row {
     Event event;
     std::string_view after;  ///< the mode, for each of kModes
     std::string_view
-        focus;  ///< where the keys go: . stays, D picture, L list, P price, A, X, G, N, U u O
+        focus;  ///< where the keys go: . stays, D picture, L list, P price, A, X, G, N, U u O J
     std::string_view picture;  ///< . stays, 0 cleared, R what was drawn comes back
 };
 
 const std::vector<Row>& Rows() {
     static const std::vector<Row> rows = {
         // clang-format off
-        //                                       SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO
-        {"end of the pause", AfterPause,        "PDBPTECKLAaXxRrGNMO", "L..................", "..................."},
-        {"Esc",              AfterEscape,       "SDDDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDDDD", ".......R..........."},
-        {"F11",              AfterFundListButton,"SPPBBBBBBPPPPPPGNPP", ".LL......LLLLLL..LL", ".......R..........."},
-        {"F9",               AfterColourButton, "SDCPCCBCCACXCRCGNMO", "..L.LL.LL.L.L.L....", ".......R..........."},
-        {"F12",              AfterCurvesButton, "SDKPBBBBBAKXKRKGNMO", "..L.......L.L.L....", "..0....R..0.0.0...."},
-        {"F8",               AfterScreenButton, "SDBPTEBBBAaXxRrDDDD", "...............DDDD", "..................."},
-        {"grid's switch",    AfterGridSwitch,   "SGGGGGGGGGGGGGGDDGG", ".GGGGGGGGGGGGGGDDGG", ".......R..........."},
-        {"scrolling",        AfterScroll,       "SDDDDDDDDDDDDDDGNMO", ".DDDDDDDDDDDDDD....", ".......R..........."},
-        {"totals",           AfterTotalsMenu,   "SAaAaaaaaAaAaAaAAAA", ".AAAAAAAAAAAAAAAAAA", ".......R..........."},
-        {"plot data",        AfterPlotDataMenu, "SXxXxxxxxXxXxXxXXXX", ".XXXXXXXXXXXXXXXXXX", ".......R..........."},
-        {"copies",           AfterCopiesMenu,   "SRrRrrrrrRrRrRrRRRR", ".RRRRRRRRRRRRRRRRRR", ".......R..........."},
-        {"replay",           AfterReplay,       "SDBPTEBBBAaXxDBGGMO", "................G..", "..................."},
-        {"all curves",       AfterAllCurvesMenu,"SDDDDDDDDDDXXRRDDDD", ".DDDDDDDDDDDDDDDDDD", "..................."},
-        {"printing",         AfterPrinting,     "SDBPTECKLDBXxRrDDDD", ".DDDDDDDDDDDDDDDDDD", "..................."},
-        {"file opened",      AfterFileOpened,   "SPPPPPPPPPPPPPPPPPP", ".LLLLLLLLLLLLLLLLLL", "..................."},
-        {"empty file opened",OpensEmptyFile,    "SGGGGGGGGGGGGGGGGGG", ".GGGGGGGGGGGGGGGGGG", "..................."},
-        {"file lost",        AfterFileLost,     "SDDDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDDDD", "..................."},
-        {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxRrGNMO", "...................", "..................."},
-        {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxRrGNMO", "...PPPP............", ".......R..........."},
-        {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxrrGNMO", "...................", "..................."},
-        {"line taken away",  TakesLineAway,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"choice's menu",    AfterChoiceMenu,   "SBBBBBCKLaaxxrrBBBB", "...............DDDD", "..................."},
-        {"curves drawn",     DrawsCurves,       "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"curve lit",        LightsCurve,       "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"light out",        AfterLightOut,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"price typed",      TypesPrice,        "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"F6",               AfterDayPricesKey, "SMMMMMMMMMMMMMMMMMM", ".UUUUUUUUUUUUUUUUUU", ".......R..........."},
-        {"F7",               AfterOverviewKey,  "SOOOOOOOOOOOOOOOOOD", ".OOOOOOOOOOOOOOOOOD", ".......R..........."},
-        {"chosen in overview",AfterOverviewChosen,"SBBBBBBBBBBBBBBGNBB", ".PPPPPPPPPPPPPP..PP", ".......R..........."},
-        {"column pasted",    PastesColumn,      "SDBPTECKLAaXxRrGNMO", ".................u.", "..................."},
-        {"paste ended",      EndsPaste,         "SDBPTECKLAaXxRrGNMO", ".................U.", "..................."},
-        {"day price typed",  TypesDayPrice,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"day price gone",   GivesDayPriceUp,   "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"days missed",      MissesDays,        "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"day chosen",       ChoosesDay,        "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"overview sorted",  SortsOverview,     "SDBPTECKLAaXxRrGNMO", "...................", "..................."},
-        {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxRrNNMO", "...............N...", "..................."},
-        {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxRrGGMO", "................G..", "..................."},
-        {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDDDGNDD", ".DDDDDDDDDDDDDDDDDD", ".......R..........."},
-        {"grid left",        AfterGridLeft,     "SDBPTECKLAaXxRrDDMO", "...............DD..", "..................."},
-        {"cover left",       AfterCoverLeft,    "SDBPTECKLAaXxRrDDDD", "...............DDDD", "..................."},
-        {"holding closed",   AfterHoldingClosed,"SDBPTEBBBDBXxRrGNMO", "...................", ".......R..........."},
-        {"keys to the price",WithKeysInPrice,   "SDBPTECKLAaXxRrGNMO", ".PPPPPPPPPPPPPP....", "..................."},
-        {"keys to the list", WithKeysInList,    "SDBPTECKLAaXxRrGNMO", "...LLLLLL..........", "..................."},
+        //                                       SDBPTECKLAaXxRrGNMOI    SDBPTECKLAaXxRrGNMOI    SDBPTECKLAaXxRrGNMOI
+        {"end of the pause", AfterPause,        "PDBPTECKLAaXxRrGNMOI", "L...................", "...................."},
+        {"Esc",              AfterEscape,       "SDDDDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDDDDD", ".......R............"},
+        {"F11",              AfterFundListButton,"SPPBBBBBBPPPPPPGNPPP", ".LL......LLLLLL..LLL", ".......R............"},
+        {"F9",               AfterColourButton, "SDCPCCBCCACXCRCGNMOI", "..L.LL.LL.L.L.L.....", ".......R............"},
+        {"F12",              AfterCurvesButton, "SDKPBBBBBAKXKRKGNMOI", "..L.......L.L.L.....", "..0....R..0.0.0....."},
+        {"F8",               AfterScreenButton, "SDBPTEBBBAaXxRrDDDDD", "...............DDDDD", "...................."},
+        {"grid's switch",    AfterGridSwitch,   "SGGGGGGGGGGGGGGDDGGG", ".GGGGGGGGGGGGGGDDGGG", ".......R............"},
+        {"scrolling",        AfterScroll,       "SDDDDDDDDDDDDDDGNMOI", ".DDDDDDDDDDDDDD.....", ".......R............"},
+        {"totals",           AfterTotalsMenu,   "SAaAaaaaaAaAaAaAAAAA", ".AAAAAAAAAAAAAAAAAAA", ".......R............"},
+        {"plot data",        AfterPlotDataMenu, "SXxXxxxxxXxXxXxXXXXX", ".XXXXXXXXXXXXXXXXXXX", ".......R............"},
+        {"copies",           AfterCopiesMenu,   "SRrRrrrrrRrRrRrRRRRR", ".RRRRRRRRRRRRRRRRRRR", ".......R............"},
+        {"replay",           AfterReplay,       "SDBPTEBBBAaXxDBGGMOI", "................G...", "...................."},
+        {"all curves",       AfterAllCurvesMenu,"SDDDDDDDDDDXXRRDDDDD", ".DDDDDDDDDDDDDDDDDDD", "...................."},
+        {"printing",         AfterPrinting,     "SDBPTECKLDBXxRrDDDDD", ".DDDDDDDDDDDDDDDDDDD", "...................."},
+        {"file opened",      AfterFileOpened,   "SPPPPPPPPPPPPPPPPPPP", ".LLLLLLLLLLLLLLLLLLL", "...................."},
+        {"empty file opened",OpensEmptyFile,    "SGGGGGGGGGGGGGGGGGGG", ".GGGGGGGGGGGGGGGGGGG", "...................."},
+        {"file lost",        AfterFileLost,     "SDDDDDDDDDDDDDDDDDDD", ".DDDDDDDDDDDDDDDDDDD", "...................."},
+        {"line chosen",      ChoosesLine,       "SDBPTECLLAaXxRrGNMOI", "....................", "...................."},
+        {"Enter in the list",AfterEnterInList,  "SDBEEEBBBAaXxRrGNMOI", "...PPPP.............", ".......R............"},
+        {"price focused",    AfterPriceFocus,   "SBBTTECKLaaxxrrGNMOI", "....................", "...................."},
+        {"line taken away",  TakesLineAway,     "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"choice's menu",    AfterChoiceMenu,   "SBBBBBCKLaaxxrrBBBBB", "...............DDDDD", "...................."},
+        {"curves drawn",     DrawsCurves,       "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"curve lit",        LightsCurve,       "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"light out",        AfterLightOut,     "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"price typed",      TypesPrice,        "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"F6",               AfterDayPricesKey, "SMMMMMMMMMMMMMMMMMMM", ".UUUUUUUUUUUUUUUUUUU", ".......R............"},
+        {"F7",               AfterOverviewKey,  "SOOOOOOOOOOOOOOOOODO", ".OOOOOOOOOOOOOOOOODO", ".......R............"},
+        {"chosen in overview",AfterOverviewChosen,"SBBBBBBBBBBBBBBGNBBB", ".PPPPPPPPPPPPPP..PPP", ".......R............"},
+        {"column pasted",    PastesColumn,      "SDBPTECKLAaXxRrGNMOI", ".................u..", "...................."},
+        {"paste ended",      EndsPaste,         "SDBPTECKLAaXxRrGNMOI", ".................U..", "...................."},
+        {"day price typed",  TypesDayPrice,     "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"day price gone",   GivesDayPriceUp,   "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"days missed",      MissesDays,        "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"import shown",     ShowsImport,       "SIIIIIIIIIIIIIIIIIII", ".JJJJJJJJJJJJJJJJJJJ", ".......R............"},
+        {"day chosen",       ChoosesDay,        "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"overview sorted",  SortsOverview,     "SDBPTECKLAaXxRrGNMOI", "....................", "...................."},
+        {"notice opened",    AfterNoticeOpened, "SDBPTECKLAaXxRrNNMOI", "...............N....", "...................."},
+        {"notice closed",    AfterNoticeClosed, "SDBPTECKLAaXxRrGGMOI", "................G...", "...................."},
+        {"panels reset",     AfterPanelsReset,  "SDDDDDDDDDDDDDDGNDDD", ".DDDDDDDDDDDDDDDDDDD", ".......R............"},
+        {"grid left",        AfterGridLeft,     "SDBPTECKLAaXxRrDDMOI", "...............DD...", "...................."},
+        {"cover left",       AfterCoverLeft,    "SDBPTECKLAaXxRrDDDDD", "...............DDDDD", "...................."},
+        {"holding closed",   AfterHoldingClosed,"SDBPTEBBBDBXxRrGNMOI", "....................", ".......R............"},
+        {"keys to the price",WithKeysInPrice,   "SDBPTECKLAaXxRrGNMOI", ".PPPPPPPPPPPPPP.....", "...................."},
+        {"keys to the list", WithKeysInList,    "SDBPTECKLAaXxRrGNMOI", "...LLLLLL...........", "...................."},
         // clang-format on
     };
     return rows;
@@ -220,6 +224,8 @@ char LetterOf(Focus focus) {
             return 'u';
         case Focus::Overview:
             return 'O';
+        case Focus::Import:
+            return 'J';
     }
     return '?';
 }
@@ -277,17 +283,17 @@ struct Clears {
 TEST(Modes, ForgetWhatBelongsToWhatIsLeft) {
     const std::map<std::string_view, Clears> rows = {
         // clang-format off
-        //                               SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO    SDBPTECKLAaXxRrGNMO
-        {"Esc",    {AfterEscape,        "...............xx..", ".xxxxxxxxxxxxxxxxxx", "...................", "..................."}},
-        {"F11",    {AfterFundListButton,".xx......xxxxxx..xx", ".xx......xxxxxx..xx", ".xx......xxxxxx..xx", ".xx......xxxxxx..xx"}},
-        {"F8",     {AfterScreenButton,  "...............xx..", "...............xxxx", "...................", "..................."}},
-        {"switch", {AfterGridSwitch,    ".xxxxxxxxxxxxxxxxxx", "...............xx..", "...................", "..................."}},
-        {"scroll", {AfterScroll,        "...................", ".xxxxxxxxxxxxxx....", ".xxxxxxxxxxxxxx....", "..................."}},
-        {"all",    {AfterAllCurvesMenu, "...............xx..", ".xxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxx"}},
-        {"print",  {AfterPrinting,      "...............xx..", ".xxxxxxxxxxxxxxxxxx", "...................", "..................."}},
-        {"file",   {AfterFileOpened,    ".xxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxx", "...................", "..................."}},
-        {"lost",   {AfterFileLost,      ".xxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxx", "...................", "..................."}},
-        {"closed", {AfterHoldingClosed, "...................", "xxxxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxxxx"}},
+        //                               SDBPTECKLAaXxRrGNMOI    SDBPTECKLAaXxRrGNMOI    SDBPTECKLAaXxRrGNMOI    SDBPTECKLAaXxRrGNMOI
+        {"Esc",    {AfterEscape,        "...............xx...", ".xxxxxxxxxxxxxxxxxxx", "....................", "...................."}},
+        {"F11",    {AfterFundListButton,".xx......xxxxxx..xxx", ".xx......xxxxxx..xxx", ".xx......xxxxxx..xxx", ".xx......xxxxxx..xxx"}},
+        {"F8",     {AfterScreenButton,  "...............xx...", "...............xxxxx", "....................", "...................."}},
+        {"switch", {AfterGridSwitch,    ".xxxxxxxxxxxxxxxxxxx", "...............xx...", "....................", "...................."}},
+        {"scroll", {AfterScroll,        "....................", ".xxxxxxxxxxxxxx.....", ".xxxxxxxxxxxxxx.....", "...................."}},
+        {"all",    {AfterAllCurvesMenu, "...............xx...", ".xxxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxxx"}},
+        {"print",  {AfterPrinting,      "...............xx...", ".xxxxxxxxxxxxxxxxxxx", "....................", "...................."}},
+        {"file",   {AfterFileOpened,    ".xxxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxxx", "....................", "...................."}},
+        {"lost",   {AfterFileLost,      ".xxxxxxxxxxxxxxxxxxx", ".xxxxxxxxxxxxxxxxxxx", "....................", "...................."}},
+        {"closed", {AfterHoldingClosed, "....................", "xxxxxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxxxxx", "xxxxxxxxxxxxxxxxxxxx"}},
         // clang-format on
     };
     const auto gone = [](bool is) { return is ? 'x' : '.'; };
@@ -342,7 +348,7 @@ TEST(Modes, KeepWhatIsTypedForAHoldingUntilItIsGivenUp) {
 TEST(Modes, KnowWhereTheShortOverviewHasRoom) {
     std::string shown;
     for (const char mode : kModes) shown += OverviewInColumn(In(mode)) ? mode : '.';
-    EXPECT_EQ(shown, ".DB................");
+    EXPECT_EQ(shown, ".DB.................");
     WindowState empty = In('D');
     empty.hasHoldings = false;
     EXPECT_FALSE(OverviewInColumn(empty));

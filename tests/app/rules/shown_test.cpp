@@ -17,8 +17,8 @@ namespace {
 // S starting, D diagram, B with the mode buttons, P list of prices, T with the buttons, E after
 // Enter in the list (in all three a price is being typed), C colour, K curves without and L with
 // chosen ones, A totals, X plot data, R safety copies, G holdings grid, N notice of new shares, M
-// day's prices, O overview. A holding is open in all but S, D and P.
-constexpr std::string_view kModes = "SDBPTECKLAXRGNMO";
+// day's prices, O overview, I prices from a file. A holding is open in all but S, D and P.
+constexpr std::string_view kModes = "SDBPTECKLAXRGNMOI";
 
 WindowState In(char mode) {
     static const std::map<char, LeftPanel> lefts = {
@@ -29,11 +29,9 @@ WindowState In(char mode) {
                                                  {'C', ListUse::Colour},
                                                  {'K', ListUse::Curves},
                                                  {'L', ListUse::Curves}};
-    static const std::map<char, Stage> stages = {{'S', Stage::Starting},
-                                                 {'G', Stage::Holdings},
-                                                 {'N', Stage::SharesNotice},
-                                                 {'M', Stage::DayPrices},
-                                                 {'O', Stage::Overview}};
+    static const std::map<char, Stage> stages = {
+        {'S', Stage::Starting},  {'G', Stage::Holdings}, {'N', Stage::SharesNotice},
+        {'M', Stage::DayPrices}, {'O', Stage::Overview}, {'I', Stage::Import}};
     WindowState state;
     state.stage = stages.contains(mode) ? stages.at(mode) : Stage::Diagram;
     if (lefts.contains(mode)) state.left = lefts.at(mode);
@@ -68,36 +66,37 @@ TEST(Shown, ControlsAreVisibleAsTheTableSays) {
     using V = Shown::Visible;
     Expect<V>(&Shown::visible, {
                                    // clang-format off
-        //                SDBPTECKLAXRGNMO
-        {"panRubrik",     ".xxxxxxxxxxxxxxx", &V::panRubrik},
-        {"panControl",    ".xxxxxxxxxxxxxxx", &V::panControl},
-        {"panDiagram",    ".xxxxxxxxxxxxxxx", &V::panDiagram},
-        {"fraStartData",  ".xxxxxxxxxxxxxxx", &V::fraStartData},
-        {"lblIngenFil",   "................", &V::lblIngenFil},
-        {"panListFonder", "...xxxxxx.......", &V::panListFonder},
-        {"panTotal",      ".........x......", &V::panTotal},
-        {"panPlottData",  "..........x.....", &V::panPlottData},
-        {"panKopior",     "...........x....", &V::panKopior},
-        {"panBasData",    "............xx..", &V::panBasData},
-        {"imgColor",      "..x.xxxxx.......", &V::imgColor},
-        {"imgGrafNr",     "..x.xxxxx.......", &V::imgGrafNr},
-        {"lblGrafNr",     "........x.......", &V::lblGrafNr},
-        {"lblPlottInfo",  ".....xxxx.......", &V::lblPlottInfo},
-        {"lblColorNr",    "..x.xxxxxxxxxxxx", &V::lblColorNr},
-        {"lblFraHint",    "xx.x............", &V::lblFraHint},
-        {"lstLegend",     "................", &V::lstLegend},
-        {"lblForhand",    "...xxx..........", &V::lblForhand},
-        {"cmdNyAndel",    "xxxxxxxxxxxxx.xx", &V::cmdNyAndel},
-        {"txtGrid",       "............x...", &V::txtGrid},
-        {"fraNyAndel",    ".............x..", &V::fraNyAndel},
-        {"cmdNyOk",       ".............x..", &V::cmdNyOk},
-        {"txtNyAndel",    ".............x..", &V::txtNyAndel},
-        {"lblTotal",      "xxxxxxxxxxxxxxxx", &V::lblTotal},
-        {"panKurser",     "..............x.", &V::panKurser},
-        {"txtNyKurs",     "xxxxxxxxxxxxxxxx", &V::txtNyKurs},
-        {"panOversikt",   "...............x", &V::panOversikt},
-        {"panKort",       ".xx.............", &V::panKort},
-        {"fraSlapp",      "................", &V::fraSlapp},
+        //                SDBPTECKLAXRGNMOI
+        {"panRubrik",     ".xxxxxxxxxxxxxxxx", &V::panRubrik},
+        {"panControl",    ".xxxxxxxxxxxxxxxx", &V::panControl},
+        {"panDiagram",    ".xxxxxxxxxxxxxxxx", &V::panDiagram},
+        {"fraStartData",  ".xxxxxxxxxxxxxxxx", &V::fraStartData},
+        {"lblIngenFil",   ".................", &V::lblIngenFil},
+        {"panListFonder", "...xxxxxx........", &V::panListFonder},
+        {"panTotal",      ".........x.......", &V::panTotal},
+        {"panPlottData",  "..........x......", &V::panPlottData},
+        {"panKopior",     "...........x.....", &V::panKopior},
+        {"panBasData",    "............xx...", &V::panBasData},
+        {"imgColor",      "..x.xxxxx........", &V::imgColor},
+        {"imgGrafNr",     "..x.xxxxx........", &V::imgGrafNr},
+        {"lblGrafNr",     "........x........", &V::lblGrafNr},
+        {"lblPlottInfo",  ".....xxxx........", &V::lblPlottInfo},
+        {"lblColorNr",    "..x.xxxxxxxxxxxxx", &V::lblColorNr},
+        {"lblFraHint",    "xx.x.............", &V::lblFraHint},
+        {"lstLegend",     ".................", &V::lstLegend},
+        {"lblForhand",    "...xxx...........", &V::lblForhand},
+        {"cmdNyAndel",    "xxxxxxxxxxxxx.xxx", &V::cmdNyAndel},
+        {"txtGrid",       "............x....", &V::txtGrid},
+        {"fraNyAndel",    ".............x...", &V::fraNyAndel},
+        {"cmdNyOk",       ".............x...", &V::cmdNyOk},
+        {"txtNyAndel",    ".............x...", &V::txtNyAndel},
+        {"lblTotal",      "xxxxxxxxxxxxxxxxx", &V::lblTotal},
+        {"panKurser",     "..............x..", &V::panKurser},
+        {"txtNyKurs",     "xxxxxxxxxxxxxxxxx", &V::txtNyKurs},
+        {"panOversikt",   "...............x.", &V::panOversikt},
+        {"panKort",       ".xx..............", &V::panKort},
+        {"panImport",     "................x", &V::panImport},
+        {"fraSlapp",      ".................", &V::fraSlapp},
                                    // clang-format on
                                });
 }
@@ -106,20 +105,23 @@ TEST(Shown, ControlsAreEnabledAsTheTableSays) {
     using E = Shown::Enabled;
     Expect<E>(&Shown::enabled, {
                                    // clang-format off
-        //              SDBPTECKLAXRGNMO
-        {"mnuArkiv",    ".xxxxxxxxxxxxxxx", &E::mnuArkiv},
-        {"mnuRedigera", ".xxxxxxxxxxxxxxx", &E::mnuRedigera},
-        {"mnuAterstall","................", &E::mnuAterstall},
-        {"cmdAterstall","................", &E::cmdAterstall},
-        {"mnuAngra",    "................", &E::mnuAngra},
-        {"mnuGorOm",    "................", &E::mnuGorOm},
-        {"mnuShow",     ".xxxxxxxxxxxxxxx", &E::mnuShow},
-        {"mnuPrint",    "xxxxxxxxxxxxxxxx", &E::mnuPrint},
-        {"cmdFondList", "xxxxxx...xxx..xx", &E::cmdFondList},
-        {"cmdNyAndel",  "xxxxxxxxxxxxxxxx", &E::cmdNyAndel},
-        {"txtValue",    "xxxxxxxxxxxx..xx", &E::txtValue},
-        {"picDiagram",  "xxxxxxxxxxxx....", &E::picDiagram},
-        {"cboDag",      "xxxxxxxxxxxxxxxx", &E::cboDag},
+        //              SDBPTECKLAXRGNMOI
+        {"mnuArkiv",    ".xxxxxxxxxxxxxxxx", &E::mnuArkiv},
+        {"mnuRedigera", ".xxxxxxxxxxxxxxxx", &E::mnuRedigera},
+        {"mnuAterstall",".................", &E::mnuAterstall},
+        {"cmdAterstall",".................", &E::cmdAterstall},
+        {"mnuAngra",    ".................", &E::mnuAngra},
+        {"mnuGorOm",    ".................", &E::mnuGorOm},
+        {"mnuShow",     ".xxxxxxxxxxxxxxxx", &E::mnuShow},
+        {"mnuPrint",    "xxxxxxxxxxxxxxxxx", &E::mnuPrint},
+        {"cmdFondList", "xxxxxx...xxx..xxx", &E::cmdFondList},
+        {"cmdNyAndel",  "xxxxxxxxxxxxxxxxx", &E::cmdNyAndel},
+        {"txtValue",    "xxxxxxxxxxxx..xxx", &E::txtValue},
+        {"picDiagram",  "xxxxxxxxxxxx.....", &E::picDiagram},
+        {"mnuExportera",".................", &E::mnuExportera},
+        {"mnuImportera",".................", &E::mnuImportera},
+        {"cmdImportera",".................", &E::cmdImportera},
+        {"cboDag",      "xxxxxxxxxxxxxxxxx", &E::cboDag},
                                    // clang-format on
                                });
 }
@@ -139,7 +141,7 @@ TEST(Shown, CaptionsTagsAndTheListsColourAreThoseOfTheMode) {
     const std::string prices = "Ny DagsKurs för...", data = "&PPM Data";
     const Texts rows[] = {
         {"SDP", prices, "", "", data, "", "0", "0"},
-        {"BTAXRMO", prices, "", "", data, "idxY", "0", "0"},
+        {"BTAXRMOI", prices, "", "", data, "idxY", "0", "0"},
         {"E", "", "", "", data, "idxY", "0", "0"},
         {"C", "Välj Färg för Fond  <Enter>", "", colour, data, "idxY", "0", "2"},
         {"K", "Välj Fonder att rita", "", curves, data, "idxY", "1", "0", ListUse::Curves},
@@ -220,6 +222,16 @@ TEST(Shown, AFileThatIsPointedAtOrHeldOverTheWindowStandsInTheStatusBar) {
     }
 }
 
+TEST(Shown, PricesFromAFileAreStoredWhereThereAreSome) {
+    WindowState state = In('I');
+    state.imported = {"kurser.csv", "what Enter does", false};
+    EXPECT_EQ(ShownBy(state).captions.panImport, "Importera kurser ur kurser.csv");
+    EXPECT_EQ(ShownBy(state).captions.lblImport, "what Enter does");
+    EXPECT_FALSE(ShownBy(state).enabled.cmdImportera);
+    state.imported.stores = true;
+    EXPECT_TRUE(ShownBy(state).enabled.cmdImportera);
+}
+
 TEST(Shown, CopiesAreRestoredInAnOpenFileThatHasSome) {
     WindowState state = In('R');
     state.copyText = "what differs";
@@ -284,8 +296,8 @@ TEST(Shown, TheLegendListsTheCurvesWhileNoHoldingIsOpen) {
         EXPECT_FALSE(ShownBy(state).visible.lstLegend) << "a holding is open in " << mode;
         EXPECT_TRUE(ShownBy(state).legend.empty());
     }
-    EXPECT_EQ(legend, ".xxxxxxxxxxxxxxx");
-    EXPECT_EQ(hint, "x...............");
+    EXPECT_EQ(legend, ".xxxxxxxxxxxxxxxx");
+    EXPECT_EQ(hint, "x................");
 }
 
 TEST(Shown, ACurveThatIsPointedAtStandsOutAndIsNamedAtItsPoint) {
