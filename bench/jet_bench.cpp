@@ -1,48 +1,31 @@
 // The engine on point files of three sizes: open, read, store one price, delete a holding, copy all
-// points. "Bare" is what storing cannot do without: the same bytes written to a new file, synced,
-// renamed, and the folder synced. How long that takes changes from minute to minute, so it is done
-// in turn with what it is compared with.
+// points. "Bare" is the whole file anew: the same bytes written to a new file, synced, renamed, and
+// the folder synced. "In place" is the least that any durable store costs, with no promise: some
+// pages written where they stand, and synced. How long that takes changes from minute to minute, so
+// both are done in turn with what they are compared with.
 
+#include "bench/beside.h"
 #include "jet/database.h"
 #include "jet/transaction.h"
 
-#include <algorithm>
 #include <array>
 #include <benchmark/benchmark.h>
-#include <chrono>
+#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <iostream>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <unistd.h>
 #include <vector>
 
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr std::int32_t kFirstDay = 38000;
 constexpr int kPointsOfHolding = 5000;
-constexpr double kMilliseconds = 1000;  // in a second
 
 std::string TextOf(std::int32_t number) {
     return jet::Value(number).Text();
-}
-
-fs::path Folder() {
-    static const fs::path folder = [] {
-        const char* chosen = std::getenv("KVARNBO_BENCH_FOLDER");
-        fs::path made = fs::path(chosen != nullptr ? chosen : ".") / "kvarnbo-bench";
-        fs::create_directories(made);
-        return made;
-    }();
-    return folder;
 }
 
 /// `PLOTTDATA` with the points of `points` / 5000 holdings, stored as they come in: day after day.
@@ -128,77 +111,6 @@ void ReadOneHolding(benchmark::State& state) {
     }
     database->Close();
 }
-
-double Seconds(const std::function<void()>& work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-}
-
-/// The system calls alone, on the bytes of a file.
-class BareStore {
-  public:
-    explicit BareStore(const fs::path& path) {
-        std::ifstream file(path, std::ios::binary);
-        bytes_.assign(std::istreambuf_iterator<char>(file), {});
-    }
-    /// Seconds; nothing when a call failed.
-    std::optional<double> Run() {
-        bool stored = false;
-        const double seconds = Seconds([&] { stored = Store(); });
-        return stored ? std::optional(seconds) : std::nullopt;
-    }
-
-  private:
-    bool Store() const {
-        const std::string temporary = (Folder() / "bare.tmp").string();
-        const int out = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        bool well = out >= 0;
-        for (std::size_t written = 0; well && written < bytes_.size();) {
-            const ssize_t step = write(out, bytes_.data() + written, bytes_.size() - written);
-            well = step > 0;
-            written += static_cast<std::size_t>(step);
-        }
-        well = well && fsync(out) == 0;
-        close(out);
-        well = well && std::rename(temporary.c_str(), (Folder() / "bare.mdb").c_str()) == 0;
-        const int directory = open(Folder().c_str(), O_RDONLY | O_DIRECTORY);
-        well = well && fsync(directory) == 0;
-        close(directory);
-        return well;
-    }
-    std::vector<char> bytes_;
-};
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values.empty() ? 0 : values[values.size() / 2];
-}
-
-/// Seconds of an operation and of the bare calls, in turn; shown as medians and their ratio.
-class BesideBare {
-  public:
-    BesideBare(benchmark::State& state, const fs::path& path) : state_(state), bare_(path) {}
-    void Add(double seconds) {
-        const auto bare = bare_.Run();
-        if (!bare) return state_.SkipWithError("a system call failed");
-        state_.SetIterationTime(seconds);
-        operation_.push_back(seconds);
-        calls_.push_back(*bare);
-    }
-    ~BesideBare() {
-        state_.counters["ms"] = Median(operation_) * kMilliseconds;
-        state_.counters["bare_ms"] = Median(calls_) * kMilliseconds;
-        state_.counters["times"] = Median(operation_) / Median(calls_);
-    }
-    BesideBare(const BesideBare&) = delete;
-    BesideBare& operator=(const BesideBare&) = delete;
-
-  private:
-    benchmark::State& state_;
-    BareStore bare_;
-    std::vector<double> operation_, calls_;
-};
 
 /// A price entry: today's point is looked for, deleted and added again; durable when it returns.
 void StorePrice(benchmark::State& state) {

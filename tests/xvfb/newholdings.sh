@@ -41,7 +41,9 @@ key Return
 until_true 60 next_dialog || fail "no dialog to open the file"
 say "$file"
 key Return
-until_true 60 active || fail "the new file was not opened"
+# The window manager may call the window active while the dialog is still going: the keys of that moment reach neither.
+until_true 60 test -e "$file.lock" || fail "the new file was not opened"
+until_true 60 active || fail "the window does not have the keys"
 
 # A file without holdings shows the grid at once.
 say "Gran Norden"
