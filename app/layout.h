@@ -30,7 +30,6 @@ class Layout {
     void AlsoScale(std::function<void(const Scaling&)> scale);
 
     void Apply(const Scaling& scaling);
-    const Scaling& Present() const { return scaling_; }
 
   private:
     struct Placed {

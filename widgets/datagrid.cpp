@@ -189,11 +189,6 @@ bool DataGrid::OnNewRow() const {
     return parts_->model.IsNewRow(CurrentRow());
 }
 
-void DataGrid::MoveToNewRow() {
-    const int row = parts_->model.rowCount() - 1;
-    if (row >= 0) parts_->table->setCurrentIndex(parts_->model.index(row, 0));
-}
-
 bool DataGrid::RowTyped() const {
     return parts_->row.IsTyped();
 }

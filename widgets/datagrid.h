@@ -48,7 +48,6 @@ class DataGrid : public QFrame {
     std::string ColumnCaption(int column) const;
     std::string CellText(int row, int column) const;
     bool OnNewRow() const;
-    void MoveToNewRow();
 
     bool RowTyped() const;       ///< something is typed that is not stored
     bool RowIsComplete() const;  ///< false when storing it would be refused

@@ -42,7 +42,6 @@ class GridLine final : public QObject {
 
     GridLine(QWidget* picture, Kind kind, QLineF fractions);
     Kind LineKind() const { return kind_; }
-    QLineF Fractions() const { return fractions_; }
     double X1() const;
     double Y1() const;
     double X2() const;
@@ -74,7 +73,6 @@ class DiagramView final : public QWidget {
     /// The user coordinate system: upper left (0, top), lower right (365, bottom).
     /// Throws InvalidProcedureCall, and keeps the scale it has, unless bottom < top.
     void SetUserScale(ScaleRange scale);
-    ScaleRange UserScale() const { return scale_; }
     QPointF ToPixels(Point user) const;
     Point ToUser(QPointF pixels) const;
 
@@ -104,7 +102,6 @@ class DiagramView final : public QWidget {
 
     void ShowCrossHair(Point at);
     void HideCrossHair();
-    std::optional<Point> CrossHair() const { return crossHair_; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

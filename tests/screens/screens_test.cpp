@@ -4,6 +4,7 @@
 #include "platform/qttext.h"
 #include "platform/realplatform.h"
 #include "tests/window/fundfiles.h"
+#include "widgets/datagrid.h"
 #include "widgets/statuspanels.h"
 
 #include <QApplication>
@@ -64,12 +65,10 @@ TEST_F(ScreensTest, NoFontIsUnderEightPoints) {
 
 TEST_F(ScreensTest, TheDesignScreenScalesNoFontAndNoWidth) {
     if (Screen() != QSize(800, 600)) GTEST_SKIP() << "the others are scaled";
-    const Scaling& scaling = window.layout.Present();
-    EXPECT_EQ(scaling.across, 1.0F);
-    EXPECT_EQ(scaling.controlFont, 1.0F);
-    EXPECT_EQ(scaling.listFont, 1.0F);
-    EXPECT_EQ(scaling.gridFont, 1.0F);
+    EXPECT_EQ(window.lblRubrik->width(), 460);
     EXPECT_NEAR(window.lblRubrik->font().pointSizeF(), 13, 0.01);
+    EXPECT_NEAR(window.lstFonder->font().pointSizeF(), 9, 0.01);
+    EXPECT_NEAR(window.GridPlott->font().pointSizeF(), 8, 0.01);
 }
 
 TEST_F(ScreensTest, NoCaptionIsCutOff) {

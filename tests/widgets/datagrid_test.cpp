@@ -89,6 +89,7 @@ class GridTest : public ::testing::Test {
     }
     QTableView& View() { return grid_.View(); }
     void Go(int row, int column) { View().setCurrentIndex(View().model()->index(row, column)); }
+    void GoToNewRow() { Go(View().model()->rowCount() - 1, 0); }
     /// To the widget that has the focus: the table, or the cell's editor.
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
@@ -219,7 +220,7 @@ TEST_F(GridTest, MovingTheDataSourceMovesTheGrid) {
 }
 
 TEST_F(GridTest, TheEmptyLastRowIsTheDataSourcesEnd) {
-    grid_.MoveToNewRow();
+    GoToNewRow();
     EXPECT_TRUE(source_.Eof());
     EXPECT_TRUE(grid_.OnNewRow());
 }
@@ -612,7 +613,7 @@ TEST_F(GridTest, AnotherControlStores) {
 }
 
 TEST_F(GridTest, ANewRowIsAddedWhenItIsLeft) {
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     Key(Qt::Key_Return);
     EXPECT_EQ(records_->Rows().size(), 3U);
@@ -626,7 +627,7 @@ TEST_F(GridTest, ANewRowIsAddedWhenItIsLeft) {
 }
 
 TEST_F(GridTest, TwoNewRowsInARow) {
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     Key(Qt::Key_Down);
     EXPECT_EQ(grid_.CurrentRow(), 4);
@@ -638,7 +639,7 @@ TEST_F(GridTest, TwoNewRowsInARow) {
 }
 
 TEST_F(GridTest, TheNextEmptyRowStandsUnderANewRowThatIsTyped) {
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     EXPECT_EQ(View().model()->rowCount(), 5);
     EXPECT_EQ(Editor(), "Fyra");
@@ -676,7 +677,7 @@ TEST_F(GridTest, BeforeARowIsStoredItCanBeCompleted) {
         grid_.TypeText("Gömd", "lagt till " + grid_.TypedText("Fond"));
         return true;
     };
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     Key(Qt::Key_Up);
     EXPECT_EQ(Stored(3, 4), "lagt till Fyra");
@@ -745,7 +746,7 @@ TEST_F(GridTest, TheColumnThatCannotHoldItsTextIsKnownWhileTheFailureIsTold) {
 
 TEST_F(GridTest, ANewRowThatCannotBeStoredStaysTyped) {
     records_->updateFails = ErrorNumber::ReadOnly;
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     Key(Qt::Key_Up);
     EXPECT_EQ(failures_, std::vector<int>{3027});
@@ -760,7 +761,7 @@ TEST_F(GridTest, TellsWhetherTheStoredRowIsNew) {
     Go(1, kDay);
     Type("7");
     Key(Qt::Key_Down);
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     Key(Qt::Key_Up);
     EXPECT_EQ(told, (std::vector<bool>{false, true}));
@@ -772,7 +773,7 @@ TEST_F(GridTest, WhatRunsAfterARowIsStoredMayChangeItAgain) {
         source_.Set("Gömd", "efteråt");
         source_.Update();
     };
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     Key(Qt::Key_Up);
     EXPECT_EQ(Stored(3, 4), "efteråt");
@@ -785,7 +786,7 @@ TEST_F(GridTest, WhatRunsAfterARowIsStoredMayTakeItAwayAgain) {
         source_.Delete();
         source_.Refresh();
     };
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     Key(Qt::Key_Up);
     EXPECT_EQ(records_->Rows().size(), 3U);
@@ -795,7 +796,7 @@ TEST_F(GridTest, WhatRunsAfterARowIsStoredMayTakeItAwayAgain) {
 }
 
 TEST_F(GridTest, ACancelledRowLeavesNothing) {
-    grid_.MoveToNewRow();
+    GoToNewRow();
     Type("Fyra");
     grid_.CancelRow();
     EXPECT_FALSE(Editing());

@@ -30,7 +30,6 @@ class AxesTest : public WindowTest {
         Window().Scale.bottom = scale.bottom;
     }
     ScaleRange StoredScale() { return {Window().Scale.top, Window().Scale.bottom}; }
-    ScaleRange DrawnScale() { return Window().picDiagram->UserScale(); }
     std::vector<std::string> ScaleCaptions() {
         std::vector<std::string> captions;
         for (QLabel* label : Window().lblVertical) captions.push_back(Caption(label));

@@ -160,7 +160,7 @@ TEST_F(CurveSelectionTest, TheSeveralCurvesViewTakesTheLargestScaleOfTheChosen) 
     ChooseFund(1);
     ChooseFund(2);
     Press(Qt::Key_F12);
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{90, -60}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{90, -60}));
     EXPECT_EQ(Tag(Window().panListFonder), "");
 }
 

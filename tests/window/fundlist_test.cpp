@@ -171,7 +171,7 @@ TEST_F(FundListTest, OpeningDrawsTheFundOnItsOwnScale) {
     EXPECT_EQ(Window().picDiagram->Drawings()[0].label, "1");
     ChooseFund(1);
     EXPECT_EQ(Window().FundScale.top, 45);
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{45, -30}));
 }
 
 TEST_F(FundListTest, ListOfOneLineOpensTheOnlyFundWhenClicked) {
@@ -302,7 +302,7 @@ TEST_F(FundListTest, ScreenButtonShowsTheStoredCurvesOnTheirScale) {
     ChooseFund(0);
     Click(Window().imgScreen);
     EXPECT_EQ(Window().SelectedCurves, (std::vector<std::int32_t>{1, 2}));
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{45, -30}));
     EXPECT_EQ(Window().Scale.top, 45);
     EXPECT_EQ(FraData(0), "");
 }
@@ -316,7 +316,7 @@ TEST_F(FundListTest, ScreenButtonWithOneListedCurveOpensThatFund) {
     EXPECT_EQ(FraData(0), "468 024");
     EXPECT_EQ(Window().lstFonder->currentRow(), 1);
     EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{2});
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{45, -30}));
     TypePrice("60");
     EXPECT_EQ(Holding(0, 16), "2./15/-10") << "the other fund's scale is its own";
     EXPECT_EQ(PointsOf(2).back().value, 20);
@@ -332,7 +332,7 @@ TEST_F(FundListTest, ScreenButtonWithoutListedCurvesKeepsTheOpenFundAndItsCurve)
     EXPECT_EQ(Window().SelectedCurves, std::vector<std::int32_t>{2});
     ASSERT_EQ(Window().picDiagram->Drawings().size(), 1U);
     EXPECT_EQ(Window().picDiagram->Drawings()[0].label, "2");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{45, -30}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{45, -30}));
 }
 
 TEST_F(FundListTest, ScreenButtonWithNothingToDrawSaysWhatToDo) {
@@ -523,7 +523,7 @@ TEST_F(FundListTest, ARowToCorrectKeepsTheGridBeforeTheCurves) {
     StartWith(TwoHoldings());
     Click(Window().cmdPPMData);
     Window().DBGrid->setFocus();
-    Window().DBGrid->MoveToNewRow();
+    GoToNewRow(*Window().DBGrid);
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("N"));
     outside.dialogs.Expect(texts::PriceMissing);
     Window().mnuAll->trigger();

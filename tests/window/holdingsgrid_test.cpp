@@ -49,7 +49,7 @@ class HoldingsGridTest : public WindowTest {
     void Go(int row, int column) {
         Grid().View().setCurrentIndex(Grid().View().model()->index(row, column));
     }
-    void GoToNewRow() { Go(Grid().View().model()->rowCount() - 1, Fond); }
+    void GoToNewRow() { WindowTest::GoToNewRow(Grid()); }
     /// Real keys, wherever the focus is: the cell's editor has it while a cell is typed.
     void Keys(const std::string& text) {
         for (const QChar character : ToQt(text)) {

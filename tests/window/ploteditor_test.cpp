@@ -138,13 +138,13 @@ TEST_F(PlotEditorTest, ACorrectedPointTakesScaleAndPictureWithIt) {
     Keys("90");
     Key(Qt::Key_Up);
     EXPECT_EQ(Holding(0, 16), "./105/-70");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{105, -70}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{105, -70}));
     EXPECT_EQ(Window().FundScale.top, 105);
     Go(1, YCord);
     Keys("12");
     Key(Qt::Key_Up);
     EXPECT_EQ(Holding(0, 16), "./15/-10");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{15, -10}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{15, -10}));
     EXPECT_EQ(Caption(Window().lblVertical[6]), "15");
 }
 
@@ -157,21 +157,21 @@ TEST_F(PlotEditorTest, ADeletedPointNarrowsTheScale) {
     Key(Qt::Key_Space, Qt::ShiftModifier);
     Key(Qt::Key_Delete);
     EXPECT_EQ(Holding(0, 16), "./15/-10");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{15, -10}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{15, -10}));
 }
 
 TEST_F(PlotEditorTest, TheSeveralCurvesViewFollowsACorrectedPointToo) {
     auto holdings = TwoHoldings();
     StartWith(holdings);
     Press(Qt::Key_F8);
-    const ScaleRange before = Window().picDiagram->UserScale();
+    const ScaleRange before = DrawnScale();
     Open();
     Go(1, YCord);
     Keys("190");
     Key(Qt::Key_Up);
     EXPECT_EQ(Holding(0, 16), "1.2./195/-130");
-    EXPECT_NE(Window().picDiagram->UserScale(), before);
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{195, -130}));
+    EXPECT_NE(DrawnScale(), before);
+    EXPECT_EQ(DrawnScale(), (ScaleRange{195, -130}));
     EXPECT_EQ(Window().picDiagram->Drawings().size(), 2U);
 }
 

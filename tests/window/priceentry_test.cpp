@@ -213,7 +213,7 @@ TEST_F(PriceEntryTest, PriceAboveTheScaleWidensItAndTheFirstRowKeepsItsList) {
     EXPECT_EQ(Window().Scale.bottom, -20);
     EXPECT_EQ(Window().FundScale.top, 30);
     EXPECT_EQ(Caption(Window().lblVertical[6]), "30");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{30, -20}));
 }
 
 TEST_F(PriceEntryTest, PriceBelowTheScaleWidensItInAnotherRowWithoutAList) {
@@ -244,10 +244,10 @@ TEST_F(PriceEntryTest, AMistypedPriceThatIsCorrectedLeavesNoTraceInTheScale) {
     ExpectQuestion(Answer::Ok);
     TypePrice("1402,9");
     EXPECT_EQ(Holding(1, 16), "795/-530");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{795, -530}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{795, -530}));
     TypePrice("190,29");
     EXPECT_EQ(Holding(1, 16), "30/-20");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{30, -20}));
     EXPECT_EQ(Window().Scale.top, 30);
     EXPECT_EQ(Window().FundScale.top, 30);
     EXPECT_EQ(Caption(Window().lblVertical[6]), "30");
@@ -263,7 +263,7 @@ TEST_F(PriceEntryTest, ScaleThatIsZoomedOutIsNotTakenForTheStoredOne) {
     TypePrice("120");
     EXPECT_EQ(Holding(0, 16), "1.2./30/-20");
     EXPECT_EQ(Window().FundScale.top, 30);
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{30, -20}));
 }
 
 TEST_F(PriceEntryTest, PriceInsideAZoomedOutPictureLeavesTheZoom) {
@@ -271,7 +271,7 @@ TEST_F(PriceEntryTest, PriceInsideAZoomedOutPictureLeavesTheZoom) {
     Window().mnuMinus_Click();
     TypePrice("105");
     EXPECT_EQ(Holding(0, 16), "1.2./15/-10");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{30, -20}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{30, -20}));
 }
 
 TEST_F(PriceEntryTest, NewDayNeverNarrowsTheStoredScale) {

@@ -113,7 +113,7 @@ TEST_F(ScalingTest, UsersOwnResizingKeepsTheProportions) {
     Window().resize(1200, 750);
     QApplication::processEvents();
     ExpectTimes(Window().panDiagram->geometry(), design.place, 1.5, 1.25);
-    EXPECT_EQ(Window().picDiagram->ToUser({0, 0}).y, Window().picDiagram->UserScale().top);
+    EXPECT_EQ(Window().picDiagram->ToUser({0, 0}).y, DrawnScale().top);
 }
 
 TEST_F(ScalingTest, FontsNeverGrowBeyondTheirLimit) {

@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPoint>
+#include <QRect>
 #include <QSize>
 #include <QSysInfo>
 #include <QTableView>
@@ -243,7 +244,10 @@ TEST_F(StartUpTest, ScreenAsWideAsTheDesignIsNotScaled) {
     MakeFile(TwoHoldings());
     Start();
     EXPECT_EQ(Window().size(), QSize(800, 600));
-    EXPECT_EQ(Window().layout.Present(), Scaling{});
+    EXPECT_EQ(Window().lblRubrik->geometry(), QRect(12, 2, 460, 30));
+    EXPECT_EQ(Window().lblRubrik->font().pointSizeF(), 13);
+    EXPECT_EQ(Window().lstFonder->font().pointSizeF(), 9);
+    EXPECT_EQ(Window().GridPlott->font().pointSizeF(), 8);
 }
 
 TEST_F(StartUpTest, SecondActivationChangesNothing) {
@@ -390,7 +394,7 @@ TEST_F(StartUpTest, ARowThatCannotBeStoredKeepsTheWindowOpenUntilItIsGivenUp) {
     Start();
     Click(Window().cmdPPMData);
     Window().DBGrid->setFocus();
-    Window().DBGrid->MoveToNewRow();
+    GoToNewRow(*Window().DBGrid);
     QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("N"));
     outside.dialogs
         .Expect(

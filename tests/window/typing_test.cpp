@@ -284,7 +284,7 @@ class MinimisedTest : public TypingTest {
 TEST_F(MinimisedTest, AHalfTypedNewRowGoesOn) {
     StartWith(TenFunds());
     OpenGrid(2);
-    Grid().MoveToNewRow();
+    GoToNewRow(Grid());
     Keys("Ny fond");
     Key(Qt::Key_Right);
     Keys("123");
@@ -436,7 +436,7 @@ class LeavingTest : public MinimisedTest {
     }
     void TypeHalfARow() {
         OpenGrid(2);
-        Grid().MoveToNewRow();
+        GoToNewRow(Grid());
         Keys("Ny fond");
     }
 };

@@ -155,7 +155,7 @@ TEST_F(UnusualFiles, ASteepScaleIsShownAndWidenedBeyondAThousand) {
         .Answer(Answer::Ok);
     TypePrice("1100");
     EXPECT_EQ(Holding(0, schema::holding::kSkala), "./1005/-670");
-    EXPECT_EQ(Window().picDiagram->UserScale(), (ScaleRange{1005, -670}));
+    EXPECT_EQ(DrawnScale(), (ScaleRange{1005, -670}));
     EXPECT_EQ(Caption(Window().lblVertical[6]), "1005");
 }
 

@@ -4,12 +4,15 @@
 #include "jet/database.h"
 #include "main/mainwindow.h"
 #include "tests/support/samplefiles.h"
+#include "widgets/datagrid.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QRect>
+#include <QTableView>
 
 #include <chrono>
+#include <cmath>
 #include <fstream>
 #include <sstream>
 
@@ -134,6 +137,19 @@ std::vector<CurvePoint> WindowTest::PointsOf(std::int32_t kontoId) {
 
 std::string WindowTest::Holding(int row, std::size_t column) {
     return window_->FundDb->OpenRecordSet("FONDDATA")->At(row, column).Text();
+}
+
+void WindowTest::GoToNewRow(const DataGrid& grid) {
+    QTableView& view = grid.View();
+    view.setCurrentIndex(view.model()->index(view.model()->rowCount() - 1, 0));
+}
+
+ScaleRange WindowTest::DrawnScale() {
+    const DiagramView& picture = *Window().picDiagram;
+    const auto value = [&](double y) {
+        return static_cast<std::int32_t>(std::lround(picture.ToUser({0, y}).y));
+    };
+    return {.top = value(0), .bottom = value(picture.height())};
 }
 
 std::string WindowTest::Status(int panel) {

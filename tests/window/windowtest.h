@@ -23,6 +23,8 @@
 #include <string>
 #include <vector>
 
+class DataGrid;
+
 class WindowTest : public ::testing::Test {
   protected:
     ~WindowTest() override;
@@ -52,6 +54,7 @@ class WindowTest : public ::testing::Test {
     void PressIn(QWidget* control, Qt::Key key);
     void Type(const std::string& text);       ///< into the focused control
     void TypePrice(const std::string& text);  ///< into txtValue, then Enter
+    void GoToNewRow(const DataGrid& grid);    ///< the empty one at the end
     void Click(QWidget* control, Qt::MouseButton button = Qt::LeftButton);
 
     // What there is afterwards
@@ -59,6 +62,7 @@ class WindowTest : public ::testing::Test {
     std::vector<CurvePoint> PointsOf(std::int32_t kontoId);
     std::string Holding(int row, std::size_t column);  ///< as stored in the file
     std::string Status(int panel);
+    ScaleRange DrawnScale();  ///< as the picture's upper and lower edge stand for it
     std::string FraData(int index);
     std::string Bytes() const;  ///< the whole file
     std::vector<std::string> Faults();
