@@ -38,11 +38,7 @@ void Background::DrawStrip(qreal pixelRatio) {
 
 void Background::Form_Paint() {
     QWidget& client = *window.centralWidget();
-    if (client.height() < 0) return;
     const qreal pixelRatio = client.devicePixelRatioF();
     if (strip_.isNull() || strip_.devicePixelRatio() != pixelRatio) DrawStrip(pixelRatio);
-    QPainter painter(&client);
-    for (int y = 0; y <= client.height(); y += kStripHeight) {
-        for (int x = 0; x <= client.width(); x += kStripWidth) painter.drawPixmap(x, y, strip_);
-    }
+    QPainter(&client).drawTiledPixmap(client.rect(), strip_);
 }

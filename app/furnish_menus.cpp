@@ -44,9 +44,7 @@ void FurnishListedFiles(frmPPM& window) {
     }
 }
 
-}  // namespace
-
-void FurnishMenus(frmPPM& window) {
+void FurnishFileMenu(frmPPM& window) {
     QMenu* file = window.mnuArkiv = Menu(window, "mnuArkiv", "&Arkiv");
     window.mnuNew = Item(file, "mnuNew", "Ny Fondfil");
     window.mnuNew->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
@@ -69,17 +67,20 @@ void FurnishMenus(frmPPM& window) {
     FurnishListedFiles(window);
     file->addSeparator();
     window.mnuAvbryt = Item(file, "mnuAvbryt", "Avsluta");
+}
 
+void FurnishEditMenu(frmPPM& window) {
     QMenu* edit = window.mnuRedigera = Menu(window, "mnuRedigera", "Redi&gera");
     window.mnuAngra = Item(edit, "mnuAngra", "Ångra");
     window.mnuAngra->setShortcut(QKeySequence(QStringLiteral("Ctrl+Z")));
     window.mnuGorOm = Item(edit, "mnuGorOm", "Gör om");
     window.mnuGorOm->setShortcut(QKeySequence(QStringLiteral("Ctrl+Y")));
-
     edit->addSeparator();
     window.mnuSok = Item(edit, "mnuSok", "Sök punkt...");
     window.mnuSok->setShortcut(QKeySequence(QStringLiteral("Ctrl+F")));
+}
 
+void FurnishShowMenu(frmPPM& window) {
     QMenu* show = window.mnuShow = Menu(window, "mnuShow", "&Visa");
     // What the keys do; they themselves act when they are let go, by the keyboard's own rules.
     window.mnuDagskurs = Item(show, "mnuDagskurs", "Ny dagskurs\tF11");
@@ -102,12 +103,19 @@ void FurnishMenus(frmPPM& window) {
     show->addSeparator();
     window.mnuFLogg = Item(show, "mnuFLogg", "FonderLogg");
     window.mnuNotePad = Item(show, "mnuNotePad", "Minnes Anteckningar");
+}
 
+}  // namespace
+
+void FurnishMenus(frmPPM& window) {
+    FurnishFileMenu(window);
+    FurnishEditMenu(window);
+    FurnishShowMenu(window);
     QMenu* help = window.mnuHjalp = Menu(window, "mnuHjalp", "&Hjälp");
     window.mnuHelp = Item(help, "mnuHelp", "Innehåll");
 
     // Until the start-up pause has ended.
-    file->setEnabled(false);
-    edit->setEnabled(false);
-    show->setEnabled(false);
+    window.mnuArkiv->setEnabled(false);
+    window.mnuRedigera->setEnabled(false);
+    window.mnuShow->setEnabled(false);
 }

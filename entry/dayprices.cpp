@@ -5,12 +5,10 @@
 #include "base/keyfilter.h"
 #include "base/number.h"
 #include "base/pastedtext.h"
+#include "entry/roundlines.h"
 #include "entry/rules/pricepreview.h"
 #include "entry/texts.h"
-#include "fundfile/records.h"
 #include "fundfile/rules/summary.h"
-#include "fundfile/schema.h"
-#include "jet/database.h"
 #include "platform/caption.h"
 #include "platform/datasource.h"
 #include "platform/qttext.h"
@@ -27,7 +25,6 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <map>
 #include <string_view>
 #include <utility>
 
@@ -87,21 +84,9 @@ void DayPrices::FollowFile() {
 }
 
 void DayPrices::ReadLines() {
-    const std::map<std::int32_t, std::vector<CurvePoint>> points =
-        ReadPointsByHolding(*window.FundDb);
-    const auto rows = window.FundDb->OpenRecordSet(schema::kHoldingsSource);
-    // What was known of the prices before this round stays known.
     if (file_.lock() != window.FundDb) lines_.clear();
     file_ = window.FundDb;
-    std::map<std::int32_t, std::optional<double>> before;
-    for (const RoundLine& line : lines_) before[line.holding.kontoId] = line.before;
-    lines_.clear();
-    for (const HoldingRow& row : ReadHoldings(*rows)) {
-        const auto found = points.find(row.kontoId);
-        lines_.push_back({OpenHoldingOf(row),
-                          found == points.end() ? std::vector<CurvePoint>{} : found->second,
-                          before[row.kontoId]});
-    }
+    lines_ = ReadRoundLines(*window.FundDb, lines_);
 }
 
 std::int32_t DayPrices::Day() const {

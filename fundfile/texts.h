@@ -71,82 +71,64 @@ inline constexpr std::string_view TakeOver =
     "\r\n\r\nÄr du säker på att Kvarnbo inte är igång där kan du ta över filen.\r\n\r\nVill du ta "
     "över den ?";
 
+struct Explanation {
+    ErrorNumber number;
+    std::string_view text;
+};
+
+inline constexpr Explanation kExplanations[] = {
+    {ErrorNumber::FileNotFound, "Filen finns inte."},
+    {ErrorNumber::PathNotFound, "Mappen finns inte."},
+    {ErrorNumber::PermissionDenied, "Du har inte rätt att läsa eller skriva filen."},
+    {ErrorNumber::FileInUse, "Filen är öppen, här eller i ett annat exemplar av Kvarnbo."},
+    {ErrorNumber::DiskFull, "Disken är full. Inget har sparats och inget har gått förlorat."},
+    {ErrorNumber::DeviceIo,
+     "Disken kan inte läsas eller skrivas. Filen är som den var före ändringen."},
+    {ErrorNumber::ReadOnly, "Filen är öppen bara för läsning. Ändringen är inte sparad."},
+    {ErrorNumber::ChangedByOther,
+     "Filen har ändrats av ett annat program sedan den öppnades. Öppna filen på nytt och gör "
+     "om ändringen."},
+    {ErrorNumber::NotADatabase, "Filen är skadad och kan inte läsas. Den är inte ändrad."},
+    {ErrorNumber::Encrypted, "Filen är krypterad och kan inte läsas. Den är inte ändrad."},
+    {ErrorNumber::PasswordProtected,
+     "Filen är skyddad med lösenord. Ta bort lösenordet i det program som har satt det."},
+    {ErrorNumber::NewerFormat,
+     "Filen har ett nyare format (.accdb). Spara den i formatet Access 2000 till 2003 (.mdb)."},
+    {ErrorNumber::ForeignFormat, "Filen är ingen databas i Access-format. Den är inte ändrad."},
+    {ErrorNumber::TableNotFound,
+     "Filen är en databas men ingen fondfil: tabellen FONDDATA eller PLOTTDATA saknas."},
+    {ErrorNumber::FieldNotFound,
+     "Filen är en databas men ingen fondfil: tabellerna har inte de kolumner som behövs."},
+    {ErrorNumber::CollationUnknown,
+     "Filen har ett index med en sorteringsordning som Kvarnbo inte känner. Ändringen är inte "
+     "sparad."},
+    {ErrorNumber::DuplicateKey,
+     "Det finns redan en post med samma värde i ett fält som måste vara unikt."},
+    {ErrorNumber::NullKey, "Ett fält som måste ha ett värde är tomt."},
+    {ErrorNumber::FieldTooLong, "Texten är längre än fältet i filen."},
+    {ErrorNumber::TypeMismatch, "Värdet passar inte i fältet."},
+    {ErrorNumber::Overflow, "Talet är för stort för fältet."},
+    {ErrorNumber::RecordDeleted, "Posten finns inte längre."},
+    {ErrorNumber::RelatedRecords, "Posten används av en annan tabell i filen."},
+    {ErrorNumber::RelatedRowMissing,
+     "Posten hänvisar till en post i en annan tabell i filen, och den finns inte."},
+    {ErrorNumber::RequiredField, "Fältet måste ha ett värde."},
+    {ErrorNumber::ZeroLength, "Fältet får inte vara en tom text."},
+    {ErrorNumber::ValidationRule, "Värdet följer inte den regel som filen har för fältet."},
+    {ErrorNumber::NotSupported,
+     "Filen använder något som Kvarnbo inte kan ändra utan att skada den. Ändringen är inte "
+     "sparad."},
+};
+
 /// One whole sentence or two for an error that a fund file gave: what is wrong, and what can be
-/// done. Errors that mean nothing to a user give the general sentence;
-/// the number belongs beside it.
-// NOLINTNEXTLINE(readability-function-size): a table, one line for each error
+/// done. Errors that mean nothing to a user give the general sentence; the number belongs beside
+/// it.
 constexpr std::string_view Explain(ErrorNumber number) {
     if (number == kObjectNotSet) return "Ingen fondfil är öppen.";
-    switch (number) {
-        case ErrorNumber::FileNotFound:
-            return "Filen finns inte.";
-        case ErrorNumber::PathNotFound:
-            return "Mappen finns inte.";
-        case ErrorNumber::PermissionDenied:
-            return "Du har inte rätt att läsa eller skriva filen.";
-        case ErrorNumber::FileInUse:
-            return "Filen är öppen, här eller i ett annat exemplar av Kvarnbo.";
-        case ErrorNumber::DiskFull:
-            return "Disken är full. Inget har sparats och inget har gått förlorat.";
-        case ErrorNumber::DeviceIo:
-            return "Disken kan inte läsas eller skrivas. Filen är som den var före ändringen.";
-        case ErrorNumber::ReadOnly:
-            return "Filen är öppen bara för läsning. Ändringen är inte sparad.";
-        case ErrorNumber::ChangedByOther:
-            return "Filen har ändrats av ett annat program sedan den öppnades. Öppna filen på nytt "
-                   "och gör om "
-                   "ändringen.";
-        case ErrorNumber::NotADatabase:
-            return "Filen är skadad och kan inte läsas. Den är inte ändrad.";
-        case ErrorNumber::Encrypted:
-            return "Filen är krypterad och kan inte läsas. Den är inte ändrad.";
-        case ErrorNumber::PasswordProtected:
-            return "Filen är skyddad med lösenord. Ta bort lösenordet i det program som har satt "
-                   "det.";
-        case ErrorNumber::NewerFormat:
-            return "Filen har ett nyare format (.accdb). Spara den i formatet Access 2000 till "
-                   "2003 (.mdb).";
-        case ErrorNumber::ForeignFormat:
-            return "Filen är ingen databas i Access-format. Den är inte ändrad.";
-        case ErrorNumber::TableNotFound:
-            return "Filen är en databas men ingen fondfil: tabellen FONDDATA eller PLOTTDATA "
-                   "saknas.";
-        case ErrorNumber::FieldNotFound:
-            return "Filen är en databas men ingen fondfil: tabellerna har inte de kolumner som "
-                   "behövs.";
-        case ErrorNumber::CollationUnknown:
-            return "Filen har ett index med en sorteringsordning som Kvarnbo inte känner. "
-                   "Ändringen är inte "
-                   "sparad.";
-        case ErrorNumber::DuplicateKey:
-            return "Det finns redan en post med samma värde i ett fält som måste vara unikt.";
-        case ErrorNumber::NullKey:
-            return "Ett fält som måste ha ett värde är tomt.";
-        case ErrorNumber::FieldTooLong:
-            return "Texten är längre än fältet i filen.";
-        case ErrorNumber::TypeMismatch:
-            return "Värdet passar inte i fältet.";
-        case ErrorNumber::Overflow:
-            return "Talet är för stort för fältet.";
-        case ErrorNumber::RecordDeleted:
-            return "Posten finns inte längre.";
-        case ErrorNumber::RelatedRecords:
-            return "Posten används av en annan tabell i filen.";
-        case ErrorNumber::RelatedRowMissing:
-            return "Posten hänvisar till en post i en annan tabell i filen, och den finns inte.";
-        case ErrorNumber::RequiredField:
-            return "Fältet måste ha ett värde.";
-        case ErrorNumber::ZeroLength:
-            return "Fältet får inte vara en tom text.";
-        case ErrorNumber::ValidationRule:
-            return "Värdet följer inte den regel som filen har för fältet.";
-        case ErrorNumber::NotSupported:
-            return "Filen använder något som Kvarnbo inte kan ändra utan att skada den. Ändringen "
-                   "är inte "
-                   "sparad.";
-        default:
-            return "Filen kunde inte användas.";
+    for (const Explanation& explanation : kExplanations) {
+        if (explanation.number == number) return explanation.text;
     }
+    return "Filen kunde inte användas.";
 }
 
 /// How much a file has lost, in one sentence or two.

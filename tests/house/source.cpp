@@ -43,15 +43,18 @@ class Scanner {
     void Step() {
         if (Sees("//")) return Comment("\n");
         if (Sees("/*")) return Comment("*/");
-        if (Sees("R\"") && !InWord()) return RawLiteral();
+        if (Sees("R\"") && !InNumber()) return RawLiteral();
         if (text_[at_] == '"') return Quoted('"');
-        if (text_[at_] == '\'' && !InWord()) return Quoted('\'');
+        if (text_[at_] == '\'' && !InNumber()) return Quoted('\'');
         Keep(file_.code);
     }
 
-    /// The quote in 1'000 belongs to the number.
-    bool InWord() const {
-        return at_ > 0 && std::isalnum(static_cast<unsigned char>(text_[at_ - 1])) != 0;
+    /// The quote in 1'000 belongs to the number; the one in u'x' does not.
+    bool InNumber() const {
+        std::size_t begin = at_;
+        const auto inWord = [](unsigned char c) { return std::isalnum(c) != 0 || c == '\''; };
+        while (begin > 0 && inWord(static_cast<unsigned char>(text_[begin - 1]))) --begin;
+        return begin < at_ && std::isdigit(static_cast<unsigned char>(text_[begin])) != 0;
     }
 
     void Keep(std::string& where) {

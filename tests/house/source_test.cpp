@@ -33,6 +33,12 @@ TEST(HouseSource, KnowsEscapesRawTextsAndDigitSeparators) {
     EXPECT_THAT(TextsOf(file), ElementsAre("x\\\"y", "raw \"it\"", "z"));
 }
 
+TEST(HouseSource, KnowsCharactersWithAPrefix) {
+    const auto file = house::Scan("a.cpp", "f(u'[', \"a\"); g(0xF'F, u'{', U'\"', \"b\");");
+    EXPECT_THAT(TextsOf(file), ElementsAre("a", "b"));
+    EXPECT_EQ(file.code.find('{'), std::string::npos);
+}
+
 TEST(HouseSource, KnowsBlockComments) {
     const auto file = house::Scan("a.cpp", "/* \"no\" */ f(\"yes\"); /* open");
     EXPECT_THAT(TextsOf(file), ElementsAre("yes"));
