@@ -37,6 +37,7 @@ void frmPPM::ShowState() {
         const Shown shown = ShownBy(*this);
         focus = Focus::Stays;
         typedPrice = TypedPrice::Stays;
+        news.clear();
         panels_->Show(shown);
     }
     showing_ = false;

@@ -13,6 +13,7 @@
 #include "platform/platform.h"
 #include "platform/qttext.h"
 #include "widgets/entryfield.h"
+#include "widgets/listlines.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -47,8 +48,8 @@ void FundList::FillFundList() {
         const std::int32_t count = rows.RecordCount();
         for (std::int32_t row = 0; row < count; ++row) {
             const std::string name = rows.At(row, schema::holding::kFond).Text();
-            window.lstFonder->addItem(
-                ToQt(FundLine(KontoIdOf(rows.At(row, schema::holding::kKontoId)), name)));
+            const std::int32_t kontoId = KontoIdOf(rows.At(row, schema::holding::kKontoId));
+            window.lstFonder->addItem(new SeenLine(ToQt(FundLine(kontoId, name))));
         }
         holdings.MoveFirst();
     }

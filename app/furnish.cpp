@@ -3,6 +3,7 @@
 #include "app/furnishing.h"
 #include "app/look.h"
 #include "app/places.h"
+#include "widgets/speech.h"
 #include "widgets/svgicon.h"
 
 #include <QCoreApplication>
@@ -32,6 +33,7 @@ void FurnishWindow(frmPPM& window) {
     });
     QMenuBar* bar = window.menuBar();
     bar->setNativeMenuBar(false);
+    Speak(bar, "Menyrad");
     // Without it a style sheet keeps fonts and colours from passing on to a control's children, and
     // a dark desktop theme would put light text on the light background of the window.
     QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
@@ -49,6 +51,7 @@ void FurnishWindow(frmPPM& window) {
 
 void Furnish(frmPPM& window) {
     Q_INIT_RESOURCE(icons);
+    speech::Install();
     FurnishWindow(window);
     FurnishDataSources(window);
     FurnishMenus(window);

@@ -101,7 +101,6 @@ void FurnishDiagram(frmPPM& window) {
     window.axlSaknas = Named(new DayMarks(panel), "axlSaknas");
     Placed(window, window.axlSaknas,
            {kPicture.left, kPicture.top + kPicture.height, kPicture.width, 75});
-    Speak(window.axlSaknas, "Dagar utan kurs");
     Tip(window.axlSaknas, "Vardagar utan kurs de senaste 60 dagarna: fyll i dem med <F6>");
     FurnishMonths(window);
 
@@ -112,7 +111,6 @@ void FurnishDiagram(frmPPM& window) {
     window.lblIngenFil->setTextFormat(Qt::PlainText);
     window.lblIngenFil->setWordWrap(true);
     window.lblIngenFil->setAttribute(Qt::WA_TransparentForMouseEvents);
-    Speak(window.lblIngenFil, "Ingen fondfil är öppen");
     window.lblIngenFil->hide();
 
     // Under the picture, so that they never stand on a curve.

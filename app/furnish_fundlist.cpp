@@ -70,6 +70,7 @@ void FurnishFundList(frmPPM& window) {
     window.lstFonder->setTextElideMode(Qt::ElideRight);
     window.lstFonder->setUniformItemSizes(true);
     look::SetTextColour(*window.lstFonder, colours::kListGreen);
+    Speak(panel, "Fondlista");
     Speak(window.lstFonder, "Fonder");
     Speak(window.lblGrafNr, "Valda kurvor");
     Speak(window.lblPlottInfo, "Anvisning");
@@ -78,6 +79,7 @@ void FurnishFundList(frmPPM& window) {
 void FurnishControlPanel(frmPPM& window) {
     auto* panel = window.panControl = Named(new QFrame(window.centralWidget()), "panControl");
     Placed(window, panel, places::kControls);
+    Speak(panel, "Kurs och knappar");
     panel->hide();
 
     window.cmdFondList = Named(new QPushButton(ToQt("Ny Dags&kurs"), panel), "cmdFondList");
@@ -87,7 +89,6 @@ void FurnishControlPanel(frmPPM& window) {
 
     window.cmdPPMData = Named(new QPushButton(ToQt("&PPM Data"), panel), "cmdPPMData");
     Placed(window, window.cmdPPMData, {1815, 135, 1575, 405});
-    Speak(window.cmdPPMData, "Växla mellan diagram och innehav");
     Tip(window.cmdPPMData, "Växlar mellan diagrammet och innehaven");
 
     window.txtValue = Named(new EntryField(panel), "txtValue");
@@ -107,6 +108,9 @@ void FurnishControlPanel(frmPPM& window) {
     window.imgGrafNr = Named(Image(window, QStringLiteral(":/icons/curves.svg"), 1170,
                                    "Diagramknapp", "Diagramknapp  Välj Fonder att visa      "),
                              "imgGrafNr");
+    // Their tips begin with their names.
+    window.imgColor->setAccessibleDescription(ToQt("Välj färg till fondkurva  <F9>"));
+    window.imgGrafNr->setAccessibleDescription(ToQt("Välj fonder att visa  <F12>"));
     for (ImageButton* button : {window.imgColor, window.imgGrafNr}) {
         SetTag(button, "0");
         button->hide();

@@ -112,6 +112,7 @@ void FurnishNewShares(frmPPM& window) {
         auto* field = window.txtNyAndel[i] = Named(new BoundField(frame), "txtNyAndel", i);
         Placed(window, field, {left, 705, box.width, 345});
         if (i >= kFirstNumber) field->setAlignment(Qt::AlignRight);
+        window.lblNyAndel[i]->setBuddy(field);
         Speak(field, box.heading);
         Tip(field, box.tip);
         field->hide();

@@ -6,6 +6,7 @@
 #include "platform/qttext.h"
 #include "widgets/datagrid.h"
 #include "widgets/entryfield.h"
+#include "widgets/speech.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -29,6 +30,8 @@ void FurnishSearch(frmPPM& window) {
     window.cboSokFond = Named(new QComboBox(window.panPlottData), "cboSokFond");
     Placed(window, window.cboSokFond, {60, 375, 2190, 345}, kSmallPoints);
     window.cboSokFond->setMinimumContentsLength(1);
+    // A screen reader calls it by its choice; what it chooses is said by a label that nobody sees.
+    Heading(window.panPlottData, "Fond vars punkter visas", window.cboSokFond)->hide();
     Speak(window.cboSokFond, "Fond vars punkter visas");
     Tip(window.cboSokFond, "Visa bara en fonds punkter");
     window.txtSokDag = Field(window, "txtSokDag", {2310, 375, 1170, 345}, "Dag att gå till");
@@ -47,6 +50,7 @@ void FurnishPoint(frmPPM& window) {
     Tip(window.txtPunktKr, "Skriv rätt kurs och tryck Enter");
     auto* unit = Named(new QLabel(ToQt("kr"), window.panPlottData), "lblPunktKr");
     Placed(window, unit, {3255, 3570, 225, 330}, kSmallPoints);
+    speech::Silence(unit);  // the field's name has it
 }
 
 void FurnishPercentCalculator(frmPPM& window) {
@@ -83,6 +87,7 @@ void FurnishPlotData(frmPPM& window) {
     auto* panel = window.panPlottData =
         Named(new QGroupBox(window.centralWidget()), "panPlottData");
     Placed(window, panel, places::kLeftColumn);
+    Speak(panel, "Plottdata");
     panel->hide();
 
     window.lblRecCount = Named(new QLabel(panel), "lblRecCount");

@@ -41,6 +41,7 @@ void FurnishStartData(frmPPM& window) {
         Placed(window, heading, {left, top, width, 240}, kSmallPoints);
         QLabel* value = window.lblFraData[i] = Named(new ValueLabel(frame), "lblFraData", i);
         Placed(window, value, {left, top + 210, width, 285}, 10);
+        heading->setBuddy(value);
     }
     window.lblFraHint =
         Named(Heading(frame, "Välj en fond i listan, så visas dess startdata här."), "lblFraHint");
@@ -52,7 +53,6 @@ void FurnishStartData(frmPPM& window) {
     // The fifth value is never used; the curve's colour and number stand in its place.
     window.shaPlottColor = Named(new Swatch(frame), "shaPlottColor");
     Placed(window, window.shaPlottColor, {180, 1065, 450, 225});
-    window.shaPlottColor->setAccessibleName(ToQt("Kurvans färg"));
     window.lblColorNr = Named(new QLabel(frame), "lblColorNr");
     Placed(window, window.lblColorNr, {720, 1035, 780, 285}, 10);
     Speak(window.lblColorNr, "Kurvans nummer");

@@ -18,6 +18,7 @@
 void FurnishHeading(frmPPM& window) {
     auto* band = window.panRubrik = Named(new QFrame(window.centralWidget()), "panRubrik");
     Placed(window, band, places::kHeading);
+    Speak(band, "Rubrik");
     band->hide();
 
     window.lblRubrik = Named(new ValueLabel(band), "lblRubrik");
@@ -26,7 +27,6 @@ void FurnishHeading(frmPPM& window) {
     QFont bold = window.lblRubrik->font();
     bold.setBold(true);
     window.lblRubrik->setFont(bold);
-    Speak(window.lblRubrik, "Öppen fondfil");
 
     window.lblPanDatum = Named(new QLabel(band), "lblPanDatum");
     Placed(window, window.lblPanDatum, {7200, 30, 4380, 450}, 10);
@@ -58,6 +58,9 @@ void FurnishStatusBar(frmPPM& window) {
     const std::string_view kEmpty[] = {texts::NoFund, texts::StartPrice, texts::LatestPrice,
                                        texts::NoPercent, texts::NoValue};
     for (int i = 0; i < 5; ++i) bar->SetText(i + 2, kEmpty[i]);
+    bar->SetSpokenName(statuspanel::kFund, "Fond");
+    bar->SetSpokenName(statuspanel::kChange, "Ändring");
+    bar->SetSpokenName(statuspanel::kValue, "Värde i kronor");
     window.layout.AlsoScale([bar](const Scaling& scaling) {
         for (const Panel& panel : kPanels) {
             const int width = Pixels(panel.widthTwips * scaling.across);

@@ -9,7 +9,8 @@
 #include <QString>
 
 void Speak(QWidget* control, std::string_view name) {
-    control->setAccessibleName(ToQt(name));
+    QWidget* speaking = control->focusProxy() != nullptr ? control->focusProxy() : control;
+    speaking->setAccessibleName(ToQt(name));
 }
 void Tip(QWidget* control, std::string_view text) {
     control->setToolTip(ToQt(text));

@@ -35,7 +35,8 @@ T* Placed(frmPPM& window, T* control, const TwipRect& rect, float points = kText
     return control;
 }
 
-/// What a screen reader calls the control.
+/// What a screen reader calls the control, or the part of it that takes the keys. A label says this
+/// before its text.
 void Speak(QWidget* control, std::string_view name);
 void Tip(QWidget* control, std::string_view text);
 

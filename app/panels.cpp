@@ -15,6 +15,7 @@
 #include "widgets/entryfield.h"
 #include "widgets/imagebutton.h"
 #include "widgets/legendview.h"
+#include "widgets/speech.h"
 #include "widgets/statuspanels.h"
 #include "widgets/swatch.h"
 #include "widgets/tag.h"
@@ -47,6 +48,12 @@ void Write(QObject* control, std::string_view caption) {
 
 void Mark(QObject* control, std::string_view tag) {
     if (Tag(control) != tag) SetTag(control, tag);
+}
+
+/// What a screen reader says of a control that is all picture.
+void Call(QWidget* control, std::string_view name) {
+    const QString spoken = ToQt(name);
+    if (control->accessibleName() != spoken) control->setAccessibleName(spoken);
 }
 
 /// Shows (`which` true) or hides one control if that is what it should be and is not yet.
@@ -133,6 +140,9 @@ void Panels::ShowCurves(const Shown& shown) {
     controls_.lstLegend->SetEntries(std::move(entries));
     const QString spoken = ToQt(shown.captions.spoken);
     if (picture.accessibleDescription() != spoken) picture.setAccessibleDescription(spoken);
+    Call(controls_.axlSaknas, shown.captions.missingDays);
+    Call(controls_.shaPlottColor, shown.captions.curveColour);
+    speech::Announce(controls_.staBar, ToQt(shown.captions.news));
     if (!shown.lit) return picture.Light(std::nullopt);
     LitDrawing lit{.kontoId = shown.lit->kontoId,
                    .title = ToQt(shown.lit->title),

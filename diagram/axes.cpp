@@ -13,11 +13,13 @@
 #include <QAction>
 #include <QLabel>
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 namespace {
 
-constexpr int kScaleLabels = 6;
+constexpr std::size_t kScaleLabels = 6;
 
 }  // namespace
 
@@ -33,17 +35,19 @@ Axes::Axes(frmPPM& ppm) : Controller(ppm) {
 void Axes::SetVerticalScale(ScaleRange scale) {
     Skipping skip;
     skip([&] { window.picDiagram->SetUserScale(scale); });
-    skip([&] { LabelScale(scale); });
+    LabelScale(scale);
     window.drawnScale = scale;
     Redraw();
 }
 
 /// A label without a value is blank: it must not go on saying what the scale before said.
 void Axes::LabelScale(ScaleRange scale) {
-    for (int place = 1; place <= kScaleLabels; ++place) SetCaption(window.lblVertical[place], "");
-    int place = 0;
-    for (const std::int32_t value : ScaleLabels(scale)) {
-        SetCaption(window.lblVertical[++place], PlainText(value));
+    std::vector<std::int32_t> values;
+    Skipping skip;
+    skip([&] { values = ScaleLabels(scale); });
+    for (std::size_t i = 0; i < kScaleLabels; ++i) {
+        SetCaption(window.lblVertical[static_cast<int>(i) + 1],
+                   i < values.size() ? PlainText(values[i]) : "");
     }
 }
 

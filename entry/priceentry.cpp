@@ -3,6 +3,7 @@
 #include "app/change.h"
 #include "app/frmPPM.h"
 #include "app/rules/modes.h"
+#include "app/rules/spoken.h"
 #include "base/error.h"
 #include "base/keyfilter.h"
 #include "base/pastedtext.h"
@@ -128,7 +129,9 @@ TakenPrice PriceEntry::TakePrice(const PriceToTake& price) try {
     if (price.show) price.show(read->text);
     if (!Believable(read->point.value)) return {};
     const OpenHolding stored = Store(price.holding, *read);
+    window.news = SpokenStoredPrice(read->text, price.holding.fond, read->point.value);
     ShowStored(stored, *read);
+    window.ShowState();
     return {PriceFate::Stored, stored, read->point.value};
 } catch (const Error& error) {
     Report(texts::StoreFailed, texts::StoreFailedLog, error);

@@ -23,6 +23,7 @@
 #include <QTextDocument>
 #include <QTextEdit>
 #include <QToolBar>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QUrl>
@@ -114,6 +115,9 @@ void HelpWindow::FurnishToolBar() {
     search_->setAccessibleName(ToQt(helptexts::Search));
     search_->setToolTip(ToQt(helptexts::SearchTip));
     search_->setClearButtonEnabled(true);
+    for (auto* clear : search_->findChildren<QToolButton*>()) {
+        clear->setAccessibleName(ToQt(helptexts::ClearSearch));
+    }
     search_->setFixedWidth(helplook::kSearchWidth);
     bar->addWidget(search_);
 }

@@ -14,6 +14,7 @@ inline constexpr std::string_view Home = "Första sidan";
 inline constexpr std::string_view HomeTip = "Till första sidan  <Alt+Home>";
 inline constexpr std::string_view Search = "Sök i hjälpen";
 inline constexpr std::string_view SearchTip = "Skriv ett eller flera ord  <Ctrl+F>";
+inline constexpr std::string_view ClearSearch = "Rensa sökningen";
 inline constexpr std::string_view Contents = "Innehåll";
 inline constexpr std::string_view Hits = "Sökresultat";
 inline constexpr std::string_view NoHits = "Inget hittades. Prova ett kortare ord.";

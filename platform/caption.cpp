@@ -3,6 +3,7 @@
 #include "platform/qttext.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QGroupBox>
 #include <QLabel>
@@ -21,8 +22,24 @@ constexpr const char* kCaption = "caption";
 QString Read(const QLabel& label) {
     return label.text();
 }
+void Tell(QLabel& label, QAccessible::Event kind) {
+    if (!QAccessible::isActive()) return;
+    QAccessibleEvent told(&label, kind);
+    QAccessible::updateAccessibility(&told);
+}
+/// A screen reader keeps what it was told. A label's name holds its text, or that of the label over
+/// it, and without a text the label is not there; the toolkit tells of one without a name of its
+/// own.
 void Write(QLabel& label, const QString& text) {
+    if (label.text() == text) return;
+    const bool empty = label.text().isEmpty();
     label.setText(text);
+    if (auto* under = qobject_cast<QLabel*>(label.buddy())) {
+        return Tell(*under, QAccessible::NameChanged);
+    }
+    if (!label.accessibleName().isEmpty()) Tell(label, QAccessible::NameChanged);
+    if (empty == text.isEmpty() || !label.isVisible()) return;
+    Tell(label, empty ? QAccessible::ObjectShow : QAccessible::ObjectHide);
 }
 
 QString Read(const QAbstractButton& button) {

@@ -40,6 +40,12 @@ QString KindText(const QFileInfo& file) {
 }  // namespace
 
 QVariant FileTable::data(const QModelIndex& index, int role) const {
+    // A screen reader says a cell with its column.
+    if (role == Qt::AccessibleTextRole) {
+        const QString shown = data(index, Qt::DisplayRole).toString();
+        return headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString() +
+               QStringLiteral(": ") + (shown.isEmpty() ? QStringLiteral("-") : shown);
+    }
     const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
     if (files == nullptr || role != Qt::DisplayRole || index.column() == kName) {
         return QIdentityProxyModel::data(index, role);

@@ -103,6 +103,8 @@ inline constexpr auto Toolkit = std::to_array<Translation>({
     {"All Files (*)", "Alla filer (*)"},
     {"All files (*)", "Alla filer (*)"},
     {"Sidebar", "Platser"},
+    {"List of places and bookmarks", "Mappar som dialogen går direkt till"},
+    {"Files", "Filer"},
     {"Drive", "Enhet"},
     {"File", "Fil"},
     {"Folder", "Mapp"},

@@ -7,6 +7,7 @@
 
 #include <QKeyEvent>
 #include <QMetaObject>
+#include <QShowEvent>
 
 #include <utility>
 
@@ -47,9 +48,12 @@ bool BoundField::Changed() const {
     return row_ >= 0 && text() != shown_;
 }
 
+/// While nobody sees it, it follows no row: a screen reader would be told of every one.
 void BoundField::Reload() {
-    const bool wasChosen = hasSelectedText() && selectedText() == text();
     row_ = -1;
+    behind_ = !isVisible();
+    if (behind_) return;
+    const bool wasChosen = hasSelectedText() && selectedText() == text();
     shown_.clear();
     // What cannot be read is empty: ten fields on a row would give ten message boxes.
     Skipping skip;
@@ -107,6 +111,11 @@ std::optional<int> BoundField::ExceededLength() const {
         if (shortText && text().size() > column.size) exceeded = column.size;
     });
     return exceeded;
+}
+
+void BoundField::showEvent(QShowEvent* event) {
+    EntryField::showEvent(event);
+    if (behind_) Reload();
 }
 
 void BoundField::keyPressEvent(QKeyEvent* event) {

@@ -11,6 +11,7 @@
 
 class QFocusEvent;
 class QKeyEvent;
+class QShowEvent;
 class DataSource;
 
 /// Stores when it is left or when told to. Up and Down go to the neighbouring fields. An empty set
@@ -42,6 +43,7 @@ class BoundField : public EntryField {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     bool HasRow() const;
@@ -53,7 +55,8 @@ class BoundField : public EntryField {
     QPointer<DataSource> source_;
     std::string column_;
     QString shown_;
-    int row_ = -1;  ///< the row shown; -1: none
+    int row_ = -1;         ///< the row shown; -1: none
+    bool behind_ = false;  ///< its row changed while nobody saw it
     bool storing_ = false;
     bool onlyWhenTold_ = false;
     bool showsOnly_ = false;

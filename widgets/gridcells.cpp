@@ -1,9 +1,11 @@
 #include "widgets/gridcells.h"
 
+#include "base/text.h"
 #include "platform/qttext.h"
 #include "widgets/entryfield.h"
 #include "widgets/gridkeys.h"
 #include "widgets/recordsetmodel.h"
+#include "widgets/rules/spokencell.h"
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -85,6 +87,8 @@ QWidget* GridCells::createEditor(QWidget* parent, const QStyleOptionViewItem& op
     auto* editor = new EntryField(parent);
     editor->setFont(option.font);
     const GridColumn& column = model_.Columns()[static_cast<std::size_t>(index.column())];
+    editor->setAccessibleName(ToQt(SpokenParts(
+        {Trim(column.caption), FromQt(index.data(Qt::AccessibleDescriptionRole).toString())})));
     if (column.filter) editor->SetFilter(WithClipboard(column.filter));
     if (column.pasteFilter) editor->SetPasteFilter(column.pasteFilter);
     editor->setAlignment(Qt::Alignment(index.data(Qt::TextAlignmentRole).toInt()));

@@ -1,6 +1,9 @@
 #include "widgets/listlines.h"
 
+#include "platform/qttext.h"
 #include "widgets/colours.h"
+#include "widgets/rules/spokencell.h"
+#include "widgets/rules/texts.h"
 
 #include <QAbstractItemView>
 #include <QColor>
@@ -17,6 +20,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <string_view>
 
 namespace {
 
@@ -29,6 +33,21 @@ ListLines::ListLines(QListWidget* list) : QStyledItemDelegate(list), list_(list)
 
 LineLook ListLines::LookOf(const QModelIndex& index) const {
     return lookOf_ ? lookOf_(index.row()) : LineLook{};
+}
+
+QString ListLines::SpokenText(const QModelIndex& index) const {
+    const LineLook look = LookOf(index);
+    return ToQt(
+        SpokenParts({FromQt(index.data(Qt::DisplayRole).toString().trimmed()), FromQt(look.value),
+                     look.chosen ? texts::MarkedLine : std::string_view()}));
+}
+
+QVariant SeenLine::data(int role) const {
+    const QListWidget* list = listWidget();
+    if (role != Qt::AccessibleTextRole || list == nullptr) return QListWidgetItem::data(role);
+    const auto* lines = qobject_cast<const ListLines*>(list->itemDelegate());
+    if (lines == nullptr) return QListWidgetItem::data(role);
+    return lines->SpokenText(list->model()->index(list->row(this), 0));
 }
 
 /// The list makes its lines as wide as the longest one, which no longer needs to be cut then.

@@ -4,9 +4,11 @@
 
 #include "fundfile/rules/curvecolour.h"
 
+#include <QListWidgetItem>
 #include <QString>
 #include <QStyleOptionViewItem>
 #include <QStyledItemDelegate>
+#include <QVariant>
 
 #include <functional>
 #include <optional>
@@ -33,6 +35,8 @@ class ListLines final : public QStyledItemDelegate {
 
     /// Asked for every line that is drawn.
     void SetLooks(std::function<LineLook(int row)> lookOf) { lookOf_ = std::move(lookOf); }
+    /// What is to be seen of a line: its text, its value and its tick.
+    QString SpokenText(const QModelIndex& index) const;
     /// Where a line's dot stands.
     static QRect DotPlace(const QRect& line);
 
@@ -54,4 +58,11 @@ class ListLines final : public QStyledItemDelegate {
 
     const QListWidget* list_;
     std::function<LineLook(int row)> lookOf_;
+};
+
+/// A line of such a list: a screen reader says all that is to be seen of it.
+class SeenLine final : public QListWidgetItem {
+  public:
+    explicit SeenLine(const QString& text) : QListWidgetItem(text) {}
+    QVariant data(int role) const override;
 };

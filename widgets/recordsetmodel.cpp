@@ -2,12 +2,16 @@
 
 #include "base/error.h"
 #include "base/number.h"
+#include "base/text.h"
 #include "platform/datasource.h"
 #include "platform/qttext.h"
+#include "widgets/rules/spokencell.h"
+#include "widgets/rules/texts.h"
 
 #include <QVariant>
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 #include <variant>
 
@@ -188,12 +192,31 @@ QVariant RecordSetModel::data(const QModelIndex& index, int role) const {
         return ToQt(typed ? *typed
                           : StoredText(index.row(), positions_[at], columns_[at].decimals));
     }
+    if (role == Qt::AccessibleTextRole || role == Qt::AccessibleDescriptionRole) {
+        return ToQt(Spoken(index, role));
+    }
     if (role == Qt::TextAlignmentRole) {
         const bool number = positions_[at] && source_ && source_->IsAttached() &&
                             IsNumber(source_->Records().Column(*positions_[at]).type);
         return static_cast<int>(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
     }
     return {};
+}
+
+std::string RecordSetModel::RowName(int row) const {
+    return SpokenRow(row, std::max(storedRows_, 0));
+}
+
+/// The first column names the row, in the others it is said beside where the cell stands.
+std::string RecordSetModel::Spoken(const QModelIndex& cell, int role) const {
+    const GridColumn& column = columns_[static_cast<std::size_t>(cell.column())];
+    const auto shown = [](const QModelIndex& one) {
+        return FromQt(one.data(Qt::DisplayRole).toString());
+    };
+    if (role == Qt::AccessibleTextRole) return SpokenCell(column.caption, shown(cell));
+    const std::string name = cell.column() > 0 ? Trim(shown(cell.siblingAtColumn(0))) : "";
+    return SpokenParts(
+        {name, RowName(cell.row()), column.locked ? texts::LockedCell : std::string_view()});
 }
 
 bool RecordSetModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -204,7 +227,13 @@ bool RecordSetModel::setData(const QModelIndex& index, const QVariant& value, in
 }
 
 QVariant RecordSetModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
+    if (orientation == Qt::Vertical) {
+        return role == Qt::AccessibleTextRole ? ToQt(RowName(section)) : QVariant();
+    }
+    if (section < 0 || section >= columnCount()) return {};
+    if (role == Qt::AccessibleTextRole) {
+        return ToQt(Trim(columns_[static_cast<std::size_t>(section)].caption));
+    }
     if (role == Qt::DisplayRole) return ToQt(columns_[static_cast<std::size_t>(section)].caption);
     return {};
 }

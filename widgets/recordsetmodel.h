@@ -76,6 +76,8 @@ class RecordSetModel : public QAbstractTableModel {
     };
     void FindRows();
     bool NewRowTyped() const;
+    std::string RowName(int row) const;
+    std::string Spoken(const QModelIndex& cell, int role) const;
     void UpdateSecondEmptyRow();
     std::optional<std::size_t> Position(const std::string& field) const;
     std::string StoredText(int row, std::optional<std::size_t> position, int decimals) const;

@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "platform/qttext.h"
+#include "widgets/speech.h"
 #include "widgets/tag.h"
 
 #include <QEvent>
@@ -26,7 +27,7 @@ class StatusPanels::Panel : public QLabel {
 
     void SetWhole(const QString& text) {
         whole_ = text;
-        setAccessibleName(text);
+        speech::SetWhole(this, text);
         MakeRoom();
         Elide();
     }
@@ -122,6 +123,7 @@ std::string StatusPanels::Tag(int panel) const {
 void StatusPanels::SetNotice(std::string_view text) {
     notice_->SetWhole(ToQt(text));
     notice_->setVisible(!text.empty());
+    speech::Announce(this, ToQt(text));
     notice_->raise();
 }
 
@@ -132,6 +134,10 @@ std::string StatusPanels::Notice() const {
 void StatusPanels::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     notice_->setGeometry(rect());
+}
+
+void StatusPanels::SetSpokenName(int panel, std::string_view name) {
+    At(panel).setAccessibleName(ToQt(name));
 }
 
 void StatusPanels::SetMinimumPanelWidth(int panel, int width, int share) {

@@ -26,6 +26,8 @@ class StatusPanels : public QWidget {
     /// Stands over all panels until it is "".
     void SetNotice(std::string_view text);
     std::string Notice() const;
+    /// What the panel's text is about, to a screen reader.
+    void SetSpokenName(int panel, std::string_view name);
     /// In logical pixels; the panel gets `share` parts of the room that is left.
     void SetMinimumPanelWidth(int panel, int width, int share = 0);
 

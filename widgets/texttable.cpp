@@ -2,6 +2,9 @@
 
 #include "platform/qttext.h"
 #include "widgets/colours.h"
+#include "widgets/rules/spokencell.h"
+#include "widgets/rules/texts.h"
+#include "widgets/speech.h"
 
 #include <QAbstractTableModel>
 #include <QBrush>
@@ -14,6 +17,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <string_view>
 #include <utility>
 
 namespace {
@@ -31,6 +36,8 @@ class TextTable::Model final : public QAbstractTableModel {
   public:
     std::vector<TextColumn> columns;
     std::vector<TextRow> rows;
+    int sortedBy = -1;
+    Qt::SortOrder order = Qt::AscendingOrder;
 
     void Begin() { beginResetModel(); }
     void End() { endResetModel(); }
@@ -48,9 +55,12 @@ class TextTable::Model final : public QAbstractTableModel {
     }
     QVariant data(const QModelIndex& cell, int role) const override {
         const TextRow& row = rows[At(cell.row())];
-        const QString text =
-            At(cell.column()) < row.cells.size() ? ToQt(row.cells[At(cell.column())]) : QString();
+        const QString text = ToQt(TextAt(cell));
         switch (role) {
+            case Qt::AccessibleTextRole:
+                return ToQt(Spoken(cell));
+            case Qt::AccessibleDescriptionRole:
+                return ToQt(SpokenBeside(cell));
             case Qt::DisplayRole:
                 return Spaced(text, cell.column());
             case Qt::ToolTipRole:
@@ -62,13 +72,42 @@ class TextTable::Model final : public QAbstractTableModel {
         }
     }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
-        if (orientation != Qt::Horizontal || At(section) >= columns.size()) return {};
+        if (orientation == Qt::Vertical) {
+            return role == Qt::AccessibleTextRole ? ToQt(RowName(section)) : QVariant();
+        }
+        if (At(section) >= columns.size()) return {};
+        if (role == Qt::AccessibleTextRole) return ToQt(SpokenCaption(section));
         if (role == Qt::DisplayRole) return Spaced(ToQt(columns[At(section)].caption), section);
         if (role == Qt::TextAlignmentRole) return Alignment(section);
         return {};
     }
 
   private:
+    std::string TextAt(const QModelIndex& cell) const {
+        const auto& cells = rows[At(cell.row())].cells;
+        return At(cell.column()) < cells.size() ? cells[At(cell.column())] : "";
+    }
+    std::string Spoken(const QModelIndex& cell) const {
+        return SpokenCell(columns[At(cell.column())].caption, TextAt(cell));
+    }
+    std::string RowName(int row) const {
+        return SpokenRow(row, static_cast<std::int32_t>(rows.size()));
+    }
+    /// The rows are walked in their first column: there all that they hold is said.
+    std::string SpokenBeside(const QModelIndex& cell) const {
+        std::string others;
+        for (int i = 1; cell.column() == 0 && i < columnCount({}); ++i) {
+            const QModelIndex other = cell.siblingAtColumn(i);
+            if (!TextAt(other).empty()) others = SpokenParts({others, Spoken(other)});
+        }
+        return SpokenParts({others, RowName(cell.row())});
+    }
+    std::string SpokenCaption(int column) const {
+        const bool up = order == Qt::AscendingOrder;
+        const std::string_view sorted = up ? texts::SortedUp : texts::SortedDown;
+        return SpokenParts(
+            {columns[At(column)].caption, column == sortedBy ? sorted : std::string_view()});
+    }
     /// A number keeps its distance from the column at its right.
     QString Spaced(const QString& text, int column) const {
         return columns[At(column)].number ? text + kRightRoom : text;
@@ -157,6 +196,8 @@ void TextTable::SetCurrentRow(int row) {
 }
 
 void TextTable::ShowOrder(int column, Qt::SortOrder order) {
+    model_->sortedBy = column;
+    model_->order = order;
     horizontalHeader()->setSortIndicatorShown(column >= 0);
     horizontalHeader()->setSortIndicator(column, order);
 }
@@ -231,6 +272,8 @@ void TextTable::scrollContentsBy(int across, int down) {
 void TextTable::currentChanged(const QModelIndex& current, const QModelIndex& before) {
     QTableView::currentChanged(current, before);
     PlaceField();
+    // The table told of its cell, but the keys are in the field.
+    if (field_ != nullptr && field_->hasFocus()) speech::SayFocus(field_);
     if (!filling_ && current.isValid() && current.row() != before.row()) {
         emit CurrentRowMoved(current.row());
     }

@@ -3,6 +3,7 @@
 #include "app/rules/daystep.h"
 #include "app/rules/fileitem.h"
 #include "app/rules/fundline.h"
+#include "app/rules/spoken.h"
 #include "base/daynumber.h"
 #include "base/number.h"
 #include "base/text.h"
@@ -166,17 +167,11 @@ std::string TitleOf(const ShownCurve& curve) {
     return FundLine(curve.kontoId, curve.name);
 }
 
-std::string SpokenIn(const WindowState& state) {
-    if (const ShownCurve* curve = LitOf(state)) {
-        const std::string note = NoteOf(state, *curve);
-        return Trim(TitleOf(*curve)) + (note.empty() ? "" : "   " + note);
-    }
-    std::string numbers;
-    for (const ShownCurve& curve : state.curves) {
-        numbers += (numbers.empty() ? "" : ", ") + PlainText(curve.kontoId);
-    }
-    return numbers.empty() ? std::string(texts::NoCurves)
-                           : std::string(texts::CurvesShown) + numbers;
+std::string SpokenOf(const WindowState& state) {
+    const ShownCurve* curve = LitOf(state);
+    if (curve == nullptr) return SpokenPicture(state, EmptyPictureHint(state));
+    const std::string note = NoteOf(state, *curve);
+    return Trim(TitleOf(*curve)) + (note.empty() ? "" : "   " + note);
 }
 
 std::optional<Shown::Lit> LitIn(const WindowState& state) {
@@ -223,7 +218,10 @@ Shown::Captions CaptionsIn(const WindowState& state) {
             .lblImport = state.imported.text,
             .lblRecCount = PointCount(state),
             .picDiagram = std::string(EmptyPictureHint(state)),
-            .spoken = SpokenIn(state),
+            .spoken = SpokenOf(state),
+            .missingDays = SpokenMissingDays(state.missingDays),
+            .curveColour = SpokenColour(state.view.colour),
+            .news = state.news,
             .staBar = StatusNotice(state)};
 }
 

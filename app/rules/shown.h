@@ -46,8 +46,10 @@ struct Shown {
         std::string panImport, lblImport;
         std::string lblRecCount;  ///< "" before anything was counted: it is left alone
         std::string picDiagram;   ///< said in it while it has no curve: what to do
-        std::string spoken;       ///< of picDiagram, to those who do not see it
-        std::string staBar;       ///< over all of its panels; "" where they are to be seen
+        // To those who do not see it: of picDiagram, axlSaknas and shaPlottColor ("" where there is
+        // nothing in them), and what has just happened.
+        std::string spoken, missingDays, curveColour, news;
+        std::string staBar;  ///< over all of its panels; "" where they are to be seen
         bool operator==(const Captions&) const = default;
     };
     struct Tags {

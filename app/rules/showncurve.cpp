@@ -5,6 +5,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "fundfile/rules/savedvalues.h"
+#include "fundfile/rules/texts.h"
 
 #include <string_view>
 
@@ -14,11 +15,22 @@ constexpr std::string_view kNoLatestPrice = "0";
 constexpr std::string_view kApart = "   ";
 constexpr int kAmountDecimals = 2;
 
+bool HasLatestPrice(const HoldingRow& row) {
+    return !row.senasteKurs.empty() && row.senasteKurs != kNoLatestPrice;
+}
+
+/// The row keeps it with the word before it.
+std::string LatestPriceOf(const HoldingRow& row) {
+    if (!HasLatestPrice(row)) return "";
+    std::string_view text = row.senasteKurs;
+    if (text.starts_with(texts::LatestPrice)) text.remove_prefix(texts::LatestPrice.size());
+    return std::string(text);
+}
+
 }  // namespace
 
 std::string ChangeOf(const HoldingRow& row) {
-    const bool known = !row.senasteKurs.empty() && row.senasteKurs != kNoLatestPrice;
-    return known ? row.procent : "";
+    return HasLatestPrice(row) ? row.procent : "";
 }
 
 ShownCurve ShownCurveOf(const HoldingRow& row) {
@@ -26,7 +38,8 @@ ShownCurve ShownCurveOf(const HoldingRow& row) {
             .colour = CurveColour(row.plottFarg, row.kontoId),
             .name = row.fond,
             .change = ChangeOf(row),
-            .startPrice = StartPriceOf(row)};
+            .startPrice = StartPriceOf(row),
+            .latest = LatestPriceOf(row)};
 }
 
 std::string PointText(const ShownCurve& curve, const CurvePoint& point) {

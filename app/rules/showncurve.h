@@ -15,6 +15,7 @@ struct ShownCurve {
     std::string name{};
     std::string change{};   ///< since its start, as it was stored; "" where none is known
     double startPrice = 0;  ///< that its percentages start from; 0 where there is none
+    std::string latest{};   ///< price in kronor; "" where none is known
     bool operator==(const ShownCurve&) const = default;
 };
 

@@ -41,9 +41,35 @@ inline constexpr std::string_view NoPointsOfHolding =
     "Fonden har inga kurser ännu: skriv dagens kurs och tryck Enter";
 inline constexpr std::string_view NoPoints = "De valda fonderna har inga kurser ännu";
 
-/// For those who do not see the picture
-inline constexpr std::string_view CurvesShown = "Kurvor: ";
+// For those who do not see the picture
 inline constexpr std::string_view NoCurves = "Inga kurvor";
+inline constexpr std::string_view OneCurve = " kurva";
+inline constexpr std::string_view Curves = " kurvor";
+inline constexpr std::string_view FromMonth = " från ";
+inline constexpr std::string_view ToMonth = " till ";
+inline constexpr std::string_view ByWeeks = ", vecka för vecka";
+inline constexpr std::string_view ByMonths = ", månad för månad";
+inline constexpr std::string_view ScaleFrom = ", skala ";
+inline constexpr std::string_view ScaleTo = " till ";
+inline constexpr std::string_view DaysMissing = "Dagar utan kurs: ";
+inline constexpr std::string_view CurveColourIs = "Kurvans färg: ";
+inline constexpr std::string_view StoredPrice = "Kursen ";
+inline constexpr std::string_view IsStored = " är sparad: ";
+
+inline constexpr std::string_view Red = "röd";
+inline constexpr std::string_view Orange = "orange";
+inline constexpr std::string_view Yellow = "gul";
+inline constexpr std::string_view Green = "grön";
+inline constexpr std::string_view Turquoise = "turkos";
+inline constexpr std::string_view Blue = "blå";
+inline constexpr std::string_view Purple = "lila";
+inline constexpr std::string_view Pink = "rosa";
+inline constexpr std::string_view Brown = "brun";
+inline constexpr std::string_view Grey = "grå";
+inline constexpr std::string_view Black = "svart";
+inline constexpr std::string_view White = "vit";
+inline constexpr std::string_view Dark = "mörk";
+inline constexpr std::string_view Light = "ljus";
 
 /// At the day that is today, in the picture
 inline constexpr std::string_view Today = "idag";

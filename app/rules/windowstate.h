@@ -117,6 +117,7 @@ struct WindowState {
     Focus focus = Focus::Stays;
     TypedPrice typedPrice = TypedPrice::Stays;
     Picture picture = Picture::Stays;
+    std::string news;  ///< said to those who do not see it; it holds for one showing, too
 
     std::optional<OpenHolding> holding;      ///< the one open in the fund panel
     HoldingView view = EmptyView();          ///< what the panel and the status bar say of it

@@ -8,6 +8,7 @@
 #include "fundfile/texts.h"
 #include "help/openhelp.h"
 #include "platform/qttext.h"
+#include "tests/support/spokentree.h"
 
 #include <QAction>
 #include <QColor>
@@ -59,6 +60,14 @@ TEST_F(HelpWindowTest, BeginsWithTheFirstPage) {
     EXPECT_THAT(PageText(), HasSubstr("Välkommen till Kvarnbo"));
     EXPECT_FALSE(Find<QAction>("back").isEnabled());
     EXPECT_FALSE(Find<QAction>("forward").isEnabled());
+}
+
+TEST_F(HelpWindowTest, HasNoNamelessControlForAScreenReader) {
+    EXPECT_THAT(SpokenTree(window).Nameless(), IsEmpty());
+    EXPECT_THAT(SpokenTree(window).CalledAlike(), IsEmpty());
+    Type("kurs");
+    EXPECT_THAT(SpokenTree(window).Nameless(), IsEmpty());
+    EXPECT_THAT(SpokenTree(window).CalledAlike(), IsEmpty());
 }
 
 TEST_F(HelpWindowTest, ListsEveryPageUnderItsSection) {

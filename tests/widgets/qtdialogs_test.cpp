@@ -1,14 +1,19 @@
 #include "platform/qtdialogs.h"
 
 #include "platform/qttext.h"
+#include "platform/swedishtexts.h"
+#include "tests/support/spokentree.h"
+#include "widgets/speech.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QColor>
 #include <QColorDialog>
+#include <QCoreApplication>
 #include <QDate>
 #include <QDateTime>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -30,6 +35,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <optional>
 #include <set>
@@ -38,6 +44,10 @@
 #include <vector>
 
 namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 /// What a user sees of a message box.
 struct Seen {
@@ -354,6 +364,64 @@ TEST(PickColour, ACancelledChoiceIsNone) {
     QtDialogs dialogs;
     QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
     EXPECT_EQ(dialogs.PickColour({1, 2, 3}), std::nullopt);
+}
+
+// ---- What a screen reader finds in them ----
+
+/// What is poor in the dialog that is open, which is then closed.
+std::vector<std::string> PoorlySpoken() {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return {"no dialog"};
+    std::vector<std::string> findings = SpokenTree(*dialog).Nameless();
+    for (std::string& two : SpokenTree(*dialog).CalledAlike()) findings.push_back(std::move(two));
+    dialog->reject();
+    return findings;
+}
+
+TEST_F(QtDialogsTest, TheTableOfFilesSaysItsColumnsInSwedish) {
+    QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("Kopior")));
+    SwedishTexts texts;
+    QCoreApplication::installTranslator(&texts);
+    std::vector<std::string> tables, cells;
+    QTimer::singleShot(0, qApp, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        const auto look = [&] {
+            const SpokenTree tree(*dialog);
+            tables = tree.Names(QAccessible::Tree);
+            cells = tree.Names(QAccessible::TreeItem);
+            for (std::string& cell : tree.Names(QAccessible::Cell)) cells.push_back(cell);
+            return std::find(cells.begin(), cells.end(), "Namn: Kopior") != cells.end();
+        };
+        EXPECT_TRUE(QTest::qWaitFor(look));
+        qobject_cast<QDialog*>(dialog)->reject();
+    });
+    dialogs_.PickFile({.title = "Öppna", .folder = FromQt(folder.path())});
+    QCoreApplication::removeTranslator(&texts);
+    EXPECT_THAT(tables, ElementsAre("Filer"));
+    EXPECT_THAT(cells, Contains("Storlek: -"));
+}
+
+TEST_F(QtDialogsTest, NoDialogHasANamelessControl) {
+    speech::Install();
+    std::vector<std::string> findings{"not looked at"};
+    const auto look = [&] { QTimer::singleShot(0, qApp, [&] { findings = PoorlySpoken(); }); };
+    look();
+    dialogs_.Show({.text = "?", .buttons = Buttons::YesNo, .icon = Icon::Question});
+    EXPECT_THAT(findings, IsEmpty()) << "message";
+    for (const FileChoice choice : {FileChoice::Open, FileChoice::Save}) {
+        look();
+        dialogs_.PickFile({.choice = choice, .title = "Öppna", .filter = "Access mdb|*.mdb"});
+        EXPECT_THAT(findings, IsEmpty()) << "file";
+    }
+    look();
+    dialogs_.PickColour({255, 0, 0});
+    EXPECT_THAT(findings, IsEmpty()) << "colour";
+    look();
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    dialogs_.PickPrinter(printer);
+    EXPECT_THAT(findings, IsEmpty()) << "printer";
 }
 
 }  // namespace

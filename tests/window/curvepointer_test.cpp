@@ -74,7 +74,9 @@ TEST_F(CurvePointerTest, FarFromEveryCurveNothingIsLit) {
     ASSERT_TRUE(Picture().Lit());
     MoveTo(At("2025-09-10", 14));
     EXPECT_FALSE(Picture().Lit());
-    EXPECT_EQ(Spoken(), "Kurvor: 1, 2");
+    EXPECT_EQ(Spoken(),
+              "2 kurvor från april 2025 till mars 2026, skala -10 till 15 %. "
+              "1. Vimmels Asien, 110,00 kr, 10 %. 2. Kvarnbo Europa, 110,00 kr, 10 %");
 }
 
 TEST_F(CurvePointerTest, LeavingThePictureEndsTheLight) {

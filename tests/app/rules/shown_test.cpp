@@ -5,6 +5,7 @@
 #include "app/rules/modes.h"
 
 #include <functional>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <map>
 #include <optional>
@@ -291,7 +292,7 @@ TEST(Shown, TheLegendListsTheCurvesWhileNoHoldingIsOpen) {
         legend += shown.visible.lstLegend ? 'x' : '.';
         hint += shown.visible.lblFraHint ? 'x' : '.';
         EXPECT_EQ(shown.legend, shown.visible.lstLegend ? curves : std::vector<ShownCurve>{});
-        EXPECT_EQ(shown.captions.spoken, "Kurvor: 2, 1") << mode;
+        EXPECT_THAT(shown.captions.spoken, testing::StartsWith("2 kurvor från ")) << mode;
         state.holding.emplace();
         EXPECT_FALSE(ShownBy(state).visible.lstLegend) << "a holding is open in " << mode;
         EXPECT_TRUE(ShownBy(state).legend.empty());
@@ -304,7 +305,9 @@ TEST(Shown, ACurveThatIsPointedAtStandsOutAndIsNamedAtItsPoint) {
     for (const char mode : kModes) {
         WindowState state = In(mode);
         state.WindowStartDay = 38700;
-        EXPECT_EQ(ShownBy(state).captions.spoken, "Inga kurvor");
+        EXPECT_EQ(ShownBy(state).captions.spoken, ShownBy(state).captions.picDiagram.empty()
+                                                      ? "Inga kurvor"
+                                                      : ShownBy(state).captions.picDiagram);
         EXPECT_EQ(ShownBy(state).lit, std::nullopt);
         state.curves = {{.kontoId = 7, .name = "Asien", .startPrice = 100}};
         state.lit = {7, std::nullopt};
@@ -375,6 +378,7 @@ TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     state.totals = "sums";
     state.reading = {"date", "value"};
     state.notice = "saved";
+    state.news = "has happened";
     state.TodayDay = 38772;
     state.focus = Focus::Accounts;
     state.typedPrice = TypedPrice::Cleared;
@@ -390,12 +394,15 @@ TEST(Shown, TextsAndWishesOfTheStateAreThoseShown) {
     EXPECT_EQ(shown.captions.lblXCord, "date");
     EXPECT_EQ(shown.captions.lblYCord, "value");
     EXPECT_EQ(shown.captions.staBar, "saved");
+    EXPECT_EQ(shown.captions.news, "has happened");
     EXPECT_EQ(shown.captions.lblForhand, "about the price");
     EXPECT_TRUE(shown.priceDoubted);
     EXPECT_EQ(shown.captions.lblKlara, "7 av 10 klara");
     EXPECT_EQ(shown.captions.lblKursBesked, "about a price of the round");
     EXPECT_TRUE(shown.roundDoubted);
     EXPECT_EQ(shown.missingDays, (std::vector<std::int32_t>{-1, 3}));
+    EXPECT_EQ(shown.captions.missingDays, "Dagar utan kurs: 13 december, 17 december");
+    EXPECT_EQ(shown.captions.curveColour, "");
     EXPECT_EQ(shown.captions.lblPanDatum, "Fredag 24 Februari 2006");
     EXPECT_EQ(shown.focus, Focus::Accounts);
     EXPECT_EQ(shown.typedPrice, TypedPrice::Cleared);

@@ -15,7 +15,8 @@ TEST(ShownCurve, HasTheRowsNameColourAndChange) {
     row.kursKr = 158.6;
     row.senasteKurs = "Senaste : 190,32";
     row.procent = "20 %";
-    EXPECT_EQ(ShownCurveOf(row), (ShownCurve{7, {255, 0, 0}, "Vimmels Asien", "20 %", 158.6}));
+    EXPECT_EQ(ShownCurveOf(row),
+              (ShownCurve{7, {255, 0, 0}, "Vimmels Asien", "20 %", 158.6, "190,32"}));
     row.plottFarg.reset();
     EXPECT_EQ(ShownCurveOf(row).colour, NewCurveColour(7));
 }
