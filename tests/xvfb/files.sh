@@ -22,6 +22,7 @@ in_dialog() {
     local downs=()
     for ((i = 0; i < $1; i++)); do downs+=(Down); done
     until_true 90 asked_for "$2" alt+a "${downs[@]}" Return || fail "no dialog '$2'"
+    until_true 60 over_it || fail "the dialog '$2' does not have the keys"
     xdotool type --delay 40 "$3"
     key Return
     until_true 60 dialog_gone "$2" || fail "the dialog '$2' stays"

@@ -11,7 +11,6 @@ program=$folder/kvarnbo
 sample "$work/before.mdb"
 file=$work/new.mdb
 
-over_it() { ! active && xdotool getactivewindow >/dev/null 2>&1; }
 say() { xdotool type --delay 40 -- "$1"; }
 rows() { mdb-export -H "$file" FONDDATA 2>/dev/null | wc -l; }
 rows_are() { [ "$(rows)" = "$1" ]; }
@@ -30,18 +29,17 @@ ask_for_new_file() {
 }
 until_true 90 ask_for_new_file || fail "no dialog for a new file"
 # The dialog for the new file, the question whether it is to be opened, the dialog to open it.
-dialog=$(xdotool getactivewindow)
-next_dialog() { over_it && [ "$(xdotool getactivewindow)" != "$dialog" ]; }
+dialog=$(with_keys)
+next_dialog() { over_it && [ "$(with_keys)" != "$dialog" ]; }
 say "$file"
 key Return
 until_true 60 test -s "$file" || fail "no new file"
 until_true 60 next_dialog || fail "no question"
-dialog=$(xdotool getactivewindow)
+dialog=$(with_keys)
 key Return
 until_true 60 next_dialog || fail "no dialog to open the file"
 say "$file"
 key Return
-# The window manager may call the window active while the dialog is still going: the keys of that moment reach neither.
 until_true 60 test -e "$file.lock" || fail "the new file was not opened"
 until_true 60 active || fail "the window does not have the keys"
 

@@ -75,7 +75,18 @@ found_window() {
     window=$(xdotool search --onlyvisible --pid "$client" --name Kvarnbo 2>/dev/null | head -n 1)
     [ -n "$window" ]
 }
-active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$window" ]; }
+# The window that has the keys. The window manager may call a window active a moment before the keys go there: what is
+# typed in that moment is lost, so both must name it.
+with_keys() {
+    local its
+    its=$(xdotool getactivewindow 2>/dev/null) && [ "$its" = "$(xdotool getwindowfocus 2>/dev/null)" ] && echo "$its"
+}
+active() { [ "$(with_keys)" = "$window" ]; }
+# A dialog or message has the keys.
+over_it() {
+    local its
+    its=$(with_keys) && [ "$its" != "$window" ]
+}
 title() { xdotool getwindowname "$window"; }
 title_has() { title | grep -qF -- "$1"; }
 title_lacks() { ! title_has "$1"; }
