@@ -25,10 +25,17 @@ void FurnishWindow(frmPPM& window) {
     window.setWindowIcon(SvgIcon(QStringLiteral(":/icons/kvarnbo.svg")));
     auto* client = Named(new QWidget, "client");
     window.setCentralWidget(client);
+    window.layout.SetFont(&window, kTextPoints, FontKind::Control);
+    window.layout.PlaceAll(client, {0, 0, kLayoutWidth, kLayoutHeight - places::kMenuHeight});
+    // The picture's own place: whatever else is shown there has as much room.
+    const TwipRect& panel = places::kDiagram;
+    const TwipRect& picture = places::kPicture;
+    const float left = panel.left + picture.left, top = panel.top + picture.top;
+    window.layout.Elastic(client, {left, left + picture.width}, {top, top + picture.height});
     window.layout.AlsoScale([client](const Scaling& scaling) {
         // The frames' titles keep their place between the edge and what stands under them.
-        const QString sheet =
-            QStringLiteral("QGroupBox::title { top: %1px; }").arg(Pixels(kTitleTop * scaling.down));
+        const QString sheet = QStringLiteral("QGroupBox::title { top: %1px; }")
+                                  .arg(Pixels(kTitleTop * scaling.rigid.down));
         if (client->styleSheet() != sheet) client->setStyleSheet(sheet);
     });
     QMenuBar* bar = window.menuBar();
@@ -39,7 +46,7 @@ void FurnishWindow(frmPPM& window) {
     QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
     window.layout.SetFont(bar, kTextPoints, FontKind::Control);
     window.layout.AlsoScale([bar](const Scaling& scaling) {
-        const int height = Pixels(places::kMenuHeight * scaling.down);
+        const int height = Pixels(places::kMenuHeight * scaling.rigid.down);
         bar->setFixedHeight(height);
         // The style keeps its items at the top; this puts them in the middle.
         const int spare = std::max(0, height - 1 - bar->fontMetrics().height());

@@ -13,6 +13,7 @@
 void FurnishCopies(frmPPM& window) {
     auto* panel = window.panKopior = Named(new QGroupBox(window.centralWidget()), "panKopior");
     Placed(window, panel, places::kLeftColumn);
+    window.layout.Elastic(panel, {}, {390, 5160});
     panel->setTitle(ToQt("Återställ kopia"));
     panel->hide();
 

@@ -21,7 +21,7 @@ void FurnishTable(frmPPM& window) {
                        {"Fond", false, 21},
                        {"Konto", false, 15},
                        {"Senaste, kr", true, 11},
-                       {"Dag", false, 11},
+                       {"Dag", false, 11, "2026-11-13"},
                        {"Ny kurs, kr", true, 12},
                        {"Ändring", false, 22}});
     table->setFocusPolicy(Qt::ClickFocus);
@@ -50,6 +50,7 @@ void FurnishDay(frmPPM& window) {
 void FurnishDayPrices(frmPPM& window) {
     auto* panel = window.panKurser = Named(new QGroupBox(window.centralWidget()), "panKurser");
     Placed(window, panel, places::kWholeWidth);
+    window.layout.Elastic(panel, {3180, 6900}, {735, 5190});
     panel->hide();
 
     window.lblKlara = Named(new ValueLabel(panel), "lblKlara");

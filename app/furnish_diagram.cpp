@@ -13,9 +13,10 @@
 #include "widgets/imagebutton.h"
 #include "widgets/shortlabel.h"
 #include "widgets/tag.h"
+#include "widgets/titledframe.h"
 
-#include <QGroupBox>
 #include <QLabel>
+#include <QRect>
 
 #include <array>
 #include <string>
@@ -24,8 +25,10 @@
 
 namespace {
 
-constexpr TwipRect kPicture{615, 420, 7350, 4530};
+using places::kPicture;
 constexpr float kLabelHeight = 240;
+constexpr float kUnderTop = 5340;  // the line of buttons and readings under the picture
+constexpr float kUnderHeight = 330;
 constexpr int kValues = 6;
 constexpr int kMonths = 12;
 
@@ -60,6 +63,21 @@ void FurnishScale(frmPPM& window) {
     }
 }
 
+/// Where the picture gives its height to larger text, a label keeps its own, around its line.
+void KeepScaleReadable(frmPPM& window) {
+    window.layout.AlsoScale([&window](const Scaling& scaling) {
+        const QRect picture = window.picDiagram->geometry();
+        const int height = Pixels(kLabelHeight * scaling.rigid.down);
+        for (int i = 1; i <= kValues; ++i) {
+            QRect place = window.lblVertical[i]->geometry();
+            if (place.height() >= height) continue;
+            const int line = picture.top() + picture.height() * (kValues - i) / (kValues - 1);
+            place.setRect(place.left(), line - height / 2, place.width(), height);
+            window.lblVertical[i]->setGeometry(place);
+        }
+    });
+}
+
 void FurnishMonths(frmPPM& window) {
     const float width = kPicture.width / kMonths;
     const float top = kPicture.top + kPicture.height + 60;
@@ -76,7 +94,8 @@ void FurnishMonths(frmPPM& window) {
 
 ImageButton* Scroll(frmPPM& window, const QString& picture, float left, std::string_view spoken,
                     std::string_view tip) {
-    auto* button = PictureButton(window, window.panDiagram, {left, 5340, 450, 330}, picture);
+    auto* button =
+        PictureButton(window, window.panDiagram, {left, kUnderTop, 450, kUnderHeight}, picture);
     button->setFocusPolicy(Qt::NoFocus);  // the arrow keys do the same everywhere
     Speak(button, spoken);
     Tip(button, tip);
@@ -86,8 +105,11 @@ ImageButton* Scroll(frmPPM& window, const QString& picture, float left, std::str
 }  // namespace
 
 void FurnishDiagram(frmPPM& window) {
-    auto* panel = window.panDiagram = Named(new QGroupBox(window.centralWidget()), "panDiagram");
+    auto* panel = window.panDiagram = Named(new TitledFrame(window.centralWidget()), "panDiagram");
     Placed(window, panel, places::kDiagram);
+    window.layout.Elastic(panel, {kPicture.left, kPicture.left + kPicture.width},
+                          {kPicture.top, kPicture.top + kPicture.height});
+    window.layout.ElasticRow(panel, {kUnderTop, places::kDiagram.height}, {4740, 4860});
     panel->setTitle(ToQt("Mätning :  Klick med vänster eller höger musknapp i diagrammet    "));
     panel->hide();
 
@@ -98,6 +120,7 @@ void FurnishDiagram(frmPPM& window) {
         window.Line[static_cast<int>(i) + 1] = window.picDiagram->GridLines().at(i);
     }
     FurnishScale(window);
+    KeepScaleReadable(window);
     window.axlSaknas = Named(new DayMarks(panel), "axlSaknas");
     Placed(window, window.axlSaknas,
            {kPicture.left, kPicture.top + kPicture.height, kPicture.width, 75});
@@ -114,14 +137,14 @@ void FurnishDiagram(frmPPM& window) {
     window.lblIngenFil->hide();
 
     // Under the picture, so that they never stand on a curve.
-    window.lblXCord =
-        Under(window, "lblXCord", {2460, 5340, 2280, 330}, Qt::AlignRight, "Datum vid hårkorset");
-    window.lblYCord =
-        Under(window, "lblYCord", {4860, 5340, 1380, 330}, Qt::AlignLeft, "Värde vid hårkorset");
-    window.lbLeftYear =
-        Under(window, "lbLeftYear", {1215, 5340, 1050, 330}, Qt::AlignLeft, "År till vänster");
-    window.lblRightYear =
-        Under(window, "lblRightYear", {6315, 5340, 1050, 330}, Qt::AlignRight, "År till höger");
+    window.lblXCord = Under(window, "lblXCord", {2460, kUnderTop, 2280, kUnderHeight},
+                            Qt::AlignRight, "Datum vid hårkorset");
+    window.lblYCord = Under(window, "lblYCord", {4860, kUnderTop, 1380, kUnderHeight},
+                            Qt::AlignLeft, "Värde vid hårkorset");
+    window.lbLeftYear = Under(window, "lbLeftYear", {1215, kUnderTop, 1050, kUnderHeight},
+                              Qt::AlignLeft, "År till vänster");
+    window.lblRightYear = Under(window, "lblRightYear", {6315, kUnderTop, 1050, kUnderHeight},
+                                Qt::AlignRight, "År till höger");
     window.Image4 = Named(Scroll(window, QStringLiteral(":/icons/left.svg"), 615, "Bakåt i tiden",
                                  "Flytta vänster kvartal / år  <pil vänster> "),
                           "Image4");

@@ -11,9 +11,9 @@
 #include "widgets/imagebutton.h"
 #include "widgets/listlines.h"
 #include "widgets/tag.h"
+#include "widgets/titledframe.h"
 
 #include <QFrame>
-#include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -42,8 +42,9 @@ QLabel* Hint(QWidget* parent, const char* name) {
 }  // namespace
 
 void FurnishFundList(frmPPM& window) {
-    auto* panel = window.panListFonder =
-        Named(new QGroupBox(window.centralWidget()), "panListFonder");
+    auto* panel = Named(new TitledFrame(window.centralWidget()), "panListFonder");
+    panel->SetUntitled(ToQt("Fonder"));
+    window.panListFonder = panel;
     Placed(window, panel, places::kLeftColumn);
     panel->hide();
 
@@ -56,15 +57,15 @@ void FurnishFundList(frmPPM& window) {
     column->addWidget(window.lblGrafNr);
     column->addWidget(window.lblPlottInfo);
     window.layout.AlsoScale([column](const Scaling& scaling) {
-        const int side = Pixels(120 * scaling.across);
-        column->setContentsMargins(side, Pixels(390 * scaling.down), side,
-                                   Pixels(120 * scaling.down));
-        column->setSpacing(Pixels(90 * scaling.down));
+        const int side = Pixels(120 * scaling.rigid.across);
+        column->setContentsMargins(side, Pixels(390 * scaling.rigid.down), side,
+                                   Pixels(120 * scaling.rigid.down));
+        column->setSpacing(Pixels(90 * scaling.rigid.down));
     });
     window.layout.SetFont(window.lstFonder, kTextPoints, FontKind::List);
     QListWidget* list = window.lstFonder;
     window.layout.AlsoScale(
-        [list](const Scaling& scaling) { list->setSpacing(Pixels(15 * scaling.down) - 1); });
+        [list](const Scaling& scaling) { list->setSpacing(Pixels(15 * scaling.rigid.down) - 1); });
     window.lstFonder->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     window.lstFonder->setItemDelegate(new ListLines(window.lstFonder));
     window.lstFonder->setTextElideMode(Qt::ElideRight);

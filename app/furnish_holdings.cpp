@@ -8,6 +8,7 @@
 #include "widgets/colours.h"
 #include "widgets/datagrid.h"
 
+#include <QFont>
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
@@ -32,6 +33,17 @@ constexpr std::string_view kGridHelp =
     "Ny fond skrivs på sista raden, som är tom. Raden sparas när du går till en annan rad.\n"
     "Ändra: lägg upp fonden en gång till med nytt datum och radera den gamla.\n"
     "Radera: markera raden längst till vänster (eller <Skift+Blank>) och tryck <Delete>.";
+
+/// Writes it in `font`, or as much smaller as all of it needs; in no smaller one than `least`.
+void FitHelp(QLabel& help, QFont font, double least) {
+    help.setFont(font);
+    const auto fits = [&] { return help.heightForWidth(help.width()) <= help.height(); };
+    for (double points = font.pointSizeF(); points > least && !fits();) {
+        points = std::max(least, points - 0.5);
+        font.setPointSizeF(points);
+        help.setFont(font);
+    }
+}
 
 BoundField* AccountField(frmPPM& window, const char* name, float left, float width) {
     auto* field = Named(new BoundField(window.panBasData), name);
@@ -68,8 +80,9 @@ void FurnishGridHelp(frmPPM& window) {
     help->setText(ToQt(kGridHelp));
     help->setWordWrap(true);
     help->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    window.layout.AlsoScale([help](const Scaling& scaling) {
-        help->setMargin(std::min(4, Pixels(30 * scaling.down)));
+    window.layout.AlsoScale([help, small = window.lblMonth[1]](const Scaling& scaling) {
+        help->setMargin(std::min(4, Pixels(30 * scaling.rigid.down)));
+        FitHelp(*help, small->font(), static_cast<double>(scaling.smallestPoints));
     });
     help->setAutoFillBackground(true);
     help->setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -90,6 +103,7 @@ void FurnishNewShares(frmPPM& window) {
 
     auto* frame = window.fraNyAndel = Named(new QGroupBox(window.panBasData), "fraNyAndel");
     Placed(window, frame, {120, kBottomTop, 10380, kBottomHeight});
+    window.layout.Elastic(frame, {120, 2340}, {0, kBottomHeight});
     frame->setTitle(ToQt("UppDatera Nya Andelar "));
     frame->hide();
 
@@ -129,6 +143,8 @@ void FurnishNewShares(frmPPM& window) {
 void FurnishHoldings(frmPPM& window) {
     auto* panel = window.panBasData = Named(new QGroupBox(window.centralWidget()), "panBasData");
     Placed(window, panel, places::kWholeWidth);
+    // The grid takes what is left; across, the last of the fields and the help do.
+    window.layout.Elastic(panel, {5760, 10380}, {375, 3495});
     panel->setTitle(ToQt("PPM Start Data"));
     panel->hide();
 

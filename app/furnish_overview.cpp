@@ -18,6 +18,7 @@ constexpr float kEdge = 120;
 void FurnishOverview(frmPPM& window) {
     auto* page = window.panOversikt = Named(new QGroupBox(window.centralWidget()), "panOversikt");
     Placed(window, page, places::kWholeWidth);
+    window.layout.Elastic(page, {}, {kTitle, places::kWholeWidth.height - kEdge});
     page->setTitle(ToQt("Översikt"));
     page->hide();
     auto* table = window.grdOversikt = Named(new TextTable(page), "grdOversikt");
@@ -29,10 +30,10 @@ void FurnishOverview(frmPPM& window) {
                        {"Fond", false, 21},
                        {"Konto", false, 13},
                        {"Senaste, kr", true, 10},
-                       {"Dag", false, 10},
+                       {"Dag", false, 10, "2026-11-13"},
                        {"Ändrad, %-enh", true, 13},
                        {"Sedan start", true, 10},
-                       {"Värde, kr", true, 12},
+                       {"Värde, kr", true, 12, "1234567,89"},
                        {"Andel av konto", true, 13}});
     Speak(table, "Översikt över alla innehav");
 }
@@ -40,6 +41,7 @@ void FurnishOverview(frmPPM& window) {
 void FurnishShortOverview(frmPPM& window) {
     auto* panel = window.panKort = Named(new QGroupBox(window.centralWidget()), "panKort");
     Placed(window, panel, places::kLeftColumn);
+    window.layout.Elastic(panel, {}, {kTitle, places::kLeftColumn.height - kEdge});
     panel->setTitle(ToQt("Översikt  F7"));
     panel->hide();
     auto* table = window.grdKort = Named(new TextTable(panel), "grdKort");
@@ -47,7 +49,9 @@ void FurnishShortOverview(frmPPM& window) {
            {kEdge, kTitle, places::kLeftColumn.width - 2 * kEdge,
             places::kLeftColumn.height - kTitle - kEdge},
            kSmallPoints, FontKind::Grid);
-    table->SetColumns(
-        {{"Nr", true, 4}, {"Fond", false, 12}, {"Ändring", true, 7}, {"Värde", true, 8}});
+    table->SetColumns({{"Nr", true, 4},
+                       {"Fond", false, 12},
+                       {"Ändring", true, 7},
+                       {"Värde", true, 8, "1234567"}});
     Speak(table, "Översikt i korthet");
 }

@@ -28,13 +28,13 @@ EntryField* Field(frmPPM& window, const char* name, const TwipRect& rect, std::s
 /// Above the grid: whose points it shows, and the day to go to.
 void FurnishSearch(frmPPM& window) {
     window.cboSokFond = Named(new QComboBox(window.panPlottData), "cboSokFond");
-    Placed(window, window.cboSokFond, {60, 375, 2190, 345}, kSmallPoints);
+    Placed(window, window.cboSokFond, {60, 375, 1950, 345}, kSmallPoints);
     window.cboSokFond->setMinimumContentsLength(1);
     // A screen reader calls it by its choice; what it chooses is said by a label that nobody sees.
     Heading(window.panPlottData, "Fond vars punkter visas", window.cboSokFond)->hide();
     Speak(window.cboSokFond, "Fond vars punkter visas");
     Tip(window.cboSokFond, "Visa bara en fonds punkter");
-    window.txtSokDag = Field(window, "txtSokDag", {2310, 375, 1170, 345}, "Dag att gå till");
+    window.txtSokDag = Field(window, "txtSokDag", {2070, 375, 1410, 345}, "Dag att gå till");
     window.txtSokDag->setPlaceholderText(ToQt("Dag"));
     Tip(window.txtSokDag, "Skriv en dag, till exempel 2026-11-13, och tryck Enter");
 }
@@ -88,6 +88,7 @@ void FurnishPlotData(frmPPM& window) {
         Named(new QGroupBox(window.centralWidget()), "panPlottData");
     Placed(window, panel, places::kLeftColumn);
     Speak(panel, "Plottdata");
+    window.layout.Elastic(panel, {}, {780, 3510});
     panel->hide();
 
     window.lblRecCount = Named(new QLabel(panel), "lblRecCount");

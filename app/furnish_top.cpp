@@ -63,7 +63,7 @@ void FurnishStatusBar(frmPPM& window) {
     bar->SetSpokenName(statuspanel::kValue, "Värde i kronor");
     window.layout.AlsoScale([bar](const Scaling& scaling) {
         for (const Panel& panel : kPanels) {
-            const int width = Pixels(panel.widthTwips * scaling.across);
+            const int width = Pixels(panel.widthTwips * scaling.window.across);
             bar->SetMinimumPanelWidth(panel.number, width, panel.share);
         }
     });

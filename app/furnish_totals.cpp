@@ -12,6 +12,7 @@
 void FurnishTotals(frmPPM& window) {
     auto* panel = window.panTotal = Named(new QGroupBox(window.centralWidget()), "panTotal");
     Placed(window, panel, places::kLeftColumn);
+    window.layout.Elastic(panel, {}, {390, 2790});
     panel->setTitle(ToQt("Totalt per konto"));
     panel->hide();
 

@@ -4,6 +4,7 @@
 #include "widgets/colours.h"
 #include "widgets/imagebutton.h"
 #include "widgets/svgicon.h"
+#include "widgets/valuelabel.h"
 
 #include <QPalette>
 #include <QString>
@@ -17,7 +18,8 @@ void Tip(QWidget* control, std::string_view text) {
 }
 
 QLabel* Heading(QWidget* parent, std::string_view text, QWidget* buddy) {
-    auto* label = new QLabel(ToQt(text), parent);
+    auto* label = new ValueLabel(parent);
+    label->setText(ToQt(text));
     QPalette palette = label->palette();
     palette.setColor(QPalette::WindowText, ToQColor(colours::kQuietText));
     label->setPalette(palette);

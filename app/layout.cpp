@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -33,12 +34,30 @@ int Pixels(float twips) {
 
 void Layout::Place(QWidget* widget, TwipRect rect, float points, FontKind kind) {
     placed_.push_back({widget, rect});
+    Panel& panel = panels_[widget];
+    panel.width = rect.width;
+    panel.height = rect.height;
     SetFont(widget, points, kind);
 }
 
 void Layout::SetFont(QWidget* widget, float points, FontKind kind) {
     fonts_.push_back({widget, points, kind});
     ApplyFont(fonts_.back());
+}
+
+void Layout::Elastic(const QWidget* panel, Span across, Span down) {
+    panels_[panel].across = across;
+    panels_[panel].down = down;
+}
+
+void Layout::ElasticRow(const QWidget* panel, Span rows, Span across) {
+    panels_[panel].rows.push_back({rows, across});
+}
+
+void Layout::PlaceAll(const QWidget* client, TwipRect design) {
+    client_ = client;
+    panels_[client].width = design.width;
+    panels_[client].height = design.height;
 }
 
 void Layout::AlsoScale(std::function<void(const Scaling&)> scale) {
@@ -54,6 +73,21 @@ void Layout::ApplyFont(const WithFont& one) const {
     one.widget->setFont(font);
 }
 
+TwipRect Layout::PlaceIn(const Panel& panel, const TwipRect& rect) const {
+    const auto row = std::find_if(panel.rows.begin(), panel.rows.end(), [&](const Row& one) {
+        return rect.top >= one.rows.from && rect.top < one.rows.to;
+    });
+    const Span elastic = row == panel.rows.end() ? panel.across : row->across;
+    const auto across = [&](float x) {
+        return Stretched(x, panel.width, elastic, panel.actualWidth, scaling_.rigid.across);
+    };
+    const auto down = [&](float y) {
+        return Stretched(y, panel.height, panel.down, panel.actualHeight, scaling_.rigid.down);
+    };
+    const float left = across(rect.left), top = down(rect.top);
+    return {left, top, across(rect.left + rect.width) - left, down(rect.top + rect.height) - top};
+}
+
 void Layout::Apply(const Scaling& scaling) {
     const bool otherFonts =
         scaling.controlFont != scaling_.controlFont || scaling.listFont != scaling_.listFont ||
@@ -62,13 +96,20 @@ void Layout::Apply(const Scaling& scaling) {
     if (otherFonts) {
         for (const WithFont& one : fonts_) ApplyFont(one);
     }
+    Panel& all = panels_[client_];
+    all.actualWidth = kLayoutWidth * scaling.window.across;
+    // What stands over the client holds text.
+    all.actualHeight =
+        kLayoutHeight * scaling.window.down - (kLayoutHeight - all.height) * scaling.rigid.down;
+    // Panels are placed before what stands in them.
     for (const auto& [widget, rect] : placed_) {
+        const TwipRect place = PlaceIn(panels_.at(widget->parentWidget()), rect);
+        panels_[widget].actualWidth = place.width;
+        panels_[widget].actualHeight = place.height;
         // Edges are rounded, not sizes, so that what is aligned on the design stays aligned.
-        const int left = Pixels(rect.left * scaling.across);
-        const int top = Pixels(rect.top * scaling.down);
-        const int right = Pixels((rect.left + rect.width) * scaling.across);
-        const int bottom = Pixels((rect.top + rect.height) * scaling.down);
-        widget->setGeometry(left, top, right - left, bottom - top);
+        const int left = Pixels(place.left), top = Pixels(place.top);
+        widget->setGeometry(left, top, Pixels(place.left + place.width) - left,
+                            Pixels(place.top + place.height) - top);
     }
     for (const auto& scale : also_) scale(scaling);
 }

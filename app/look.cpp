@@ -66,15 +66,26 @@ QToolButton:hover { background: $hover; border-color: $accent; }
 QToolButton:pressed { background: $pressed; }
 QToolButton:focus { border: 2px solid $accent; outline: none; }
 QListWidget#lstFonder { background: $listBackground; padding: 3px 2px; border: 1px solid $listBorder; border-radius: 3px; }
+QListWidget#lstFonder:focus { padding: 2px 1px; border: 2px solid $listFocus; }
+QListWidget#lstFonder QScrollBar { background: $listBackground; width: 12px; border: none; }
+QListWidget#lstFonder QScrollBar::handle { background: $listHandle; border-radius: 3px; min-height: 24px; margin: 2px; }
+QListWidget#lstFonder QScrollBar::add-line, QListWidget#lstFonder QScrollBar::sub-line { height: 0; }
+QListWidget#lstFonder QScrollBar::add-page, QListWidget#lstFonder QScrollBar::sub-page { background: $listBackground; }
 QTableView { selection-background-color: $accent; selection-color: $white; }
 StatusPanels { background: $panel; border-top: 1px solid $border; }
 StatusPanels QLabel { color: $text; border: none; border-left: 1px solid $disabledBorder; padding: 0 5px; }
 StatusPanels QLabel#notice { background: $notice; }
-QListWidget#lstLegend { background: transparent; border: none; }
+TextTable { background: $white; alternate-background-color: $alternateRow; color: $text;
+            border: 2px solid $border; }
+TextTable:focus { border-color: $accent; }
+TextTable EntryField { background: $field; color: $fieldText; border: none; }
+TextTable EntryField:focus { background: $fieldFocused; }
+QListWidget#lstLegend { background: $panel; border: none; }
 QLabel#lblIngenFil { background: $white; border: 1px solid $border; border-radius: 4px; padding: 10px; }
 QListWidget#lstTotal, QListWidget#lstKopior { background: $white; color: $text; padding: 3px 2px;
                        selection-background-color: $accent; selection-color: $white; border: 1px solid $border;
                        border-radius: 3px; }
+QListWidget#lstTotal:focus, QListWidget#lstKopior:focus { padding: 2px 1px; border: 2px solid $accent; }
 )"));
 }
 

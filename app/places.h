@@ -13,6 +13,8 @@ inline constexpr TwipRect kHeading{120, 90, 11760, 510};
 inline constexpr TwipRect kLeftColumn{120, 690, 3540, 5790};
 /// The diagram, which only the holdings grid may cover.
 inline constexpr TwipRect kDiagram{3750, 690, 8130, 5790};
+/// The picture in it, which takes what room there is.
+inline constexpr TwipRect kPicture{615, 420, 7350, 4530};
 /// Both of them: the holdings grid.
 inline constexpr TwipRect kWholeWidth{120, 690, 11760, 5790};
 

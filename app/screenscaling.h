@@ -10,7 +10,8 @@ class ScreenScaling : Controller {
     explicit ScreenScaling(frmPPM& ppm);
 
     void ScaleToScreen(float factor);
-    /// Makes the window as it comes up no larger than `room`; its fonts stay as they are.
+    /// Makes the window as it comes up no larger than `room`, and as wide as that, which the
+    /// diagram gets; its fonts stay as they are.
     void FitInto(const QSize& room);
 
   private:
@@ -18,5 +19,6 @@ class ScreenScaling : Controller {
     void ComeUpIn(const QSize& size);
 
     float factor_ = 1;  ///< the screen's, which the fonts were chosen for
-    QSize unresized_;   ///< the window's size on that screen
+    QSize
+        unresized_;  ///< the window's size on that screen, without what it is wider than the design
 };

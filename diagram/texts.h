@@ -20,7 +20,7 @@ inline constexpr std::string_view AllFunds = "Alla fonder";
 inline constexpr std::string_view NoDay = "Skriv en dag, till exempel 2026-11-13";
 inline constexpr std::string_view NoPointOn = "Det finns ingen punkt den ";
 inline constexpr std::string_view NoPointPrice =
-    "Kursen skall vara ett tal större än 0\r\nSkriv till exempel 190,32";
+    "Kursen ska vara ett tal större än 0\r\nSkriv till exempel 190,32";
 // Between the holding's name, its latest price and its change.
 inline constexpr std::string_view SummaryFollows = " : sammanfattningen följer med  ";
 inline constexpr std::string_view AfterLatest = "  ";

@@ -169,7 +169,7 @@ inline std::string Explain(const FundFile& file) {
                 "igång, och filens mapp är skrivskyddad så att den inte kan tas bort.");
         case WriteRight::FolderAtLock:
             return with(
-                "En mapp har det namn som filens låsfil skall ha : filens namn och .lock. "
+                "En mapp har det namn som filens låsfil ska ha : filens namn och .lock. "
                 "Byt namn på mappen eller ta bort den.");
         case WriteRight::OthersFile:
             return with(

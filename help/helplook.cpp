@@ -2,6 +2,8 @@
 
 #include "widgets/colours.h"
 
+#include <cmath>
+
 namespace helplook {
 
 QPalette Palette() {
@@ -38,23 +40,28 @@ QString WindowStyle() {
         "QSplitter::handle { background: $border; width: 1px; }"));
 }
 
-QString PageStyle() {
-    return Coloured(QStringLiteral(
-        "h1 { color: $heading; font-size: 21pt; margin-top: 4px; margin-bottom: 10px; }"
-        "h2 { color: $heading; font-size: 13pt; margin-top: 20px; margin-bottom: 6px; }"
-        "p, li, td, th { font-size: 11pt; line-height: 135%; }"
-        "p.lead { color: $helpLead; font-size: 12pt; margin-bottom: 12px; }"
-        "li { margin-bottom: 5px; }"
-        "table { border-collapse: collapse; margin-top: 8px; margin-bottom: 8px; }"
-        "th { background-color: $background; text-align: left; }"
-        "td { border-bottom: 1px solid $separator; }"
-        "table.message { margin-top: 20px; margin-bottom: 4px; }"
-        "table.message td { background-color: $helpMessage; color: $text; font-weight: bold; }"
-        "table.message td { border: 0; white-space: pre-wrap; }"
-        "table.turn td { border: 0; }"
-        "a { color: $accent; text-decoration: none; }"
-        ".key { background-color: $background; color: $heading; font-weight: bold; }"
-        ".message { background-color: $helpMessage; }"));
+QString PageStyle(double textSize) {
+    const auto points = [textSize](int ordinary) {
+        return QStringLiteral("%1pt").arg(std::lround(ordinary * textSize));
+    };
+    return Coloured(
+        QStringLiteral(
+            "h1 { color: $heading; font-size: %1; margin-top: 4px; margin-bottom: 10px; }"
+            "h2 { color: $heading; font-size: %2; margin-top: 20px; margin-bottom: 6px; }"
+            "p, li, td, th { font-size: %3; line-height: 135%; }"
+            "p.lead { color: $helpLead; font-size: %4; margin-bottom: 12px; }"
+            "li { margin-bottom: 5px; }"
+            "table { border-collapse: collapse; margin-top: 8px; margin-bottom: 8px; }"
+            "th { background-color: $background; text-align: left; }"
+            "td { border-bottom: 1px solid $separator; }"
+            "table.message { margin-top: 20px; margin-bottom: 4px; }"
+            "table.message td { background-color: $helpMessage; color: $text; font-weight: bold; }"
+            "table.message td { border: 0; white-space: pre-wrap; }"
+            "table.turn td { border: 0; }"
+            "a { color: $accent; text-decoration: none; }"
+            ".key { background-color: $background; color: $heading; font-weight: bold; }"
+            ".message { background-color: $helpMessage; }")
+            .arg(points(21), points(13), points(11), points(12)));
 }
 
 }  // namespace helplook

@@ -16,6 +16,7 @@ inline constexpr int kPageMargin = 28;
 
 QPalette Palette();
 QString WindowStyle();
-QString PageStyle();
+/// `textSize`: the desktop's, as a multiple of 9 points.
+QString PageStyle(double textSize);
 
 }  // namespace helplook

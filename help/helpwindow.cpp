@@ -7,17 +7,20 @@
 #include "widgets/colours.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QFont>
 #include <QFrame>
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSize>
 #include <QSizePolicy>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QTextBrowser>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -39,6 +42,18 @@ namespace {
 constexpr int kPageRole = Qt::UserRole;
 constexpr int kMaximumZoom = 10;
 constexpr int kMinimumZoom = -4;
+
+double TextSize() {
+    constexpr double kOrdinaryPoints = 9;
+    const double points = QApplication::font().pointSizeF();
+    return points > 0 ? points / kOrdinaryPoints : 1;
+}
+
+/// With the bar that the desktop puts over it.
+QSize RoomForWindow(const QScreen& screen) {
+    const int bar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    return screen.availableSize() - QSize(0, bar);
+}
 
 std::string Link(const HelpPage& page, std::string_view before) {
     return "<a href=\"" + page.id + "\">" + std::string(before) + page.title + "</a>";
@@ -73,7 +88,7 @@ HelpWindow::HelpWindow(HelpBook book, QWidget* parent)
     page_->setAccessibleName(ToQt(helptexts::Page));
     page_->setOpenLinks(false);
     page_->setFrameShape(QFrame::NoFrame);
-    page_->document()->setDefaultStyleSheet(helplook::PageStyle());
+    page_->document()->setDefaultStyleSheet(helplook::PageStyle(TextSize()));
     page_->document()->setDocumentMargin(helplook::kPageMargin);
     auto* splitter = new QSplitter(this);
     splitter->addWidget(FurnishLeft());
@@ -83,7 +98,7 @@ HelpWindow::HelpWindow(HelpBook book, QWidget* parent)
     splitter->setSizes({helplook::kLeftWidth, helplook::kWidth - helplook::kLeftWidth});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
-    resize(helplook::kWidth, helplook::kHeight);
+    resize(QSize(helplook::kWidth, helplook::kHeight).boundedTo(RoomForWindow(*screen())));
     FillContents();
     ListenTo();
     Go(0);

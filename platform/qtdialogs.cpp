@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "platform/commondialog.h"
+#include "platform/dressed.h"
 #include "platform/filetable.h"
 #include "platform/qttext.h"
 #include "platform/texts.h"
@@ -16,6 +17,8 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
+#include <QSize>
 #include <QTreeView>
 
 #include <algorithm>
@@ -97,7 +100,8 @@ void WidenColumns(QFileDialog& dialog) {
         files->setColumnWidth(column, room);
         width += room;
     }
-    dialog.resize(std::max(dialog.width(), width), dialog.height());
+    const int room = dialog.screen()->availableSize().width();
+    dialog.resize(std::min(room, std::max(dialog.width(), width)), dialog.height());
 }
 
 }  // namespace
@@ -119,6 +123,8 @@ Answer QtDialogs::Show(const Message& message) {
     const bool second = message.defaultButton == DefaultButton::Second && buttons.size() > 1;
     box.setDefaultButton(buttons[second ? 1 : 0]);
     box.setEscapeButton(buttons.back());
+    DressAsWindow(box);
+    MakeRoomForTitle(box);
     box.exec();
 
     for (std::size_t i = 0; i < choices.size(); ++i) {
@@ -139,6 +145,7 @@ std::string QtDialogs::PickFile(const FileRequest& request) {
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
     if (saving) dialog.setDefaultSuffix(ToQt(request.defaultExtension));
     dialog.setProxyModel(new FileTable(&dialog));
+    DressAsWindow(dialog);
     WidenColumns(dialog);
     if (!request.fileName.empty()) dialog.selectFile(ToQt(request.fileName));
     while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
@@ -168,6 +175,7 @@ bool QtDialogs::MayReplace(const std::string& path) {
 std::optional<Colour> QtDialogs::PickColour(Colour shownFirst) {
     QColorDialog dialog(QColor(shownFirst.red, shownFirst.green, shownFirst.blue), Parent());
     dialog.setWindowTitle(ToQt(texts::dialogs::DefaultTitle));
+    DressAsWindow(dialog);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     const QColor picked = dialog.selectedColor();
     return Colour{static_cast<std::uint8_t>(picked.red()),
@@ -179,5 +187,6 @@ bool QtDialogs::PickPrinter(QPrinter& printer) {
     QPrintDialog dialog(&printer, Parent());
     // The report is printed whole.
     dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+    DressAsWindow(dialog);
     return dialog.exec() == QDialog::Accepted;
 }

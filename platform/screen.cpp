@@ -1,6 +1,7 @@
 #include "platform/screen.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStyle>
@@ -14,4 +15,12 @@ QSize DesktopScreen::RoomForWindow() const {
     // how high is known only once the window is shown.
     const int titleBar = QApplication::style()->pixelMetric(QStyle::PM_TitleBarHeight);
     return QGuiApplication::primaryScreen()->availableSize() - QSize(0, titleBar);
+}
+
+float DesktopScreen::TextSize() const {
+    constexpr double kOrdinaryPixels = 12;
+    const QFont font = QApplication::font();
+    const double inch = QGuiApplication::primaryScreen()->logicalDotsPerInchY();
+    const double pixels = font.pixelSize() > 0 ? font.pixelSize() : font.pointSizeF() * inch / 72;
+    return static_cast<float>(pixels / kOrdinaryPixels);
 }

@@ -35,7 +35,7 @@ inline constexpr Colour kDoubt = Hex(0xFFD98A);  ///< amber, under dark text
 inline constexpr Colour kAccent = Hex(0x1F5C7D);
 inline constexpr Colour kBorder = Hex(0xB4C2CB);
 inline constexpr Colour kSeparator = Hex(0xDCE4E9);
-inline constexpr Colour kButtonBorder = Hex(0x9DB0BC);
+inline constexpr Colour kButtonBorder = Hex(0x6E818D);  ///< of buttons and fields
 inline constexpr Colour kHover = Hex(0xEAF3F8);
 inline constexpr Colour kPressed = Hex(0xD3E4EE);
 inline constexpr Colour kPressedText = Hex(0x12202A);
@@ -43,9 +43,11 @@ inline constexpr Colour kDisabledButton = Hex(0xEEF2F4);
 inline constexpr Colour kDisabledBorder = Hex(0xCDD7DD);
 
 // The fund list
-inline constexpr Colour kListBackground = Hex(0x1C2E3A);
+inline constexpr Colour kListBackground = Hex(0x14232D);
 inline constexpr Colour kListBorder = Hex(0x12202A);
-inline constexpr Colour kListChosen = Hex(0x3A647C);
+inline constexpr Colour kListChosen = Hex(0x46778F);
+inline constexpr Colour kListFocus = Hex(0x8FD0F5);   ///< around it while it has the focus
+inline constexpr Colour kListHandle = Hex(0x8FA9B8);  ///< of its scroll bar
 inline constexpr Colour kListGreen = Hex(0x80FF80);   ///< its lines while prices are typed
 inline constexpr Colour kListCurves = Hex(0xFFE08A);  ///< its lines while curves are chosen
 

@@ -3,6 +3,7 @@
 #include "platform/datasource.h"
 #include "platform/keystrokes.h"
 #include "platform/qttext.h"
+#include "widgets/colours.h"
 #include "widgets/gridcells.h"
 #include "widgets/gridcursor.h"
 #include "widgets/griddeletion.h"
@@ -17,6 +18,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPen>
 #include <QPointer>
 #include <QRect>
 #include <QVBoxLayout>
@@ -26,6 +28,8 @@
 #include <utility>
 
 namespace {
+
+constexpr int kFrame = 2;
 
 QLabel* MadeCaption(QWidget* parent) {
     auto* caption = new QLabel(parent);
@@ -96,7 +100,8 @@ RowSign DataGrid::Parts::SignOf(int at) const {
 }
 
 DataGrid::DataGrid(QWidget* parent) : QFrame(parent), parts_(std::make_unique<Parts>(*this)) {
-    setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(kFrame);
     ConnectParts();
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -129,14 +134,17 @@ void DataGrid::ConnectParts() {
     connect(&parts.cells, &QAbstractItemDelegate::closeEditor, this,
             [this] { parts_->model.SetNewRowBegun(false); });
     connect(&parts.cells, &GridCells::LeftBy, parts.table, &GridTable::Stroke);
+    connect(parts.table, &GridTable::RowsLaidOut, this, &DataGrid::LayOutWholeRows);
     connect(parts.table, &GridTable::MarkPressed, this, &DataGrid::MarkRow);
     connect(parts.table, &GridTable::DeletePressed, this, &DataGrid::DeleteMarkedRow);
     connect(parts.table, &GridTable::EnterPressed, this, &DataGrid::LeaveCellByEnter);
     connect(parts.table, &GridTable::EscapePressed, this, &DataGrid::GiveUpRow);
     connect(parts.table->verticalHeader(), &QHeaderView::sectionPressed, this,
             &DataGrid::RowHeaderPressed);
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](QWidget* from, QWidget* to) { parts_->row.FocusMoves(*this, from, to); });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* from, QWidget* to) {
+        update();
+        parts_->row.FocusMoves(*this, from, to);
+    });
 }
 
 void DataGrid::SetDataSource(DataSource* source) {
@@ -280,11 +288,15 @@ bool DataGrid::eventFilter(QObject* watched, QEvent* event) {
 }
 
 /// What lies below the last whole row looks like the table's empty background.
-void DataGrid::paintEvent(QPaintEvent* event) {
+void DataGrid::paintEvent(QPaintEvent* /*event*/) {
     const QRect table = parts_->table->geometry();
     const QRect below(table.left(), table.bottom() + 1, table.width(), height());
-    QPainter(this).fillRect(below, parts_->table->palette().base());
-    QFrame::paintEvent(event);
+    QPainter painter(this);
+    painter.fillRect(below, parts_->table->palette().base());
+    const QWidget* focused = QApplication::focusWidget();
+    const bool here = focused != nullptr && isAncestorOf(focused);
+    painter.setPen(QPen(ToQColor(here ? colours::kAccent : colours::kBorder), kFrame));
+    painter.drawRect(rect().adjusted(kFrame / 2, kFrame / 2, -kFrame / 2, -kFrame / 2));
 }
 
 void DataGrid::showEvent(QShowEvent* event) {

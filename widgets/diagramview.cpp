@@ -178,8 +178,8 @@ void DiagramView::paintEvent(QPaintEvent*) {
     if (crossHair_) PaintCrossHair(painter);
     if (hasFocus()) {
         QColor mark = palette().color(QPalette::Highlight);
-        painter.setPen(QPen(mark, 1));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.setPen(QPen(mark, 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
 }
 

@@ -195,6 +195,8 @@ void EntryField::ShowFocus(bool focused) {
     const auto set = [&shown](QPalette::ColorRole role, Colour colour) {
         shown.setColor(role, ToQColor(colour));
     };
+    // The style draws the border so much darker than this.
+    shown.setColor(QPalette::Window, ToQColor(colours::kButtonBorder).lighter(140));
     set(QPalette::Base, focused ? kFieldFocused : kField);
     set(QPalette::Text, kFieldText);
     set(QPalette::PlaceholderText, kFieldQuietText);

@@ -9,11 +9,13 @@
 
 #include <QEvent>
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPersistentModelIndex>
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QStyleOptionViewItem>
+#include <QToolTip>
 
 #include <cstddef>
 #include <optional>
@@ -115,6 +117,16 @@ void GridCells::setModelData(QWidget* editor, QAbstractItemModel* model,
 void GridCells::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                      const QModelIndex& /*index*/) const {
     editor->setGeometry(option.rect);
+}
+
+bool GridCells::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                          const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const bool cut = sizeHint(option, index).width() > option.rect.width();
+    if (event->type() != QEvent::ToolTip || !cut) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    QToolTip::showText(event->globalPos(), index.data().toString(), view);
+    return true;
 }
 
 // A cell that was opened by typing is left by the arrows;

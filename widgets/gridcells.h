@@ -8,6 +8,8 @@
 #include <QStyledItemDelegate>
 
 class EntryField;
+class QAbstractItemView;
+class QHelpEvent;
 class QKeyEvent;
 class RecordSetModel;
 
@@ -32,6 +34,9 @@ class GridCells : public QStyledItemDelegate {
                           const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
+    /// A text that is cut stands whole in its tooltip.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 

@@ -1,6 +1,7 @@
 #include "widgets/gridtable.h"
 
 #include "platform/typedkey.h"
+#include "widgets/captionheader.h"
 #include "widgets/colours.h"
 #include "widgets/entryfield.h"
 #include "widgets/gridcells.h"
@@ -40,7 +41,7 @@ GridTable::GridTable(RecordSetModel& model, GridCells& cells, const GridEvents& 
     setAlternatingRowColors(true);
     setFrameShape(QFrame::NoFrame);
     SetColours();
-    horizontalHeader()->setHighlightSections(false);
+    setHorizontalHeader(new CaptionHeader(this));
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setMinimumSectionSize(kMinColumnWidth);
 }
@@ -152,6 +153,7 @@ void GridTable::changeEvent(QEvent* event) {
 
 void GridTable::LayOutRows() {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+    emit RowsLaidOut();
 }
 
 void GridTable::LayOutColumns() {

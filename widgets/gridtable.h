@@ -22,6 +22,7 @@ class GridTable : public QTableView {
     void Stroke(QKeyEvent* key);
 
   signals:
+    void RowsLaidOut();  ///< their height may be another
     void MarkPressed();
     void DeletePressed();
     void EnterPressed();

@@ -54,6 +54,10 @@ class EntryPainter final : public QStyledItemDelegate {
         const QRect place = option.rect.adjusted(0, 0, -kBetween / 2, 0);
         if (lit)
             painter->fillRect(place, option.palette.color(QPalette::AlternateBase).darker(106));
+        if (option.state.testFlag(QStyle::State_HasFocus)) {
+            painter->setPen(QPen(option.palette.color(QPalette::Highlight), 2));
+            painter->drawRect(place.adjusted(1, 1, -1, -1));
+        }
         PaintParts(*painter, place, entry, option);
         painter->restore();
     }
@@ -133,7 +137,11 @@ void LegendView::FitColumns() {
         size.narrowest = std::max(size.narrowest, parts.Around() + letters);
         size.widest = std::max(size.widest, parts.Around() + parts.name + 1);
     }
-    const LegendRoom room{viewport()->width(), height()};
+    // The list's own layout leaves the last pixels free.
+    const LegendRoom room{viewport()->width(), height() - kRowGap};
+    // A bar that is not needed would take a line, and then be needed.
+    const bool fits = LegendFits(entries_.size(), size, room);
+    setHorizontalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
     setGridSize({LegendColumnWidth(entries_.size(), size, room), size.height});
 }
 

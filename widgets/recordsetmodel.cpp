@@ -195,11 +195,7 @@ QVariant RecordSetModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::AccessibleTextRole || role == Qt::AccessibleDescriptionRole) {
         return ToQt(Spoken(index, role));
     }
-    if (role == Qt::TextAlignmentRole) {
-        const bool number = positions_[at] && source_ && source_->IsAttached() &&
-                            IsNumber(source_->Records().Column(*positions_[at]).type);
-        return static_cast<int>(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
-    }
+    if (role == Qt::TextAlignmentRole) return Alignment(at);
     return {};
 }
 
@@ -219,6 +215,12 @@ std::string RecordSetModel::Spoken(const QModelIndex& cell, int role) const {
         {name, RowName(cell.row()), column.locked ? texts::LockedCell : std::string_view()});
 }
 
+QVariant RecordSetModel::Alignment(std::size_t column) const {
+    const bool number = positions_[column] && source_ && source_->IsAttached() &&
+                        IsNumber(source_->Records().Column(*positions_[column]).type);
+    return static_cast<int>(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
+}
+
 bool RecordSetModel::setData(const QModelIndex& index, const QVariant& value, int role) {
     if (role != Qt::EditRole || !index.isValid()) return false;
     Type(index.row(), columns_[static_cast<std::size_t>(index.column())].field,
@@ -231,10 +233,11 @@ QVariant RecordSetModel::headerData(int section, Qt::Orientation orientation, in
         return role == Qt::AccessibleTextRole ? ToQt(RowName(section)) : QVariant();
     }
     if (section < 0 || section >= columnCount()) return {};
-    if (role == Qt::AccessibleTextRole) {
-        return ToQt(Trim(columns_[static_cast<std::size_t>(section)].caption));
-    }
-    if (role == Qt::DisplayRole) return ToQt(columns_[static_cast<std::size_t>(section)].caption);
+    const auto at = static_cast<std::size_t>(section);
+    if (role == Qt::AccessibleTextRole) return ToQt(Trim(columns_[at].caption));
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return ToQt(columns_[at].caption);
+    // A heading stands as what stands under it.
+    if (role == Qt::TextAlignmentRole) return Alignment(at);
     return {};
 }
 

@@ -80,6 +80,7 @@ class RecordSetModel : public QAbstractTableModel {
     std::string Spoken(const QModelIndex& cell, int role) const;
     void UpdateSecondEmptyRow();
     std::optional<std::size_t> Position(const std::string& field) const;
+    QVariant Alignment(std::size_t column) const;
     std::string StoredText(int row, std::optional<std::size_t> position, int decimals) const;
     void WriteTyping(const Typing& typing);
     void Write(const std::string& field, const std::string& text);

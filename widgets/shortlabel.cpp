@@ -17,7 +17,9 @@ ShortLabel::ShortLabel(QWidget* parent) : QLabel(parent) {
 QString ShortLabel::ShownText() const {
     const QFontMetrics metrics(font(), this);
     const int room = width() - metrics.horizontalAdvance(u' ');
-    return metrics.horizontalAdvance(text()) <= room ? text() : text().left(kCharacters);
+    if (metrics.horizontalAdvance(text()) <= room) return text();
+    const QString shorter = text().left(kCharacters);
+    return metrics.horizontalAdvance(shorter) < width() ? shorter : text().left(1);
 }
 
 void ShortLabel::paintEvent(QPaintEvent* /*event*/) {

@@ -10,6 +10,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QResizeEvent>
+#include <QSize>
 #include <QSizePolicy>
 
 #include <algorithm>
@@ -18,6 +19,13 @@ namespace {
 
 /// Beside a panel's text. Above and under it stands none: in a small window the text needs it all.
 constexpr int kPadding = 3;
+
+/// A long text must not make the window wider: the panels need no width.
+class Row final : public QHBoxLayout {
+  public:
+    using QHBoxLayout::QHBoxLayout;
+    QSize minimumSize() const override { return {0, QHBoxLayout::minimumSize().height()}; }
+};
 
 }  // namespace
 
@@ -28,13 +36,13 @@ class StatusPanels::Panel : public QLabel {
     void SetWhole(const QString& text) {
         whole_ = text;
         speech::SetWhole(this, text);
-        MakeRoom();
+        updateGeometry();
         Elide();
     }
     /// `width` is what the panel has even for a short text.
     void SetLeastWidth(int width) {
         leastWidth_ = width;
-        MakeRoom();
+        updateGeometry();
     }
     const QString& Whole() const { return whole_; }
 
@@ -46,20 +54,20 @@ class StatusPanels::Panel : public QLabel {
     void changeEvent(QEvent* event) override {
         QLabel::changeEvent(event);
         if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
-        MakeRoom();
+        updateGeometry();
         Elide();
     }
 
-  private:
     /// The panel takes what its text needs from neighbours that have room to spare. Where none has,
-    /// the layout takes from the widest panel first.
-    void MakeRoom() {
-        if (leastWidth_ == 0 || sizePolicy().horizontalPolicy() == QSizePolicy::Fixed) return;
+    /// the layout takes from the widest panel first, and the text is cut.
+    QSize minimumSizeHint() const override {
         const int frame = width() - contentsRect().width();
         const int needed = fontMetrics().horizontalAdvance(whole_) + 2 * kPadding + frame;
-        setMinimumWidth(std::max(leastWidth_, needed));
+        return {std::max(leastWidth_, needed), QLabel::minimumSizeHint().height()};
     }
+    QSize sizeHint() const override { return minimumSizeHint(); }
 
+  private:
     void Elide() {
         const QString shown =
             fontMetrics().elidedText(whole_, Qt::ElideRight, contentsRect().width() - 2 * kPadding);
@@ -72,17 +80,16 @@ class StatusPanels::Panel : public QLabel {
 };
 
 StatusPanels::StatusPanels(int panels, QWidget* parent) : QWidget(parent) {
-    auto* row = new QHBoxLayout(this);
+    auto* row = new Row(this);
     row->setContentsMargins(2, 0, 2, 0);
     row->setSpacing(2);
-    // A long text must not make the window wider.
     row->setSizeConstraint(QLayout::SetNoConstraint);
     for (int i = 0; i < panels; ++i) {
         auto* panel = new Panel(this);
         panel->setTextFormat(Qt::PlainText);
         panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         panel->setIndent(kPadding);
-        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        panel->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
         row->addWidget(panel, 1);
         panels_.push_back(panel);
     }
@@ -143,7 +150,7 @@ void StatusPanels::SetSpokenName(int panel, std::string_view name) {
 void StatusPanels::SetMinimumPanelWidth(int panel, int width, int share) {
     Panel& one = At(panel);
     static_cast<QHBoxLayout*>(layout())->setStretchFactor(&one, share);
-    one.setSizePolicy(share == 0 ? QSizePolicy::Fixed : QSizePolicy::Ignored,
+    one.setSizePolicy(share == 0 ? QSizePolicy::Fixed : QSizePolicy::Expanding,
                       QSizePolicy::Preferred);
     if (share == 0) one.setFixedWidth(width);
     one.SetLeastWidth(width);

@@ -1,6 +1,7 @@
 #include "widgets/texttable.h"
 
 #include "platform/qttext.h"
+#include "widgets/captionheader.h"
 #include "widgets/colours.h"
 #include "widgets/rules/spokencell.h"
 #include "widgets/rules/texts.h"
@@ -12,14 +13,18 @@
 #include <QFontMetrics>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMargins>
 #include <QPalette>
 #include <QScopedValueRollback>
+#include <QStyle>
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <numeric>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -78,6 +83,7 @@ class TextTable::Model final : public QAbstractTableModel {
         if (At(section) >= columns.size()) return {};
         if (role == Qt::AccessibleTextRole) return ToQt(SpokenCaption(section));
         if (role == Qt::DisplayRole) return Spaced(ToQt(columns[At(section)].caption), section);
+        if (role == Qt::ToolTipRole) return ToQt(columns[At(section)].caption);
         if (role == Qt::TextAlignmentRole) return Alignment(section);
         return {};
     }
@@ -145,8 +151,8 @@ TextTable::TextTable(QWidget* parent) : QTableView(parent), model_(std::make_uni
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    setHorizontalHeader(new CaptionHeader(this));
     horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(true);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &TextTable::CaptionPressed);
     connect(this, &QTableView::pressed, this,
@@ -224,20 +230,69 @@ void TextTable::LayOutRows() {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
 }
 
-void TextTable::LayOutColumns() {
-    int shares = 0;
+/// For the caption, with its sign, and the longest text; none that may be cut.
+int TextTable::NeededWidth(int column) const {
+    const TextColumn& one = model_->columns[At(column)];
+    if (one.longest.empty() && !one.number) return 0;
+    const QString room = one.number ? QString(kRightRoom) : QString();
+    const int margins = 2 * (style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this) + 1);
+    return margins +
+           std::max(horizontalHeader()->fontMetrics().horizontalAdvance(ToQt(one.caption) + room),
+                    fontMetrics().horizontalAdvance(ToQt(one.longest) + room));
+}
+
+/// By their shares; what a column needs beyond its share the others give.
+std::vector<int> TextTable::ColumnWidths() const {
+    std::vector<int> widths(model_->columns.size(), 0);
+    int room = viewport()->width(), shares = 0;
     for (const TextColumn& column : model_->columns) shares += column.widthShare;
-    if (shares == 0) return;
-    int room = viewport()->width();
-    for (int i = 0; i < model_->columnCount({}); ++i) {
-        const int share = model_->columns[At(i)].widthShare;
-        const int width = room * share / shares;
-        setColumnWidth(i, width);
-        room -= width;
+    for (bool more = true; more;) {
+        more = false;
+        for (std::size_t i = 0; i < widths.size(); ++i) {
+            const int share = model_->columns[i].widthShare;
+            const int needed = NeededWidth(static_cast<int>(i));
+            if (widths[i] > 0 || needed * shares <= room * share) continue;
+            widths[i] = needed;
+            room = std::max(0, room - needed);
+            shares -= share;
+            more = true;
+        }
+    }
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        if (widths[i] > 0) continue;
+        const int share = model_->columns[i].widthShare;
+        widths[i] = room * share / shares;
+        room -= widths[i];
         shares -= share;
+    }
+    const int total = std::accumulate(widths.begin(), widths.end(), 0);
+    if (total <= viewport()->width()) return widths;
+    // There is no room for what they need: all give.
+    for (int& width : widths) width = width * viewport()->width() / total;
+    return widths;
+}
+
+void TextTable::LayOutColumns() {
+    if (model_->columns.empty()) return;
+    const std::vector<int> widths = ColumnWidths();
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+        setColumnWidth(static_cast<int>(i), widths[i]);
     }
     LayOutRows();
     PlaceField();
+}
+
+/// A row that does not fit is not cut: the table ends above it.
+void TextTable::updateGeometries() {
+    if (fittingRows_) return;
+    const QScopedValueRollback fitting(fittingRows_, true);
+    QTableView::updateGeometries();
+    const int row = verticalHeader()->defaultSectionSize();
+    const int room = viewport()->height();
+    if (model_->rowCount({}) * row <= room || room < row) return;
+    QMargins margins = viewportMargins();
+    margins.setBottom(room % row);
+    setViewportMargins(margins);
 }
 
 void TextTable::keyPressEvent(QKeyEvent* event) {

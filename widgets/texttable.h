@@ -17,6 +17,7 @@ struct TextColumn {
     std::string caption = {};
     bool number = false;  ///< stands at the right
     int widthShare = 1;
+    std::string longest = {};  ///< a text that the column shows whole, as it does its caption
 };
 
 /// How a row is drawn. Quiet: in faint letters; Doubted: on amber; Sum: in bold.
@@ -61,15 +62,19 @@ class TextTable : public QTableView {
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void scrollContentsBy(int across, int down) override;
+    void updateGeometries() override;
     void currentChanged(const QModelIndex& current, const QModelIndex& before) override;
 
   private:
     void PlaceField();
     void LayOutRows();
+    int NeededWidth(int column) const;
+    std::vector<int> ColumnWidths() const;
 
     class Model;
     std::unique_ptr<Model> model_;
     QWidget* field_ = nullptr;
     int fieldColumn_ = 0;
     bool filling_ = false;
+    bool fittingRows_ = false;
 };

@@ -15,6 +15,7 @@ constexpr int kTitlePadding = 12;
 }  // namespace
 
 QString TitledFrame::WholeTitle() const {
+    if (title().isEmpty()) return untitled_;
     return title().replace(QLatin1String("&&"), QLatin1String("&"));
 }
 

@@ -13,6 +13,8 @@ class TitledFrame final : public QGroupBox {
 
   public:
     using QGroupBox::QGroupBox;
+    /// What stands in the title's place while there is none.
+    void SetUntitled(const QString& text) { untitled_ = text; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -21,4 +23,6 @@ class TitledFrame final : public QGroupBox {
   private:
     QString WholeTitle() const;  ///< "&" is a sign in it and no mnemonic
     QString FittingTitle() const;
+
+    QString untitled_;
 };

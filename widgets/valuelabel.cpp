@@ -20,11 +20,20 @@ ValueLabel::ValueLabel(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
 
+/// Of what is drawn: a mnemonic is a line under a letter.
+int ValueLabel::WidthIn(const QFont& font) const {
+    return QFontMetrics(font, this).size(Flags() | Qt::TextSingleLine, text()).width();
+}
+
+int ValueLabel::Flags() const {
+    return buddy() == nullptr ? 0 : static_cast<int>(Qt::TextShowMnemonic);
+}
+
 QFont ValueLabel::FittingFont() const {
     QFont fitting = font();
     for (const double share : kSizes) {
         fitting.setPointSizeF(font().pointSizeF() * share);
-        if (QFontMetrics(fitting, this).horizontalAdvance(text()) <= contentsRect().width()) break;
+        if (WidthIn(fitting) <= contentsRect().width()) break;
     }
     return fitting;
 }
@@ -34,14 +43,16 @@ void ValueLabel::paintEvent(QPaintEvent* /*event*/) {
     const QRect place = contentsRect();
     painter.setPen(palette().color(QPalette::WindowText));
     painter.setFont(FittingFont());
-    const QString shown = painter.fontMetrics().elidedText(text(), Qt::ElideRight, place.width());
-    painter.drawText(place, static_cast<int>(alignment()), shown);
+    const QString shown =
+        painter.fontMetrics().elidedText(text(), Qt::ElideRight, place.width(), Flags());
+    painter.drawText(place, static_cast<int>(alignment()) | Flags(), shown);
 }
 
 bool ValueLabel::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QLabel::event(event);
-    const int width = QFontMetrics(FittingFont(), this).horizontalAdvance(text());
-    if (width <= contentsRect().width()) return QLabel::event(event);
-    QToolTip::showText(static_cast<const QHelpEvent&>(*event).globalPos(), text(), this);
+    if (WidthIn(FittingFont()) <= contentsRect().width()) return QLabel::event(event);
+    QString whole = text();
+    if (buddy() != nullptr) whole.remove(u'&');
+    QToolTip::showText(static_cast<const QHelpEvent&>(*event).globalPos(), whole, this);
     return true;
 }

@@ -21,4 +21,6 @@ class ValueLabel final : public QLabel {
   private:
     /// The label's font, smaller where the text needs it.
     QFont FittingFont() const;
+    int WidthIn(const QFont& font) const;
+    int Flags() const;
 };

@@ -188,7 +188,12 @@ std::optional<Shown::Lit> LitIn(const WindowState& state) {
 /// What the moment asks for stands over what was told before.
 std::string StatusNotice(const WindowState& state) {
     if (!state.heldFile.empty()) return std::string(texts::DropOpens) + state.heldFile;
-    return state.pointedFile.empty() ? state.notice : state.pointedFile;
+    if (!state.pointedFile.empty()) return state.pointedFile;
+    // In the start-up pause nothing else says what is going on.
+    if (state.stage == Stage::Starting && state.FundDb && state.notice.empty()) {
+        return std::string(texts::Opening) + state.CurrentFile;
+    }
+    return state.notice;
 }
 
 Shown::Captions CaptionsIn(const WindowState& state) {

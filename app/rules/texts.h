@@ -12,6 +12,7 @@ inline constexpr std::string_view WindowCaptionOfFund = "   Kvarnbo  ";
 inline constexpr std::string_view LastUpdate = " Senaste uppdatering    ";
 
 inline constexpr std::string_view WorkingWith = "Du arbetar med ";
+inline constexpr std::string_view Opening = "Öppnar ";  ///< the file, while the window comes up
 inline constexpr std::string_view NoFileOpen = "Ingen fondfil är öppen";
 inline constexpr std::string_view NotStored = "Det här är inte sparat:";
 inline constexpr std::string_view GoOnWithoutIt = "Vill du gå vidare utan det ?";

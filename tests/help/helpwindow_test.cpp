@@ -11,12 +11,14 @@
 #include "tests/support/spokentree.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QColor>
 #include <QFile>
 #include <QFont>
 #include <QIODevice>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
@@ -157,6 +159,28 @@ TEST_F(HelpWindowTest, EnlargesTheText) {
     EXPECT_EQ(page.font().pointSize(), before + 1);
     QTest::keyClick(&window, Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(page.font().pointSize(), before);
+}
+
+TEST_F(HelpWindowTest, IsNoLargerThanTheScreen) {
+    EXPECT_LE(window.width(), window.screen()->availableSize().width());
+    EXPECT_LE(window.height(), window.screen()->availableSize().height());
+    EXPECT_LE(window.minimumSizeHint().width(), 800);
+    EXPECT_LE(window.minimumSizeHint().height(), 560);
+}
+
+TEST_F(HelpWindowTest, IsWrittenInTheDesktopsTextSize) {
+    const QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(18);
+    QApplication::setFont(large);
+    HelpWindow other{OpenHelp(HELP_FILE)};
+    other.ShowPage("meddelanden-kurs");
+    const auto* page = other.findChild<QTextBrowser*>(QStringLiteral("page"));
+    ASSERT_NE(page, nullptr);
+    const QTextCursor text = page->document()->find(QStringLiteral("Texten är inget tal"));
+    EXPECT_EQ(text.charFormat().fontPointSize(), 22);
+    EXPECT_LE(other.minimumSizeHint().width(), 800);
+    QApplication::setFont(before);
 }
 
 TEST_F(HelpWindowTest, DressesThePage) {

@@ -153,7 +153,9 @@ class FixedScreen final : public Screen {
   public:
     QRect Area() const override { return area; }
     QSize RoomForWindow() const override { return room.value_or(area.size()); }
+    float TextSize() const override { return textSize; }
     QRect area{0, 0, 800, 600};
+    float textSize = 1;
     std::optional<QSize> room;  ///< none: the whole area
 };
 

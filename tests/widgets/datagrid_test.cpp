@@ -6,6 +6,7 @@
 #include "platform/keystrokes.h"
 #include "platform/qttext.h"
 #include "tests/support/memoryrecords.h"
+#include "widgets/colours.h"
 
 #include <QApplication>
 #include <QColor>
@@ -996,6 +997,36 @@ TEST_F(GridTest, ItsLastRowIsNotCut) {
         window_.resize(500, height);
         expectWholeRows();
     }
+}
+
+TEST_F(GridTest, ItsLastRowIsNotCutWhenTheFontChangesWhileItIsUp) {
+    for (const double size : {1.5, 0.8, 2.1}) {
+        QFont other = grid_.font();
+        other.setPointSizeF(9 * size);
+        grid_.setFont(other);
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            return View().viewport()->height() % View().rowHeight(0) == 0;
+        })) << size;
+    }
+}
+
+TEST_F(GridTest, ItsHeadingsStandAsWhatStandsUnderThem) {
+    for (int column = 0; column < View().model()->columnCount(); ++column) {
+        const QVariant cell = View().model()->index(0, column).data(Qt::TextAlignmentRole);
+        EXPECT_EQ(View().model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole), cell)
+            << column;
+    }
+    EXPECT_TRUE(View().model()->headerData(kShares, Qt::Horizontal, Qt::TextAlignmentRole).toInt() &
+                Qt::AlignRight);
+}
+
+TEST_F(GridTest, ItsFrameShowsWhetherItHasTheKeys) {
+    View().setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(grid_.grab().toImage().pixelColor(0, 20), ToQColor(colours::kAccent));
+    View().clearFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(grid_.grab().toImage().pixelColor(0, 20), ToQColor(colours::kBorder));
 }
 
 TEST_F(GridTest, TheFarLeftShowsTheCurrentRow) {

@@ -17,15 +17,20 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFont>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QIODevice>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QMetaObject>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
+#include <QSize>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -93,6 +98,40 @@ TEST_F(QtDialogsTest, ABoxHasTheDefaultTitleItsTextAndOneButton) {
     EXPECT_EQ(seen_.text, "Felaktigt Datum\nSkall skrivas typ\n2000-12-31");
     EXPECT_EQ(seen_.buttons, std::vector<std::string>{"OK"});
     EXPECT_EQ(seen_.icon, QMessageBox::NoIcon);
+}
+
+TEST_F(QtDialogsTest, AreInTheLettersOfTheWindowAndNeverLargerThanTheScreen) {
+    QMainWindow window;
+    QFont large = window.font();
+    large.setPointSizeF(16.5);
+    window.setFont(large);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    double points = 0, smaller = 0;
+    QSize box, colours;
+    QTimer::singleShot(0, qApp, [&] {
+        points = QApplication::activeModalWidget()->font().pointSizeF();
+        box = QApplication::activeModalWidget()->size();
+        static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+    });
+    dialogs_.Show({.text = "Klart"});
+    EXPECT_NEAR(points, 16.5, 0.01);
+    QFont bold = window.font();
+    bold.setBold(true);
+    EXPECT_GT(box.width(), QFontMetrics(bold).horizontalAdvance(QStringLiteral("Kvarnbo")) + 100);
+    large.setPointSizeF(40);
+    window.setFont(large);
+    QTimer::singleShot(0, qApp, [&] {
+        smaller = QApplication::activeModalWidget()->font().pointSizeF();
+        colours = QApplication::activeModalWidget()->size();
+        static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
+    });
+    dialogs_.PickColour({1, 2, 3});
+    EXPECT_LT(smaller, 40);
+    EXPECT_GE(smaller, 8);
+    EXPECT_LE(colours.width(), window.screen()->availableSize().width());
+    EXPECT_LE(colours.height(), window.screen()->availableSize().height());
 }
 
 TEST_F(QtDialogsTest, ThePrintDialogOffersNoPartOfTheReport) {

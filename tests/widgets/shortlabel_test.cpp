@@ -22,11 +22,15 @@ TEST(ShortLabel, ShowsTheFirstLettersOfANameThatWouldTouchTheNext) {
     EXPECT_NE(label.grab().toImage(), wide);
 }
 
-TEST(ShortLabel, ShowsAShortNameInAnyWidth) {
+TEST(ShortLabel, ShowsItsFirstLetterWhereThreeAreCut) {
     ShortLabel label;
     label.setText(QStringLiteral("Maj"));
-    label.resize(3, 20);
+    const QFontMetrics metrics(label.font(), &label);
+    const int name = metrics.horizontalAdvance(QStringLiteral("Maj"));
+    label.resize(name + 1, 20);
     EXPECT_EQ(label.ShownText(), QStringLiteral("Maj"));
+    label.resize(name, 20);
+    EXPECT_EQ(label.ShownText(), QStringLiteral("M"));
 }
 
 }  // namespace

@@ -54,6 +54,19 @@ TEST(StatusPanels, ALongTextIsElidedAndShownWholeAsTooltip) {
     EXPECT_EQ(FromQt(labels[0]->text()), text);
 }
 
+TEST(StatusPanels, NeverStandOverEachOther) {
+    StatusPanels bar(3);
+    for (int panel = 1; panel <= 3; ++panel) bar.SetMinimumPanelWidth(panel, 60, 1);
+    bar.resize(200, 24);
+    bar.show();
+    for (int panel = 1; panel <= 3; ++panel) bar.SetText(panel, "Cedervall Nordamerika Tillväxt");
+    QCoreApplication::processEvents();
+    const QList<QLabel*> labels = bar.findChildren<QLabel*>();
+    EXPECT_LE(labels[0]->geometry().right(), labels[1]->geometry().left());
+    EXPECT_LE(labels[1]->geometry().right(), labels[2]->geometry().left());
+    EXPECT_LE(labels[2]->geometry().right(), bar.width());
+}
+
 TEST(StatusPanels, ATextTakesTheRoomThatItsNeighboursSpare) {
     StatusPanels bar(3);
     for (int panel = 1; panel <= 3; ++panel) bar.SetMinimumPanelWidth(panel, 60, 1);

@@ -2,6 +2,7 @@
 
 #include "tests/window/windowtest.h"
 #include "widgets/datagrid.h"
+#include "widgets/imagebutton.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -90,9 +91,33 @@ TEST_F(ScalingTest, LargerScreenGrowsByAThirdAndFontsBy30Percent) {
     EXPECT_NEAR(Window().cmdFondList->font().pointSizeF(), button.font * 1.3, 0.01);
 }
 
-TEST_F(ScalingTest, WideScreenGetsTheLargest4To3Window) {
+TEST_F(ScalingTest, AWideScreenIsFilledAndTheDiagramGetsTheWidth) {
+    StartOn(1440, 1080);
+    const int list = Window().panListFonder->width();
+    const int picture = Window().picDiagram->width();
+    const double font = Window().cmdFondList->font().pointSizeF();
     StartOn(1920, 1080);
-    EXPECT_EQ(Window().size(), QSize(1440, 1080));
+    EXPECT_EQ(Window().size(), QSize(1920, 1080));
+    EXPECT_LE(Window().panListFonder->width(), list * 1.16);
+    EXPECT_GE(Window().picDiagram->width(), picture + 400);
+    EXPECT_NEAR(Window().cmdFondList->font().pointSizeF(), font, 0.01);
+}
+
+TEST_F(ScalingTest, BoxesDoNotStandHollowOnALargeScreen) {
+    StartOn(3440, 1440);
+    EXPECT_EQ(Window().size(), QSize(3440, 1440));
+    EXPECT_LE(Window().cmdFondList->height(), 4 * Window().cmdFondList->fontMetrics().height());
+    EXPECT_GE(Window().picDiagram->width(), 3440 * 3 / 4);
+    EXPECT_LT(Window().Image4->width(), 100);
+}
+
+TEST_F(ScalingTest, TheUsersWideWindowGivesItsWidthToTheDiagram) {
+    StartOn(800, 600);
+    const int list = Window().panListFonder->width();
+    Window().resize(1600, 600);
+    QApplication::processEvents();
+    EXPECT_LE(Window().panListFonder->width(), list * 1.16);
+    EXPECT_GE(Window().picDiagram->width(), 1200);
 }
 
 TEST_F(ScalingTest, TallScreenIsFilledAcross) {
@@ -110,9 +135,9 @@ TEST_F(ScalingTest, GridLinesKeepTheirPlacesInThePicture) {
 TEST_F(ScalingTest, UsersOwnResizingKeepsTheProportions) {
     StartOn(800, 600);
     const Look design = LookOf(Window().panDiagram);
-    Window().resize(1200, 750);
+    Window().resize(1080, 750);
     QApplication::processEvents();
-    ExpectTimes(Window().panDiagram->geometry(), design.place, 1.5, 1.25);
+    ExpectTimes(Window().panDiagram->geometry(), design.place, 1.35, 1.25);
     EXPECT_EQ(Window().picDiagram->ToUser({0, 0}).y, DrawnScale().top);
 }
 

@@ -11,6 +11,12 @@ std::size_t ColumnsFor(std::size_t entries, int height, int entryHeight) {
 
 }  // namespace
 
+bool LegendFits(std::size_t entries, LegendEntrySize size, LegendRoom room) {
+    const int narrowest = std::max(1, std::min(size.narrowest, size.widest));
+    const auto readable = static_cast<std::size_t>(std::max(1, room.width / narrowest));
+    return ColumnsFor(entries, room.height, size.height) <= readable;
+}
+
 int LegendColumnWidth(std::size_t entries, LegendEntrySize size, LegendRoom room) {
     const int narrowest = std::max(1, std::min(size.narrowest, size.widest));
     const auto readable = static_cast<std::size_t>(std::max(1, room.width / narrowest));

@@ -28,6 +28,13 @@ TEST(LegendColumns, AreAsWideAsTheirEntriesNeedWhereThereIsRoom) {
     }
 }
 
+TEST(LegendColumns, FitWhereNothingIsScrolled) {
+    EXPECT_TRUE(LegendFits(12, {80, 400, 15}, {540, 80}));
+    EXPECT_TRUE(LegendFits(30, {80, 150, 15}, {540, 80}));
+    EXPECT_FALSE(LegendFits(31, {80, 150, 15}, {540, 80}));
+    EXPECT_TRUE(LegendFits(0, {1, 1, 15}, {540, 80}));
+}
+
 TEST(LegendColumns, AreNeverNarrowerThanCanBeReadUnlessTheRoomIs) {
     for (std::size_t entries = 1; entries <= 60; ++entries) {
         for (int width = 100; width <= 2000; width += 37) {
