@@ -98,9 +98,9 @@ void DiagramView::PaintNote(QPainter& painter, QPointF at) const {
                      {1, 1, width() - 2.0, height() - 2.0}, kNoteGap);
     const QRectF box(place.left, place.top, place.width, place.height);
     painter.setPen(QPen(ToQColor(colours::kQuietText), 1));
-    painter.setBrush(palette().color(QPalette::ToolTipBase));
+    painter.setBrush(ToQColor(colours::kNotice));
     painter.drawRoundedRect(box, 3, 3);
-    painter.setPen(palette().color(QPalette::ToolTipText));
+    painter.setPen(ToQColor(colours::kText));
     const QRectF text = box.adjusted(kNoteEdge, kNoteEdge, -kNoteEdge, -kNoteEdge);
     painter.drawText(text, Qt::AlignLeft | Qt::AlignBottom | Qt::TextSingleLine, lit_->note);
     painter.setFont(bold);

@@ -177,8 +177,7 @@ void DiagramView::paintEvent(QPaintEvent*) {
     if (lit_) PaintLit(painter);
     if (crossHair_) PaintCrossHair(painter);
     if (hasFocus()) {
-        QColor mark = palette().color(QPalette::Highlight);
-        painter.setPen(QPen(mark, 2));
+        painter.setPen(QPen(ToQColor(colours::kAccent), 2));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
 }
@@ -208,7 +207,7 @@ void DiagramView::PaintPicture() {
 }
 
 void DiagramView::PaintPlaceholder(QPainter& painter) const {
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(ToQColor(colours::kQuietText));
     const QRect upperHalf(0, 0, width(), height() / 2);
     painter.drawText(upperHalf, Qt::AlignCenter | Qt::TextWordWrap, placeholder_);
 }

@@ -52,10 +52,9 @@ class EntryPainter final : public QStyledItemDelegate {
         const bool lit = option.state.testFlag(QStyle::State_MouseOver) ||
                          option.state.testFlag(QStyle::State_HasFocus);
         const QRect place = option.rect.adjusted(0, 0, -kBetween / 2, 0);
-        if (lit)
-            painter->fillRect(place, option.palette.color(QPalette::AlternateBase).darker(106));
+        if (lit) painter->fillRect(place, ToQColor(colours::kHover));
         if (option.state.testFlag(QStyle::State_HasFocus)) {
-            painter->setPen(QPen(option.palette.color(QPalette::Highlight), 2));
+            painter->setPen(QPen(ToQColor(colours::kAccent), 2));
             painter->drawRect(place.adjusted(1, 1, -1, -1));
         }
         PaintParts(*painter, place, entry, option);
@@ -76,7 +75,7 @@ class EntryPainter final : public QStyledItemDelegate {
             QPointF(place.left() + kGap / 2.0 + parts.dot / 2.0, place.center().y() + 0.5));
         painter.drawEllipse(dot);
 
-        painter.setPen(option.palette.color(QPalette::Text));
+        painter.setPen(ToQColor(colours::kText));
         QRect rest = place.adjusted(parts.dot + kGap, 0, -kGap / 2, 0);
         const int line = Qt::AlignVCenter | Qt::TextSingleLine;
         painter.drawText(QRect(rest.left(), rest.top(), parts.number, rest.height()),

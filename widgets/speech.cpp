@@ -280,6 +280,7 @@ void speech::Announce(QWidget* from, const QString& text) {
     if (herald == nullptr) {
         herald = new QWidget(from);
         herald->setObjectName(kHerald);
+        herald->resize(1, 1);  // it is never seen
     }
     herald->setAccessibleName(text);
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)

@@ -76,6 +76,16 @@ class TextTable::Model final : public QAbstractTableModel {
                 return Looks(row.tone, role);
         }
     }
+    /// The most characters that stand in a column: of digits that is also the widest text.
+    QString LongestIn(int column) const {
+        std::string_view longest;
+        for (const TextRow& row : rows) {
+            if (At(column) >= row.cells.size()) continue;
+            const std::string& text = row.cells[At(column)];
+            if (text.size() > longest.size()) longest = text;
+        }
+        return ToQt(longest);
+    }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
         if (orientation == Qt::Vertical) {
             return role == Qt::AccessibleTextRole ? ToQt(RowName(section)) : QVariant();
@@ -181,10 +191,9 @@ void TextTable::SetRows(std::vector<TextRow> rows) {
         model_->Begin();
         model_->rows = std::move(rows);
         model_->End();
-        LayOutRows();
         SetCurrentRow(std::min(current, model_->rowCount({}) - 1));
     }
-    PlaceField();
+    LayOutColumns();
 }
 
 const std::vector<TextRow>& TextTable::Rows() const {
@@ -230,15 +239,20 @@ void TextTable::LayOutRows() {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
 }
 
-/// For the caption, with its sign, and the longest text; none that may be cut.
+/// For the caption, with its sign, and the longest text; none that may be cut. A number never is:
+/// what is left of it would be another number.
 int TextTable::NeededWidth(int column) const {
     const TextColumn& one = model_->columns[At(column)];
     if (one.longest.empty() && !one.number) return 0;
     const QString room = one.number ? QString(kRightRoom) : QString();
     const int margins = 2 * (style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, this) + 1);
+    QFont bold = font();  // as sums are
+    bold.setBold(true);
+    const QString number = one.number ? model_->LongestIn(column) + room : QString();
     return margins +
-           std::max(horizontalHeader()->fontMetrics().horizontalAdvance(ToQt(one.caption) + room),
-                    fontMetrics().horizontalAdvance(ToQt(one.longest) + room));
+           std::max({horizontalHeader()->fontMetrics().horizontalAdvance(ToQt(one.caption) + room),
+                     fontMetrics().horizontalAdvance(ToQt(one.longest) + room),
+                     QFontMetrics(bold).horizontalAdvance(number)});
 }
 
 /// By their shares; what a column needs beyond its share the others give.

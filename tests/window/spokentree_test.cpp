@@ -3,23 +3,14 @@
 
 #include "tests/support/spokentree.h"
 
-#include "entry/texts.h"
-#include "tests/window/windowtest.h"
-#include "widgets/datagrid.h"
-#include "widgets/imagebutton.h"
+#include "tests/window/everymode.h"
 
 #include <QAccessible>
-#include <QAction>
 #include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
-#include <QGuiApplication>
-#include <QKeySequence>
 #include <QLabel>
-#include <QTableView>
 
 #include <algorithm>
-#include <functional>
 #include <gmock/gmock.h>
 #include <string>
 #include <string_view>
@@ -34,63 +25,8 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-class SpokenTreeTest : public WindowTest {
+class SpokenTreeTest : public EveryMode {
   protected:
-    SpokenTreeTest() {
-        SetToday(2026, 3, 10);  // the window starts on 1 April 2025
-        std::vector<TestHolding> holdings = TwoHoldings();
-        holdings[0].points = {{45849, 4}, {45949, 8}, {46049, 6}};
-        MakeFile(holdings);
-        Start();
-    }
-
-    void TypeForFirst(const std::string& text) {
-        ChooseFund(0);
-        Window().txtValue->setFocus();
-        Type(text);
-    }
-    void EnterInList() {
-        ChooseFund(0);
-        PressIn(Window().lstFonder, Qt::Key_Return);
-    }
-    void ChooseBy(Qt::Key key) {
-        Press(Qt::Key_F11);
-        Press(key);
-    }
-    void CollectTwo() {
-        ChooseBy(Qt::Key_F12);
-        ChooseFund(0);
-        ChooseFund(1);
-    }
-    void ShowTotals() {
-        Window().mnuTotal->trigger();
-        Window().lstTotal->setCurrentRow(0);
-        PressIn(Window().lstTotal, Qt::Key_Space);
-    }
-    void ShowCopies() {
-        ChooseFund(0);
-        TypePrice("101");
-        Window().mnuAterstall->trigger();
-    }
-    void OpenNotice() {
-        Click(Window().cmdPPMData);
-        outside.dialogs
-            .Expect(texts::AskNewShares, Buttons::YesNo, Icon::Information, DefaultButton::Second)
-            .Answer(Answer::Yes);
-        Click(Window().cmdNyAndel);
-    }
-    void EditCell() {
-        Click(Window().cmdPPMData);
-        QTableView& view = Window().DBGrid->View();
-        view.setFocus();
-        view.setCurrentIndex(view.model()->index(1, 0));
-        QTest::keyClick(&view, Qt::Key_F2);
-    }
-    void PasteColumn() {
-        Press(Qt::Key_F6);
-        QGuiApplication::clipboard()->setText(QStringLiteral("111\n112"));
-        QTest::keySequence(Window().txtNyKurs, QKeySequence::Paste);
-    }
     std::vector<std::string> Labels() {
         return SpokenTree(Window()).Names(QAccessible::StaticText);
     }
@@ -111,36 +47,14 @@ class SpokenTreeTest : public WindowTest {
 }  // namespace
 
 TEST_F(SpokenTreeTest, HasNoNamelessControlInAnyStateAndNoTwoOfOneName) {
-    const struct {
-        std::string_view state;
-        std::function<void()> reach;
-    } rows[] = {
-        {"list of prices", [] {}},
-        {"price typed", [this] { TypeForFirst("1"); }},
-        {"after Enter in the list", [this] { EnterInList(); }},
-        {"diagram with buttons", [this] { Press(Qt::Key_F11); }},
-        {"diagram", [this] { Press(Qt::Key_Escape); }},
-        {"colour", [this] { ChooseBy(Qt::Key_F9); }},
-        {"curves", [this] { ChooseBy(Qt::Key_F12); }},
-        {"curves chosen", [this] { CollectTwo(); }},
-        {"totals", [this] { ShowTotals(); }},
-        {"plot data", [this] { Window().mnuPEdit->trigger(); }},
-        {"safety copies", [this] { ShowCopies(); }},
-        {"day's prices", [this] { Press(Qt::Key_F6); }},
-        {"pasted prices", [this] { PasteColumn(); }},
-        {"overview", [this] { Press(Qt::Key_F7); }},
-        {"holdings", [this] { Click(Window().cmdPPMData); }},
-        {"a cell of the holdings", [this] { EditCell(); }},
-        {"notice of new shares", [this] { OpenNotice(); }},
-    };
-    for (const auto& row : rows) {
-        Start();
-        row.reach();
+    for (const Mode& mode : Modes()) {
+        ComeUp();
+        mode.reach();
         QApplication::processEvents();
         const SpokenTree tree(Window());
-        EXPECT_GT(tree.Nodes().size(), 20U) << row.state;
-        EXPECT_THAT(tree.Nameless(), IsEmpty()) << row.state;
-        EXPECT_THAT(tree.CalledAlike(), IsEmpty()) << row.state;
+        EXPECT_GT(tree.Nodes().size(), 20U) << mode.name;
+        EXPECT_THAT(tree.Nameless(), IsEmpty()) << mode.name;
+        EXPECT_THAT(tree.CalledAlike(), IsEmpty()) << mode.name;
     }
 }
 
