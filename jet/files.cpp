@@ -1,6 +1,8 @@
 #include "jet/files.h"
 
+#include "jet/error.h"
 #include "jet/storage/filestore.h"
+#include "jet/storage/systemfile.h"
 
 #include <exception>
 #include <system_error>
@@ -19,6 +21,16 @@ bool IsSameFile(const std::filesystem::path& one, const std::filesystem::path& o
     return !code && real == std::filesystem::weakly_canonical(other, code);
 } catch (const std::exception&) {
     return false;
+}
+
+void SetTemporaryEnding(std::string_view ending) {
+    constexpr std::string_view kAllowed =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789.-_";
+    if (ending.empty() || ending.size() > kMaxTemporaryEnding ||
+        ending.find_first_not_of(kAllowed) != std::string_view::npos) {
+        throw Error{ErrorNumber::InvalidProcedureCall, "no ending for temporary names"};
+    }
+    detail::EndTemporaryNamesWith(ending);
 }
 
 }  // namespace jet

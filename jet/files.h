@@ -1,7 +1,9 @@
 #pragma once
-// Two things that programs do with whole database files. Any thread may call them.
+// What programs do with whole database files. Any thread may call CopyFile and IsSameFile.
 
+#include <cstddef>
 #include <filesystem>
+#include <string_view>
 
 namespace jet {
 
@@ -18,5 +20,15 @@ void CopyFile(const std::filesystem::path& source, const std::filesystem::path& 
 /// that file. Names of files that are not there are compared as paths. Never throws; what cannot be
 /// found out is two files.
 bool IsSameFile(const std::filesystem::path& one, const std::filesystem::path& other) noexcept;
+
+/// The most characters of a temporary ending.
+inline constexpr std::size_t kMaxTemporaryEnding = 32;
+
+/// How the names end that the process gives to new images of files until they take their place:
+/// `.NAME.`, sixteen random digits and `ending`, which is ".jet-new" until this is called. For the
+/// whole process, before it opens, makes or copies a file, and in every start alike: what was left
+/// behind is known by it. `ending` has 1 to `kMaxTemporaryEnding` ASCII letters, digits, points,
+/// hyphens and underscores; for any other this throws InvalidProcedureCall and changes nothing.
+void SetTemporaryEnding(std::string_view ending);
 
 }  // namespace jet

@@ -19,9 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kTemporaryEnding = ".jet-new";
 constexpr std::size_t kRandomDigits = 16;
 constexpr std::size_t kMaxKeptLength = 200;  // characters of the file's own name
+
+std::string& TemporaryEnding() {
+    static std::string ending = ".jet-new";
+    return ending;
+}
 
 std::string BeginningFor(const std::string& file) {
     return "." + file.substr(0, kMaxKeptLength) + ".";
@@ -44,8 +48,8 @@ std::string RandomDigits() {
 }
 
 fs::path TemporaryNameFor(const fs::path& file) {
-    return FolderOf(file) / (BeginningFor(file.filename().string()) + RandomDigits() +
-                             std::string(kTemporaryEnding));
+    return FolderOf(file) /
+           (BeginningFor(file.filename().string()) + RandomDigits() + TemporaryEnding());
 }
 
 Descriptor CreateNew(const fs::path& path, mode_t mode) {
@@ -185,11 +189,15 @@ void TakeOver(const Descriptor& file, const struct stat& from) noexcept {
     if (::fchmod(file.Number(), mode) != 0) errno = 0;
 }
 
+void EndTemporaryNamesWith(std::string_view ending) {
+    TemporaryEnding() = ending;
+}
+
 bool IsTemporaryNameFor(const std::string& name, const std::string& file) {
     const std::string beginning = BeginningFor(file);
-    if (name.size() != beginning.size() + kRandomDigits + kTemporaryEnding.size()) return false;
+    if (name.size() != beginning.size() + kRandomDigits + TemporaryEnding().size()) return false;
     const std::string_view digits = std::string_view(name).substr(beginning.size(), kRandomDigits);
-    return name.starts_with(beginning) && name.ends_with(kTemporaryEnding) &&
+    return name.starts_with(beginning) && name.ends_with(TemporaryEnding()) &&
            digits.find_first_not_of("0123456789abcdef") == std::string_view::npos;
 }
 

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <utility>
 
@@ -111,6 +112,9 @@ class TemporaryFile {
 /// Gives the file the mode of another one, and its owner and group, as far as the system and the
 /// file system let us. Whom the old group shut out, the new one does not let in.
 void TakeOver(const Descriptor& file, const struct stat& from) noexcept;
+
+/// For the names that TemporaryFile makes from now on.
+void EndTemporaryNamesWith(std::string_view ending);
 
 /// Whether the name was made by TemporaryFile for this file (names without folders).
 bool IsTemporaryNameFor(const std::string& name, const std::string& file);

@@ -1,8 +1,11 @@
 #include "jet/storage/pagefile.h"
 
 #include "jet/error.h"
+#include "jet/files.h"
 #include "jet/storage/filestore.h"
 #include "jet/storage/header.h"
+#include "jet/storage/systemfile.h"
+#include "tests/jet/ledger.h"
 #include "tests/jet/memoryfile.h"
 #include "tests/jet/versions.h"
 
@@ -375,6 +378,36 @@ TEST_F(OnDisk, WhatALivingProcessIsWritingIsNotRemoved) {
     ::close(descriptor);
     RemoveLeftOvers(path_);
     EXPECT_FALSE(jettest::fs::exists(written));
+}
+
+TEST_F(OnDisk, TemporaryNamesEndAsTheProgramAsks) {
+    const std::string beginning = "." + path_.filename().string() + ".0123456789abcdef";
+    const auto ours = folder_ / (beginning + ".of_Ours-1");
+    const auto others = folder_ / (beginning + ".jet-new");
+    for (const auto& path : {ours, others}) WriteText(path, "half a file");
+    {
+        const TemporaryFile before(path_, 0600);
+        EXPECT_TRUE(before.Path().string().ends_with(".jet-new"));
+    }
+    jet::SetTemporaryEnding(".of_Ours-1");
+    {
+        const TemporaryFile after(path_, 0600);
+        EXPECT_TRUE(after.Path().string().ends_with(".of_Ours-1"));
+        EXPECT_TRUE(IsTemporaryNameFor(after.Path().filename(), path_.filename()));
+    }
+    RemoveLeftOvers(path_);
+    jet::SetTemporaryEnding(".jet-new");
+    EXPECT_FALSE(jettest::fs::exists(ours));
+    EXPECT_TRUE(jettest::fs::exists(others));
+}
+
+TEST(TemporaryEnding, IsNoPathAndNotEmpty) {
+    for (const std::string& ending : {std::string(), std::string("/x"), std::string("..\n"),
+                                      std::string(jet::kMaxTemporaryEnding + 1, 'x')}) {
+        EXPECT_EQ(jet::test::FailureOf([&] { jet::SetTemporaryEnding(ending); }),
+                  ErrorNumber::InvalidProcedureCall)
+            << ending;
+    }
 }
 
 TEST_F(OnDisk, ANewFileFollowsTheUmask) {
