@@ -124,7 +124,6 @@ template <std::size_t Count>
 std::vector<std::array<std::int32_t, Count>> RecordSet::Integers(
     const std::size_t (&positions)[Count]) {
     std::vector<std::array<std::int32_t, Count>> rows;
-    rows.reserve(static_cast<std::size_t>(RecordCount()));
     VisitIntegers(positions, [&](std::span<const std::int32_t> row) {
         std::copy_n(row.begin(), Count, rows.emplace_back().begin());
     });

@@ -181,7 +181,20 @@ Lookup& OpenTable::LookupFor(const Condition& condition) {
     const std::pair key{condition.position, condition.criterion.Kind()};
     const auto found = lookups_.find(key);
     if (found != lookups_.end()) return found->second;
+    LookWhileReading();
     return lookups_.emplace(key, Lookup(store_, key.first, key.second)).first->second;
+}
+
+/// The first search reads all rows anyway, and whoever waits for it is not in the middle of storing
+/// something. What it finds wrong is for who writes: reading goes on.
+void OpenTable::LookWhileReading() {
+    if (lookedAt_ || store_.File().ReadOnly()) return;
+    lookedAt_ = true;
+    try {
+        RequireSoundOnce();
+    } catch (const Error&) {
+        return;
+    }
 }
 
 void OpenTable::RequireSoundOnce() {

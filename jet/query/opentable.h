@@ -55,7 +55,8 @@ class OpenTable {
     void Update(RowPointer row, std::span<const std::optional<Value>> values);
     void Delete(std::span<const std::uint32_t> rows);  ///< packed pointers
     void AfterRollback() noexcept;
-    /// The check before the first write, and before its indexes are trusted. Throws NotADatabase.
+    /// The check before the first write, and before its indexes are trusted; done already where rows
+    /// were looked for by a value. Throws NotADatabase.
     void RequireSoundOnce();
 
     /// Counts up with every change of a row.
@@ -64,13 +65,14 @@ class OpenTable {
   private:
     std::vector<std::uint32_t> MatchingRows(std::span<const Condition> conditions);
     Lookup& LookupFor(const Condition& condition);
+    void LookWhileReading();
 
     TableStore store_;
     TableIndexes indexes_;
     TableDesign design_;
     std::map<std::pair<std::size_t, KeyKind>, Lookup> lookups_;
     std::uint64_t version_ = 0;
-    bool sound_ = false;
+    bool sound_ = false, lookedAt_ = false;
 };
 
 /// The design that a definition describes.

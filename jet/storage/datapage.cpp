@@ -16,6 +16,15 @@ void StoreFreeBytes(PageFile& file, std::uint32_t page) {
 
 }  // namespace
 
+void DataPage::ThrowNoSlot(std::size_t row) const {
+    ThrowDamaged(number_, layout_->slotCount, "no row " + Decimal(row));
+}
+
+void DataPage::ThrowOutOfRoom(std::size_t row) const {
+    ThrowDamaged(number_, layout_->slots + kSlotSize * row,
+                 "row " + Decimal(row) + " lies outside its room");
+}
+
 std::size_t DataPage::FreeBytes() const {
     const std::size_t tableEnd = layout_->slots + kSlotSize * slotCount_;
     const std::size_t lowest = slotCount_ == 0 ? bytes_.size() : At(slotCount_ - 1).start;

@@ -46,6 +46,9 @@ class DataPage {
     bool AllDeleted() const;  ///< no row is left, though their numbers are taken
 
   private:
+    [[noreturn]] void ThrowNoSlot(std::size_t row) const;
+    [[noreturn]] void ThrowOutOfRoom(std::size_t row) const;
+
     const Layout* layout_;
     std::uint32_t number_;
     ByteView bytes_;
@@ -61,19 +64,22 @@ inline DataPage::DataPage(const PageFile& file, std::uint32_t page)
     }
 }
 
+// What reading many rows does for each of them: the slot's own place was checked with the page.
 inline Slot DataPage::At(std::size_t row) const {
-    if (row >= slotCount_) {
-        ThrowDamaged(number_, layout_->slotCount, "no row " + Decimal(row));
-    }
+    if (row >= slotCount_) [[unlikely]]
+        ThrowNoSlot(row);
     const std::size_t place = layout_->slots + kSlotSize * row;
-    const std::uint16_t entry = U16(bytes_, place, number_);
+    const auto entryAt = [&](std::size_t at) {
+        return static_cast<std::uint16_t>(bytes_[at] | bytes_[at + 1] << 8U);
+    };
+    const std::uint16_t entry = entryAt(place);
     Slot slot{.flags = static_cast<std::uint16_t>(entry & kSlotFlags),
               .start = static_cast<std::size_t>(entry & kSlotPlace),
               .end = bytes_.size()};
-    if (row > 0) slot.end = U16(bytes_, place - kSlotSize, number_) & kSlotPlace;
+    if (row > 0) slot.end = entryAt(place - kSlotSize) & kSlotPlace;
     if (slot.start < layout_->slots + kSlotSize * slotCount_ || slot.start > slot.end ||
-        slot.end > bytes_.size()) {
-        ThrowDamaged(number_, place, "row " + Decimal(row) + " lies outside its room");
+        slot.end > bytes_.size()) [[unlikely]] {
+        ThrowOutOfRoom(row);
     }
     return slot;
 }

@@ -36,6 +36,8 @@ class RowView {
     bool Bit(const ColumnDef& column) const;
     /// The column's stored bytes, empty for null and for Booleans.
     ByteView Raw(const ColumnDef& column) const;
+    /// A fixed column's, of any type but Boolean: null without bytes.
+    std::optional<ByteView> RawFixed(const ColumnDef& column) const;
 
   private:
     /// One of the row's own numbers, of one or two bytes; the place has been checked.
@@ -131,17 +133,23 @@ inline bool RowView::Bit(const ColumnDef& column) const {
     return (row_[maskStart_ + column.number / 8U] >> (column.number % 8U) & 1) != 0;
 }
 
+inline std::optional<ByteView> RowView::RawFixed(const ColumnDef& column) const {
+    if (!Bit(column)) return std::nullopt;
+    const std::size_t start = layout_->rowCountSize + column.fixedOffset;
+    CheckRange(fixedEnd_, start, column.length, where_.page);
+    return row_.subspan(start, column.length);
+}
+
 inline ByteView RowView::Raw(const ColumnDef& column) const {
     if (column.Type() == ColumnType::Boolean || IsNull(column)) return {};
-    if (column.Fixed()) {
-        const std::size_t start = layout_->rowCountSize + column.fixedOffset;
-        CheckRange(fixedEnd_, start, column.length, where_.page);
-        return row_.subspan(start, column.length);
-    }
-    return RawVariable(column);
+    return column.Fixed() ? *RawFixed(column) : RawVariable(column);
 }
 
 inline std::optional<std::int32_t> DecodeLong(const ColumnDef& column, const RowView& row) {
+    if (column.Fixed() && column.Type() == ColumnType::Long) [[likely]] {
+        const std::optional<ByteView> raw = row.RawFixed(column);
+        return raw ? std::optional(I32(*raw, 0, row.Where().page)) : std::nullopt;
+    }
     if (row.IsNull(column)) return std::nullopt;
     const ByteView raw = row.Raw(column);
     switch (column.Type()) {

@@ -163,6 +163,42 @@ TEST(Damage, ATableThatCannotBeReadDoesNotHarmTheUseOfOthers) {
     EXPECT_FALSE(engine.Table("FONDDATA").Rows({}).empty());
 }
 
+/// The points of the sample "liten", alone.
+class PointsOfAFile : public testing::Test {
+  protected:
+    PointsOfAFile()
+        : file(PageFile::FromImage(jettest::ImageOf(jettest::ReadText(jettest::Sample("liten"))))),
+          table(*file, "PLOTTDATA", Catalog(*file).FindTable("PLOTTDATA")->page) {}
+
+    std::size_t RowsOf(std::int32_t holding) {
+        const auto& columns = table.Def().columns;
+        const auto column = std::find_if(columns.begin(), columns.end(),
+                                         [](const ColumnDef& c) { return c.name == "KontoId"; });
+        const Criterion criterion(*column, Literal{false, jet::Value(holding).Text()});
+        const Condition condition{static_cast<std::size_t>(column - columns.begin()), criterion};
+        return table.Rows(std::span(&condition, 1)).size();
+    }
+    void SpoilAPage() {
+        constexpr std::size_t kFreeBytes = 2;
+        PutU16(file->EditPage(table.Store().DataPages().front()), kFreeBytes, 1);
+    }
+
+    std::unique_ptr<PageFile> file;
+    OpenTable table;
+};
+
+TEST_F(PointsOfAFile, AreLookedAtOnceWhenTheyAreFirstSearched) {
+    RowsOf(1);
+    SpoilAPage();
+    EXPECT_NO_THROW(table.RequireSoundOnce());
+}
+
+TEST_F(PointsOfAFile, AreSearchedAlsoWhenTheyAreUnsound) {
+    SpoilAPage();
+    EXPECT_GT(RowsOf(1), 0U);
+    EXPECT_THROW(table.RequireSoundOnce(), Error);
+}
+
 TEST(Damage, ASlotAmongOthersThatLiesAnywhereIsFoundBeforeRowsMove) {
     const auto file = jettest::EmptyFile(kJet4);
     const std::uint32_t page = AllocatePage(*file);
