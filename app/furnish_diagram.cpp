@@ -102,6 +102,18 @@ ImageButton* Scroll(frmPPM& window, const QString& picture, float left, std::str
     return button;
 }
 
+/// Over the picture, where no file is open.
+void FurnishNoFile(frmPPM& window) {
+    window.lblIngenFil = Named(new QLabel(window.panDiagram), "lblIngenFil");
+    Placed(window, window.lblIngenFil,
+           {kPicture.left + 450, kPicture.top + 450, kPicture.width - 900, kPicture.height - 900},
+           10);
+    window.lblIngenFil->setTextFormat(Qt::PlainText);
+    window.lblIngenFil->setWordWrap(true);
+    window.lblIngenFil->setAttribute(Qt::WA_TransparentForMouseEvents);
+    window.lblIngenFil->hide();
+}
+
 }  // namespace
 
 void FurnishDiagram(frmPPM& window) {
@@ -127,14 +139,7 @@ void FurnishDiagram(frmPPM& window) {
     Tip(window.axlSaknas, "Vardagar utan kurs de senaste 60 dagarna: fyll i dem med <F6>");
     FurnishMonths(window);
 
-    window.lblIngenFil = Named(new QLabel(panel), "lblIngenFil");
-    Placed(window, window.lblIngenFil,
-           {kPicture.left + 450, kPicture.top + 450, kPicture.width - 900, kPicture.height - 900},
-           10);
-    window.lblIngenFil->setTextFormat(Qt::PlainText);
-    window.lblIngenFil->setWordWrap(true);
-    window.lblIngenFil->setAttribute(Qt::WA_TransparentForMouseEvents);
-    window.lblIngenFil->hide();
+    FurnishNoFile(window);
 
     // Under the picture, so that they never stand on a curve.
     window.lblXCord = Under(window, "lblXCord", {2460, kUnderTop, 2280, kUnderHeight},

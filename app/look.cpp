@@ -32,8 +32,11 @@ QPalette WindowPalette() {
     return palette;
 }
 
-QString StyleSheet() {
-    return Coloured(QStringLiteral(R"(
+namespace {
+
+/// Menus and the surfaces that others stand on.
+QString SurfaceStyle() {
+    return QStringLiteral(R"(
 QMenuBar { background: $panel; color: $text; border-bottom: 1px solid $border; }
 QMenuBar::item { background: transparent; }
 QMenuBar::item:selected { background: $pressed; }
@@ -53,6 +56,15 @@ QWidget#client QGroupBox { background: $panel; color: $title; border: 1px solid 
 QWidget#client QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left;
                                   left: 9px; top: 5px; color: $title; background: transparent; }
 QWidget#client QGroupBox#fraSlapp { background: transparent; border: 3px solid $accent; }
+StatusPanels { background: $panel; border-top: 1px solid $border; }
+StatusPanels QLabel { color: $text; border: none; border-left: 1px solid $disabledBorder; padding: 0 5px; }
+StatusPanels QLabel#notice { background: $notice; }
+QLabel#lblIngenFil { background: $white; border: 1px solid $border; border-radius: 4px; padding: 10px; }
+)");
+}
+
+QString ButtonStyle() {
+    return QStringLiteral(R"(
 QPushButton { background: $white; color: $text; border: 1px solid $buttonBorder; border-radius: 4px;
               padding: 1px 8px; }
 QPushButton:hover { background: $hover; border-color: $accent; }
@@ -65,6 +77,12 @@ QToolButton { background: $white; border: 1px solid $buttonBorder; border-radius
 QToolButton:hover { background: $hover; border-color: $accent; }
 QToolButton:pressed { background: $pressed; }
 QToolButton:focus { border: 2px solid $accent; outline: none; }
+)");
+}
+
+/// Lists, tables and grids.
+QString ListStyle() {
+    return QStringLiteral(R"(
 QListWidget#lstFonder { background: $listBackground; padding: 3px 2px; border: 1px solid $listBorder; border-radius: 3px; }
 QListWidget#lstFonder:focus { padding: 2px 1px; border: 2px solid $listFocus; }
 QListWidget#lstFonder QScrollBar { background: $listBackground; width: 12px; border: none; }
@@ -72,21 +90,23 @@ QListWidget#lstFonder QScrollBar::handle { background: $listHandle; border-radiu
 QListWidget#lstFonder QScrollBar::add-line, QListWidget#lstFonder QScrollBar::sub-line { height: 0; }
 QListWidget#lstFonder QScrollBar::add-page, QListWidget#lstFonder QScrollBar::sub-page { background: $listBackground; }
 QTableView { selection-background-color: $accent; selection-color: $white; }
-StatusPanels { background: $panel; border-top: 1px solid $border; }
-StatusPanels QLabel { color: $text; border: none; border-left: 1px solid $disabledBorder; padding: 0 5px; }
-StatusPanels QLabel#notice { background: $notice; }
 TextTable { background: $white; alternate-background-color: $alternateRow; color: $text;
             border: 2px solid $border; }
 TextTable:focus { border-color: $accent; }
 TextTable EntryField { background: $field; color: $fieldText; border: none; }
 TextTable EntryField:focus { background: $fieldFocused; }
 QListWidget#lstLegend { background: $panel; border: none; }
-QLabel#lblIngenFil { background: $white; border: 1px solid $border; border-radius: 4px; padding: 10px; }
 QListWidget#lstTotal, QListWidget#lstKopior { background: $white; color: $text; padding: 3px 2px;
                        selection-background-color: $accent; selection-color: $white; border: 1px solid $border;
                        border-radius: 3px; }
 QListWidget#lstTotal:focus, QListWidget#lstKopior:focus { padding: 2px 1px; border: 2px solid $accent; }
-)"));
+)");
+}
+
+}  // namespace
+
+QString StyleSheet() {
+    return Coloured(SurfaceStyle() + ButtonStyle() + ListStyle());
 }
 
 void SetDoubt(QLabel& label, bool doubtful) {

@@ -55,8 +55,8 @@ class OpenTable {
     void Update(RowPointer row, std::span<const std::optional<Value>> values);
     void Delete(std::span<const std::uint32_t> rows);  ///< packed pointers
     void AfterRollback() noexcept;
-    /// The check before the first write, and before its indexes are trusted; done already where rows
-    /// were looked for by a value. Throws NotADatabase.
+    /// The check before the first write, and before its indexes are trusted; done already where
+    /// rows were looked for by a value. Throws NotADatabase.
     void RequireSoundOnce();
 
     /// Counts up with every change of a row.
