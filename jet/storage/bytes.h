@@ -69,6 +69,12 @@ inline std::uint64_t BigEndian(ByteView bytes, std::size_t offset, std::size_t c
     return number;
 }
 
+/// One that counts bytes or entries of a page: `size` is at most 4.
+inline std::size_t Count(ByteView bytes, std::size_t offset, std::size_t size,
+                         std::uint32_t page = kNoPage) {
+    return static_cast<std::size_t>(LittleEndian(bytes, offset, size, page));
+}
+
 inline std::uint8_t U8(ByteView bytes, std::size_t offset, std::uint32_t page = kNoPage) {
     CheckRange(bytes.size(), offset, 1, page);
     return bytes[offset];

@@ -31,7 +31,7 @@ FileImage::Chunk FileImage::Map(std::uint64_t used) {
 }
 
 void FileImage::Resize(std::uint64_t size) {
-    const std::size_t chunks = static_cast<std::size_t>((size + kChunkBytes - 1) / kChunkBytes);
+    const std::size_t chunks = Chunks(size + kChunkBytes - 1);
     while (chunks_.size() < chunks) {
         chunks_.push_back(Map(size - chunks_.size() * kChunkBytes));
     }

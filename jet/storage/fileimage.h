@@ -21,10 +21,10 @@ class FileImage {
     void Resize(std::uint64_t size);
     /// `size` bytes at `offset`, which must not cross a chunk's end (pages never do). Not checked.
     std::uint8_t* At(std::uint64_t offset) {
-        return chunks_[offset / kChunkBytes].get() + offset % kChunkBytes;
+        return chunks_[Chunks(offset)].get() + offset % kChunkBytes;
     }
     const std::uint8_t* At(std::uint64_t offset) const {
-        return chunks_[offset / kChunkBytes].get() + offset % kChunkBytes;
+        return chunks_[Chunks(offset)].get() + offset % kChunkBytes;
     }
 
   private:
@@ -33,6 +33,10 @@ class FileImage {
     };
     using Chunk = std::unique_ptr<std::uint8_t[], Unmap>;
     static Chunk Map(std::uint64_t used);
+    /// Whole ones in so many bytes.
+    static std::size_t Chunks(std::uint64_t bytes) {
+        return static_cast<std::size_t>(bytes / kChunkBytes);
+    }
 
     std::vector<Chunk> chunks_;
     std::uint64_t size_ = 0;

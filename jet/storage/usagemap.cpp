@@ -90,8 +90,8 @@ void AppendPages(const PageFile& file, ByteView bits, std::uint64_t first,
 
 /// The first page in the set that is not below `from`; `first` is the page of the first bit.
 std::optional<std::uint32_t> FirstSetFrom(ByteView bits, std::uint64_t first, std::uint64_t from) {
-    const std::uint64_t skipped = from > first ? from - first : 0;
-    for (std::uint64_t bit = skipped; bit < 8 * std::uint64_t{bits.size()}; ++bit) {
+    const auto skipped = static_cast<std::size_t>(from > first ? from - first : 0);
+    for (std::size_t bit = skipped; bit < 8 * bits.size(); ++bit) {
         if (BitAt(bits, bit)) return static_cast<std::uint32_t>(first + bit);
     }
     return std::nullopt;
@@ -141,8 +141,8 @@ void ConvertGlobal(PageFile& file) {
 /// Lengthens the inline global map so that it covers `page`; false when its page has no room.
 bool LengthenGlobal(PageFile& file, std::uint32_t page) {
     const MapRow map(file, kGlobalMap);
-    const std::uint64_t missing = (page - map.End()) / 8 + 1;
-    const std::uint64_t length = map.Size() + (missing + kGrowStep - 1) / kGrowStep * kGrowStep;
+    const auto missing = static_cast<std::size_t>((page - map.End()) / 8 + 1);
+    const std::size_t length = map.Size() + (missing + kGrowStep - 1) / kGrowStep * kGrowStep;
     if (length > file.Format().pageSize || !CanResizeRow(file, kGlobalMap, length)) return false;
     const ByteView old = RowAt(file, kGlobalMap);
     std::vector<std::uint8_t> row(old.begin(), old.end());
