@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSize>
@@ -86,6 +87,8 @@ HelpWindow::HelpWindow(HelpBook book, QWidget* parent)
     page_ = new PageBrowser([this](std::string_view id) { return PageHtml(id); }, this);
     page_->setObjectName(QStringLiteral("page"));
     page_->setAccessibleName(ToQt(helptexts::Page));
+    page_->verticalScrollBar()->setAccessibleName(ToQt(helptexts::ScrollPage));
+    page_->horizontalScrollBar()->setAccessibleName(ToQt(helptexts::ScrollAcross));
     page_->setOpenLinks(false);
     page_->setFrameShape(QFrame::NoFrame);
     page_->document()->setDefaultStyleSheet(helplook::PageStyle(TextSize()));

@@ -101,7 +101,7 @@ IndexPage IndexPage::Read(const PageFile& file, std::uint32_t number) {
     page.ends_ = EntryEnds(layout, bytes, number);
     if (page.ends_.empty()) return page;
 
-    const std::size_t prefix = Count(bytes, layout.indexPrefix, layout.indexPrefixSize, number);
+    const std::size_t prefix = SizeAt(bytes, layout.indexPrefix, layout.indexPrefixSize, number);
     if (prefix >= page.ends_.front()) {
         ThrowDamaged(number, layout.indexPrefix, "index prefix longer than the first entry");
     }

@@ -43,7 +43,7 @@ bool IndexPageView::Measure() {
     constexpr std::uint64_t kEmptyEntry = 1;
     if ((MaskWord(0) & kEmptyEntry) != 0) return false;
     end_ = LastEndUpTo(kWordBits * MaskWords() - 1);
-    prefix_ = Count(page_, layout_->indexPrefix, layout_->indexPrefixSize, number_);
+    prefix_ = SizeAt(page_, layout_->indexPrefix, layout_->indexPrefixSize, number_);
     // A page that lost its last entry may have kept its prefix.
     if (end_ == 0) return IsLeaf() && prefix_ == 0;
     const std::size_t first = EndAfter(0);  // the first entry is stored whole

@@ -70,8 +70,8 @@ inline std::uint64_t BigEndian(ByteView bytes, std::size_t offset, std::size_t c
 }
 
 /// One that counts bytes or entries of a page: `size` is at most 4.
-inline std::size_t Count(ByteView bytes, std::size_t offset, std::size_t size,
-                         std::uint32_t page = kNoPage) {
+inline std::size_t SizeAt(ByteView bytes, std::size_t offset, std::size_t size,
+                          std::uint32_t page = kNoPage) {
     return static_cast<std::size_t>(LittleEndian(bytes, offset, size, page));
 }
 

@@ -135,7 +135,7 @@ class Reader {
     }
     std::string ReadName() {
         const std::size_t size =
-            Count(Take(layout_.nameLengthSize), 0, layout_.nameLengthSize, def_.page);
+            SizeAt(Take(layout_.nameLengthSize), 0, layout_.nameLengthSize, def_.page);
         if (size > kMaxNameLength * layout_.textUnit) Throw("a name too long");
         return DecodeText(form_, Take(size));
     }

@@ -19,6 +19,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBrowser>
@@ -70,6 +71,9 @@ TEST_F(HelpWindowTest, HasNoNamelessControlForAScreenReader) {
     Type("kurs");
     EXPECT_THAT(SpokenTree(window).Nameless(), IsEmpty());
     EXPECT_THAT(SpokenTree(window).CalledAlike(), IsEmpty());
+    for (const QScrollBar* bar : Find<QTextBrowser>("page").findChildren<QScrollBar*>()) {
+        EXPECT_NE(bar->accessibleName(), QString()) << bar->orientation();
+    }
 }
 
 TEST_F(HelpWindowTest, ListsEveryPageUnderItsSection) {
