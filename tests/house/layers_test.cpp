@@ -55,7 +55,6 @@ bool IsRule(std::string_view path) {
 
 /// What a program beside the window's floors is made of is its own business.
 std::optional<std::size_t> FloorOf(std::string_view path) {
-    if (path.starts_with("jet/tools/")) return std::nullopt;
     for (std::size_t floor = 0; floor < kFloors.size(); ++floor) {
         const auto& folders = kFloors[floor];
         if (std::find(folders.begin(), folders.end(), FolderOf(path)) != folders.end()) {
@@ -155,7 +154,8 @@ TEST(HouseLayers, LeaveTheEnginesInsideToTheEngine) {
         Findings([](const house::SourceFile& file, const std::string& include) -> std::string {
             const std::string path = Unquoted(include);
             const bool inside = IsEngine(path) && path.find('/') != path.rfind('/');
-            const bool engine = file.In("jet/") || file.In("fuzz/") || file.In("bench/");
+            const bool engine =
+                file.In("jet/") || file.In("jettools/") || file.In("fuzz/") || file.In("bench/");
             return inside && !engine ? "the engine's folders are for the engine alone" : "";
         }),
         IsEmpty());

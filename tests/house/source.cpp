@@ -13,8 +13,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kProductFolders[] = {
-    "app", "base", "bench",     "diagram",  "entry",   "fundfile", "fuzz",  "help",
-    "jet", "main", "packaging", "platform", "reports", "samples",  "tools", "widgets"};
+    "app",      "base", "bench",     "diagram",  "entry",   "fundfile", "fuzz",  "help",   "jet",
+    "jettools", "main", "packaging", "platform", "reports", "samples",  "tools", "widgets"};
 
 std::string Read(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);

@@ -8,7 +8,7 @@
 #include "jet/storage/pagefile.h"
 #include "jet/table/rowcodec.h"
 #include "jet/table/table.h"
-#include "jet/tools/jetdump/jsontext.h"
+#include "jettools/jsontext.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "jet/tools/jetdump/sha256.h"
+#include "jettools/sha256.h"
 
 #include <array>
 #include <bit>

@@ -1,6 +1,6 @@
-#include "jet/tools/jetdump/jsontext.h"
+#include "jettools/jsontext.h"
 
-#include "jet/tools/jetdump/sha256.h"
+#include "jettools/sha256.h"
 
 #include <algorithm>
 #include <charconv>
