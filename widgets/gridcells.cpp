@@ -7,6 +7,7 @@
 #include "widgets/recordsetmodel.h"
 #include "widgets/rules/spokencell.h"
 
+#include <QAbstractItemView>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QHelpEvent>
