@@ -82,9 +82,8 @@ TEST(HouseNumbers, AreReadAndWrittenByTheNumberFilesOnly) {
 TEST(HouseNumbers, AreParsedByHandNowhereElse) {
     std::vector<house::SourceFile> files;
     for (auto& file : house::ProductFiles()) {
-        // The engine and its tools stand alone and so read the numbers of its own language itself.
-        const bool own =
-            file.path == "base/number.cpp" || file.In("jet/") || file.In("jettools/");
+        // The engine and its tools stand alone and so read the numbers of their own language themselves.
+        const bool own = file.path == "base/number.cpp" || file.In("jet/") || file.In("jettools/");
         if (!own) files.push_back(std::move(file));
     }
     static const std::regex banned(R"(\b(std::)?(from_chars|to_chars)\b)");
