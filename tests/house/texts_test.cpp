@@ -82,7 +82,7 @@ TEST(HouseNumbers, AreReadAndWrittenByTheNumberFilesOnly) {
 TEST(HouseNumbers, AreParsedByHandNowhereElse) {
     std::vector<house::SourceFile> files;
     for (auto& file : house::ProductFiles()) {
-        // The engine and its tools stand alone and so read the numbers of their own language themselves.
+        // The engine and its tools stand alone and read the numbers of their own language.
         const bool own = file.path == "base/number.cpp" || file.In("jet/") || file.In("jettools/");
         if (!own) files.push_back(std::move(file));
     }
