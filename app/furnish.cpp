@@ -32,11 +32,16 @@ void FurnishWindow(frmPPM& window) {
     const TwipRect& picture = places::kPicture;
     const float left = panel.left + picture.left, top = panel.top + picture.top;
     window.layout.Elastic(client, {left, left + picture.width}, {top, top + picture.height});
-    window.layout.AlsoScale([client](const Scaling& scaling) {
-        // The frames' titles keep their place between the edge and what stands under them.
-        const QString sheet = QStringLiteral("QGroupBox::title { top: %1px; }")
-                                  .arg(Pixels(kTitleTop * scaling.rigid.down));
-        if (client->styleSheet() != sheet) client->setStyleSheet(sheet);
+    // The frames' titles keep their place between the edge and what stands under them. On the
+    // design screen the sheet is there before the controls are: another one has them all styled
+    // anew.
+    const auto titles = [](const Scaling& scaling) {
+        return QStringLiteral("QGroupBox::title { top: %1px; }")
+            .arg(Pixels(kTitleTop * scaling.rigid.down));
+    };
+    client->setStyleSheet(titles({}));
+    window.layout.AlsoScale([client, titles](const Scaling& scaling) {
+        if (client->styleSheet() != titles(scaling)) client->setStyleSheet(titles(scaling));
     });
     QMenuBar* bar = window.menuBar();
     bar->setNativeMenuBar(false);

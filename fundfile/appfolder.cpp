@@ -13,8 +13,10 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <cstddef>
+#include <cstdint>
 #include <fstream>
-#include <iterator>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -64,8 +66,13 @@ bool CanBeWritten(const fs::path& folder) {
 }
 
 std::string Contents(const fs::path& path) {
+    std::error_code unknown;
+    const std::uintmax_t size = fs::file_size(path, unknown);
+    std::string contents(unknown ? 0 : static_cast<std::size_t>(size), '\0');
     std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    stream.read(contents.data(), static_cast<std::streamsize>(contents.size()));
+    contents.resize(static_cast<std::size_t>(stream.gcount()));
+    return contents;
 }
 
 fs::path Source(const ProgramFolders& folders, const ProgramFile& file) {
