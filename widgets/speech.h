@@ -12,8 +12,7 @@ namespace speech {
 /// while nothing does; a label whose buddy is a label says its text before that one's. A frame is
 /// called by its title; its parts, and a field that a table in it carries, follow each other from
 /// top to bottom and from left to right. A list or table that gets the keys says its current line,
-/// too. To be called after the application is made; again does
-/// nothing.
+/// too. To be called after the application is made; again does nothing.
 void Install();
 
 /// Another control says what this one shows.
