@@ -19,6 +19,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 namespace {
 
@@ -65,14 +66,22 @@ bool CanBeWritten(const fs::path& folder) {
     return QFileInfo(ToQt(folder.string())).isWritable();
 }
 
-std::string Contents(const fs::path& path) {
+/// False where one of them cannot be read.
+bool SameContents(const fs::path& left, const fs::path& right) {
     std::error_code unknown;
-    const std::uintmax_t size = fs::file_size(path, unknown);
-    std::string contents(unknown ? 0 : static_cast<std::size_t>(size), '\0');
-    std::ifstream stream(path, std::ios::binary);
-    stream.read(contents.data(), static_cast<std::streamsize>(contents.size()));
-    contents.resize(static_cast<std::size_t>(stream.gcount()));
-    return contents;
+    const std::uintmax_t size = fs::file_size(left, unknown);
+    if (unknown || fs::file_size(right, unknown) != size || unknown) return false;
+    std::ifstream first(left, std::ios::binary), second(right, std::ios::binary);
+    // In pieces: at every start all of them are read, and whole ones would be new memory each time.
+    constexpr std::size_t kPiece = 32768;
+    std::vector<char> one(kPiece), other(kPiece);
+    for (std::uintmax_t rest = size; rest > 0;) {
+        const auto length = static_cast<std::streamsize>(std::min<std::uintmax_t>(rest, kPiece));
+        if (!first.read(one.data(), length) || !second.read(other.data(), length)) return false;
+        if (!std::equal(one.begin(), one.begin() + length, other.begin())) return false;
+        rest -= static_cast<std::uintmax_t>(length);
+    }
+    return true;
 }
 
 fs::path Source(const ProgramFolders& folders, const ProgramFile& file) {
@@ -86,7 +95,7 @@ void FillPersonal(const ProgramFolders& folders, const ProgramFile& file) {
     if (!Exists(source)) {
         return;
     }
-    if (!Exists(own) || (file.owner == Owner::Program && Contents(own) != Contents(source))) {
+    if (!Exists(own) || (file.owner == Owner::Program && !SameContents(own, source))) {
         jet::CopyFile(source, own);
     }
 }
