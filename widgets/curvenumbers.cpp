@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 #include <QLineF>
+#include <QPaintEngine>
 #include <QPainterPath>
 #include <QPen>
 #include <QPointF>
@@ -108,6 +109,15 @@ void DrawLeader(QPainter& painter, const Drawing& drawing, const Leader& leader,
     painter.drawLine(QPointF(leader.from.x, leader.from.y), QPointF(leader.to.x, leader.to.y));
 }
 
+bool IsScreen(const QPainter& painter) {
+    return painter.paintEngine()->type() == QPaintEngine::Raster;
+}
+
+void DrawText(QPainter& painter, const Drawing& drawing, const LabelBox& place,
+              QPointF beside = {}) {
+    painter.drawText(QPointF(place.left, place.Bottom()) + beside, ToQt(drawing.label));
+}
+
 QPainterPath Outline(const QPainter& painter, const Drawing& drawing, const LabelBox& place) {
     QPainterPath outline;
     outline.addText(QPointF(place.left, place.Bottom()), QFont(painter.font(), painter.device()),
@@ -115,10 +125,25 @@ QPainterPath Outline(const QPainter& painter, const Drawing& drawing, const Labe
     return outline;
 }
 
-void DrawHalo(QPainter& painter, const QPainterPath& outline, const StrokeSurface& surface) {
+/// On paper a halo is the stroke of an outline: whoever searches or copies from a page finds each
+/// number once. On the screen it is the text itself, moved a little to all sides, which takes a
+/// fifth of the time.
+void DrawHalo(QPainter& painter, const Drawing& drawing, const LabelBox& place,
+              const StrokeSurface& surface) {
     if (!surface.halo.isValid()) return;
-    painter.strokePath(outline, QPen(surface.halo, 2 * surface.haloWidth, Qt::SolidLine,
-                                     Qt::RoundCap, Qt::RoundJoin));
+    const double width = surface.haloWidth;
+    if (!IsScreen(painter)) {
+        painter.strokePath(
+            Outline(painter, drawing, place),
+            QPen(surface.halo, 2 * width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        return;
+    }
+    painter.setPen(surface.halo);
+    for (const double right : {-width, 0.0, width}) {
+        for (const double down : {-width, 0.0, width}) {
+            if (right != 0 || down != 0) DrawText(painter, drawing, place, {right, down});
+        }
+    }
 }
 
 }  // namespace
@@ -129,11 +154,13 @@ DrawnCurves DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
     Numbers numbers(painter, drawings, pieces, surface);
     std::vector<NumberPlace> ends = numbers.AtEnds();
     for (const NumberPlace& number : numbers.Along(ends)) {
-        // A path, and no text: who searches or copies from a page finds every number once.
         const Drawing& drawing = drawings[number.curve];
-        const QPainterPath outline = Outline(painter, drawing, number.box);
-        DrawHalo(painter, outline, surface);
-        painter.fillPath(outline, PenColour(drawing));
+        if (IsScreen(painter)) {
+            DrawNumber(painter, drawing, number.box, surface);
+        } else {
+            DrawHalo(painter, drawing, number.box, surface);
+            painter.fillPath(Outline(painter, drawing, number.box), PenColour(drawing));
+        }
     }
     for (const NumberPlace& number : ends) {
         if (number.leader) DrawLeader(painter, drawings[number.curve], *number.leader, surface);
@@ -146,7 +173,7 @@ DrawnCurves DrawNumbers(QPainter& painter, std::span<const Drawing> drawings,
 
 void DrawNumber(QPainter& painter, const Drawing& drawing, const LabelBox& place,
                 const StrokeSurface& surface) {
-    DrawHalo(painter, Outline(painter, drawing, place), surface);
+    DrawHalo(painter, drawing, place, surface);
     painter.setPen(PenColour(drawing));
-    painter.drawText(QPointF(place.left, place.Bottom()), ToQt(drawing.label));
+    DrawText(painter, drawing, place);
 }

@@ -54,7 +54,7 @@ double CurveExtent::DistanceTo(const LabelBox& box, double limit) const {
         if (down >= nearest) continue;
         const double begin = left_ + static_cast<double>(column) * pitch_;
         const double across = std::max({0.0, begin - box.Right(), box.left - begin - pitch_});
-        if (across < nearest) nearest = std::min(nearest, std::hypot(across, down));
+        if (across < nearest) nearest = std::min(nearest, std::sqrt(across * across + down * down));
     }
     return nearest;
 }
