@@ -6,6 +6,7 @@
 #include "widgets/rules/spokencell.h"
 #include "widgets/rules/texts.h"
 #include "widgets/speech.h"
+#include "widgets/textcells.h"
 
 #include <QAbstractTableModel>
 #include <QBrush>
@@ -46,10 +47,14 @@ class TextTable::Model final : public QAbstractTableModel {
 
     void Begin() { beginResetModel(); }
     void End() { endResetModel(); }
+    /// By as many others. Only rows that differ are drawn again.
     void Replace(std::vector<TextRow> others) {
-        rows = std::move(others);
-        if (rows.empty() || columns.empty()) return;
-        emit dataChanged(index(0, 0), index(rowCount({}) - 1, columnCount({}) - 1));
+        std::swap(rows, others);
+        for (std::size_t i = 0; i < rows.size() && !columns.empty(); ++i) {
+            const int row = static_cast<int>(i);
+            if (rows[i] == others[i]) continue;
+            emit dataChanged(index(row, 0), index(row, columnCount({}) - 1));
+        }
     }
 
     int rowCount(const QModelIndex& /*parent*/) const override {
@@ -149,7 +154,6 @@ class TextTable::Model final : public QAbstractTableModel {
 };
 
 TextTable::TextTable(QWidget* parent) : QTableView(parent), model_(std::make_unique<Model>()) {
-    setModel(model_.get());
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -159,6 +163,7 @@ TextTable::TextTable(QWidget* parent) : QTableView(parent), model_(std::make_uni
     setWordWrap(false);
     setTextElideMode(Qt::ElideRight);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setItemDelegate(new TextCells(this));
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setHorizontalHeader(new CaptionHeader(this));
@@ -175,6 +180,12 @@ TextTable::~TextTable() {
     setModel(nullptr);
 }
 
+/// What connects headers and rows is the larger part of what a table costs at the window's start.
+/// It waits until the table is shown or has rows: most tables are not looked at every day.
+void TextTable::Prepare() {
+    if (model() == nullptr) setModel(model_.get());
+}
+
 void TextTable::SetColumns(std::vector<TextColumn> columns) {
     model_->Begin();
     model_->columns = std::move(columns);
@@ -184,6 +195,7 @@ void TextTable::SetColumns(std::vector<TextColumn> columns) {
 
 void TextTable::SetRows(std::vector<TextRow> rows) {
     const QScopedValueRollback filling(filling_, true);
+    if (!rows.empty()) Prepare();
     const int current = CurrentRow();
     if (rows.size() == model_->rows.size()) {
         model_->Replace(std::move(rows));
@@ -211,6 +223,7 @@ void TextTable::SetCurrentRow(int row) {
 }
 
 void TextTable::ShowOrder(int column, Qt::SortOrder order) {
+    Prepare();
     model_->sortedBy = column;
     model_->order = order;
     horizontalHeader()->setSortIndicatorShown(column >= 0);
@@ -287,7 +300,7 @@ std::vector<int> TextTable::ColumnWidths() const {
 }
 
 void TextTable::LayOutColumns() {
-    if (model_->columns.empty()) return;
+    if (model() == nullptr || model_->columns.empty()) return;
     const std::vector<int> widths = ColumnWidths();
     for (std::size_t i = 0; i < widths.size(); ++i) {
         setColumnWidth(static_cast<int>(i), widths[i]);
@@ -321,6 +334,14 @@ void TextTable::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QTableView::keyPressEvent(event);
+}
+
+void TextTable::showEvent(QShowEvent* event) {
+    if (model() == nullptr) {
+        Prepare();
+        LayOutColumns();
+    }
+    QTableView::showEvent(event);
 }
 
 void TextTable::resizeEvent(QResizeEvent* event) {

@@ -11,6 +11,7 @@
 
 class QKeyEvent;
 class QResizeEvent;
+class QShowEvent;
 class QWidget;
 
 struct TextColumn {
@@ -59,6 +60,7 @@ class TextTable : public QTableView {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void scrollContentsBy(int across, int down) override;
@@ -66,6 +68,7 @@ class TextTable : public QTableView {
     void currentChanged(const QModelIndex& current, const QModelIndex& before) override;
 
   private:
+    void Prepare();
     void PlaceField();
     void LayOutRows();
     int NeededWidth(int column) const;

@@ -1,10 +1,16 @@
 #include "widgets/texttable.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QFontMetrics>
+#include <QHeaderView>
+#include <QImage>
+#include <QPixmap>
 #include <QString>
+#include <QStyledItemDelegate>
 
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -26,6 +32,43 @@ TEST(TextTable, CutsNamesAndNeverNumbers) {
     // Shorter numbers give the room back.
     table.SetRows({{{"7", "Cedervall Nordamerika Tillväxt och Utdelning", "840"}}});
     EXPECT_GT(table.columnWidth(1), cut);
+}
+
+QImage LookOf(TextTable& table) {
+    QApplication::processEvents();
+    return table.grab().toImage();
+}
+
+TEST(TextTable, DrawsItsTextsWhereTheStyleWould) {
+    TextTable table;
+    table.SetColumns({{"Nr", true, 1}, {"Fond", false, 6}, {"Värde", true, 2}});
+    table.resize(300, 160);
+    table.SetRows({{{"7", "Cedervall Nordamerika Tillväxt och Utdelning", "840"}},
+                   {{"12", "Björk", "678,90"}, RowTone::Quiet},
+                   {{"13", "Ask", "1"}, RowTone::Doubted},
+                   {{"", "Summa", "1519,90"}, RowTone::Sum}});
+    table.SetCurrentRow(1);
+    table.setFocusPolicy(Qt::NoFocus);
+    table.show();
+    const QImage drawn = LookOf(table);
+    QStyledItemDelegate styles;
+    table.setItemDelegate(&styles);
+    EXPECT_EQ(drawn, LookOf(table));
+}
+
+TEST(TextTable, HasItsCaptionsWhetherRowsOrTheScreenComeFirst) {
+    const std::vector<TextColumn> columns = {{"Nr", true, 1}, {"Fond", false, 6}};
+    TextTable rowsFirst, screenFirst;
+    for (TextTable* table : {&rowsFirst, &screenFirst}) table->SetColumns(columns);
+    rowsFirst.SetRows({{{"7", "Ask"}}});
+    rowsFirst.show();
+    screenFirst.show();
+    screenFirst.SetRows({{{"7", "Ask"}}});
+    for (TextTable* table : {&rowsFirst, &screenFirst}) {
+        EXPECT_TRUE(table->horizontalHeader()->isVisible());
+        EXPECT_FALSE(table->verticalHeader()->isVisible());
+        EXPECT_EQ(table->horizontalHeader()->count(), 2);
+    }
 }
 
 }  // namespace
