@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <string_view>
@@ -67,6 +68,7 @@ void FurnishFundList(frmPPM& window) {
     window.layout.AlsoScale(
         [list](const Scaling& scaling) { list->setSpacing(Pixels(15 * scaling.rigid.down) - 1); });
     window.lstFonder->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    Named(window.lstFonder->verticalScrollBar(), "lstFonderBar");
     window.lstFonder->setItemDelegate(new ListLines(window.lstFonder));
     window.lstFonder->setTextElideMode(Qt::ElideRight);
     window.lstFonder->setUniformItemSizes(true);

@@ -69,6 +69,8 @@ void Layout::ApplyFont(const WithFont& one) const {
     const float scaled = one.points * FactorOf(scaling_, one.kind);
     const float points = std::max(scaled, std::min(one.points, scaling_.smallestPoints)) * inch;
     QFont font = one.widget->font();
+    // Most have it from what they stand in; a font that is set has the control styled anew.
+    if (font.pointSizeF() == static_cast<double>(points)) return;
     font.setPointSizeF(static_cast<double>(points));
     one.widget->setFont(font);
 }

@@ -34,6 +34,9 @@ QPalette WindowPalette() {
 
 namespace {
 
+// What has a name is called by it, not by what it stands in: for that the style would look through
+// all that stands around each of its kind, and a window has many labels and scroll bars.
+
 /// Menus and the surfaces that others stand on.
 QString SurfaceStyle() {
     return QStringLiteral(R"(
@@ -48,8 +51,8 @@ QMenu::item:disabled { color: $disabledText; }
 QMenu::separator { height: 1px; background: $separator; margin: 4px 8px; }
 QToolTip { background: $notice; color: $text; border: 1px solid $border; padding: 2px; }
 QFrame#panRubrik { background: $heading; border-radius: 4px; }
-QFrame#panRubrik QLabel { color: $white; background: transparent; }
-QFrame#panRubrik QLabel#lblPanDatum { color: $headingDate; }
+QLabel#lblRubrik { color: $white; background: transparent; }
+QLabel#lblPanDatum { color: $headingDate; background: transparent; }
 QFrame#panControl { background: $panel; border: 1px solid $border; border-radius: 4px; }
 QWidget#client QGroupBox { background: $panel; color: $title; border: 1px solid $border;
                            border-radius: 4px; margin: 0; padding: 0; }
@@ -57,8 +60,8 @@ QWidget#client QGroupBox::title { subcontrol-origin: border; subcontrol-position
                                   left: 9px; top: 5px; color: $title; background: transparent; }
 QWidget#client QGroupBox#fraSlapp { background: transparent; border: 3px solid $accent; }
 StatusPanels { background: $panel; border-top: 1px solid $border; }
-StatusPanels QLabel { color: $text; border: none; border-left: 1px solid $disabledBorder; padding: 0 5px; }
-StatusPanels QLabel#notice { background: $notice; }
+QLabel#panel, QLabel#notice { color: $text; border: none; border-left: 1px solid $disabledBorder; padding: 0 5px; }
+QLabel#notice { background: $notice; }
 QLabel#lblIngenFil { background: $white; border: 1px solid $border; border-radius: 4px; padding: 10px; }
 )");
 }
@@ -85,10 +88,10 @@ QString ListStyle() {
     return QStringLiteral(R"(
 QListWidget#lstFonder { background: $listBackground; padding: 3px 2px; border: 1px solid $listBorder; border-radius: 3px; }
 QListWidget#lstFonder:focus { padding: 2px 1px; border: 2px solid $listFocus; }
-QListWidget#lstFonder QScrollBar { background: $listBackground; width: 12px; border: none; }
-QListWidget#lstFonder QScrollBar::handle { background: $listHandle; border-radius: 3px; min-height: 24px; margin: 2px; }
-QListWidget#lstFonder QScrollBar::add-line, QListWidget#lstFonder QScrollBar::sub-line { height: 0; }
-QListWidget#lstFonder QScrollBar::add-page, QListWidget#lstFonder QScrollBar::sub-page { background: $listBackground; }
+QScrollBar#lstFonderBar { background: $listBackground; width: 12px; border: none; }
+QScrollBar#lstFonderBar::handle { background: $listHandle; border-radius: 3px; min-height: 24px; margin: 2px; }
+QScrollBar#lstFonderBar::add-line, QScrollBar#lstFonderBar::sub-line { height: 0; }
+QScrollBar#lstFonderBar::add-page, QScrollBar#lstFonderBar::sub-page { background: $listBackground; }
 QTableView { selection-background-color: $accent; selection-color: $white; }
 TextTable { background: $white; alternate-background-color: $alternateRow; color: $text;
             border: 2px solid $border; }

@@ -8,7 +8,6 @@
 #include "widgets/gridcursor.h"
 #include "widgets/griddeletion.h"
 #include "widgets/gridrow.h"
-#include "widgets/gridrowheader.h"
 #include "widgets/gridselection.h"
 #include "widgets/gridtable.h"
 
@@ -84,9 +83,8 @@ GridTable* DataGrid::Parts::MadeTable(DataGrid& grid) {
     connect(&model, &QAbstractItemModel::rowsAboutToBeRemoved, &grid, begins);
     connect(&model, &QAbstractItemModel::modelAboutToBeReset, &grid, begins);
     selection.setModel(&model);
-    auto* made = new GridTable(model, cells, grid.events, &grid);
-    made->setVerticalHeader(new GridRowHeader([this](int at) { return SignOf(at); }, made));
-    made->LayOutRows();
+    auto* made = new GridTable(
+        model, cells, grid.events, [this](int at) { return SignOf(at); }, &grid);
     const QItemSelectionModel* plain = made->selectionModel();
     made->setSelectionModel(&selection);
     delete plain;

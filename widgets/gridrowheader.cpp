@@ -33,7 +33,7 @@ void DrawStar(QPainter& painter, QPointF centre) {
 
 }  // namespace
 
-GridRowHeader::GridRowHeader(std::function<RowSign(int row)> signOf, QWidget* parent)
+GridRowHeader::GridRowHeader(SignOfRow signOf, QWidget* parent)
     : QHeaderView(Qt::Vertical, parent), signOf_(std::move(signOf)) {
     setSectionsClickable(true);
     setSectionResizeMode(QHeaderView::Fixed);

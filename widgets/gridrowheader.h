@@ -7,14 +7,15 @@
 
 /// The current row has an arrow, a typed one a pencil, the empty last one a star.
 enum class RowSign { None, Current, Typed, New };
+using SignOfRow = std::function<RowSign(int row)>;
 
 class GridRowHeader : public QHeaderView {
   public:
-    GridRowHeader(std::function<RowSign(int row)> signOf, QWidget* parent);
+    GridRowHeader(SignOfRow signOf, QWidget* parent);
 
   protected:
     void paintSection(QPainter* painter, const QRect& area, int row) const override;
 
   private:
-    std::function<RowSign(int row)> signOf_;
+    SignOfRow signOf_;
 };

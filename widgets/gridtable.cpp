@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -28,8 +29,14 @@ constexpr int kRowPadding = 8;
 }  // namespace
 
 GridTable::GridTable(RecordSetModel& model, GridCells& cells, const GridEvents& events,
-                     QWidget* parent)
+                     SignOfRow signOf, QWidget* parent)
     : QTableView(parent), model_(model), cells_(cells), events_(events) {
+    // The headers are there before the model: each that is exchanged later is connected anew.
+    setHorizontalHeader(new CaptionHeader(this));
+    horizontalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setMinimumSectionSize(kMinColumnWidth);
+    setVerticalHeader(new GridRowHeader(std::move(signOf), this));
+    LayOutRows();
     setModel(&model);
     setItemDelegate(&cells);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -41,9 +48,6 @@ GridTable::GridTable(RecordSetModel& model, GridCells& cells, const GridEvents& 
     setAlternatingRowColors(true);
     setFrameShape(QFrame::NoFrame);
     SetColours();
-    setHorizontalHeader(new CaptionHeader(this));
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setMinimumSectionSize(kMinColumnWidth);
 }
 
 void GridTable::SetColours() {

@@ -2,6 +2,7 @@
 // The table in which a grid shows its rows: its looks, and what keys do where no cell is edited.
 
 #include "widgets/gridevents.h"
+#include "widgets/gridrowheader.h"
 
 #include <QTableView>
 
@@ -14,7 +15,8 @@ class GridTable : public QTableView {
 
   public:
     /// All of them outlive the table's use.
-    GridTable(RecordSetModel& model, GridCells& cells, const GridEvents& events, QWidget* parent);
+    GridTable(RecordSetModel& model, GridCells& cells, const GridEvents& events, SignOfRow signOf,
+              QWidget* parent);
 
     void LayOutRows();
     void LayOutColumns();

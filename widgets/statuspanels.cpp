@@ -86,6 +86,7 @@ StatusPanels::StatusPanels(int panels, QWidget* parent) : QWidget(parent) {
     row->setSizeConstraint(QLayout::SetNoConstraint);
     for (int i = 0; i < panels; ++i) {
         auto* panel = new Panel(this);
+        panel->setObjectName(QStringLiteral("panel"));
         panel->setTextFormat(Qt::PlainText);
         panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         panel->setIndent(kPadding);
