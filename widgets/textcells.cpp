@@ -40,7 +40,7 @@ void TextCells::paint(QPainter* painter, const QStyleOptionViewItem& option,
     const double width = metrics.horizontalAdvance(text);
     const bool fits = width <= room.width();
     const bool right = cell.displayAlignment.testFlag(Qt::AlignRight) && fits;
-    const double top = room.top() + (room.height() - cell.fontMetrics.height()) / 2;
+    const int top = room.top() + (room.height() - cell.fontMetrics.height()) / 2;
     painter->save();
     painter->setFont(cell.font);
     painter->setPen(TextColour(cell));
