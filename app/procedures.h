@@ -51,6 +51,7 @@ class Procedures {
     virtual bool MayLeaveNotice() = 0;                           // TypedWork
     virtual bool LeaveHoldingsGrid() = 0;                        // GridSwitch
     virtual TakenPrice TakePrice(const PriceToTake& price) = 0;  // PriceEntry
+    virtual bool Believable(std::int32_t percent) = 0;  // PriceEntry: asks where it is far up
     virtual bool GiveUpDayPrice() = 0;  // DayPrices: what is typed or pasted; false: nothing is
     virtual void RefreshFundSummary(const OpenHolding& stored,
                                     double newPrice) = 0;  // FundSummary

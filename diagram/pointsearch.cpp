@@ -156,7 +156,7 @@ void PointSearch::txtPunktKr_Enter() {
         return Tell(texts::NoPointPrice);
     }
     if (price <= 0) return Tell(texts::NoPointPrice);
-    if (window.MendPoint(percent, price)) ShowPoint();
+    if (window.Believable(percent) && window.MendPoint(percent, price)) ShowPoint();
     window.txtPunktKr->selectAll();
 }
 

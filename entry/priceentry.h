@@ -17,6 +17,8 @@ class PriceEntry : Controller {
 
     void cmdFondList_Click();
     TakenPrice TakePrice(const PriceToTake& price);
+    /// Asks or refuses; false: nothing is to be stored.
+    bool Believable(std::int32_t percent);
 
   private:
     void mnuDagskurs_Click();
@@ -27,8 +29,6 @@ class PriceEntry : Controller {
     bool txtValue_Tab();
     /// -1 is the line above that of the open holding, 1 the one below; the last line has none.
     void OpenNeighbour(std::int32_t step);
-    /// Asks or refuses; false: nothing is stored.
-    bool Believable(std::int32_t percent);
     OpenHolding Store(const OpenHolding& holding, const DayPrice& price);
     void ShowStored(const OpenHolding& stored, const DayPrice& price);
 };

@@ -223,6 +223,9 @@ bool MainWindow::LeaveHoldingsGrid() {
 TakenPrice MainWindow::TakePrice(const PriceToTake& price) {
     return controllers_->priceEntry.TakePrice(price);
 }
+bool MainWindow::Believable(std::int32_t percent) {
+    return controllers_->priceEntry.Believable(percent);
+}
 bool MainWindow::GiveUpDayPrice() {
     return controllers_->dayPrices.GiveUp();
 }

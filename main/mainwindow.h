@@ -41,6 +41,7 @@ class MainWindow final : public frmPPM {
     bool MayLeaveNotice() override;
     bool LeaveHoldingsGrid() override;
     TakenPrice TakePrice(const PriceToTake& price) override;
+    bool Believable(std::int32_t percent) override;
     bool GiveUpDayPrice() override;
     void RefreshFundSummary(const OpenHolding& stored, double newPrice) override;
     void SetVerticalScale(ScaleRange scale) override;

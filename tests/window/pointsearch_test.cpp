@@ -7,6 +7,7 @@
 #include "platform/datasource.h"
 #include "tests/window/windowtest.h"
 #include "widgets/datagrid.h"
+#include "widgets/entryfield.h"
 
 #include <QAction>
 #include <QApplication>
@@ -133,6 +134,30 @@ TEST_F(PointSearchTest, KronorMendAnEarlierPointAndLeaveTheSummary) {
     EXPECT_EQ(Holding(0, kSenasteKurs), latest);
     EXPECT_EQ(Window().notice, "");
     EXPECT_TRUE(Faults().empty());
+}
+
+TEST_F(PointSearchTest, KronorFarAboveTheStartPriceAreAskedAboutAsAnyPrice) {
+    const auto asked = [this](Answer answer) {
+        outside.dialogs
+            .Expect("Kontrollera din inmatning !\r\nmer än 200 % ökning ?", Buttons::OkCancel,
+                    Icon::Question)
+            .Answer(answer);
+    };
+    ChooseFund(0);
+    Find();
+    Go("2026-03-19");
+    asked(Answer::Cancel);
+    Mend("1301");
+    EXPECT_EQ(PointsOf(1)[1].value, 20);
+    EXPECT_EQ(Kronor(), "1301") << "what was typed can be put right";
+    EXPECT_EQ(FromQt(Window().txtPunktKr->selectedText()), "1301");
+    asked(Answer::Ok);
+    outside.dialogs.Expect("Mer än 1000 % ökning\r\nEj tillåtet", Buttons::Ok, Icon::Exclamation);
+    Mend("1301");
+    EXPECT_EQ(PointsOf(1)[1].value, 20);
+    asked(Answer::Ok);
+    Mend("301");
+    EXPECT_EQ(PointsOf(1)[1].value, 201);
 }
 
 TEST_F(PointSearchTest, TheSummaryFollowsTheLastPoint) {
