@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -20,6 +21,12 @@ constexpr float kTitleTop = 75;
 /// Another sheet has all that stands on the control styled anew, the same one as well.
 void SetStyleSheet(QWidget& control, const QString& sheet) {
     if (control.styleSheet() != sheet) control.setStyleSheet(sheet);
+}
+
+/// At once as well, for a sheet: the design screen's is there before the controls that it styles.
+void ScaleFromTheStart(frmPPM& window, const std::function<void(const Scaling&)>& scale) {
+    scale({});
+    window.layout.AlsoScale(scale);
 }
 
 /// Room, colours and the menu bar's height; the panels stand in the central widget.
@@ -37,15 +44,11 @@ void FurnishWindow(frmPPM& window) {
     const TwipRect& picture = places::kPicture;
     const float left = panel.left + picture.left, top = panel.top + picture.top;
     window.layout.Elastic(client, {left, left + picture.width}, {top, top + picture.height});
-    // The frames' titles keep their place between the edge and what stands under them. Here, as at
-    // the menu bar, the design screen's sheet is there before the controls are.
-    const auto titles = [](const Scaling& scaling) {
-        return QStringLiteral("QGroupBox::title { top: %1px; }")
-            .arg(Pixels(kTitleTop * scaling.rigid.down));
-    };
-    SetStyleSheet(*client, titles({}));
-    window.layout.AlsoScale(
-        [client, titles](const Scaling& scaling) { SetStyleSheet(*client, titles(scaling)); });
+    // The frames' titles keep their place between the edge and what stands under them.
+    ScaleFromTheStart(window, [client](const Scaling& scaling) {
+        SetStyleSheet(*client, QStringLiteral("QGroupBox::title { top: %1px; }")
+                                   .arg(Pixels(kTitleTop * scaling.rigid.down)));
+    });
     QMenuBar* bar = window.menuBar();
     bar->setNativeMenuBar(false);
     Speak(bar, "Menyrad");
@@ -53,15 +56,13 @@ void FurnishWindow(frmPPM& window) {
     // a dark desktop theme would put light text on the light background of the window.
     QCoreApplication::setAttribute(Qt::AA_UseStyleSheetPropagationInWidgetStyles);
     window.layout.SetFont(bar, kTextPoints, FontKind::Control);
-    const auto fit = [bar](const Scaling& scaling) {
+    ScaleFromTheStart(window, [bar](const Scaling& scaling) {
         const int height = Pixels(places::kMenuHeight * scaling.rigid.down);
         bar->setFixedHeight(height);
         // The style keeps its items at the top; this puts them in the middle.
         const int spare = std::max(0, height - 1 - bar->fontMetrics().height());
         SetStyleSheet(*bar, QStringLiteral("QMenuBar::item { padding: %1px 9px; }").arg(spare / 2));
-    };
-    fit({});
-    window.layout.AlsoScale(fit);
+    });
 }
 
 }  // namespace

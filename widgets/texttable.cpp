@@ -183,7 +183,9 @@ TextTable::~TextTable() {
 /// What connects headers and rows is the larger part of what a table costs at the window's start.
 /// It waits until the table is shown or has rows: most tables are not looked at every day.
 void TextTable::Prepare() {
-    if (model() == nullptr) setModel(model_.get());
+    if (model() != nullptr) return;
+    setModel(model_.get());
+    LayOutColumns();
 }
 
 void TextTable::SetColumns(std::vector<TextColumn> columns) {
@@ -337,10 +339,7 @@ void TextTable::keyPressEvent(QKeyEvent* event) {
 }
 
 void TextTable::showEvent(QShowEvent* event) {
-    if (model() == nullptr) {
-        Prepare();
-        LayOutColumns();
-    }
+    Prepare();
     QTableView::showEvent(event);
 }
 

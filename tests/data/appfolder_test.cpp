@@ -2,6 +2,7 @@
 
 #include "tests/data/support.h"
 
+#include <chrono>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
@@ -62,6 +63,25 @@ TEST_F(AppFolderTest, TemplatePictureAndHelpFollowTheInstalledOnes) {
     AppFolder(folders);
     EXPECT_EQ(testdata::BytesOf(folders.personal / "Db0.dat"), "newer");
     EXPECT_EQ(testdata::BytesOf(folders.personal / "Grid.dib"), "newer");
+}
+
+TEST_F(AppFolderTest, AFileIsAnotherThatDiffersInItsLastByteAlone) {
+    const std::string old(100'000, 'x'), other = old.substr(1) + 'y';
+    Put(folders.installed, old);
+    AppFolder(folders);
+    testdata::WriteText(folders.installed / "Db0.dat", other);
+    AppFolder(folders);
+    EXPECT_EQ(testdata::BytesOf(folders.personal / "Db0.dat"), other);
+}
+
+TEST_F(AppFolderTest, AFileThatIsTheSameIsNotWrittenAgain) {
+    Put(folders.installed, std::string(100'000, 'x'));
+    AppFolder(folders);
+    const fs::path own = folders.personal / "Db0.dat";
+    const fs::file_time_type before = fs::last_write_time(own) - std::chrono::hours(1);
+    fs::last_write_time(own, before);
+    AppFolder(folders);
+    EXPECT_EQ(fs::last_write_time(own), before);
 }
 
 TEST_F(AppFolderTest, AMissingSampleFileComesBack) {
